@@ -1,0 +1,42 @@
+# A room is a folder of src/: one static library that links only the rooms it may know.
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_library(foliant_settings INTERFACE)
+target_include_directories(foliant_settings INTERFACE ${CMAKE_SOURCE_DIR}/src)
+target_compile_options(foliant_settings INTERFACE -Wall -Wextra -Wshadow -Wconversion -Wsign-conversion
+                                                  -Wnon-virtual-dtor -Woverloaded-virtual)
+if(FOLIANT_WERROR)
+  target_compile_options(foliant_settings INTERFACE -Werror)
+endif()
+if(FOLIANT_SANITIZE)
+  target_compile_options(foliant_settings INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
+                                                    -fno-omit-frame-pointer)
+  target_link_options(foliant_settings INTERFACE -fsanitize=address,undefined)
+endif()
+
+# foliant_room(NAME SOURCES ... KNOWS rooms...)
+function(foliant_room name)
+  cmake_parse_arguments(room "" "" "SOURCES;KNOWS" ${ARGN})
+  add_library(foliant_${name} STATIC ${room_SOURCES})
+  target_link_libraries(foliant_${name} PUBLIC foliant_settings)
+  foreach(known IN LISTS room_KNOWS)
+    target_link_libraries(foliant_${name} PUBLIC foliant_${known})
+  endforeach()
+endfunction()
+
+# foliant_test(NAME SOURCES ... KNOWS rooms... LINKS targets...): one test program, its tests found by CTest.
+function(foliant_test name)
+  cmake_parse_arguments(test "" "" "SOURCES;KNOWS;LINKS;LABELS" ${ARGN})
+  add_executable(${name} ${test_SOURCES})
+  set_target_properties(${name} PROPERTIES ENABLE_EXPORTS ON)
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  foreach(known IN LISTS test_KNOWS)
+    target_link_libraries(${name} PRIVATE foliant_${known})
+  endforeach()
+  target_link_libraries(${name} PRIVATE foliant_settings GTest::gmock_main ${test_LINKS})
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120 LABELS "${test_LABELS}")
+endfunction()

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Stand-in hosts: automation objects with the members that the library calls on the real programs, giving
+/// the real result through an open engine. This room knows automation/ and the engines it wraps; what else a
+/// host needs of the machine it runs on, it asks for here.
+namespace foliant::hosts {
+
+/// A control of a dialog, by the window class that the real dialog has it in ("Edit", "Button",
+/// "RichEdit20W").
+struct Control {
+    std::string window_class;
+    std::string caption;
+    std::string text;
+    bool enabled = true;
+    bool checked = false;
+    bool is_default = false;  ///< the button that Enter presses
+};
+
+/// A modal dialog of a host. `on_click` (may be empty) is told the index of a control that was clicked,
+/// before the dialog closes if that click closes it.
+struct Dialog {
+    std::string caption;
+    std::vector<Control> controls;
+    std::function<void(Dialog&, std::size_t)> on_click;
+    bool accepted = false;  ///< set when the dialog was closed by its default button or Enter
+};
+
+/// The machine as a host sees it.
+class Machine {
+  public:
+    virtual ~Machine() = default;
+
+    /// A folder for this process alone (mode 0700, on a local file system). It exists until the process has
+    /// ended, however it ends, and is then removed with everything in it.
+    virtual std::filesystem::path private_folder() const = 0;
+
+    /// Whether a printer of that name exists; case matters, as it does for the spooler.
+    virtual bool has_printer(std::string_view name) const = 0;
+    /// Whether that printer is the built-in PDF printer, which asks for its output file in a dialog.
+    virtual bool is_pdf_printer(std::string_view name) const = 0;
+    /// The user's default printer.
+    virtual std::string default_printer() const = 0;
+    /// Hands a finished PDF file to a printer that is not the PDF printer. Raises an automation error.
+    virtual void print(std::string_view printer, const std::filesystem::path& pdf,
+                       std::string_view title) = 0;
+
+    /// Puts up a dialog and returns when it was closed. Raises an automation error that names the dialog when
+    /// nobody is there to answer it.
+    virtual void show(Dialog& dialog) = 0;
+
+    /// A text value of the user's settings store, under a key of HKEY_CURRENT_USER such as
+    /// "Software\\Adobe\\Acrobat Distiller\\6.0\\Security"; nothing when it is not there.
+    virtual std::optional<std::string> setting(std::string_view key, std::string_view value) const = 0;
+};
+
+}  // namespace foliant::hosts

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "automation/object.h"
+#include "hosts/machine.h"
+
+namespace foliant::hosts {
+
+/// What a host module (a shared library in the folder `hosts` beside the command, loaded when one of its
+/// classes is created) offers. Module and command come from one build, so C++ types may cross.
+struct Module {
+    /// The version of the engine, for example "10.00.0"; does not start the engine.
+    std::string (*engine_version)();
+
+    /// Creates the class of that ProgID or class identifier, for example "Word.Application". `machine`
+    /// outlives every object of the module. Raises 429 with the reason, and the package that brings the
+    /// engine when that is missing.
+    automation::ObjectPtr (*create)(std::string_view class_name, Machine& machine);
+};
+
+/// Every module exports this function under the name `foliant_host_module`.
+using ModuleEntry = const Module* (*)();
+
+}  // namespace foliant::hosts
