@@ -1,0 +1,74 @@
+#include "converters/postscript.h"
+
+#include <algorithm>
+
+#include "automation/coerce.h"
+#include "automation/text.h"
+#include "converters/lists.h"
+#include "engines/printer_job.h"
+#include "session/errors.h"
+
+namespace foliant::converters {
+
+using automation::Value;
+using session::Session;
+
+namespace {
+
+/// Each input runs between save and restore and with cleared stacks, so that it starts clean; the name goes
+/// to the log.
+constexpr std::string_view driver_prologue[] = {
+    "/prun { /mysave save def", "dup = flush", "RunFile", "clear cleardictstack",
+    "mysave restore",           "} def",       "",
+};
+
+std::string driver_line(std::string path) {
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return "(" + path + ") prun";
+}
+
+void write_driver_file(const Session& session, const std::string& driver_file, const Value& inputs) {
+    const auto driver = session.outside().files.create_text(driver_file);
+    for (const std::string_view line : driver_prologue)
+        driver->write_line(line);
+    for_each_item(inputs, [&](const Value& item) {
+        session.outside().clock.pump_messages();
+        const std::string path = automation::to_text(item);
+        if (session.FileExists(path)) driver->write_line(driver_line(path));
+    });
+    driver->close();
+}
+
+}  // namespace
+
+void CreatePDFfromPS(Session& session, const std::string& strPDFFile, const std::string& strPSFile,
+                     std::string& strDistiller, const engines::DistillerOptions& options) {
+    session.require_file(strPSFile);
+    engines::DistillerJob distiller(session);
+    session::with_error_trap(
+        [&] {
+            engines::choose_printer(session, strDistiller);
+            session.remove_if_exists(strPDFFile);
+            distiller.run(strPSFile, strPDFFile, options);
+        },
+        [&] { distiller.release(); });
+}
+
+void CreatePDFfromMultiPS(Session& session, const std::string& strPDFFile, const Value& varPSFiles,
+                          std::string& strDistiller, const engines::DistillerOptions& options) {
+    engines::DistillerJob distiller(session);
+    session::with_error_trap(
+        [&] {
+            // Assumes a three-letter extension, whatever the name is: "book.pdf" gives "book.ps", "book"
+            // gives "bps".
+            const std::string driver_file = automation::without_last(strPDFFile, 3) + "ps";
+            write_driver_file(session, driver_file, varPSFiles);
+            engines::choose_printer(session, strDistiller);
+            session.remove_if_exists(strPDFFile);
+            distiller.run(driver_file, strPDFFile, options);
+            session.outside().files.remove(driver_file);
+        },
+        [&] { distiller.release(); });
+}
+
+}  // namespace foliant::converters

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace foliant::platform {
+
+/// A text file being written line by line. Destroying it closes it, with errors passed over.
+class TextFile {
+  public:
+    virtual ~TextFile() = default;
+
+    /// Writes the line in the ANSI code page, then carriage return and line feed. Raises 57 or 61 (disk
+    /// full).
+    virtual void write_line(std::string_view line) = 0;
+
+    /// Closes the file; what could not be written is raised here at the latest.
+    virtual void close() = 0;
+};
+
+/// Files and folders by path. Failures are run-time errors: 53 file not found, 70 permission denied, 75
+/// path/file access, 76 path not found.
+class Files {
+  public:
+    virtual ~Files() = default;
+
+    /// What separates the parts of a path here: "\" on Windows, "/" elsewhere.
+    virtual char separator() const noexcept = 0;
+
+    /// The length in bytes, as the directory knows it; the file is not opened, so one that another program
+    /// holds without sharing has a length too. Raises 53 when there is none (an empty path, a folder).
+    virtual std::int64_t length(const std::string& path) = 0;
+
+    /// Whether the process's current folder has an entry of that bare name.
+    virtual bool exists_in_current_folder(const std::string& name) = 0;
+
+    /// Deletes a file. Raises 53 when it is not there, 70 when it may not be deleted.
+    virtual void remove(const std::string& path) = 0;
+
+    /// Makes one folder; its parent has to exist. Raises 75 when something of that name is there, 76 when the
+    /// parent is missing or the path makes no sense.
+    virtual void make_folder(const std::string& path) = 0;
+
+    /// Makes or empties a text file and opens it for writing.
+    virtual std::unique_ptr<TextFile> create_text(const std::string& path) = 0;
+};
+
+}  // namespace foliant::platform

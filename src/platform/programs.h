@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+namespace foliant::platform {
+
+/// How the first window of a started program shows.
+enum class WindowStyle { hidden = 0 };
+
+/// Other programs. Only this port starts any.
+class Programs {
+  public:
+    virtual ~Programs() = default;
+
+    /// Starts a program and does not wait for it. The command line goes to the system as it is: neither the
+    /// path nor the arguments are quoted. Raises 53 when there is no such program, 5 when it cannot be
+    /// started.
+    virtual void start(const std::string& command_line, WindowStyle style) = 0;
+};
+
+}  // namespace foliant::platform

@@ -1,0 +1,91 @@
+#include "platform/stage/stage.h"
+
+#include <stdexcept>
+
+#include "platform/stage/stage_object.h"
+#include "platform/stage/stage_ports.h"
+
+namespace foliant::platform::stage {
+
+using automation::Error;
+using automation::Value;
+
+namespace {
+constexpr long most_actions = 20000;
+}
+
+Stage::Stage() : ports_(std::make_unique<Ports>(*this)) {}
+Stage::~Stage() = default;
+
+Platform Stage::platform() {
+    return {ports_->registry, ports_->files, ports_->clock,  ports_->windows,
+            ports_->programs, ports_->shell, ports_->servers};
+}
+
+std::string Stage::journal() const {
+    std::string text;
+    for (const std::string& line : lines_)
+        text += line + "\n";
+    return text;
+}
+
+void Stage::clear_journal() {
+    lines_.clear();
+    actions_ = 0;
+}
+
+void Stage::when(const std::string& class_and_member, Behaviour behaviour) {
+    behaviours_[class_and_member] = std::move(behaviour);
+}
+
+void Stage::answer(const std::string& class_and_member, Value value) {
+    when(class_and_member,
+         [value = std::move(value)](StageObject&, const automation::Arguments&) { return value; });
+}
+
+void Stage::call_class(const std::string& class_name, const std::string& name) {
+    class_names_[class_name] = name;
+}
+
+automation::ObjectPtr Stage::make_object(const std::string& name) {
+    return std::make_shared<StageObject>(*this, name, true);
+}
+
+std::string Stage::name_of_class(const std::string& class_name) const {
+    const auto named = class_names_.find(class_name);
+    return named == class_names_.end() ? class_name : named->second;
+}
+
+void Stage::set_registry_text(const std::string& key, const std::string& name, const std::string& text) {
+    registry[key][name] = {reg_string, text + '\0'};
+}
+
+void Stage::put_file(const std::string& path) {
+    StagedFile file;
+    file.appears_at = now;
+    files[path] = std::move(file);
+}
+
+void Stage::fail_action(long k, Error error) {
+    failing_action_ = k;
+    failure_ = std::move(error);
+}
+
+void Stage::note(const std::string& line) {
+    lines_.push_back(line);
+    if (on_line) on_line(line);
+}
+
+bool Stage::act_or_refuse(const std::string& line) {
+    if (++actions_ > most_actions)
+        throw std::logic_error("the stage saw too many actions, the last: " + line);
+    const bool fails = actions_ == failing_action_;
+    note(fails ? line + " -> fails" : line);
+    return fails;
+}
+
+void Stage::act(const std::string& line) {
+    if (act_or_refuse(line)) throw failure_;
+}
+
+}  // namespace foliant::platform::stage

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "automation/error.h"
+
+namespace foliant::session {
+
+/// The source of every error that reaches a caller.
+inline constexpr std::string_view application_title = "Foliant";
+
+/// The number of every error that the component makes itself (hexadecimal 80004100).
+inline constexpr std::int32_t component_error_number = -2147467008;
+
+/// An error of the component's own; only the description tells them apart.
+automation::Error component_error(std::string description);
+
+/// "File " + path + " does not exist."
+automation::Error missing_file_error(std::string_view path);
+
+/// Runs one call of a clean-up; what it raises is passed over, so that the rest of the clean-up goes on and
+/// the first error stays the one that the caller sees.
+template <class Call>
+void ignoring_errors(Call&& call) noexcept {
+    try {
+        std::forward<Call>(call)();
+    } catch (...) {  // NOLINT(bugprone-empty-catch): that is the point
+    }
+}
+
+/// Runs the steps of a member with its error trap armed. When a step fails, `clean_up` lets go of what the
+/// member holds, and the failure is raised again with its number and description and the application's title
+/// as source.
+template <class Steps, class CleanUp>
+void with_error_trap(Steps&& steps, CleanUp&& clean_up) {
+    try {
+        std::forward<Steps>(steps)();
+    } catch (...) {
+        const automation::Error caught = automation::current_error();
+        ignoring_errors(std::forward<CleanUp>(clean_up));
+        throw automation::Error(caught.number(), std::string(application_title), caught.description());
+    }
+}
+
+}  // namespace foliant::session
