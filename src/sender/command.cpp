@@ -71,9 +71,7 @@ ControlClass read_class(std::string_view field) {
 bool read_flag(std::string_view field, char name) {
     if (field == "0") return false;
     if (field == "1" && name == 'B') return true;
-    const std::string allowed = name == 'A' ? "it is always 0." : "it is 0 or 1.";
-    throw CommandError(Fault::bad_flag,
-                       std::string("flag ") + name + " is \"" + std::string(field) + "\"; " + allowed);
+    throw CommandError(Fault::bad_flag, name == 'A' ? "flag A must be 0." : "flag B must be 0 or 1.");
 }
 
 void check_action(const Command& command) {

@@ -27,7 +27,7 @@ std::string_view class_name(ControlClass control);
 ///
 ///     caption~class~text~A~B~
 ///
-/// - caption: of the dialog, compared without regard to case. Never empty.
+/// - caption: of the dialog, compared without regard to the case of ASCII letters. Never empty.
 /// - class: "Edit", "RichEdit20W" or "Button", in any case.
 /// - text: for the edit classes what to enter, taken as it stands; it may be empty, and "{LM}" is then
 ///   just four characters. For a button: empty, "{LM}" or "{LME}", and nothing else.
@@ -69,7 +69,7 @@ struct Command {
 };
 
 /// Thrown for a command that cannot be understood. `what()` says what is wrong and how a command looks;
-/// it quotes no text field, since that may be a password.
+/// it quotes neither text nor flags: where a field is missing, what stands there may be a password.
 class CommandError : public std::runtime_error {
   public:
     enum class Fault {

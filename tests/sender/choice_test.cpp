@@ -32,6 +32,12 @@ TEST(Choice, TakesTheFirstEditThatTakesInput) {
     EXPECT_EQ(pick(kEnter, Dialog("").disabled_edit()), 0U);
 }
 
+TEST(Choice, PassesOverWhatIsNotShown) {
+    EXPECT_EQ(pick(kEnter, Dialog("").edit().hidden().edit()), 2U);
+    EXPECT_EQ(pick(kTick, Dialog("").box("Open").hidden().box("Open")), 2U);
+    EXPECT_EQ(pick(kPress, Dialog("").default_button("OK").hidden()), 0U);
+}
+
 TEST(Choice, PrefersTheEditThatHasTheFocus) {
     EXPECT_EQ(pick(kEnter, Dialog("").edit().edit().focus().edit()), 2U);
     EXPECT_EQ(pick(kEnter, Dialog("").edit().disabled_edit().focus()), 1U);
@@ -65,6 +71,7 @@ TEST(Choice, TicksTheOptionThatSpeaksOfOpening) {
 TEST(Choice, EntersThePasswordOfTheOptionOnceThatIsTicked) {
     EXPECT_EQ(pick(kEnterOption, password_settings(false)), 0U);
     EXPECT_EQ(pick(kEnterOption, password_settings(true)), 3U);
+    EXPECT_EQ(pick(kEnterOption, Dialog("").box("To open", false).edit()), 0U);
 }
 
 TEST(Choice, NeverEntersThePasswordOfAnotherOption) {

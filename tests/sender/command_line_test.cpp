@@ -41,6 +41,11 @@ TEST(CommandTail, IsNotMisledByTheNameInTheFolder) {
     EXPECT_EQ(command_tail(R"(C:\old-quorixsend.exe x\quorixsend.exe open~Edit~x~0~0~)"), "open~Edit~x~0~0~");
 }
 
+TEST(CommandTail, IsNotMisledByTheNameInTheCaption) {
+    EXPECT_EQ(command_tail(R"(C:\t\quorixsend.exe about quorixsend now~Button~~0~0~)"),
+              "about quorixsend now~Button~~0~0~");
+}
+
 TEST(CommandTail, FollowsTheFirstBlankWhenTheProgramWasRenamed) {
     EXPECT_EQ(command_tail(R"(C:\t\QUORIX~1.EXE open~Edit~x~0~0~)"), "open~Edit~x~0~0~");
 }

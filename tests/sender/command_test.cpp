@@ -82,6 +82,10 @@ TEST(Command, TakesTokensInAnEditAsText) {
     EXPECT_EQ(parse("password security - settings~Edit~{LME}^1~0~1~").entry(), "{LME}");
 }
 
+TEST(Command, EntersNothingWithAButton) {
+    EXPECT_EQ(parse("password security - settings~Button~{LM}~0~1~").entry(), "");
+}
+
 TEST(CommandError, SaysWhatIsWrongAndHowACommandLooks) {
     EXPECT_STREQ(error_of("open~Edit~report.pdf~").what(),
                  "quorixsend cannot read its command: it has 3 fields where five are needed.\n"
@@ -124,14 +128,16 @@ INSTANTIATE_TEST_SUITE_P(
                   "a Button takes no text but {LM} or {LME}, or none for the default button."},
         Malformed{"adobe acrobat~Button~{lm}~0~0~", Fault::unknown_action,
                   "a Button takes no text but {LM} or {LME}, or none for the default button."},
-        Malformed{"open~Edit~x~1~0~", Fault::bad_flag, R"(flag A is "1"; it is always 0.)"},
-        Malformed{"open~Edit~x~~0~", Fault::bad_flag, R"(flag A is ""; it is always 0.)"},
-        Malformed{"open~Edit~x~0~2~", Fault::bad_flag, R"(flag B is "2"; it is 0 or 1.)"},
-        Malformed{"open~Edit~x~0~00~", Fault::bad_flag, R"(flag B is "00"; it is 0 or 1.)"}));
+        Malformed{"open~Edit~x~1~0~", Fault::bad_flag, "flag A must be 0."},
+        Malformed{"open~Edit~x~~0~", Fault::bad_flag, "flag A must be 0."},
+        Malformed{"open~Edit~x~0~2~", Fault::bad_flag, "flag B must be 0 or 1."},
+        Malformed{"open~Edit~x~0~00~", Fault::bad_flag, "flag B must be 0 or 1."}));
 
 TEST(CommandError, NeverQuotesWhatMayBeAPassword) {
     EXPECT_THAT(error_of("password~Edit~s3cret~0~0").what(), Not(HasSubstr("s3cret")));
     EXPECT_THAT(error_of("password~Edit~s3cret~0~9~").what(), Not(HasSubstr("s3cret")));
+    EXPECT_THAT(error_of("password~Edit~a~s3cret~0~").what(), Not(HasSubstr("s3cret")));
+    EXPECT_THAT(error_of("password~Edit~a~0~s3cret~").what(), Not(HasSubstr("s3cret")));
     EXPECT_THAT(error_of("password~Button~s3cret~0~0~").what(), Not(HasSubstr("s3cret")));
 }
 

@@ -62,6 +62,16 @@ Dialog& Dialog::focus() {
     return *this;
 }
 
+Dialog& Dialog::hidden() {
+    items_.back().control.visible = false;
+    return *this;
+}
+
+Dialog& Dialog::overlooks_a_tick() {
+    overlooks_a_tick_ = true;
+    return *this;
+}
+
 Dialog& Dialog::closing_takes(Milliseconds time) {
     closing_takes_ = time;
     return *this;
@@ -170,6 +180,7 @@ bool Desktop::tick(WindowId check_box) {
     if (call_fails()) return false;
     const Found found = find(check_box);
     if (!found.item) return false;
+    if (std::exchange(open_.at(found.window).overlooks_a_tick_, false)) return true;
     note(found.window, "box \"" + found.item->name + "\" is ticked");
     found.item->control.ticked = true;
     return true;

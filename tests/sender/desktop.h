@@ -29,6 +29,10 @@ class Dialog {
     Dialog& edit_of_box();
     /// The control added last has the focus.
     Dialog& focus();
+    /// The control added last is not shown.
+    Dialog& hidden();
+    /// Its program overlooks the first tick.
+    Dialog& overlooks_a_tick();
     /// Stays up that long after it was answered.
     Dialog& closing_takes(Milliseconds time);
     /// What its program does once it was answered and has closed: usually shows the next dialog.
@@ -49,6 +53,7 @@ class Dialog {
     Milliseconds closing_takes_{0};
     std::function<void(Desktop&)> then_;
     int edits_ = 0;
+    bool overlooks_a_tick_ = false;
     bool enabled_ = true;
     bool visible_ = true;
 };

@@ -188,6 +188,15 @@ TEST(Sender, EndsWithTheTickThoughTheDialogStaysOpen) {
     EXPECT_FALSE(desktop.is_empty());
 }
 
+TEST(Sender, TicksAgainWhenTheTickWasOverlooked) {
+    Desktop desktop;
+    desktop.show(password_settings().overlooks_a_tick());
+    EXPECT_EQ(Sender(parse(kTick)).run(desktop), ExitCode::acted);
+    EXPECT_EQ(
+        desktop.transcript(),
+        "300  Password Security - Settings: box \"Re&quire a password to open the document\" is ticked\n");
+}
+
 TEST(Sender, WaitsForTheOptionToBeTicked) {
     Desktop desktop;
     desktop.show_at(0s, password_settings());
