@@ -53,6 +53,7 @@ struct Member {
     std::size_t parameter_count = 0;
     std::optional<ValueType> result;
     Call call = nullptr;
+    bool available = true;  ///< false for a member that this version does not have yet: calling it raises 445
 
     constexpr std::span<const Parameter> parameters() const {
         return {parameter_storage.data(), parameter_count};
@@ -199,6 +200,12 @@ consteval Member row(int slot, std::uint32_t dispid, MemberKind kind, std::strin
                                            entry.default_value};
         ++index;
     }
+    return member;
+}
+
+/// Marks the row of a member that a later version brings.
+consteval Member later(Member member) {
+    member.available = false;
     return member;
 }
 

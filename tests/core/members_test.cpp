@@ -6,7 +6,9 @@
 #include <set>
 #include <sstream>
 
+#include "core/dispatch.h"
 #include "core/events.h"
+#include "core/parameter_help.h"
 
 namespace foliant::core {
 namespace {

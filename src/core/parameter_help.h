@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string_view>
+
+#include "core/member.h"
+
+namespace foliant::core {
+
+/// What a parameter means to the one who calls: a file that has to be there, one that is made, a secret, a
+/// list.
+enum class ParameterRole { plain, input_file, output_file, folder, password, list };
+
+/// Parameters of one name mean the same in every member, but for the files, which one member reads and
+/// another makes.
+ParameterRole parameter_role(const Member& member, const Parameter& parameter) noexcept;
+
+/// One sentence without a full stop, for help texts.
+std::string_view parameter_help(const Member& member, const Parameter& parameter) noexcept;
+
+}  // namespace foliant::core
