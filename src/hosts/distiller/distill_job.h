@@ -1,0 +1,56 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace foliant::hosts::distiller {
+
+/// How a finished PDF is locked. Passwords are UTF-8; AES-256 is used, so a reader of PDF 1.7 or newer is
+/// needed.
+struct Security {
+    std::string open_password;   ///< asked for when the PDF is opened; empty: it opens without one
+    std::string owner_password;  ///< lifts the permissions; empty: a random one that nobody is told
+    bool allow_printing = true;
+    bool allow_accessibility = true;  ///< text for screen readers
+    bool allow_copying = false;
+    bool allow_changing = false;  ///< pages, notes, form fields and everything else
+};
+
+/// One PostScript file to turn into one PDF. Relative paths start at the process's current folder.
+struct DistillJob {
+    std::filesystem::path input_ps;
+    std::filesystem::path output_pdf;             ///< replaced when it exists, untouched when the job fails
+    std::filesystem::path job_options_file = {};  ///< PostScript run before the input; empty: the defaults
+    std::optional<Security> security = {};        ///< empty: the PDF is not protected
+    std::filesystem::path private_folder = {};  ///< scratch space is made in it; empty: the temporary folder
+};
+
+/// Is told what a job does while it does it, on the thread that called `Distiller::distill`. An exception
+/// thrown from here stops the job, leaves nothing behind, and reaches that caller.
+class Progress {
+  public:
+    virtual ~Progress() = default;
+
+    virtual void job_started(const DistillJob&) {}
+    /// A page has been finished. Pages count from 1, over all files of the job, without a gap.
+    virtual void page_finished(int /*page*/) {}
+    /// 0 to 100, never falling; 100 comes once, and only when the PDF is in its place.
+    virtual void percent_done(int /*percent*/) {}
+    /// One line, without its end, that the interpreter, the document or this host has to say. UTF-8.
+    virtual void message(std::string_view /*line*/) {}
+    virtual void job_done(const DistillJob&) {}
+    virtual void job_failed(const DistillJob&) {}
+    /// Asked some twenty times a second; true ends the job as failed.
+    virtual bool cancelled() { return false; }
+};
+
+struct DistillResult {
+    bool succeeded = false;
+    bool cancelled = false;
+    int pages = 0;      ///< finished ones, also when the job failed later
+    std::string error;  ///< what failed, on which file, why, what to do; empty on success
+};
+
+}  // namespace foliant::hosts::distiller

@@ -1,0 +1,153 @@
+#include "hosts/distiller/distiller.h"
+
+#include <cerrno>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <unistd.h>
+#include <utility>
+
+#include "hosts/distiller/distill_error.h"
+#include "hosts/distiller/engine_process.h"
+#include "hosts/distiller/job_run.h"
+#include "hosts/distiller/pending_file.h"
+#include "hosts/distiller/protector/protect_pdf.h"
+#include "hosts/distiller/source_file.h"
+#include "hosts/distiller/workspace.h"
+
+namespace foliant::hosts::distiller {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Cancelled : public DistillError {
+  public:
+    explicit Cancelled(const DistillJob& job)
+        : DistillError("The conversion of " + job.input_ps.string() + " was cancelled.") {}
+};
+
+void require_readable_options(const fs::path& file) {
+    if (file.empty()) return;
+    const auto cannot = [&file](const std::string& reason) {
+        return DistillError("Cannot read the job-options file " + file.string() + ": " + reason +
+                            ". Give an existing file, or none for the default settings.");
+    };
+    std::error_code error;
+    const fs::file_status status = fs::status(file, error);
+    if (error) throw cannot(error.message());
+    if (!fs::is_regular_file(status)) throw cannot("it is not an ordinary file");
+    if (::access(file.c_str(), R_OK) != 0) throw cannot(system_reason(errno));
+}
+
+ProtectPdf load_protector(const fs::path& folder) {
+    const fs::path library = folder / kProtectorLibrary;
+    void* const handle = ::dlopen(library.c_str(), RTLD_NOW | RTLD_LOCAL);  // stays for the jobs to come
+    void* const function = handle != nullptr ? ::dlsym(handle, kProtectorSymbol) : nullptr;
+    if (function == nullptr) {
+        throw DistillError(std::string("Cannot protect the PDF: ") + ::dlerror() +
+                           ". Install the package libqpdf29, or convert without security.");
+    }
+    return reinterpret_cast<ProtectPdf>(function);
+}
+
+/// A full disk shows here at the latest: the interpreter does not look at what its writes return.
+void require_complete_pdf(const PendingFile& file, const DistillJob& job) {
+    constexpr off_t kTrailerBytes = 64;
+    const off_t size = ::lseek(file.descriptor(), 0, SEEK_END);
+    std::string ends(static_cast<std::size_t>(kTrailerBytes), '\0');
+    const auto got =
+        size < kTrailerBytes ? 0 : ::pread(file.descriptor(), ends.data(), ends.size(), size - kTrailerBytes);
+    if (got == static_cast<ssize_t>(kTrailerBytes) && ends.find("%%EOF") != std::string::npos) return;
+    std::error_code ignored;
+    const fs::space_info space = fs::space(job.output_pdf.parent_path(), ignored);
+    throw DistillError("Cannot write the PDF " + job.output_pdf.string() + ": " +
+                       (space.available == 0
+                            ? "the disk is full. Free some space there, or choose another folder."
+                            : "it came out incomplete. Check the disk it is on."));
+}
+
+void protect(ProtectPdf function, const PendingFile& plain, const PendingFile& locked,
+             const DistillJob& job) {
+    try {
+        function(plain.path_in_this_process(), locked.path_in_this_process(), *job.security);
+    } catch (const std::exception& error) {
+        throw DistillError("Cannot protect the PDF " + job.output_pdf.string() + ": " + error.what() + ".");
+    }
+}
+
+/// Runs the engine on a workspace until the plain PDF is in `output`.
+void run_engine(const fs::path& program, const Workspace& workspace, const PendingFile& output, JobRun& run,
+                Progress& progress, const DistillJob& job) {
+    EngineProcess process(program, engine::kDistillCommand, workspace.folder(), output.descriptor());
+    bool cancelled = false;
+    const auto give_up = [&] { return cancelled = cancelled || progress.cancelled(); };
+    while (const auto record = process.next(give_up))
+        run.take(*record);
+    if (cancelled) throw Cancelled(job);
+    run.require_success(process.wait_for_end());
+    require_complete_pdf(output, job);
+}
+
+/// The whole job; throws DistillError when it fails.
+void carry_out(const fs::path& engine_folder, const DistillJob& job, Progress& progress, int& pages) {
+    const Source source = examine_source(job.input_ps);
+    require_readable_options(job.job_options_file);
+    PendingFile output(job.output_pdf);
+    const Workspace workspace(job, source);
+    JobRun run(job, source, progress, pages);
+    run.report_percent(0);
+
+    const auto program = engine_folder / engine::kProgram;
+    if (job.security) {
+        const ProtectPdf protector = load_protector(engine_folder);
+        const PendingFile plain(workspace.folder() / "plain.pdf");
+        run_engine(program, workspace, plain, run, progress, job);
+        protect(protector, plain, output, job);
+        require_complete_pdf(output, job);
+    } else {
+        run_engine(program, workspace, output, run, progress, job);
+    }
+    output.commit();
+    run.report_percent(100);
+}
+
+}  // namespace
+
+Distiller::Distiller(fs::path engine_folder) : engine_folder_(std::move(engine_folder)) {}
+
+DistillResult Distiller::distill(const DistillJob& wanted, Progress& progress) const {
+    DistillJob job = wanted;
+    job.output_pdf = fs::absolute(wanted.output_pdf);
+    DistillResult result;
+    progress.job_started(wanted);
+    try {
+        carry_out(engine_folder_, job, progress, result.pages);
+        result.succeeded = true;
+    } catch (const DistillError& error) {
+        result.error = error.what();
+        result.cancelled = dynamic_cast<const Cancelled*>(&error) != nullptr;
+    }
+    if (result.succeeded) {
+        progress.job_done(wanted);
+    } else {
+        progress.message(result.error);
+        progress.job_failed(wanted);
+    }
+    return result;
+}
+
+std::string Distiller::engine_version() const {
+    const auto program = engine_folder_ / engine::kProgram;
+    EngineProcess process(program, engine::kVersionCommand, "/", STDERR_FILENO);
+    const auto record = process.next([] { return false; });
+    const std::string how_it_ended = process.wait_for_end();
+    if (!record) throw DistillError("The Distiller engine does not run: " + how_it_ended + ".");
+    return "Ghostscript " + record->text;
+}
+
+fs::path engine_folder_beside_this_module() {
+    Dl_info info = {};
+    ::dladdr(reinterpret_cast<void*>(&engine_folder_beside_this_module), &info);
+    return fs::absolute(info.dli_fname).parent_path() / "distiller";
+}
+
+}  // namespace foliant::hosts::distiller

@@ -1,0 +1,143 @@
+#include "hosts/distiller/engine/interpreter.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <ghostscript/iapi.h>
+#include <ghostscript/ierrors.h>
+#include <vector>
+
+#include "hosts/distiller/engine/protocol.h"
+#include "hosts/distiller/engine/record_writer.h"
+
+namespace foliant::hosts::distiller::engine {
+namespace {
+
+/// With this option the interpreter says on its error stream when a page went out, whatever the document does
+/// to showpage, EndPage or setpagedevice. It says more, which nobody wants to read.
+constexpr const char* kReportPages = "-Z:";
+constexpr std::string_view kPageIsOut = "% Outputpage end time = ";
+constexpr std::array<std::string_view, 4> kReportNoise = {
+    "% Outputpage start time = ",
+    "% Start time = ",
+    "% Final time = ",
+    "% Exiting instance ",
+};
+
+/// Lines with which our own PostScript reports an error, and the records they become.
+struct ReportLine {
+    std::string_view opening;
+    Record record;
+};
+constexpr std::array<ReportLine, 4> kReportLines = {{
+    {kNowRunning, Record::running},
+    {"\x01"
+     "error ",
+     Record::error},
+    {"\x01"
+     "command ",
+     Record::command},
+    {"\x01"
+     "operand ",
+     Record::operand},
+}};
+
+std::size_t index_of_input(std::string_view name) {
+    const auto slash = name.rfind('/');
+    return slash == std::string_view::npos ? 0 : std::strtoul(name.data() + slash + 1, nullptr, 10);
+}
+
+}  // namespace
+
+Interpreter::Interpreter()
+    : output_([this](std::string_view line) { take_output_line(line); }),
+      diagnostics_([](std::string_view line) { send(Record::line, line); }) {
+    position_.follow(input_name(0));
+    start();
+}
+
+void Interpreter::start() {
+    int code = gsapi_new_instance(&instance_, this);
+    if (code >= 0) code = gsapi_set_stdio(instance_, on_stdin, on_stdout, on_stderr);
+    if (code >= 0) code = gsapi_set_arg_encoding(instance_, GS_ARG_ENCODING_UTF8);
+    std::vector<std::string> arguments = {
+        "foliant",
+        "-q",
+        kReportPages,
+        "-P-",  // nothing of the interpreter's own is looked for in the current folder
+        "-dSAFER",
+        "--permit-file-read=in/*",
+        "-dNOPAUSE",
+        "-sDEVICE=pdfwrite",
+        std::string("-sOutputFile=") + kOutputFile,
+    };
+    std::vector<char*> pointers;
+    for (std::string& argument : arguments)
+        pointers.push_back(argument.data());
+    if (code >= 0) code = gsapi_init_with_args(instance_, static_cast<int>(pointers.size()), pointers.data());
+    if (code < 0) {
+        send(Record::failed, "Ghostscript does not start (its error " + std::to_string(code) + ")");
+        std::_Exit(EXIT_SUCCESS);
+    }
+    started_ = true;
+}
+
+bool Interpreter::run(std::string_view program) {
+    int exit_code = 0;
+    const int code = gsapi_run_string_with_length(instance_, program.data(),
+                                                  static_cast<unsigned>(program.size()), 0, &exit_code);
+    has_quit_ = code == gs_error_Quit;
+    output_.finish();
+    diagnostics_.finish();
+    return has_quit_ ? exit_code == 0 : code >= 0;
+}
+
+int Interpreter::finish() {
+    int pages = 0;
+    if (gsapi_get_param(instance_, "PageCount", &pages, gs_spt_int) < 0) pages = 0;
+    const int code = gsapi_exit(instance_);
+    output_.finish();
+    diagnostics_.finish();
+    // The document may have changed the device since its last page.
+    return code < 0 && code != gs_error_Quit ? code : std::max(pages, pages_seen_);
+}
+
+int Interpreter::on_stdin(void*, char*, int) {
+    return 0;  // end of file: nobody types here
+}
+
+int Interpreter::on_stdout(void* self, const char* text, int size) {
+    static_cast<Interpreter*>(self)->output_.add({text, static_cast<std::size_t>(size)});
+    return size;
+}
+
+int Interpreter::on_stderr(void* self, const char* text, int size) {
+    static_cast<Interpreter*>(self)->take_diagnostics({text, static_cast<std::size_t>(size)});
+    return size;
+}
+
+void Interpreter::take_output_line(std::string_view line) {
+    const auto report =
+        std::find_if(kReportLines.begin(), kReportLines.end(),
+                     [line](const ReportLine& known) { return line.starts_with(known.opening); });
+    if (report == kReportLines.end()) return send(Record::line, line);
+    line.remove_prefix(report->opening.size());
+    if (report->record != Record::running) return send(report->record, line);
+
+    const std::string index = std::to_string(index_of_input(std::string(line)));
+    position_.follow(input_name(index_of_input(std::string(line))));
+    send(Record::running, index);
+}
+
+void Interpreter::take_diagnostics(std::string_view piece) {
+    if (piece.starts_with(kPageIsOut)) {
+        ++pages_seen_;
+        return send(Record::page, std::to_string(position_.now()));
+    }
+    const bool is_noise =
+        !started_ || std::any_of(kReportNoise.begin(), kReportNoise.end(),
+                                 [piece](std::string_view noise) { return piece.starts_with(noise); });
+    if (!is_noise) diagnostics_.add(piece);
+}
+
+}  // namespace foliant::hosts::distiller::engine

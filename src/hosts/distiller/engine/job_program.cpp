@@ -1,0 +1,76 @@
+#include "hosts/distiller/engine/job_program.h"
+
+#include "hosts/distiller/engine/protocol.h"
+
+namespace foliant::hosts::distiller::engine {
+namespace {
+
+/// Defines `FoliantRun`: (file) FoliantRun. Operators are bound and everything else is taken by value, so
+/// that it works whatever the document has redefined.
+constexpr const char* kRunAndReport = R"PS(
+10 dict begin
+/errors $error def
+/character 1 string def
+
+% Prints a string with control characters made visible.
+/printable {
+    {
+        dup 32 lt { pop 63 } if
+        //character exch 0 exch put
+        //character print
+    } forall
+} bind def
+
+% Prints an object, short enough for a line.
+/describe {
+    dup type /stringtype eq {
+        (\() print
+        dup length 60 gt { 0 60 getinterval } if
+        //printable exec
+        (\)) print
+    } {
+        dup type /nametype eq {
+            dup xcheck not { (/) print } if
+            dup length string cvs //printable exec
+        } {
+            dup type dup /integertype eq exch dup /realtype eq exch /booleantype eq or or
+            { 32 string cvs print } { type 32 string cvs print } ifelse
+        } ifelse
+    } ifelse
+} bind def
+
+/report {
+    (\001error ) print //errors /errorname get //describe exec (\n) print
+    (\001command ) print //errors /command get //describe exec (\n) print
+    //errors /ostack known {
+        //errors /ostack get
+        dup length 1 sub -1 2 index length 5 sub dup 0 lt { pop 0 } if {
+            1 index exch get
+            (\001operand ) print //describe exec (\n) print
+        } for
+    } if
+    flush
+} bind def
+
+/failed {
+    { //report exec } stopped
+    null 1 .quit
+} bind def
+
+userdict /FoliantRun {
+    { run } stopped { //errors /newerror get { //failed exec } if } if
+} bind put
+end
+)PS";
+
+}  // namespace
+
+std::string setup_program() {
+    return std::string(kRunAndReport) + "(" + kSetupFile + ") run\n";
+}
+
+std::string running_program(std::string_view file) {
+    return "(" + std::string(file) + ") //FoliantRun exec\n";
+}
+
+}  // namespace foliant::hosts::distiller::engine

@@ -1,0 +1,84 @@
+// The program in which Ghostscript runs, one job per process. Its arguments are a command of protocol.h and
+// the process id of its parent; EngineProcess starts it.
+
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <ghostscript/iapi.h>
+#include <string>
+#include <string_view>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include "hosts/distiller/engine/interpreter.h"
+#include "hosts/distiller/engine/job_program.h"
+#include "hosts/distiller/engine/record_writer.h"
+
+namespace foliant::hosts::distiller::engine {
+namespace {
+
+constexpr rlim_t kMostMemory = rlim_t{4} << 30;  // bytes; real documents stay far below, memory hogs do not
+
+/// "10.00.0 (2022-09-21)"; the library gives 10000 and 20220921.
+std::string version() {
+    gsapi_revision_t revision = {};
+    if (gsapi_revision(&revision, sizeof revision) != 0) return "of unknown version";
+    const long number = revision.revision;
+    const long date = revision.revisiondate;
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), "%ld.%02ld.%ld (%04ld-%02ld-%02ld)", number / 1000,
+                  number / 10 % 100, number % 10, date / 10000, date / 100 % 100, date % 100);
+    return text.data();
+}
+
+/// Ends with the parent, gains no rights, and takes a bounded share of the machine.
+void restrict_this_process(long parent) {
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (::getppid() != parent) std::_Exit(EXIT_FAILURE);  // it died before it could be watched
+    ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+    const rlimit no_core = {0, 0};
+    ::setrlimit(RLIMIT_CORE, &no_core);
+#ifndef __SANITIZE_ADDRESS__  // which reserves terabytes
+    const rlimit memory = {kMostMemory, kMostMemory};
+    ::setrlimit(RLIMIT_AS, &memory);
+#endif
+}
+
+bool exists(const char* path) {
+    return ::access(path, F_OK) == 0;
+}
+
+void distill() {
+    Interpreter interpreter;
+    bool well = interpreter.run(setup_program());
+    if (well && exists(kOptionsFile)) {
+        well = interpreter.run(running_program(kOptionsFile));
+        if (well && !interpreter.has_quit()) send(Record::options_set, "");
+    }
+    if (well && !interpreter.has_quit()) well = interpreter.run(running_program(input_name(0)));
+
+    const int pages = interpreter.finish();
+    if (!well) return send(Record::failed, "");
+    if (pages < 0) return send(Record::failed, "Ghostscript could not write the PDF");
+    send(Record::done, std::to_string(pages));
+}
+
+}  // namespace
+}  // namespace foliant::hosts::distiller::engine
+
+int main(int argc, char** argv) {
+    using namespace foliant::hosts::distiller;
+    if (argc != 3) {
+        std::fputs("This program is a part of Foliant and not meant to be run by hand.\n", stderr);
+        return EXIT_FAILURE;
+    }
+    engine::restrict_this_process(std::strtol(argv[2], nullptr, 10));
+    if (std::string_view(argv[1]) == engine::kVersionCommand) {
+        engine::send(engine::Record::done, engine::version());
+    } else {
+        engine::distill();
+    }
+    std::_Exit(EXIT_SUCCESS);  // the interpreter's memory goes with the process
+}

@@ -1,0 +1,179 @@
+#include "hosts/distiller/engine_process.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <vector>
+
+#include "hosts/distiller/distill_error.h"
+
+namespace foliant::hosts::distiller {
+namespace {
+
+constexpr int kAskEvery = 50;              // ms
+constexpr int kLowestFreeDescriptor = 10;  // above those that the engine is given
+
+DistillError cannot_start(const std::filesystem::path& program, int error_number) {
+    return DistillError("Cannot start the Distiller engine " + program.string() + ": " +
+                        system_reason(error_number) + ". Install Foliant again.");
+}
+
+/// The engine's whole environment: neither options for the interpreter nor preloaded libraries come from
+/// outside.
+std::vector<std::string> engine_environment() {
+    // Memory is taken in few large steps, which saves a tenth of a short job's time.
+    std::vector<std::string> variables = {
+        "LC_ALL=C.UTF-8",
+        std::string("TMPDIR=") + engine::kScratchFolder,
+        "GLIBC_TUNABLES=glibc.malloc.top_pad=16777216:glibc.malloc.trim_threshold=1073741824",
+    };
+    for (const char* name :
+         {"HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME"}) {  // where fontconfig looks for fonts
+        if (const char* value = std::getenv(name)) variables.push_back(std::string(name) + "=" + value);
+    }
+    return variables;
+}
+
+/// The null-terminated array of pointers that the system wants; `strings` has to outlive it.
+std::vector<char*> pointers_to(std::vector<std::string>& strings) {
+    std::vector<char*> pointers;
+    for (std::string& text : strings)
+        pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+class SpawnPlan {
+  public:
+    SpawnPlan() {
+        ::posix_spawn_file_actions_init(&actions_);
+        ::posix_spawnattr_init(&attributes_);
+    }
+    SpawnPlan(const SpawnPlan&) = delete;
+    SpawnPlan& operator=(const SpawnPlan&) = delete;
+    ~SpawnPlan() {
+        ::posix_spawn_file_actions_destroy(&actions_);
+        ::posix_spawnattr_destroy(&attributes_);
+    }
+
+    void use_files(const std::filesystem::path& folder, int records, int output) {
+        ::posix_spawn_file_actions_addchdir_np(&actions_, folder.c_str());
+        ::posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+        ::posix_spawn_file_actions_addopen(&actions_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        ::posix_spawn_file_actions_adddup2(&actions_, records, engine::kRecordDescriptor);
+        ::posix_spawn_file_actions_adddup2(&actions_, output, engine::kOutputDescriptor);
+        ::posix_spawn_file_actions_addclosefrom_np(&actions_, engine::kOutputDescriptor + 1);
+    }
+
+    /// A group of its own, so that Ctrl-C reaches the caller only, who then ends the job in order.
+    void use_default_signals() {
+        sigset_t signals;
+        ::sigfillset(&signals);
+        ::posix_spawnattr_setsigdefault(&attributes_, &signals);
+        ::sigemptyset(&signals);
+        ::posix_spawnattr_setsigmask(&attributes_, &signals);
+        ::posix_spawnattr_setpgroup(&attributes_, 0);
+        ::posix_spawnattr_setflags(&attributes_,
+                                   POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETPGROUP);
+    }
+
+    /// 0, or the errno value of what went wrong.
+    int spawn(pid_t& process, const std::filesystem::path& program,
+              std::vector<std::string> arguments) const {
+        std::vector<std::string> environment = engine_environment();
+        return ::posix_spawn(&process, program.c_str(), &actions_, &attributes_,
+                             pointers_to(arguments).data(), pointers_to(environment).data());
+    }
+
+  private:
+    posix_spawn_file_actions_t actions_;
+    posix_spawnattr_t attributes_;
+};
+
+/// A copy of a descriptor whose number cannot be one of those that the engine is given.
+FileDescriptor high_copy(int descriptor) {
+    return FileDescriptor(::fcntl(descriptor, F_DUPFD_CLOEXEC, kLowestFreeDescriptor));
+}
+
+std::string describe_end(int status) {
+    constexpr int kLoaderFailed = 127;
+    if (WIFSIGNALED(status)) {
+        return std::string("the Distiller engine died of ") + ::strsignal(WTERMSIG(status)) +
+               "; the file may be damaged";
+    }
+    if (WEXITSTATUS(status) == 0) return {};
+    if (WEXITSTATUS(status) == kLoaderFailed) {
+        return "Ghostscript's library could not be loaded; install the package libgs10";
+    }
+    return "the Distiller engine ended with status " + std::to_string(WEXITSTATUS(status));
+}
+
+}  // namespace
+
+EngineProcess::EngineProcess(const std::filesystem::path& program, const char* command,
+                             const std::filesystem::path& folder, int output) {
+    std::array<int, 2> ends{};
+    if (::pipe2(ends.data(), O_CLOEXEC) != 0) throw cannot_start(program, errno);
+    records_ = FileDescriptor(ends[0]);
+    const FileDescriptor write_end(ends[1]);
+    const FileDescriptor its_records = high_copy(write_end.get());
+    const FileDescriptor its_output = high_copy(output);
+
+    SpawnPlan plan;
+    plan.use_files(folder, its_records.get(), its_output.get());
+    plan.use_default_signals();
+    const int error = plan.spawn(process_, program, {program.string(), command, std::to_string(::getpid())});
+    if (error != 0) throw cannot_start(program, error);
+}
+
+EngineProcess::~EngineProcess() {
+    if (process_ < 0) return;
+    ::kill(process_, SIGKILL);
+    wait_for_end();
+}
+
+std::optional<EngineRecord> EngineProcess::next(const std::function<bool()>& give_up) {
+    while (waiting_.empty()) {
+        if (at_end_ || give_up()) return std::nullopt;
+        pollfd readable{records_.get(), POLLIN, 0};
+        if (::poll(&readable, 1, kAskEvery) > 0) read_more();
+    }
+    EngineRecord record = std::move(waiting_.front());
+    waiting_.pop_front();
+    return record;
+}
+
+void EngineProcess::read_more() {
+    std::array<char, 64 * 1024> buffer{};
+    const auto got = ::read(records_.get(), buffer.data(), buffer.size());
+    if (got < 0 && errno == EINTR) return;
+    at_end_ = got <= 0;
+    if (at_end_) return;
+    unfinished_.append(buffer.data(), static_cast<std::size_t>(got));
+
+    std::size_t start = 0;
+    for (auto end = unfinished_.find('\0'); end != std::string::npos; end = unfinished_.find('\0', start)) {
+        if (end > start) {
+            waiting_.push_back({static_cast<engine::Record>(unfinished_[start]),
+                                unfinished_.substr(start + 1, end - start - 1)});
+        }
+        start = end + 1;
+    }
+    unfinished_.erase(0, start);
+}
+
+std::string EngineProcess::wait_for_end() {
+    int status = 0;
+    while (::waitpid(process_, &status, 0) < 0 && errno == EINTR) {
+    }
+    process_ = -1;
+    return describe_end(status);
+}
+
+}  // namespace foliant::hosts::distiller

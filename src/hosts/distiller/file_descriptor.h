@@ -1,0 +1,30 @@
+#pragma once
+
+#include <unistd.h>
+#include <utility>
+
+namespace foliant::hosts::distiller {
+
+/// Owns an open file descriptor, or none (-1).
+class FileDescriptor {
+  public:
+    FileDescriptor() = default;
+    explicit FileDescriptor(int number) : number_(number) {}
+    FileDescriptor(FileDescriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+        std::swap(number_, other.number_);
+        return *this;
+    }
+    ~FileDescriptor() { reset(); }
+
+    explicit operator bool() const { return number_ >= 0; }
+    int get() const { return number_; }
+    void reset() {
+        if (number_ >= 0) ::close(std::exchange(number_, -1));
+    }
+
+  private:
+    int number_ = -1;
+};
+
+}  // namespace foliant::hosts::distiller

@@ -1,0 +1,109 @@
+#include "hosts/distiller/job_run.h"
+
+#include <cstdlib>
+
+#include "hosts/distiller/distill_error.h"
+#include "hosts/distiller/utf8.h"
+
+namespace foliant::hosts::distiller {
+namespace {
+
+std::string without_slash(const std::string& name) {
+    return name.starts_with('/') ? name.substr(1) : name;
+}
+
+}  // namespace
+
+JobRun::JobRun(const DistillJob& job, const Source& source, Progress& progress, int& pages)
+    : job_(job),
+      source_(source),
+      progress_(progress),
+      meter_(source.measured_files()),
+      pages_(pages),
+      in_job_options_(!job.job_options_file.empty()) {}
+
+void JobRun::take(const EngineRecord& record) {
+    using engine::Record;
+    switch (record.kind) {
+        case Record::line:
+            return progress_.message(as_utf8(record.text));
+        case Record::running:
+            running_file_ = std::strtoul(record.text.c_str(), nullptr, 10);
+            return;
+        case Record::page:
+            return take_page(record.text);
+        case Record::options_set:
+            in_job_options_ = false;
+            return;
+        case Record::error:
+            error_name_ = without_slash(as_utf8(record.text));
+            return;
+        case Record::command:
+            error_command_ = as_utf8(record.text);
+            return progress_.message("%%[ Error: " + error_name_ + "; OffendingCommand: " + error_command_ +
+                                     " ]%%");
+        case Record::operand:
+            return progress_.message("Operand: " + as_utf8(record.text));
+        case Record::done:
+            done_ = true;
+            pages_ = std::max(pages_, std::atoi(record.text.c_str()));
+            return;
+        case Record::failed:
+            engine_failure_ = as_utf8(record.text);
+            return;
+    }
+}
+
+void JobRun::take_page(const std::string& position) {
+    progress_.page_finished(++pages_);
+    const std::size_t file = running_file_ == 0 ? 0 : running_file_ - 1;
+    report_percent(meter_.after_page(pages_, file, std::strtoull(position.c_str(), nullptr, 10)));
+}
+
+void JobRun::report_percent(int percent) {
+    if (percent == percent_) return;
+    percent_ = percent;
+    progress_.percent_done(percent);
+}
+
+void JobRun::require_success(const std::string& how_it_ended) const {
+    if (!error_name_.empty()) throw DistillError(postscript_error());
+    const std::string cannot = "Cannot turn " + file_at_fault() + " into a PDF: ";
+    if (!engine_failure_.empty()) throw DistillError(cannot + engine_failure_ + ".");
+    if (!how_it_ended.empty()) throw DistillError(cannot + how_it_ended + ".");
+    if (!done_) throw DistillError(cannot + "the interpreter gave up " + pages_so_far() + ".");
+    if (pages_ == 0) {
+        throw DistillError(cannot + "it has no pages. A PostScript file shows each page with showpage.");
+    }
+}
+
+const SourceFile& JobRun::running_source() const {
+    const bool is_part = running_file_ > 0 && running_file_ <= source_.parts.size();
+    return is_part ? source_.parts[running_file_ - 1] : source_.main;
+}
+
+std::string JobRun::file_at_fault() const {
+    const SourceFile& file = running_source();
+    if (&file == &source_.main) return file.path.string();
+    return file.path.string() + " (named by " + source_.main.path.string() + ")";
+}
+
+std::string JobRun::postscript_error() const {
+    const std::string what = error_name_ + " in " + error_command_;
+    if (in_job_options_) {
+        return "The job-options file " + job_.job_options_file.string() + " failed: " + what +
+               ". Correct it, or convert without it.";
+    }
+    return "Cannot turn " + file_at_fault() + " into a PDF: PostScript error " + what + ", " +
+           pages_so_far() + ". " +
+           (running_source().looks_like_postscript
+                ? "Correct the file, or print the document to it again."
+                : "It does not begin with %! as PostScript does; check that it is PostScript.");
+}
+
+std::string JobRun::pages_so_far() const {
+    if (pages_ == 0) return "before the first page was finished";
+    return "after page " + std::to_string(pages_);
+}
+
+}  // namespace foliant::hosts::distiller

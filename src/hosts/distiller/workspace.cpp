@@ -1,0 +1,84 @@
+#include "hosts/distiller/workspace.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <string>
+
+#include "hosts/distiller/distill_error.h"
+#include "hosts/distiller/engine/protocol.h"
+
+namespace foliant::hosts::distiller {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path make_folder(const fs::path& wanted_parent) {
+    const fs::path parent = fs::absolute(wanted_parent.empty() ? fs::temp_directory_path() : wanted_parent);
+    std::string name = (parent / "distill-XXXXXX").string();
+    if (::mkdtemp(name.data()) == nullptr) {
+        throw DistillError("Cannot make a working folder in " + parent.string() + ": " +
+                           system_reason(errno) +
+                           ". Free some space there, or set TMPDIR to a folder that you may write to.");
+    }
+    return name;
+}
+
+std::string hexadecimal(std::string_view bytes) {
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    std::string text;
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        text += kDigits[byte >> 4];
+        text += kDigits[byte & 15];
+    }
+    return text;
+}
+
+/// Distiller's RunFile takes any path; here it takes those that the driver names, and what else it is given
+/// meets the sandbox.
+std::string setup_program(const Source& source) {
+    std::string text = "10 dict begin\n/staged <<\n";
+    for (std::size_t i = 0; i < source.part_names.size(); ++i) {
+        text += "<" + hexadecimal(source.part_names[i]) + "> (" + engine::input_name(i + 1) + ")\n";
+    }
+    text += ">> def\nuserdict /RunFile {\n    //staged 1 index known {\n        //staged exch get\n        (";
+    text += engine::kNowRunning;
+    text += ") print dup print (\\n) print flush\n    } if\n    run\n} bind put\nend\n";
+    return text;
+}
+
+}  // namespace
+
+Workspace::Workspace(const DistillJob& job, const Source& source) : folder_(make_folder(job.private_folder)) {
+    try {
+        fill(job, source);
+    } catch (const fs::filesystem_error& error) {
+        fs::remove_all(folder_);
+        throw DistillError(std::string("Cannot prepare the working folder: ") + error.what() + ".");
+    }
+}
+
+Workspace::~Workspace() {
+    std::error_code ignored;
+    fs::remove_all(folder_, ignored);
+}
+
+void Workspace::fill(const DistillJob& job, const Source& source) const {
+    fs::create_directory(folder_ / "in");
+    fs::create_directory(folder_ / engine::kScratchFolder);
+    fs::create_symlink(source.main.path, folder_ / engine::input_name(0));
+    for (std::size_t i = 0; i < source.parts.size(); ++i) {
+        fs::create_symlink(source.parts[i].path, folder_ / engine::input_name(i + 1));
+    }
+    if (!job.job_options_file.empty()) {
+        fs::create_symlink(fs::absolute(job.job_options_file), folder_ / engine::kOptionsFile);
+    }
+    fs::create_symlink("/proc/self/fd/" + std::to_string(engine::kOutputDescriptor),
+                       folder_ / engine::kOutputFile);
+    std::ofstream setup(folder_ / engine::kSetupFile, std::ios::binary);
+    setup << setup_program(source);
+    if (!setup.flush())
+        throw fs::filesystem_error("writing failed", folder_, std::error_code(EIO, std::generic_category()));
+}
+
+}  // namespace foliant::hosts::distiller
