@@ -1,0 +1,98 @@
+#include "cli/call.h"
+
+#include "automation/coerce.h"
+#include "cli/exit_codes.h"
+#include "core/dispatch.h"
+#include "core/parameter_help.h"
+#include "session/errors.h"
+
+namespace foliant::cli {
+
+using automation::Access;
+using automation::Error;
+using automation::Value;
+
+namespace {
+
+/// Keeps every event and passes it on.
+class Recorder : public automation::EventSink {
+  public:
+    Recorder(std::vector<ReceivedEvent>& events, automation::EventSink& next)
+        : events_(events), next_(next) {}
+    void notify(std::string_view event, std::span<const Value> arguments) override {
+        events_.push_back({std::string(event), {arguments.begin(), arguments.end()}});
+        next_.notify(event, arguments);
+    }
+
+  private:
+    std::vector<ReceivedEvent>& events_;
+    automation::EventSink& next_;
+};
+
+/// The file that the member was asked to make, "" when it makes none.
+std::string output_file(const core::Member& member, const automation::Arguments& arguments) {
+    for (const automation::Argument& argument : arguments) {
+        const auto place = core::find_parameter(member, argument.name);
+        if (place &&
+            core::parameter_role(member, member.parameters()[*place]) == core::ParameterRole::output_file) {
+            return automation::to_text(argument.value);
+        }
+    }
+    return {};
+}
+
+const ReceivedEvent* find_event(const Outcome& outcome, std::string_view name) {
+    for (const ReceivedEvent& event : outcome.events) {
+        if (event.name == name) return &event;
+    }
+    return nullptr;
+}
+
+Error host_error(std::string description) {
+    return {session::component_error_number, std::string(session::application_title), std::move(description)};
+}
+
+/// The failure that the member did not notice, if there was one.
+std::optional<Error> unnoticed_failure(const core::Member& member, const Outcome& outcome,
+                                       const platform::Platform& platform) {
+    if (const ReceivedEvent* failed = find_event(outcome, "JobFail")) {
+        std::string description =
+            "Distiller could not convert " + automation::to_text(failed->arguments.at(0)) + ".";
+        for (const ReceivedEvent& event : outcome.events) {
+            if (event.name == "LogMessage")
+                description += "\n  " + automation::to_text(event.arguments.at(0));
+        }
+        return host_error(description);
+    }
+    const std::string output = output_file(member, outcome.arguments);
+    if (output.empty()) return std::nullopt;
+    try {
+        platform.files.length(output);
+        return std::nullopt;
+    } catch (const Error&) {
+        return host_error("The host program reported success, but " + output + " was not made.");
+    }
+}
+
+}  // namespace
+
+Outcome call_member(const Request& request, const platform::Platform& platform,
+                    automation::EventSink& watcher) {
+    Outcome outcome;
+    Recorder recorder(outcome.events, watcher);
+    outcome.arguments = request.arguments;
+    try {
+        core::BuildPDF object(platform, recorder);
+        if (!request.options.temp_path.empty()) object.put_TempFilePath(request.options.temp_path);
+        const bool property = request.member->kind == core::MemberKind::property_get;
+        outcome.result = core::invoke(object, request.member->dispid, property ? Access::get : Access::call,
+                                      outcome.arguments);
+        outcome.error = unnoticed_failure(*request.member, outcome, platform);
+    } catch (...) {
+        outcome.error = automation::current_error();
+    }
+    if (outcome.error) outcome.exit_code = exit_code_for(*outcome.error);
+    return outcome;
+}
+
+}  // namespace foliant::cli

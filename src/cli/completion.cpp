@@ -1,0 +1,193 @@
+#include "cli/completion.h"
+
+#include <string>
+#include <vector>
+
+#include "cli/member_command.h"
+#include "cli/option_names.h"
+#include "core/members.h"
+#include "core/parameter_help.h"
+
+namespace foliant::cli {
+
+using core::Member;
+using core::MemberKind;
+using core::Parameter;
+
+namespace {
+
+struct Word {
+    std::string text;
+    std::string help;
+    bool takes_value = false;
+};
+
+const std::vector<Word>& common_options() {
+    static const std::vector<Word> options{
+        {"--json", "print the outcome as JSON"},
+        {"--quiet", "no progress"},
+        {"--timeout", "end the call after that many seconds", true},
+        {"--temp-path", "folder for temporary files", true},
+        {"--help", "explain the options"},
+    };
+    return options;
+}
+
+std::vector<Word> options_of(const Member& member) {
+    std::vector<Word> options;
+    for (const Parameter& parameter : member.parameters()) {
+        if (is_made_by_the_command(parameter)) continue;
+        const std::string name = "--" + option_name(parameter.name);
+        const std::string help(core::parameter_help(member, parameter));
+        options.push_back({name, help, parameter.type != core::ValueType::boolean});
+        if (core::parameter_role(member, parameter) != core::ParameterRole::password) continue;
+        options.push_back({name + "-file", "read that password from a file", true});
+        options.push_back({name + "-ask", "ask for that password"});
+    }
+    return options;
+}
+
+std::vector<Word> tools() {
+    return {{"rehearse", "show every step, take none"},
+            {"hosts", "list the host programs"},
+            {"registry", "read and change the settings store"},
+            {"completion", "print a completion script"},
+            {"man", "print the manual page"}};
+}
+
+std::vector<const Member*> methods() {
+    std::vector<const Member*> found;
+    for (const Member& member : core::members) {
+        if (member.kind != MemberKind::property_put) found.push_back(&member);
+    }
+    return found;
+}
+
+std::string names_of(const std::vector<Word>& words) {
+    std::string text;
+    for (const Word& word : words)
+        text += (text.empty() ? "" : " ") + word.text;
+    return text;
+}
+
+std::string all_commands() {
+    std::string text = names_of(tools());
+    for (const Member* member : methods())
+        text += " " + std::string(member->name);
+    return text;
+}
+
+std::string quoted(std::string text) {
+    for (std::size_t at = 0; (at = text.find('\'', at)) != std::string::npos; at += 4)
+        text.replace(at, 1, "'\\''");
+    return "'" + text + "'";
+}
+
+std::string bash_script() {
+    std::string script =
+        "# bash completion for foliant\n"
+        "_foliant() {\n"
+        "    local current=${COMP_WORDS[COMP_CWORD]} command= words= i\n"
+        "    for ((i = 1; i < COMP_CWORD; i++)); do\n"
+        "        case ${COMP_WORDS[i]} in -* | rehearse) ;; *) command=${COMP_WORDS[i]}; break ;; esac\n"
+        "    done\n"
+        "    case $command in\n"
+        "        '') words='" +
+        all_commands() +
+        "' ;;\n"
+        "        registry) words='list get set remove' ;;\n"
+        "        completion) words='bash zsh fish' ;;\n";
+    for (const Member* member : methods()) {
+        script +=
+            "        " + std::string(member->name) + ") words='" + names_of(options_of(*member)) + "' ;;\n";
+    }
+    return script +
+           "    esac\n"
+           "    case $current in\n"
+           "        -*) words=\"$words " +
+           names_of(common_options()) +
+           "\" ;;\n"
+           "        *) [ -n \"$command\" ] && case $command in registry | completion) ;; *) words= ;; esac "
+           ";;\n"
+           "    esac\n"
+           "    COMPREPLY=($(compgen -W \"$words\" -- \"$current\"))\n"
+           "}\n"
+           "complete -o default -o bashdefault -F _foliant foliant\n";
+}
+
+std::string zsh_option(const Word& word) {
+    std::string help = word.help;
+    for (char& c : help) {
+        if (c == '[' || c == ']' || c == ':') c = ' ';
+    }
+    return " " + quoted(word.text + "[" + help + "]" + (word.takes_value ? ":value:_files" : ""));
+}
+
+std::string zsh_script() {
+    std::string script =
+        "#compdef foliant\n"
+        "_foliant() {\n"
+        "    local -a commands\n"
+        "    local command=${words[(r)[A-Z][a-zA-Z]#]}\n"
+        "    commands=(\n";
+    for (const Word& tool : tools())
+        script += "        " + quoted(tool.text + ":" + tool.help) + "\n";
+    for (const Member* member : methods()) {
+        script += "        " + quoted(std::string(member->name) + ":" + std::string(member->help)) + "\n";
+    }
+    script +=
+        "    )\n"
+        "    if (( CURRENT == 2 )) || [[ $words[2] == rehearse && CURRENT -eq 3 ]]; then\n"
+        "        _describe command commands\n"
+        "        return\n"
+        "    fi\n"
+        "    case $words[2] in\n"
+        "        registry) _values action list get set remove; return ;;\n"
+        "        completion) _values shell bash zsh fish; return ;;\n"
+        "    esac\n"
+        "    case $command in\n";
+    for (const Member* member : methods()) {
+        script += "        " + std::string(member->name) + ") _arguments";
+        for (const Word& word : options_of(*member))
+            script += zsh_option(word);
+        for (const Word& word : common_options())
+            script += zsh_option(word);
+        script += " '*:file:_files' ;;\n";
+    }
+    return script + "    esac\n}\n_foliant \"$@\"\n";
+}
+
+std::string fish_script() {
+    std::string script = "# fish completion for foliant\n";
+    const auto subcommand = [&](const std::string& name, const std::string& help) {
+        script +=
+            "complete -c foliant -n '__fish_use_subcommand; or __fish_seen_subcommand_from rehearse' -a " +
+            name + " -d " + quoted(help) + "\n";
+    };
+    for (const Word& tool : tools())
+        subcommand(tool.text, tool.help);
+    for (const Member* member : methods())
+        subcommand(std::string(member->name), std::string(member->help));
+    const auto option = [&](const std::string& condition, const Word& word) {
+        script += "complete -c foliant" + condition + " -l " + word.text.substr(2) +
+                  (word.takes_value ? " -r" : "") + " -d " + quoted(word.help) + "\n";
+    };
+    for (const Word& word : common_options())
+        option("", word);
+    for (const Member* member : methods()) {
+        const std::string condition = " -n '__fish_seen_subcommand_from " + std::string(member->name) + "'";
+        for (const Word& word : options_of(*member))
+            option(condition, word);
+    }
+    script += "complete -c foliant -n '__fish_seen_subcommand_from registry' -f -a 'list get set remove'\n";
+    script += "complete -c foliant -n '__fish_seen_subcommand_from completion' -f -a 'bash zsh fish'\n";
+    return script;
+}
+
+}  // namespace
+
+std::string completion_script(std::string_view shell) {
+    return shell == "zsh" ? zsh_script() : shell == "fish" ? fish_script() : bash_script();
+}
+
+}  // namespace foliant::cli

@@ -1,0 +1,107 @@
+#include "cli/manual.h"
+
+#include "cli/exit_codes.h"
+#include "cli/member_command.h"
+#include "cli/option_names.h"
+#include "core/members.h"
+#include "core/parameter_help.h"
+#include "foliant_version.h"
+
+namespace foliant::cli {
+
+using core::Member;
+using core::MemberKind;
+using core::Parameter;
+
+namespace {
+
+std::string escaped(std::string_view text) {
+    std::string result;
+    for (const char c : text) {
+        if (c == '\\' || c == '-') result += '\\';
+        result += c;
+    }
+    return result;
+}
+
+bool stands_alone(const Member& member, const Parameter& parameter) {
+    return !parameter.optional && core::parameter_role(member, parameter) != core::ParameterRole::password;
+}
+
+std::string synopsis_of(const Member& member) {
+    std::string text = ".B foliant " + std::string(member.name) + "\n";
+    for (const Parameter& parameter : member.parameters()) {
+        if (stands_alone(member, parameter) && !is_made_by_the_command(parameter)) {
+            const bool list = core::parameter_role(member, parameter) == core::ParameterRole::list;
+            text += ".I " + placeholder(parameter.name) + (list ? " ...\n" : "\n");
+        }
+    }
+    return text;
+}
+
+std::string parameters_of(const Member& member) {
+    std::string text;
+    for (const Parameter& parameter : member.parameters()) {
+        if (is_made_by_the_command(parameter)) continue;
+        const bool flag = parameter.type == core::ValueType::boolean;
+        text += ".TP\n.BR " + escaped("--" + option_name(parameter.name)) + " , " +
+                escaped("--" + std::string(parameter.name)) +
+                (flag ? "" : " \" \\fI" + placeholder(parameter.name) + "\\fR\"") + "\n" +
+                escaped(core::parameter_help(member, parameter)) + ".\n";
+    }
+    return text;
+}
+
+std::string member_section(const Member& member) {
+    return ".SS " + std::string(member.name) + "\n" + escaped(member.help) +
+           (member.available ? "" : " A later version brings this member.") + "\n.PP\n" +
+           synopsis_of(member) + parameters_of(member);
+}
+
+constexpr const char* head =
+    ".SH NAME\n"
+    "foliant \\- turn documents into PDF, and work on PDFs, with one call each\n"
+    ".SH SYNOPSIS\n"
+    ".B foliant\n.I MEMBER\n.RI [ arguments ]\n.br\n"
+    ".B foliant rehearse\n.I MEMBER\n.RI [ arguments ]\n.br\n"
+    ".B foliant hosts\n.br\n"
+    ".B foliant registry\n.BR list | get | set | remove\n.br\n"
+    ".B foliant completion\n.BR bash | zsh | fish\n"
+    ".SH EXAMPLES\n.nf\n"
+    "foliant CreatePDFfromWord letter.pdf letter.docx\n"
+    "foliant CreatePDFfromWord letter.pdf letter.docx \\-\\-landscape \\-\\-pages 1\\-3\n"
+    "foliant CreatePDFfromMultiPS book.pdf cover.ps text.ps index.ps\n"
+    "foliant rehearse CreatePDFfromWord letter.pdf letter.docx\n.fi\n"
+    ".SH DESCRIPTION\n"
+    "Each member of the class BuildPDF is a sub\\-command. Names may be written in any case. Required "
+    "parameters stand\n"
+    "in order or behind the option of their name; every option also has the parameter's exact name. Results "
+    "go to\n"
+    "standard output, progress and errors to standard error.\n"
+    ".SH OPTIONS\n"
+    ".TP\n.B \\-\\-json\nPrint result, by\\-reference values, events and error as one JSON object.\n"
+    ".TP\n.BR \\-q , \\-\\-quiet\nNo progress and no closing line.\n"
+    ".TP\n.BI \\-\\-timeout \" SECONDS\"\nEnd the call after that time.\n"
+    ".TP\n.BI \\-\\-temp\\-path \" FOLDER\"\nFolder for temporary files; otherwise a private one that is "
+    "removed.\n"
+    ".TP\n.BI \\-\\-NAME\\-file \" FILE\"\nRead the password NAME from the first line of FILE, \\- for "
+    "standard input.\n"
+    ".TP\n.B \\-\\-NAME\\-ask\nAsk for the password NAME on the terminal.\n";
+
+}  // namespace
+
+std::string manual_page() {
+    std::string page = ".TH FOLIANT 1 \"\" \"foliant " FOLIANT_VERSION "\"\n";
+    page += head;
+    page += ".SH EXIT STATUS\n";
+    for (const auto& row : exit_code_table) {
+        page += ".TP\n.B " + std::to_string(row.code) + "\n" + escaped(row.meaning) + "\n";
+    }
+    page += ".SH MEMBERS\n";
+    for (const Member& member : core::members) {
+        if (member.kind != MemberKind::property_put) page += member_section(member);
+    }
+    return page;
+}
+
+}  // namespace foliant::cli

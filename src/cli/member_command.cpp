@@ -1,0 +1,209 @@
+#include "cli/member_command.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iostream>
+
+#include "automation/coerce.h"
+#include "automation/text.h"
+#include "cli/option_names.h"
+#include "core/parameter_help.h"
+
+namespace foliant::cli {
+
+using automation::Value;
+using core::Parameter;
+using core::ParameterRole;
+using core::ValueType;
+
+namespace {
+
+/// Names that stand for the numbers of the two enumerations.
+const std::map<std::string, std::int32_t>& enumeration_names(ValueType type) {
+    static const std::map<std::string, std::int32_t> alignments{
+        {"left", 0},         {"center", 1},         {"centre", 1},        {"right", 2},
+        {"qrxalignleft", 0}, {"qrxaligncenter", 1}, {"qrxalignright", 2},
+    };
+    static const std::map<std::string, std::int32_t> readings{
+        {"none", 0},
+        {"page", 1},
+        {"document", 2},
+        {"qrxreadnone", 0},
+        {"qrxreadcurrentpage", 1},
+        {"qrxreaddocument", 2},
+    };
+    return type == ValueType::align_type ? alignments : readings;
+}
+
+/// The text as a value of the parameter's type; raises an automation error when it has none.
+Value typed(ValueType type, const std::string& text) {
+    switch (type) {
+        case ValueType::boolean:
+            return automation::to_bool(text);
+        case ValueType::integer:
+            return automation::to_int16(text);
+        case ValueType::long_number:
+            return automation::to_int32(text);
+        case ValueType::single:
+            return automation::to_single(text);
+        case ValueType::double_number:
+            return automation::to_double(text);
+        case ValueType::align_type:
+        case ValueType::read_type: {
+            const auto& names = enumeration_names(type);
+            const auto name = names.find(automation::to_lower(text));
+            return name != names.end() ? name->second : automation::to_int32(text);
+        }
+        default:
+            return text;
+    }
+}
+
+std::string what_it_takes(ValueType type) {
+    switch (type) {
+        case ValueType::boolean:
+            return "true or false";
+        case ValueType::integer:
+            return "a whole number from -32768 to 32767";
+        case ValueType::long_number:
+            return "a whole number";
+        case ValueType::align_type:
+            return "left, center, right or a number";
+        case ValueType::read_type:
+            return "none, page, document or a number";
+        default:
+            return "a number";
+    }
+}
+
+CLI::Validator type_check(ValueType type) {
+    return CLI::Validator(
+        [type](std::string& text) {
+            try {
+                typed(type, text);
+                return std::string();
+            } catch (const automation::Error&) {
+                return "'" + text + "' is not " + what_it_takes(type);
+            }
+        },
+        "");
+}
+
+std::string help_text(const core::Member& member, const Parameter& parameter) {
+    std::string text(core::parameter_help(member, parameter));
+    if (const auto* number = std::get_if<std::int32_t>(&parameter.default_value)) {
+        const bool alignment = parameter.type == ValueType::align_type;
+        text += " [" + (alignment ? std::string(*number == 0 ? "left" : "center") : std::to_string(*number)) +
+                "]";
+    } else if (const auto* word = std::get_if<std::string_view>(&parameter.default_value)) {
+        text += " [" + std::string(*word) + "]";
+    }
+    return text;
+}
+
+std::string first_line_of(const std::string& path) {
+    std::string line;
+    if (path == "-") {
+        std::getline(std::cin, line);
+        return line;
+    }
+    std::ifstream file(path);
+    if (!file) throw CLI::ValidationError("cannot read the password file '" + path + "'");
+    std::getline(file, line);
+    if (line.ends_with('\r')) line.pop_back();
+    return line;
+}
+
+bool is_list(const core::Member& member, const Parameter& parameter) {
+    return core::parameter_role(member, parameter) == ParameterRole::list;
+}
+
+}  // namespace
+
+bool is_made_by_the_command(const Parameter& parameter) {
+    return parameter.type == ValueType::object;
+}
+
+MemberCommand::MemberCommand(CLI::App& command, const core::Member& member) : member_(member) {
+    const auto parameters = member.parameters();
+    // Two lists in a row could not be told apart; then each follows its option.
+    const auto required_lists = std::count_if(
+        parameters.begin(), parameters.end(),
+        [&](const Parameter& parameter) { return !parameter.optional && is_list(member, parameter); });
+    for (const Parameter& parameter : parameters) {
+        if (!is_made_by_the_command(parameter)) add_parameter(command, parameter, required_lists == 1);
+    }
+}
+
+void MemberCommand::add_parameter(CLI::App& command, const Parameter& parameter, bool positional_list) {
+    auto& given = *given_.emplace(parameter.name, std::make_unique<Given>()).first->second;
+    const std::string names = "--" + option_name(parameter.name) + ",--" + std::string(parameter.name);
+    const std::string help = help_text(member_, parameter);
+    const bool list = is_list(member_, parameter);
+    const bool positional = !parameter.optional && (!list || positional_list);
+    if (parameter.type == ValueType::boolean) {
+        given.option = command.add_flag(names, given.texts, help);
+    } else {
+        given.option = command.add_option((positional ? option_name(parameter.name) + "," : "") + names,
+                                          given.texts, help);
+        given.option->type_name(placeholder(parameter.name));
+        given.option->allow_extra_args(list)->expected(1, list ? 1 << 20 : 1);
+        given.option->multi_option_policy(list ? CLI::MultiOptionPolicy::TakeAll
+                                               : CLI::MultiOptionPolicy::Throw);
+    }
+    given.option->ignore_case();
+    if (parameter.type != ValueType::string && parameter.type != ValueType::variant) {
+        given.option->check(type_check(parameter.type));
+    }
+    if (core::parameter_role(member_, parameter) == ParameterRole::password) {
+        add_password_sources(command, parameter, given);
+    } else if (!parameter.optional) {
+        given.option->required();
+    }
+}
+
+void MemberCommand::add_password_sources(CLI::App& command, const Parameter& parameter, Given& given) {
+    const std::string name = option_name(parameter.name);
+    auto* file = command.add_option("--" + name + "-file", given.password_file,
+                                    "read that password from the first line of a file, - for standard input");
+    auto* ask = command.add_flag("--" + name + "-ask", given.ask, "ask for that password on the terminal");
+    file->type_name("FILE")->excludes(given.option)->excludes(ask);
+    ask->excludes(given.option);
+}
+
+bool MemberCommand::is_given(const Given& given) const {
+    return !given.texts.empty() || !given.password_file.empty() || given.ask;
+}
+
+Value MemberCommand::value_of(const Parameter& parameter, const Given& given) const {
+    if (!is_list(member_, parameter)) return typed(parameter.type, given.texts.back());
+    automation::Array array;
+    for (const std::string& text : given.texts)
+        array.items.emplace_back(text);
+    return array;
+}
+
+automation::Arguments MemberCommand::arguments(
+    const std::function<std::string(const std::string&)>& ask_password) const {
+    automation::Arguments arguments;
+    for (const Parameter& parameter : member_.parameters()) {
+        if (is_made_by_the_command(parameter)) continue;
+        const Given& given = *given_.at(parameter.name);
+        if (!is_given(given)) {
+            if (parameter.optional) continue;
+            throw CLI::RequiredError(placeholder(parameter.name));
+        }
+        Value value;
+        if (!given.password_file.empty()) {
+            value = first_line_of(given.password_file);
+        } else if (given.ask) {
+            value = ask_password(option_name(parameter.name) + ": ");
+        } else {
+            value = value_of(parameter, given);
+        }
+        arguments.push_back(automation::named(parameter.name, std::move(value)));
+    }
+    return arguments;
+}
+
+}  // namespace foliant::cli

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "automation/value.h"
+#include "core/member.h"
+
+namespace foliant::cli {
+
+/// The sub-command of one member, made from its row of the table: required parameters stand in order, or
+/// behind the option of their name; the others are options. Every option also has the parameter's exact name.
+class MemberCommand {
+  public:
+    /// Adds the options to `command`, which outlives this object.
+    MemberCommand(CLI::App& command, const core::Member& member);
+
+    /// The arguments as given, named, in the member's order. Raises CLI::ParseError for what is missing or
+    /// wrong.
+    automation::Arguments arguments(const std::function<std::string(const std::string&)>& ask_password) const;
+
+  private:
+    struct Given {
+        std::vector<std::string> texts;
+        CLI::Option* option = nullptr;
+        std::string password_file;
+        bool ask = false;
+    };
+
+    void add_parameter(CLI::App& command, const core::Parameter& parameter, bool positional_list);
+    void add_password_sources(CLI::App& command, const core::Parameter& parameter, Given& given);
+    automation::Value value_of(const core::Parameter& parameter, const Given& given) const;
+    bool is_given(const Given& given) const;
+
+    const core::Member& member_;
+    std::map<std::string_view, std::unique_ptr<Given>> given_;
+};
+
+/// Whether the command line leaves that parameter to the program (the transfer control, which it makes
+/// itself).
+bool is_made_by_the_command(const core::Parameter& parameter);
+
+}  // namespace foliant::cli

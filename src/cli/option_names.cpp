@@ -1,0 +1,44 @@
+#include "cli/option_names.h"
+
+#include <cctype>
+
+namespace foliant::cli {
+namespace {
+
+bool is_upper(char c) {
+    return c >= 'A' && c <= 'Z';
+}
+bool is_lower(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
+}
+
+/// The lower-case letters in front of the first capital; a name without a capital ("inet") has no prefix.
+std::string_view without_prefix(std::string_view name) {
+    std::size_t first = 0;
+    while (first < name.size() && !is_upper(name[first]))
+        ++first;
+    return first == name.size() ? name : name.substr(first);
+}
+
+}  // namespace
+
+std::string option_name(std::string_view parameter) {
+    const std::string_view name = without_prefix(parameter);
+    std::string words;
+    for (std::size_t i = 0; i < name.size(); ++i) {
+        const bool word_begins = i > 0 && is_upper(name[i]) &&
+                                 (is_lower(name[i - 1]) || (i + 1 < name.size() && is_lower(name[i + 1])));
+        if (word_begins) words += '-';
+        words += static_cast<char>(std::tolower(static_cast<unsigned char>(name[i])));
+    }
+    return words;
+}
+
+std::string placeholder(std::string_view parameter) {
+    std::string text = option_name(parameter);
+    for (char& c : text)
+        c = c == '-' ? '_' : static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    return text;
+}
+
+}  // namespace foliant::cli

@@ -1,0 +1,98 @@
+#include "cli/rehearsal.h"
+
+#include <vector>
+
+#include "automation/coerce.h"
+#include "cli/call.h"
+#include "cli/exit_codes.h"
+#include "cli/report.h"
+#include "core/dispatch.h"
+#include "core/parameter_help.h"
+#include "platform/stage/cast.h"
+#include "platform/stage/stage.h"
+#include "session/session.h"
+
+namespace foliant::cli {
+
+using automation::Value;
+using platform::stage::Stage;
+
+namespace {
+
+class EventLines : public automation::EventSink {
+  public:
+    explicit EventLines(Stage& stage) : stage_(stage) {}
+    void notify(std::string_view event, std::span<const Value> arguments) override {
+        std::string line = "event " + std::string(event);
+        for (const Value& argument : arguments)
+            line += " " + automation::to_text(argument);
+        stage_.note(line);
+    }
+
+  private:
+    Stage& stage_;
+};
+
+class Silence : public automation::EventSink {
+    void notify(std::string_view, std::span<const Value>) override {}
+};
+
+std::vector<std::string> passwords_of(const Request& request) {
+    std::vector<std::string> passwords;
+    for (const automation::Argument& argument : request.arguments) {
+        const auto place = core::find_parameter(*request.member, argument.name);
+        const core::Parameter& parameter = request.member->parameters()[*place];
+        if (core::parameter_role(*request.member, parameter) != core::ParameterRole::password) continue;
+        if (std::string text = automation::to_text(argument.value); !text.empty()) passwords.push_back(text);
+    }
+    return passwords;
+}
+
+std::string without_passwords(std::string line, const std::vector<std::string>& passwords) {
+    for (const std::string& password : passwords) {
+        std::size_t at = 0;
+        while ((at = line.find("\"" + password + "\"", at)) != std::string::npos) {
+            line.replace(at, password.size() + 2, "\"***\"");
+            at += 5;
+        }
+    }
+    return line;
+}
+
+/// A stage that looks like this machine: same settings, same input files, the sender in the system folder.
+void cast_like(Stage& stage, const platform::Platform& here) {
+    Silence silence;
+    const session::Session session(here, silence);
+    stage.separator = here.files.separator();
+    stage.system_folder = "/system";
+    stage.library_folder = session.TempFilePath();
+    cast_usual_machine(stage);
+    stage.set_registry_text("HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\AcroExch.App\\AcrobatVersion", "",
+                            session.AcrobatVersion());
+    stage.set_registry_text("HKEY_LOCAL_MACHINE\\SOFTWARE\\Adobe\\Acrobat Distiller\\6.0\\PrinterName", "",
+                            session.PrinterName());
+    stage.real_length = [&here](const std::string& path) -> std::optional<std::int64_t> {
+        try {
+            return here.files.length(path);
+        } catch (const automation::Error&) {
+            return std::nullopt;
+        }
+    };
+}
+
+}  // namespace
+
+int rehearse(const Request& request, const platform::Platform& platform, std::ostream& out,
+             std::ostream& errors) {
+    Stage stage;
+    cast_like(stage, platform);
+    const std::vector<std::string> passwords = passwords_of(request);
+    EventLines lines(stage);
+    const Outcome outcome = call_member(request, stage.platform(), lines);
+    for (const std::string& line : stage.lines())
+        out << without_passwords(line, passwords) << '\n';
+    if (outcome.error) errors << error_text(*outcome.error);
+    return outcome.exit_code;
+}
+
+}  // namespace foliant::cli

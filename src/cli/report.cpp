@@ -1,0 +1,123 @@
+#include "cli/report.h"
+
+#include <array>
+#include <cstdio>
+#include <nlohmann/json.hpp>
+
+#include "automation/coerce.h"
+#include "core/dispatch.h"
+#include "core/parameter_help.h"
+
+namespace foliant::cli {
+
+using automation::Value;
+using nlohmann::ordered_json;
+
+namespace {
+
+ordered_json to_json(const Value& value) {
+    if (const auto* truth = value.if_holds<bool>()) return *truth;
+    if (const auto* text = value.if_holds<std::string>()) return *text;
+    if (value.holds<std::int16_t>() || value.holds<std::int32_t>()) return automation::to_int32(value);
+    if (value.holds<float>() || value.holds<double>()) return automation::to_double(value);
+    if (const auto* array = value.if_holds<automation::ArrayPtr>()) {
+        ordered_json items = ordered_json::array();
+        for (const Value& item : (*array)->items)
+            items.push_back(to_json(item));
+        return items;
+    }
+    return nullptr;
+}
+
+/// File names may hold bytes that are no UTF-8; they show as the replacement character rather than as no
+/// report.
+std::string dump(const ordered_json& json) {
+    return json.dump(2, ' ', false, ordered_json::error_handler_t::replace) + "\n";
+}
+
+ordered_json error_to_json(const automation::Error& error) {
+    return {{"number", error.number()}, {"source", error.source()}, {"description", error.description()}};
+}
+
+ordered_json arguments_to_json(const core::Member& member, const Outcome& outcome) {
+    ordered_json arguments = ordered_json::object();
+    for (const automation::Argument& argument : outcome.arguments) {
+        const core::Parameter& parameter = member.parameters()[*core::find_parameter(member, argument.name)];
+        const bool secret = core::parameter_role(member, parameter) == core::ParameterRole::password;
+        arguments[argument.name] = secret ? ordered_json("***") : to_json(argument.value);
+    }
+    return arguments;
+}
+
+ordered_json events_to_json(const Outcome& outcome) {
+    ordered_json events = ordered_json::array();
+    for (const ReceivedEvent& event : outcome.events) {
+        ordered_json arguments = ordered_json::array();
+        for (const Value& argument : event.arguments)
+            arguments.push_back(to_json(argument));
+        events.push_back({{"name", event.name}, {"arguments", arguments}});
+    }
+    return events;
+}
+
+std::string readable_size(std::int64_t bytes) {
+    std::array<char, 32> text{};
+    if (bytes < 1024) {
+        std::snprintf(text.data(), text.size(), "%lld bytes", static_cast<long long>(bytes));
+    } else if (bytes < 1024 * 1024) {
+        std::snprintf(text.data(), text.size(), "%.0f KiB", static_cast<double>(bytes) / 1024);
+    } else {
+        std::snprintf(text.data(), text.size(), "%.1f MiB", static_cast<double>(bytes) / (1024 * 1024));
+    }
+    return text.data();
+}
+
+}  // namespace
+
+std::string result_text(const Outcome& outcome) {
+    return outcome.result.holds<automation::Empty>() ? "" : automation::to_text(outcome.result) + "\n";
+}
+
+std::string error_text(const automation::Error& error) {
+    return "foliant: " +
+           (error.description().empty() ? "error " + std::to_string(error.number()) : error.description()) +
+           "\n";
+}
+
+std::string closing_line(const core::Member& member, const Outcome& outcome,
+                         const platform::Platform& platform) {
+    if (outcome.error) return {};
+    long pages = 0;
+    for (const ReceivedEvent& event : outcome.events)
+        pages += event.name == "PageNumber" ? 1 : 0;
+    for (const automation::Argument& argument : outcome.arguments) {
+        const core::Parameter& parameter = member.parameters()[*core::find_parameter(member, argument.name)];
+        if (core::parameter_role(member, parameter) != core::ParameterRole::output_file) continue;
+        const std::string path = automation::to_text(argument.value);
+        const std::string size = readable_size(platform.files.length(path));
+        const std::string count =
+            pages == 0 ? "" : std::to_string(pages) + (pages == 1 ? " page, " : " pages, ");
+        return "Wrote " + path + " (" + count + size + ")\n";
+    }
+    return {};
+}
+
+std::string json_report(const core::Member& member, const Outcome& outcome) {
+    ordered_json report;
+    report["member"] = std::string(member.name);
+    report["result"] = to_json(outcome.result);
+    report["arguments"] = arguments_to_json(member, outcome);
+    report["events"] = events_to_json(outcome);
+    report["error"] = outcome.error ? error_to_json(*outcome.error) : ordered_json(nullptr);
+    report["exitCode"] = outcome.exit_code;
+    return dump(report);
+}
+
+std::string json_error(const core::Member& member, const automation::Error& error, int exit_code) {
+    Outcome outcome;
+    outcome.error = error;
+    outcome.exit_code = exit_code;
+    return json_report(member, outcome);
+}
+
+}  // namespace foliant::cli

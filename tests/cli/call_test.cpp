@@ -1,0 +1,144 @@
+#include "cli/call.h"
+
+#include <gtest/gtest.h>
+#include <sstream>
+
+#include "automation/coerce.h"
+#include "cli/exit_codes.h"
+#include "cli/progress.h"
+#include "cli/rehearsal.h"
+#include "core/dispatch.h"
+#include "platform/stage/cast.h"
+#include "platform/stage/stage_object.h"
+
+namespace foliant::cli {
+namespace {
+
+using automation::Arguments;
+using automation::named;
+using automation::Value;
+using platform::stage::Stage;
+using platform::stage::StageObject;
+
+class Call : public testing::Test {
+  protected:
+    Call() {
+        cast_usual_machine(stage);
+        stage.separator = '/';
+        stage.put_file("a.ps");
+        request.member = core::find_member(*core::find_dispid("CreatePDFfromPS"), automation::Access::call);
+        request.arguments = {named("strPDFFile", "a.pdf"), named("strPSFile", "a.ps")};
+    }
+
+    Outcome call() { return call_member(request, stage.platform(), bar); }
+
+    Stage stage;
+    std::ostringstream shown;
+    ProgressBar bar{&shown};
+    Request request;
+};
+
+TEST_F(Call, KeepsResultEventsAndByReferenceValues) {
+    request.arguments.push_back(named("strDistiller", ""));
+    const Outcome outcome = call();
+    EXPECT_FALSE(outcome.error.has_value());
+    EXPECT_EQ(outcome.exit_code, 0);
+    EXPECT_EQ(outcome.arguments[2].value, Value("Adobe PDF"));
+    std::string names;
+    for (const ReceivedEvent& event : outcome.events)
+        names += event.name + " ";
+    EXPECT_EQ(names, "JobStart PercentDone PageNumber JobDone ");
+}
+
+TEST_F(Call, AJobThatFailedIsAFailureWithTheInterpretersWords) {
+    stage.when("Distiller.FileToPDF", [](StageObject& self, const Arguments& arguments) {
+        self.notify("OnJobStart", {arguments[0].value, arguments[1].value});
+        self.notify("OnLogMessage", {"undefined in foo"});
+        self.notify("OnJobFail", {arguments[0].value, arguments[1].value});
+        return Value(std::int16_t{0});
+    });
+    const Outcome outcome = call();
+    ASSERT_TRUE(outcome.error.has_value());
+    EXPECT_EQ(outcome.error->description(), "Distiller could not convert a.ps.\n  undefined in foo");
+    EXPECT_EQ(outcome.exit_code, exit_host_failure);
+}
+
+TEST_F(Call, AnOutputThatIsNotThereIsAFailure) {
+    stage.when("Distiller.FileToPDF", [](StageObject&, const Arguments&) { return Value(std::int16_t{0}); });
+    const Outcome outcome = call();
+    ASSERT_TRUE(outcome.error.has_value());
+    EXPECT_EQ(outcome.error->description(), "The host program reported success, but a.pdf was not made.");
+}
+
+TEST_F(Call, EveryKindOfFailureHasItsExitCode) {
+    request.arguments[1].value = "none.ps";
+    EXPECT_EQ(call().exit_code, exit_missing_input);
+    request.arguments[1].value = "a.ps";
+    stage.missing_classes.insert("{1CD675B2-ECD1-11D1-B976-00600802DB86}");
+    EXPECT_EQ(call().exit_code, exit_missing_engine);
+    EXPECT_EQ(exit_code_for(automation::Error(5408, "Foliant", "wrong password")), exit_host_failure);
+    EXPECT_EQ(exit_code_for(automation::Error(automation::RuntimeError::permission_denied)), exit_failure);
+    EXPECT_EQ(exit_code_for(automation::Error(automation::RuntimeError::action_not_supported)),
+              exit_not_available);
+}
+
+TEST_F(Call, TempPathIsPutBeforeTheCall) {
+    stage.folders = {"", "/t"};
+    request.member = core::find_member(*core::find_dispid("TempFilePath"), automation::Access::get);
+    request.arguments = {};
+    request.options.temp_path = "/t";
+    EXPECT_EQ(call().result, Value("/t/"));
+}
+
+TEST_F(Call, TheBarFollowsTheEvents) {
+    call();
+    EXPECT_EQ(shown.str(),
+              "Converting a.pdf\n"
+              "0%   10   20   30   40   50   60   70   80   90   100%\n"
+              "|----|----|----|----|----|----|----|----|----|----|\n"
+              "***************************************************\n");
+}
+
+TEST_F(Call, RehearsingShowsTheStepsWithoutPasswordsAndTakesNone) {
+    stage.put_file("letter.docx");
+    request.member = core::find_member(*core::find_dispid("CreatePDFfromWord2"), automation::Access::call);
+    request.arguments = {named("strPDFFile", "letter.pdf"), named("strWordDocument", "letter.docx"),
+                         named("strPassword", "hidden")};
+    stage.clear_journal();
+    std::ostringstream out;
+    std::ostringstream errors;
+    EXPECT_EQ(rehearse(request, stage.platform(), out, errors), 0) << errors.str();
+    EXPECT_EQ(out.str().substr(out.str().find("length letter.docx")),
+              "length letter.docx -> 1000\n"
+              "create Word.Application\n"
+              "Word.Application.Documents\n"
+              "Documents.Open(\"letter.docx\", PasswordDocument:=\"***\", WritePasswordDocument:=\"\")\n"
+              "Word.Application.DisplayAlerts = Integer(0)\n"
+              "Document.PageSetup\n"
+              "PageSetup.Orientation = Integer(0)\n"
+              "Word.Application.ActivePrinter -> \"Office printer\"\n"
+              "Word.Application.ActivePrinter = \"Adobe PDF\"\n"
+              "length letter.pdf -> not found\n"
+              "special folder 37 (owner 100)\n"
+              "length /system/quorixsend.exe -> 1000\n"
+              "start (hidden) /system/quorixsend.exe save pdf file as~Edit~letter.pdf~0~0~\n"
+              "start (hidden) /system/quorixsend.exe adobe pdf - security~Button~~0~0~\n"
+              "Document.PrintOut()\n"
+              "sleep 2000 ms\n"
+              "pump messages\n"
+              "length letter.pdf -> 1000\n"
+              "length letter.pdf -> 1000\n"
+              "sleep 1000 ms\n"
+              "length letter.pdf -> 1000\n"
+              "Word.Application.ActivePrinter = \"Office printer\"\n"
+              "Word.Application.DisplayAlerts = Integer(-1)\n"
+              "Document.Close(False)\n"
+              "release Document\n"
+              "Word.Application.Quit()\n"
+              "release Word.Application\n"
+              "length letter.pdf -> 1000\n");
+    EXPECT_EQ(stage.journal().find("create"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace foliant::cli

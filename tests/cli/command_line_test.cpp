@@ -1,0 +1,194 @@
+#include <cstdio>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "automation/describe.h"
+#include "cli/exit_codes.h"
+#include "cli/request.h"
+#include "core/members.h"
+
+namespace foliant::cli {
+namespace {
+
+std::string typed_password(const std::string& prompt) {
+    return "typed at " + prompt;
+}
+
+Parsed parse_words(const std::vector<std::string>& words) {
+    return parse(words, typed_password);
+}
+
+/// What a command line came to, in one line.
+std::string outcome_of(const std::vector<std::string>& words) {
+    const Parsed parsed = parse_words(words);
+    if (!parsed.request) return std::to_string(parsed.exit_code) + " " + parsed.error;
+    const char* action = parsed.request->action == Request::Action::rehearse ? "rehearse " : "";
+    return action + std::string(parsed.request->member->name) + "(" +
+           automation::describe(parsed.request->arguments) + ")";
+}
+
+class PasswordFile {
+  public:
+    explicit PasswordFile(const std::string& content) {
+        path_ = testing::TempDir() + "foliant-password-" + std::to_string(getpid());
+        std::ofstream(path_) << content;
+    }
+    ~PasswordFile() { std::remove(path_.c_str()); }
+    const std::string& path() const { return path_; }
+
+  private:
+    std::string path_;
+};
+
+TEST(CommandLine, RequiredParametersStandInOrderAndOptionsFollow) {
+    EXPECT_EQ(
+        outcome_of({"CreatePDFfromWord", "letter.pdf", "letter.docx", "--landscape", "--pages", "1-3"}),
+        "CreatePDFfromWord(strPDFFile:=\"letter.pdf\", strWordDocument:=\"letter.docx\", strPages:=\"1-3\", "
+        "blnLandscape:=True)");
+}
+
+TEST(CommandLine, ExactNamesWorkTooInAnyCaseAndOrder) {
+    EXPECT_EQ(
+        outcome_of({"createpdfFROMps", "--strPSFile", "a.ps", "--STRPDFFILE", "b.pdf", "--blnspooljobs"}),
+        "CreatePDFfromPS(strPDFFile:=\"b.pdf\", strPSFile:=\"a.ps\", blnSpoolJobs:=True)");
+}
+
+TEST(CommandLine, FlagsTakeAValueBehindAnEqualsSign) {
+    EXPECT_EQ(outcome_of({"CreatePDFfromPS", "b.pdf", "a.ps", "--show-window=false", "--spool-jobs=True"}),
+              "CreatePDFfromPS(strPDFFile:=\"b.pdf\", strPSFile:=\"a.ps\", blnShowWindow:=False, "
+              "blnSpoolJobs:=True)");
+}
+
+TEST(CommandLine, AlignmentsHaveNamesAndNumbers) {
+    for (const auto& [word, number] : std::vector<std::pair<std::string, std::string>>{{"left", "0"},
+                                                                                       {"Center", "1"},
+                                                                                       {"centre", "1"},
+                                                                                       {"right", "2"},
+                                                                                       {"qrxAlignRight", "2"},
+                                                                                       {"7", "7"}}) {
+        EXPECT_EQ(
+            outcome_of({"CreatePDFfromWord", "a", "b", "--page-number-alignment", word}),
+            "CreatePDFfromWord(strPDFFile:=\"a\", strWordDocument:=\"b\", lngPageNumberAlignment:=Long(" +
+                number + "))");
+    }
+}
+
+TEST(CommandLine, ListsTakeAllThatIsLeft) {
+    EXPECT_EQ(outcome_of({"CreatePDFfromMultiPS", "book.pdf", "a.ps", "b c.ps", "--show-window"}),
+              "CreatePDFfromMultiPS(strPDFFile:=\"book.pdf\", varPSFiles:=(0 To 1){\"a.ps\", \"b c.ps\"}, "
+              "blnShowWindow:=True)");
+}
+
+TEST(CommandLine, NamesThatBeginWithADashStandBehindTwoDashes) {
+    EXPECT_EQ(outcome_of({"CreatePDFfromPS", "--", "-a.pdf", "-b.ps"}),
+              "CreatePDFfromPS(strPDFFile:=\"-a.pdf\", strPSFile:=\"-b.ps\")");
+}
+
+TEST(CommandLine, PasswordsComeFromAFileTheTerminalOrTheLine) {
+    const PasswordFile file("secret\r\nsecond line\n");
+    EXPECT_EQ(outcome_of({"CreatePSfromWord", "a.ps", "b.doc", "--password-file", file.path(),
+                          "--write-password-ask"}),
+              "CreatePSfromWord(strPSFile:=\"a.ps\", strWordDocument:=\"b.doc\", strPassword:=\"secret\", "
+              "strWritePassword:=\"typed at write-password: \")");
+    EXPECT_EQ(outcome_of({"CreatePSfromWord", "a.ps", "b.doc", "--password", "x"}),
+              "CreatePSfromWord(strPSFile:=\"a.ps\", strWordDocument:=\"b.doc\", strPassword:=\"x\")");
+}
+
+TEST(CommandLine, TwoSourcesForOnePasswordAreRefused) {
+    EXPECT_EQ(outcome_of({"CreatePSfromWord", "a", "b", "--password", "x", "--password-ask"}),
+              "2 foliant: --password excludes --password-ask\nSee 'foliant CreatePSfromWord --help'.\n");
+}
+
+TEST(CommandLine, RequiredPasswordsMayComeFromAFileAsWell) {
+    const PasswordFile file("secret\n");
+    EXPECT_EQ(outcome_of({"SetOpenPassword", "a.pdf", "--open-password-file", file.path()}),
+              "SetOpenPassword(strPDFFile:=\"a.pdf\", strOpenPassword:=\"secret\")");
+    EXPECT_EQ(outcome_of({"SetOpenPassword", "a.pdf"}),
+              "2 foliant: OPEN_PASSWORD is required\nSee 'foliant SetOpenPassword --help'.\n");
+}
+
+TEST(CommandLine, UnreadablePasswordFilesAreNamed) {
+    EXPECT_EQ(
+        outcome_of({"CreatePSfromWord", "a", "b", "--password-file", "/nowhere/x"}),
+        "2 foliant: cannot read the password file '/nowhere/x'\nSee 'foliant CreatePSfromWord --help'.\n");
+}
+
+TEST(CommandLine, WrongUseSaysWhatIsWrongAndWhereToLook) {
+    EXPECT_EQ(outcome_of({"CreatePDFfromPS", "a.pdf"}),
+              "2 foliant: --ps-file is required\nSee 'foliant CreatePDFfromPS --help'.\n");
+    EXPECT_EQ(outcome_of({"CreatePDFfromWord", "a", "b", "--page-number-alignment", "upwards"}),
+              "2 foliant: --page-number-alignment: 'upwards' is not left, center, right or a number\n"
+              "See 'foliant CreatePDFfromWord --help'.\n");
+    EXPECT_EQ(outcome_of({}), "2 foliant: A subcommand is required\nSee 'foliant --help'.\n");
+    EXPECT_EQ(parse_words({"CreatePDFfromNowhere", "a"}).exit_code, exit_usage);
+    EXPECT_EQ(parse_words({"CreatePDFfromPS", "a", "b", "c"}).exit_code, exit_usage);
+    EXPECT_EQ(parse_words({"CreatePDFfromPS", "a", "b", "--no-such-option"}).exit_code, exit_usage);
+    EXPECT_EQ(parse_words({"completion", "tcsh"}).exit_code, exit_usage);
+}
+
+TEST(CommandLine, CommonOptionsMayFollowTheMember) {
+    const Parsed parsed =
+        parse_words({"CreatePDFfromPS", "a", "b", "--json", "-q", "--timeout", "2.5", "--temp-path", "t"});
+    ASSERT_TRUE(parsed.request.has_value()) << parsed.error;
+    EXPECT_TRUE(parsed.request->options.json);
+    EXPECT_TRUE(parsed.request->options.quiet);
+    EXPECT_EQ(parsed.request->options.timeout_seconds, 2.5);
+    EXPECT_EQ(parsed.request->options.temp_path, "t");
+}
+
+TEST(CommandLine, RehearseTakesTheSameArguments) {
+    EXPECT_EQ(outcome_of({"rehearse", "CreatePDFfromPS", "a", "b", "--apply-security"}),
+              "rehearse CreatePDFfromPS(strPDFFile:=\"a\", strPSFile:=\"b\", blnApplySecurity:=True)");
+}
+
+TEST(CommandLine, ToolsTakeTheirWords) {
+    const Parsed set = parse_words({"registry", "set", "HKEY_CURRENT_USER\\Software\\X", "Name", "text"});
+    ASSERT_TRUE(set.request.has_value()) << set.error;
+    EXPECT_EQ(set.request->action, Request::Action::registry_set);
+    EXPECT_EQ(set.request->words,
+              (std::vector<std::string>{"HKEY_CURRENT_USER\\Software\\X", "Name", "text"}));
+    EXPECT_EQ(parse_words({"registry", "list"}).request->action, Request::Action::registry_list);
+    EXPECT_EQ(parse_words({"registry", "get", "K", ""}).request->words, (std::vector<std::string>{"K", ""}));
+    EXPECT_EQ(parse_words({"hosts"}).request->action, Request::Action::hosts);
+    EXPECT_EQ(parse_words({"man"}).request->action, Request::Action::manual);
+    EXPECT_EQ(parse_words({"completion", "zsh"}).request->words.front(), "zsh");
+}
+
+TEST(CommandLine, HelpOpensWithExamplesAndNamesEveryMemberAndExitCode) {
+    const Parsed parsed = parse_words({"--help"});
+    EXPECT_EQ(parsed.exit_code, 0);
+    EXPECT_TRUE(parsed.output.starts_with("Examples:\n  foliant CreatePDFfromWord letter.pdf letter.docx\n"))
+        << parsed.output;
+    for (const core::Member& member : core::members) {
+        EXPECT_NE(parsed.output.find("  " + std::string(member.name)), std::string::npos) << member.name;
+    }
+    for (const auto& row : exit_code_table)
+        EXPECT_NE(parsed.output.find(row.meaning), std::string::npos);
+}
+
+TEST(CommandLine, HelpOfAMemberShowsItsParametersWithTheirDefaults) {
+    const std::string help = parse_words({"CreatePDFfromWord", "--help"}).output;
+    EXPECT_NE(help.find("--landscape,--blnLandscape"), std::string::npos) << help;
+    EXPECT_NE(help.find("left, center or right [center]"), std::string::npos) << help;
+    EXPECT_NE(parse_words({"--version"}).output.find("foliant "), std::string::npos);
+}
+
+TEST(CommandLine, EveryMemberHasASubCommandThatParsesItsRequiredParameters) {
+    for (const core::Member& member : core::members) {
+        if (member.kind != core::MemberKind::method) continue;
+        std::vector<std::string> words{std::string(member.name)};
+        for (const core::Parameter& parameter : member.parameters()) {
+            if (!parameter.optional && parameter.type != core::ValueType::object) {
+                words.push_back("--" + std::string(parameter.name));
+                words.push_back("value");
+            }
+        }
+        const Parsed parsed = parse_words(words);
+        ASSERT_TRUE(parsed.request.has_value()) << member.name << ": " << parsed.error;
+        EXPECT_EQ(parsed.request->member->name, member.name);
+    }
+}
+
+}  // namespace
+}  // namespace foliant::cli

@@ -1,0 +1,33 @@
+#include "cli/option_names.h"
+
+#include <gtest/gtest.h>
+#include <set>
+
+#include "core/members.h"
+
+namespace foliant::cli {
+namespace {
+
+TEST(OptionNames, AreTheWordsOfTheParameterWithoutItsTypePrefix) {
+    EXPECT_EQ(option_name("blnLandscape"), "landscape");
+    EXPECT_EQ(option_name("lngFirstPageNumber"), "first-page-number");
+    EXPECT_EQ(option_name("strPDFFile"), "pdf-file");
+    EXPECT_EQ(option_name("strDWGFile"), "dwg-file");
+    EXPECT_EQ(option_name("intSecsToWaitForPDF"), "secs-to-wait-for-pdf");
+    EXPECT_EQ(option_name("strURL"), "url");
+    EXPECT_EQ(option_name("inet"), "inet");
+    EXPECT_EQ(placeholder("strWordDocument"), "WORD_DOCUMENT");
+}
+
+TEST(OptionNames, DifferWithinEachMemberAndFromTheCommonOptions) {
+    for (const core::Member& member : core::members) {
+        std::set<std::string> names{"json", "quiet", "timeout", "temp-path", "help", "version"};
+        for (const core::Parameter& parameter : member.parameters()) {
+            EXPECT_TRUE(names.insert(option_name(parameter.name)).second)
+                << member.name << " " << parameter.name;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace foliant::cli

@@ -1,0 +1,85 @@
+#include "cli/report.h"
+
+#include <gtest/gtest.h>
+
+#include "core/dispatch.h"
+#include "platform/stage/stage.h"
+
+namespace foliant::cli {
+namespace {
+
+using automation::Access;
+using automation::named;
+
+const core::Member& word() {
+    return *core::find_member(*core::find_dispid("CreatePDFfromWord"), Access::call);
+}
+
+Outcome an_outcome() {
+    Outcome outcome;
+    outcome.arguments = {named("strPDFFile", "a.pdf"), named("strPassword", "hidden"),
+                         named("strDistiller", "Adobe PDF")};
+    outcome.events = {{"JobStart", {"a.ps", "a.pdf"}}, {"PageNumber", {std::int32_t{1}}}};
+    return outcome;
+}
+
+TEST(Report, JsonHoldsEverythingButPasswords) {
+    EXPECT_EQ(json_report(word(), an_outcome()), R"({
+  "member": "CreatePDFfromWord",
+  "result": null,
+  "arguments": {
+    "strPDFFile": "a.pdf",
+    "strPassword": "***",
+    "strDistiller": "Adobe PDF"
+  },
+  "events": [
+    {
+      "name": "JobStart",
+      "arguments": [
+        "a.ps",
+        "a.pdf"
+      ]
+    },
+    {
+      "name": "PageNumber",
+      "arguments": [
+        1
+      ]
+    }
+  ],
+  "error": null,
+  "exitCode": 0
+}
+)");
+}
+
+TEST(Report, JsonOfAFailureHasNumberSourceAndDescription) {
+    const std::string report = json_error(word(), {53, "Foliant", "File not found"}, 1);
+    EXPECT_NE(report.find("\"number\": 53"), std::string::npos);
+    EXPECT_NE(report.find("\"source\": \"Foliant\""), std::string::npos);
+    EXPECT_NE(report.find("\"exitCode\": 1"), std::string::npos);
+}
+
+TEST(Report, BytesThatAreNoTextDoNotStopTheReport) {
+    Outcome outcome;
+    outcome.result = automation::Value(std::string("a\xFF"));
+    EXPECT_NE(json_report(word(), outcome).find("a\xEF\xBF\xBD"), std::string::npos);
+}
+
+TEST(Report, ResultsAreOneLineAndNothingForNone) {
+    Outcome outcome;
+    EXPECT_EQ(result_text(outcome), "");
+    outcome.result = "Adobe PDF";
+    EXPECT_EQ(result_text(outcome), "Adobe PDF\n");
+}
+
+TEST(Report, TheClosingLineTellsPagesAndSize) {
+    platform::stage::Stage stage;
+    stage.put_file("a.pdf");
+    EXPECT_EQ(closing_line(word(), an_outcome(), stage.platform()), "Wrote a.pdf (1 page, 1000 bytes)\n");
+    stage.files["a.pdf"].lengths = {2500000};
+    EXPECT_EQ(closing_line(word(), an_outcome(), stage.platform()), "Wrote a.pdf (1 page, 2.4 MiB)\n");
+}
+
+}  // namespace
+}  // namespace foliant::cli
