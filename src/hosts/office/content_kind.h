@@ -1,0 +1,24 @@
+#pragma once
+
+#include <com/sun/star/uno/XComponentContext.hpp>
+#include <filesystem>
+#include <string>
+
+namespace foliant::hosts {
+
+/// How a document is to be read: the name of the LibreOffice import filter, and its options (mostly empty).
+struct ImportFilter {
+    std::string name;
+    std::string options;
+};
+
+/// Decides by its content how the document at `path` (an absolute path) is to be read.
+///
+/// LibreOffice on its own would turn any bytes at all into pages of garbage text. Here a name that promises a
+/// Word, RTF or OpenDocument file has to hold one; plain text under an old ".doc" name is text, as in Word.
+/// Raises 5174 (no such file), 5792 (empty or damaged), 5151 (not a document that Word reads), 70 or 75.
+ImportFilter import_filter(
+    const std::filesystem::path& path,
+    const com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext>& office);
+
+}  // namespace foliant::hosts
