@@ -1,0 +1,31 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace foliant::hosts {
+
+/// A host program that the library drives, and what stands in for it on a machine without Windows.
+struct Host {
+    std::string_view name;  ///< Of the program it stands in for.
+    std::span<const std::string_view>
+        classes;               ///< ProgIDs and class identifiers, as they are officially spelt.
+    std::string_view engine;   ///< What does the work; "" when there is no engine for it.
+    std::string_view module;   ///< File name without ".so" of its module; "" in a version without it.
+    std::string_view package;  ///< The Debian package that brings the engine; "" when there is none.
+};
+
+/// All hosts that the library drives, whether this version has a stand-in or not; in the order to show them
+/// in.
+std::span<const Host> catalogue() noexcept;
+
+/// One class of a host.
+struct HostClass {
+    const Host* host = nullptr;  ///< Null when no host has such a class.
+    std::string_view name;       ///< As officially spelt.
+};
+
+/// The host that has the class of that ProgID or class identifier, in any case.
+HostClass find_class(std::string_view class_name) noexcept;
+
+}  // namespace foliant::hosts

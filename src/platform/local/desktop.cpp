@@ -1,0 +1,117 @@
+#include "platform/local/desktop.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "automation/error.h"
+#include "automation/text.h"
+#include "platform/local/desktop_port.h"
+
+namespace foliant::platform::local {
+
+using automation::equal_ignoring_case;
+using automation::RuntimeError;
+using sender::Milliseconds;
+using sender::Progress;
+
+namespace {
+
+/// Dialogs here are complete when they are put up, and all senders that will come have been started before.
+/// The courtesy is longer than a round of looks and shorter than the pause after a round in which nobody did
+/// anything.
+constexpr Milliseconds courtesy{500};
+constexpr Milliseconds pause_after_idle_round{1000};
+/// Far above what the acts of any dialog take; a host that undoes what senders do must not keep them at it
+/// for ever.
+constexpr int most_rounds = 100;
+
+sender::Timing timing() {
+    sender::Timing timing;
+    timing.settle = Milliseconds{0};
+    timing.courtesy = courtesy;
+    return timing;
+}
+
+}  // namespace
+
+Desktop::Desktop(MessageBox message_box)
+    : message_box_(std::move(message_box)), port_(std::make_unique<Port>(*this)) {}
+
+Desktop::~Desktop() = default;
+
+void Desktop::start_sender(sender::Command command) {
+    senders_.push_back(std::make_unique<sender::Sender>(std::move(command), timing()));
+}
+
+void Desktop::show(hosts::Dialog& dialog) {
+    Shown shown{.number = ++last_number_, .dialog = &dialog, .open = true, .clicks = {}, .claims = {}};
+    dialogs_.push_back(&shown);
+    const auto take_down = [this](Shown* gone) { std::erase(dialogs_, gone); };
+    const std::unique_ptr<Shown, decltype(take_down)> up(&shown, take_down);
+    for (int round = 0; shown.open; ++round) {
+        if (round == most_rounds) refuse(dialog);
+        if (step_senders()) continue;
+        port_->sleep_for(pause_after_idle_round);
+        if (!step_senders() && shown.open) refuse(dialog);
+    }
+    // A sender that sees to it that its dialog closes has come to its end now.
+    if (dialogs_.size() == 1) step_senders();
+}
+
+bool Desktop::step_senders() {
+    bool changed = false;
+    // By index: what a host does when it is told of a click may start further senders.
+    for (std::size_t i = 0; i < senders_.size(); ++i) {
+        senders_[i]->step(*port_);
+        changed = port_->take_changed() || changed;
+        if (!dialogs_.empty()) tell_clicks(*dialogs_.back());
+    }
+    return changed;
+}
+
+void Desktop::tell_clicks(Shown& shown) {
+    for (const std::size_t control : std::exchange(shown.clicks, {})) {
+        if (shown.dialog->on_click) shown.dialog->on_click(*shown.dialog, control);
+    }
+}
+
+void Desktop::refuse(const hosts::Dialog& dialog) const {
+    const bool awaited = std::any_of(senders_.begin(), senders_.end(), [&](const auto& sender) {
+        return equal_ignoring_case(sender->command().caption, dialog.caption);
+    });
+    const std::string reason =
+        awaited ? "the window sender that was started for it found nothing there to act on"
+                : "no window sender was started for it, and nobody sits at this machine's screen";
+    throw automation::Error(RuntimeError::action_not_supported,
+                            "The dialog \"" + dialog.caption + "\" cannot be answered: " + reason + ".");
+}
+
+void Desktop::put_window(std::string caption) {
+    windows_.push_back({++last_number_, std::move(caption)});
+}
+
+WindowHandle Desktop::find_window(const std::string& caption) {
+    for (auto shown = dialogs_.rbegin(); shown != dialogs_.rend(); ++shown) {
+        if ((*shown)->open && equal_ignoring_case((*shown)->dialog->caption, caption)) {
+            return static_cast<WindowHandle>((*shown)->number);
+        }
+    }
+    const auto found = std::find_if(windows_.begin(), windows_.end(), [&](const Window& window) {
+        return equal_ignoring_case(window.caption, caption);
+    });
+    return found == windows_.end() ? 0 : static_cast<WindowHandle>(found->number);
+}
+
+void Desktop::close_window(WindowHandle window, const std::string&) {
+    const auto number = static_cast<std::uintptr_t>(window);
+    std::erase_if(windows_, [&](const Window& candidate) { return candidate.number == number; });
+    for (Shown* shown : dialogs_) {
+        if (shown->number == number) shown->open = false;
+    }
+}
+
+void Desktop::message_box(const std::string& prompt, const std::string& title, std::uint32_t style) {
+    if (message_box_) message_box_(prompt, title, style);
+}
+
+}  // namespace foliant::platform::local

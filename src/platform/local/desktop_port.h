@@ -1,0 +1,48 @@
+#pragma once
+
+#include <utility>
+
+#include "platform/local/desktop.h"
+
+namespace foliant::platform::local {
+
+/// The desktop as its senders see it.
+///
+/// Acts are noted and the host is told of them when the sender has returned: a sender does not wait for what
+/// a program does next.
+class Desktop::Port : public sender::Windows {
+  public:
+    explicit Port(Desktop& desktop) : desktop_(desktop) {}
+
+    std::vector<sender::TopLevel> top_level() override;
+    std::vector<sender::Control> controls(sender::WindowId window) override;
+    bool is_open(sender::WindowId window) override;
+    bool set_text(sender::WindowId control, const std::string& text) override;
+    bool tick(sender::WindowId check_box) override;
+    bool press(sender::WindowId push_button) override;
+    bool confirm(sender::WindowId window) override;
+    bool claim(sender::WindowId window, sender::Claim act) override;
+    bool is_claimed(sender::WindowId window, sender::Claim act) override;
+    sender::Milliseconds now() override;
+    void sleep_for(sender::Milliseconds time) override { skipped_ += time; }
+
+    /// Whether an act changed something since this was asked last.
+    bool take_changed() { return std::exchange(changed_, false); }
+
+  private:
+    struct Found {
+        Shown* shown = nullptr;
+        std::size_t index = 0;
+        hosts::Control* control = nullptr;
+    };
+
+    Shown* find_dialog(sender::WindowId window) const;
+    Found find_control(sender::WindowId control) const;
+    void close(Shown& shown, bool accepted);
+
+    Desktop& desktop_;
+    bool changed_ = false;
+    sender::Milliseconds skipped_{0};
+};
+
+}  // namespace foliant::platform::local

@@ -1,0 +1,119 @@
+#include "platform/local/host_modules.h"
+
+#include <algorithm>
+#include <dlfcn.h>
+#include <stdexcept>
+#include <utility>
+
+#include "automation/error.h"
+
+namespace foliant::platform::local {
+
+namespace fs = std::filesystem;
+using automation::Error;
+using automation::RuntimeError;
+
+namespace {
+
+constexpr const char* entry_name = "foliant_host_module";
+constexpr std::string_view not_in_this_version = "It is not available in this version.";
+
+Error cannot_create(std::string_view host, const std::string& reason) {
+    const std::string usual(automation::usual_description(RuntimeError::cannot_create_object));
+    return {RuntimeError::cannot_create_object, usual + ": " + std::string(host) + ". " + reason};
+}
+
+/// The same failure, with the usual sentence in front and the host's name, whatever the module called it.
+Error as_creation_error(std::string_view host, const Error& error) {
+    const std::string& text = error.description();
+    if (error.is(RuntimeError::cannot_create_object) &&
+        text.starts_with(automation::usual_description(RuntimeError::cannot_create_object))) {
+        return error;
+    }
+    return cannot_create(host, text);
+}
+
+std::string advice(const hosts::Host& host) {
+    return host.package.empty() ? std::string()
+                                : " Install the package " + std::string(host.package) + " to have it.";
+}
+
+std::string absence(const hosts::Host& host) {
+    return host.engine.empty() ? "There is no engine that stands in for it."
+                               : std::string(not_in_this_version);
+}
+
+}  // namespace
+
+HostModules::HostModules(std::vector<fs::path> folders, hosts::Machine& machine)
+    : folders_(std::move(folders)), machine_(machine) {}
+
+automation::ObjectPtr HostModules::create(std::string_view class_name) {
+    const hosts::HostClass wanted = hosts::find_class(class_name);
+    if (wanted.host == nullptr) throw cannot_create(class_name, "No host on this machine has such a class.");
+    const hosts::Host& host = *wanted.host;
+    if (host.module.empty()) throw cannot_create(host.name, absence(host));
+    try {
+        automation::ObjectPtr object = module_of(host).create(wanted.name, machine_);
+        if (object == nullptr) throw std::runtime_error("Its module made no object.");
+        return object;
+    } catch (const Error& error) {
+        throw as_creation_error(host.name, error);
+    } catch (const std::exception& problem) {
+        throw cannot_create(host.name, problem.what());
+    }
+}
+
+const hosts::Module& HostModules::module_of(const hosts::Host& host) {
+    const hosts::Module*& known = loaded_[host.module];
+    if (known == nullptr) known = &load(host);
+    return *known;
+}
+
+const hosts::Module& HostModules::load(const hosts::Host& host) const {
+    const fs::path file = std::string(host.module) + ".so";
+    const auto folder = std::find_if(folders_.begin(), folders_.end(), [&](const fs::path& candidate) {
+        std::error_code ignored;
+        return fs::exists(candidate / file, ignored);
+    });
+    if (folder == folders_.end()) {
+        throw std::runtime_error("Its module hosts/" + file.string() +
+                                 " is not there: this installation was built without " +
+                                 std::string(host.engine) + ".");
+    }
+    void* library = ::dlopen((*folder / file).c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (library == nullptr) {
+        // Said once: asking clears it.
+        const std::string reason = ::dlerror();
+        throw std::runtime_error(std::string(host.engine) + " is not installed (" + reason + ")." +
+                                 advice(host));
+    }
+    const auto entry = reinterpret_cast<hosts::ModuleEntry>(::dlsym(library, entry_name));
+    const hosts::Module* module = entry == nullptr ? nullptr : entry();
+    if (module == nullptr || module->create == nullptr || module->engine_version == nullptr) {
+        throw std::runtime_error((*folder / file).string() + " is no host module.");
+    }
+    return *module;
+}
+
+std::vector<HostStatus> HostModules::list() {
+    std::vector<HostStatus> states;
+    for (const hosts::Host& host : hosts::catalogue()) {
+        HostStatus state{std::string(host.name), std::string(host.engine), {}, std::string(host.package), {}};
+        try {
+            if (host.module.empty()) throw std::runtime_error(absence(host));
+            state.version = module_of(host).engine_version();
+        } catch (...) {
+            state.problem = automation::current_error().description();
+        }
+        states.push_back(std::move(state));
+    }
+    return states;
+}
+
+std::vector<fs::path> HostModules::usual_folders(const fs::path& executable) {
+    const fs::path folder = executable.parent_path();
+    return {folder / "hosts", (folder / "../lib/foliant/hosts").lexically_normal()};
+}
+
+}  // namespace foliant::platform::local

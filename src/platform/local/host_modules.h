@@ -1,0 +1,52 @@
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "hosts/catalogue.h"
+#include "hosts/machine.h"
+#include "hosts/module.h"
+#include "platform/servers.h"
+
+namespace foliant::platform::local {
+
+/// What there is of a host on this machine.
+struct HostStatus {
+    std::string name;     ///< "Word"
+    std::string engine;   ///< "LibreOffice Writer"; "" when there is no engine for it
+    std::string version;  ///< "7.4.7.2"; "" unless it can be used
+    std::string package;  ///< the Debian package that brings the engine; "" when installing does not help
+    std::string problem;  ///< why it cannot be used, a sentence; "" when it can
+};
+
+/// The automation classes of the stand-in hosts. A host's module is loaded when one of its classes is first
+/// created, and stays loaded: engines do not survive being unloaded.
+class HostModules : public Servers {
+  public:
+    /// Modules are looked for in `folders`, in this order. `machine` outlives this and every object created.
+    HostModules(std::vector<std::filesystem::path> folders, hosts::Machine& machine);
+
+    /// Raises 429, whose text names the host, what is wrong, and the package to install where that helps.
+    automation::ObjectPtr create(std::string_view class_name) override;
+
+    /// Every host of the catalogue with its state. Loads the modules but starts no engine. Never raises.
+    std::vector<HostStatus> list();
+
+    /// Where modules lie for a program at that path: beside it in the build folder, in ../lib/foliant/hosts
+    /// once installed.
+    static std::vector<std::filesystem::path> usual_folders(const std::filesystem::path& executable);
+
+  private:
+    /// Throws std::runtime_error with the reason when the module is not there or does not load.
+    const hosts::Module& module_of(const hosts::Host& host);
+    const hosts::Module& load(const hosts::Host& host) const;
+
+    std::vector<std::filesystem::path> folders_;
+    hosts::Machine& machine_;
+    std::map<std::string_view, const hosts::Module*> loaded_;
+};
+
+}  // namespace foliant::platform::local

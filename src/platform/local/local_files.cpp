@@ -1,0 +1,131 @@
+#include "platform/local/local_files.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/local/descriptor.h"
+#include "platform/local/system_error.h"
+
+namespace foliant::platform::local {
+
+using automation::RuntimeError;
+
+namespace {
+
+constexpr std::size_t piece = 65536;
+
+/// The system would stop at the NUL, and reach another file than the one named.
+bool holds_nul(const std::string& path) noexcept {
+    return path.find('\0') != std::string::npos;
+}
+
+RuntimeError of_storage(int code) noexcept {
+    return code == ENOSPC || code == EDQUOT || code == EFBIG ? RuntimeError::disk_full
+                                                             : RuntimeError::device_io_error;
+}
+
+bool is_refusal(int code) noexcept {
+    return code == EACCES || code == EPERM || code == EROFS || code == EBUSY || code == ETXTBSY;
+}
+
+/// There cannot be anything of that name.
+bool is_nowhere(int code) noexcept {
+    return code == ENOENT || code == ENOTDIR || code == ENAMETOOLONG || code == ELOOP || code == EINVAL;
+}
+
+RuntimeError of_existing_file(int code) noexcept {
+    if (is_nowhere(code) || code == EISDIR) return RuntimeError::file_not_found;
+    return is_refusal(code) ? RuntimeError::permission_denied : of_storage(code);
+}
+
+RuntimeError of_new_entry(int code) noexcept {
+    if (code == EEXIST || code == EISDIR) return RuntimeError::path_file_access;
+    if (is_nowhere(code)) return RuntimeError::path_not_found;
+    return is_refusal(code) ? RuntimeError::permission_denied : of_storage(code);
+}
+
+class LocalText : public TextFile {
+  public:
+    LocalText(Descriptor file, std::string path) : file_(std::move(file)), path_(std::move(path)) {}
+    ~LocalText() override {
+        try {
+            close();
+        } catch (...) {  // NOLINT(bugprone-empty-catch): nobody is left to tell
+        }
+    }
+
+    void write_line(std::string_view line) override {
+        waiting_ += line;
+        waiting_ += "\r\n";
+        if (waiting_.size() >= piece) write_waiting();
+    }
+
+    void close() override {
+        if (!file_) return;
+        write_waiting();
+        if (::close(file_.release()) != 0 && errno != EINTR) fail();
+    }
+
+  private:
+    void write_waiting() {
+        // Lines that cannot be written are not tried again.
+        const std::string text = std::exchange(waiting_, {});
+        for (std::string_view rest = text; !rest.empty();) {
+            const ssize_t written = ::write(file_.get(), rest.data(), rest.size());
+            if (written < 0 && errno == EINTR) continue;
+            if (written < 0) fail();
+            rest.remove_prefix(static_cast<std::size_t>(written));
+        }
+    }
+
+    [[noreturn]] void fail() const { throw system_error(of_storage(errno), "write", path_, errno); }
+
+    Descriptor file_;
+    std::string path_;
+    std::string waiting_;
+};
+
+}  // namespace
+
+std::int64_t LocalFiles::length(const std::string& path) {
+    struct stat status {};
+    if (holds_nul(path) || ::stat(path.c_str(), &status) != 0) {
+        const int code = holds_nul(path) ? ENOENT : errno;
+        throw system_error(of_existing_file(code), "find", path, code);
+    }
+    if (S_ISDIR(status.st_mode)) throw system_error(RuntimeError::file_not_found, "use", path, EISDIR);
+    if (!S_ISREG(status.st_mode)) {
+        throw automation::Error(RuntimeError::file_not_found,
+                                "File not found: " + path + " is no ordinary file.");
+    }
+    return status.st_size;
+}
+
+bool LocalFiles::exists_in_current_folder(const std::string& name) {
+    struct stat status {};
+    return !holds_nul(name) && name.find('/') == std::string::npos && ::lstat(name.c_str(), &status) == 0;
+}
+
+void LocalFiles::remove(const std::string& path) {
+    if (holds_nul(path)) throw system_error(RuntimeError::file_not_found, "delete", path, ENOENT);
+    if (::unlink(path.c_str()) != 0) throw system_error(of_existing_file(errno), "delete", path, errno);
+}
+
+void LocalFiles::make_folder(const std::string& path) {
+    if (holds_nul(path)) throw system_error(RuntimeError::path_not_found, "make the folder", path, EINVAL);
+    if (::mkdir(path.c_str(), 0777) != 0) {
+        throw system_error(of_new_entry(errno), "make the folder", path, errno);
+    }
+}
+
+std::unique_ptr<TextFile> LocalFiles::create_text(const std::string& path) {
+    if (path.empty() || holds_nul(path))
+        throw system_error(RuntimeError::path_file_access, "write", path, EINVAL);
+    Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
+    if (!file) throw system_error(of_new_entry(errno), "write", path, errno);
+    return std::make_unique<LocalText>(std::move(file), path);
+}
+
+}  // namespace foliant::platform::local

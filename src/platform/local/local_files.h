@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/files.h"
+
+namespace foliant::platform::local {
+
+/// The real files of this machine. Texts are written as they are: what the port calls the ANSI code page is
+/// UTF-8 here. Every error names the file and the system's reason.
+class LocalFiles : public Files {
+  public:
+    char separator() const noexcept override { return '/'; }
+
+    /// Raises 70 when a folder on the way may not be searched, and 53 for anything that is no regular file.
+    std::int64_t length(const std::string& path) override;
+
+    /// "" and names with a separator are no bare names; there is no such entry.
+    bool exists_in_current_folder(const std::string& name) override;
+
+    /// A link is removed, not what it points to. A folder counts as no file: 53.
+    void remove(const std::string& path) override;
+
+    /// Raises 70 when the parent may not be written to, 61 when the disk is full.
+    void make_folder(const std::string& path) override;
+
+    /// Raises 76 when the folder is missing, 75 for a folder or an empty path, 70 when it may not be written,
+    /// 61 when the disk is full. Lines are kept back and written in larger pieces, so a full disk may show at
+    /// `close` only.
+    std::unique_ptr<TextFile> create_text(const std::string& path) override;
+};
+
+}  // namespace foliant::platform::local

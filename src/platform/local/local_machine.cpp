@@ -1,0 +1,107 @@
+#include "platform/local/local_machine.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <system_error>
+#include <utility>
+
+#include "automation/error.h"
+#include "automation/text.h"
+#include "sender/command.h"
+
+namespace foliant::platform::local {
+
+namespace fs = std::filesystem;
+using automation::equal_ignoring_case;
+
+namespace {
+
+constexpr const char* sender_program = "quorixsend.exe";
+
+fs::path usual_configuration_folder() {
+    // Both variables count only as absolute paths: a program's settings must not depend on where it is
+    // started.
+    if (const char* named = std::getenv("XDG_CONFIG_HOME");
+        named != nullptr && fs::path(named).is_absolute()) {
+        return fs::path(named) / "foliant";
+    }
+    const char* home = std::getenv("HOME");
+    return fs::path(home != nullptr && fs::path(home).is_absolute() ? home : "/") / ".config" / "foliant";
+}
+
+LocalOptions completed(LocalOptions options) {
+    std::error_code ignored;
+    if (options.temporary_folder.empty()) options.temporary_folder = PrivateFolder::usual_parent();
+    if (options.configuration_folder.empty()) options.configuration_folder = usual_configuration_folder();
+    if (options.executable.empty()) options.executable = fs::read_symlink("/proc/self/exe", ignored);
+    return options;
+}
+
+std::vector<fs::path> module_folders(const LocalOptions& options) {
+    if (!options.hosts_folder.empty()) return {options.hosts_folder};
+    return HostModules::usual_folders(options.executable);
+}
+
+/// What the PDF printer was told to write, when that is what the dialog was about.
+std::optional<fs::path> saved_file(const hosts::Dialog& dialog) {
+    if (!dialog.accepted || !equal_ignoring_case(dialog.caption, "Save PDF File As")) return std::nullopt;
+    const auto edit = std::find_if(
+        dialog.controls.begin(), dialog.controls.end(),
+        [](const hosts::Control& control) { return equal_ignoring_case(control.window_class, "Edit"); });
+    return edit == dialog.controls.end() ? std::nullopt : std::optional<fs::path>(edit->text);
+}
+
+}  // namespace
+
+LocalMachine::LocalMachine(LocalOptions options)
+    : options_(completed(std::move(options))),
+      private_folder_(options_.temporary_folder),
+      store_(options_.configuration_folder),
+      printers_(store_),
+      registry_(store_, options_.on_trouble),
+      desktop_(options_.on_message_box),
+      shell_(private_folder_.path(), [this] { return make_system_folder(); }),
+      modules_(module_folders(options_), *this) {
+    programs_.install((private_folder_.path() / "system" / sender_program).string(),
+                      [this](std::string_view tail) { run_sender(tail); });
+}
+
+Platform LocalMachine::platform() {
+    return {registry_, files_, clock_, desktop_, programs_, shell_, modules_};
+}
+
+fs::path LocalMachine::make_system_folder() {
+    const fs::path folder = private_folder_.path() / "system";
+    // The sender is this very program. Looking at the link has to find a file, even one that an update has
+    // replaced.
+    if (fs::create_directory(folder)) {
+        std::error_code gone;
+        const bool there = fs::exists(options_.executable, gone);
+        fs::create_symlink(there ? options_.executable : "/proc/self/exe", folder / sender_program);
+    }
+    return folder;
+}
+
+void LocalMachine::run_sender(std::string_view tail) {
+    try {
+        desktop_.start_sender(sender::parse(tail));
+    } catch (const sender::CommandError& error) {
+        // As a program, the sender has been started and ends at once; its caller never looks at how.
+        if (options_.on_trouble) options_.on_trouble(error.what());
+    }
+}
+
+void LocalMachine::print(std::string_view printer, const fs::path& pdf, std::string_view title) {
+    printers_.print(printer, pdf, title);
+}
+
+void LocalMachine::show(hosts::Dialog& dialog) {
+    desktop_.show(dialog);
+    if (const auto file = saved_file(dialog)) desktop_.put_window(viewer_caption(*file));
+}
+
+std::optional<std::string> LocalMachine::setting(std::string_view key, std::string_view value) const {
+    return store_.text("HKEY_CURRENT_USER\\" + std::string(key), value);
+}
+
+}  // namespace foliant::platform::local

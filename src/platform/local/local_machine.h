@@ -1,0 +1,91 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "hosts/machine.h"
+#include "platform/local/desktop.h"
+#include "platform/local/host_modules.h"
+#include "platform/local/local_clock.h"
+#include "platform/local/local_files.h"
+#include "platform/local/local_programs.h"
+#include "platform/local/local_registry.h"
+#include "platform/local/local_shell.h"
+#include "platform/local/printers.h"
+#include "platform/local/private_folder.h"
+#include "platform/local/registry_store.h"
+#include "platform/platform.h"
+
+/// The outside world of a machine without Windows: real files and clock, a keyed store for the registry, a
+/// desktop inside the process, and stand-in hosts. Knows the ports, hosts/ and sender/.
+namespace foliant::platform::local {
+
+/// Where a local machine keeps things and whom it tells. What is left empty has its usual value.
+struct LocalOptions {
+    std::filesystem::path temporary_folder;  ///< The private folder is made in it; `$TMPDIR`, else /tmp.
+    /// Holds registry.json; `$XDG_CONFIG_HOME/foliant`, else `~/.config/foliant`.
+    std::filesystem::path configuration_folder;
+    std::filesystem::path executable;  ///< The running program.
+    std::filesystem::path
+        hosts_folder;  ///< Modules are looked for there only; else where the program's own lie.
+    /// Shows a message box; nobody sees it when empty.
+    Desktop::MessageBox on_message_box;
+    /// Told, in a sentence, of trouble that raises no error in the library; may be empty.
+    std::function<void(const std::string&)> on_trouble;
+};
+
+/// The local machine, as the library sees it (`platform`) and as its hosts see it (`hosts::Machine`).
+///
+/// Making one makes the private folder and nothing else: settings are read when something asks for them,
+/// engines are loaded when one of their classes is created. Everything that was got from it has to be gone
+/// before it goes.
+class LocalMachine : public hosts::Machine {
+  public:
+    /// Raises an automation error when the private folder cannot be made.
+    explicit LocalMachine(LocalOptions options = {});
+
+    /// The ports. They live as long as the machine.
+    Platform platform();
+
+    RegistryStore& registry() { return store_; }
+    Desktop& desktop() { return desktop_; }
+    LocalPrograms& programs() { return programs_; }
+
+    /// Every host with its engine, version and package; starts no engine.
+    std::vector<HostStatus> host_states() { return modules_.list(); }
+
+    /// Removes the private folder at once, for a process that ends without unwinding.
+    void remove_private_folder() noexcept { private_folder_.remove(); }
+
+    // What hosts ask for.
+    std::filesystem::path private_folder() const override { return private_folder_.path(); }
+    bool has_printer(std::string_view name) const override { return printers_.has(name); }
+    bool is_pdf_printer(std::string_view name) const override { return printers_.is_pdf_printer(name); }
+    std::string default_printer() const override { return printers_.default_name(); }
+    void print(std::string_view printer, const std::filesystem::path& pdf, std::string_view title) override;
+    void show(hosts::Dialog& dialog) override;
+    std::optional<std::string> setting(std::string_view key, std::string_view value) const override;
+
+  private:
+    std::filesystem::path make_system_folder();
+    void run_sender(std::string_view tail);
+
+    LocalOptions options_;
+    PrivateFolder private_folder_;
+    // Asking these fills what they remember, which is not a change that a host could see.
+    mutable RegistryStore store_;
+    mutable Printers printers_;
+    LocalRegistry registry_;
+    LocalFiles files_;
+    LocalClock clock_;
+    Desktop desktop_;
+    LocalPrograms programs_;
+    LocalShell shell_;
+    HostModules modules_;
+};
+
+}  // namespace foliant::platform::local

@@ -1,0 +1,55 @@
+#include "platform/local/printers.h"
+
+#include "automation/error.h"
+
+namespace foliant::platform::local {
+
+using automation::Error;
+using automation::RuntimeError;
+
+namespace {
+constexpr std::string_view usual_name = "Adobe PDF";
+constexpr std::string_view older_name = "Acrobat Distiller";
+}  // namespace
+
+std::string Printers::registered_name() {
+    return store_.text("HKEY_LOCAL_MACHINE\\SOFTWARE\\Adobe\\Acrobat Distiller\\6.0\\PrinterName", "")
+        .value_or(std::string());
+}
+
+bool Printers::is_pdf_printer(std::string_view name) {
+    return name == usual_name || name == older_name || (!name.empty() && name == registered_name());
+}
+
+bool Printers::has(std::string_view name) {
+    return is_pdf_printer(name) || cups_.has_printer(std::string(name));
+}
+
+std::string Printers::default_name() {
+    std::string queue = cups_.default_printer();
+    if (!queue.empty()) return queue;
+    const std::string registered = registered_name();
+    return registered.empty() ? std::string(usual_name) : registered;
+}
+
+void Printers::print(std::string_view name, const std::filesystem::path& pdf, std::string_view title) {
+    const std::string printer(name);
+    if (is_pdf_printer(name)) {
+        throw Error(RuntimeError::invalid_procedure_call,
+                    "\"" + printer +
+                        "\" is the PDF printer: it asks for its output file in a dialog and gets no job.");
+    }
+    if (!has(name)) {
+        throw Error(RuntimeError::invalid_procedure_call,
+                    "There is no printer \"" + printer +
+                        "\". The printers are \"Adobe PDF\" and those that "
+                        "\"lpstat -e\" shows.");
+    }
+    cups_.print(printer, pdf, std::string(title));
+}
+
+std::string viewer_caption(const std::filesystem::path& pdf) {
+    return "Adobe Acrobat - [" + pdf.filename().string() + "]";
+}
+
+}  // namespace foliant::platform::local

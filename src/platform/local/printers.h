@@ -1,0 +1,39 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "platform/local/cups.h"
+#include "platform/local/registry_store.h"
+
+namespace foliant::platform::local {
+
+/// The printers of the machine: the PDF printer, which is built in, and the queues of the spooler. Names are
+/// told apart by case. The spooler is asked only about names that are not the PDF printer's.
+class Printers {
+  public:
+    /// `store` outlives this; it says by what name Acrobat has registered its printer.
+    explicit Printers(RegistryStore& store) : store_(store) {}
+
+    /// "Adobe PDF", "Acrobat Distiller" and the registered name are one printer.
+    bool is_pdf_printer(std::string_view name);
+    bool has(std::string_view name);
+    /// The spooler's default queue, or the PDF printer when there is none.
+    std::string default_name();
+    /// Prints a finished PDF file on a queue of the spooler. Raises 5 for a printer that does not exist or is
+    /// the PDF printer, and 57 when the spooler does not take the job.
+    void print(std::string_view name, const std::filesystem::path& pdf, std::string_view title);
+
+  private:
+    std::string registered_name();
+
+    RegistryStore& store_;
+    Cups cups_;
+};
+
+/// The caption of the viewer that the PDF printer leaves open on the file that it has written: "Adobe Acrobat
+/// - [Report.pdf]".
+std::string viewer_caption(const std::filesystem::path& pdf);
+
+}  // namespace foliant::platform::local

@@ -1,0 +1,111 @@
+#include "platform/local/private_folder.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <system_error>
+
+#include "platform/local/system_error.h"
+
+namespace foliant::platform::local {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* lock_name = ".lock";
+constexpr std::string_view name_prefix = "foliant-";
+constexpr std::size_t name_length = 14;
+
+bool same_file(const struct stat& a, const struct stat& b) noexcept {
+    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
+
+/// Locks the file of that name in the open folder; nothing when somebody else has it or it was removed
+/// meanwhile.
+Descriptor lock_in(int folder, int open_flags) noexcept {
+    Descriptor lock(::openat(folder, lock_name, open_flags | O_RDWR | O_NOFOLLOW | O_CLOEXEC, 0600));
+    struct stat held {};
+    struct stat named {};
+    if (!lock || ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0 || ::fstat(lock.get(), &held) != 0 ||
+        ::fstatat(folder, lock_name, &named, AT_SYMLINK_NOFOLLOW) != 0 || !same_file(held, named)) {
+        return {};
+    }
+    return lock;
+}
+
+Descriptor open_folder(const fs::path& path) noexcept {
+    return Descriptor(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+}
+
+void remove_if_dead(const fs::path& path) noexcept {
+    const Descriptor folder = open_folder(path);
+    struct stat status {};
+    if (!folder || ::fstat(folder.get(), &status) != 0 || status.st_uid != ::geteuid()) return;
+    // The lock is held until all is gone, so that of two sweepers only one is at work here.
+    if (const Descriptor lock = lock_in(folder.get(), 0)) {
+        std::error_code ignored;
+        fs::remove_all(path, ignored);
+    }
+}
+
+}  // namespace
+
+PrivateFolder::PrivateFolder(const fs::path& parent) : owner_(::getpid()) {
+    sweep(parent);
+    // A sweeper may take a folder for dead in the instant before its lock is held; then there is another.
+    while (!try_to_make(fs::absolute(parent))) {
+    }
+}
+
+bool PrivateFolder::try_to_make(const fs::path& parent) {
+    std::string made = (parent / (std::string(name_prefix) + "XXXXXX")).string();
+    if (::mkdtemp(made.data()) == nullptr) {
+        const auto number = errno == ENOSPC || errno == EDQUOT ? automation::RuntimeError::disk_full
+                            : errno == ENOENT || errno == ENOTDIR
+                                ? automation::RuntimeError::path_not_found
+                                : automation::RuntimeError::permission_denied;
+        throw system_error(number, "make a temporary folder in", parent.string(), errno);
+    }
+    const Descriptor folder = open_folder(made);
+    lock_ = lock_in(folder.get(), O_CREAT);
+    if (!lock_) {
+        const int code = errno;
+        std::error_code ignored;
+        fs::remove_all(made, ignored);
+        if (code == ENOSPC || code == EDQUOT || code == EMFILE || code == ENFILE) {
+            throw system_error(automation::RuntimeError::disk_full, "use the temporary folder", made, code);
+        }
+        return false;
+    }
+    path_ = made;
+    return true;
+}
+
+void PrivateFolder::remove() noexcept {
+    if (path_.empty() || ::getpid() != owner_) return;
+    std::error_code ignored;
+    // An engine's thread may be writing still, which makes a folder that was just emptied fill again.
+    for (int attempt = 0; attempt < 3 && fs::exists(path_, ignored); ++attempt)
+        fs::remove_all(path_, ignored);
+}
+
+fs::path PrivateFolder::usual_parent() {
+    const char* named = std::getenv("TMPDIR");
+    std::error_code ignored;
+    return named != nullptr && fs::is_directory(named, ignored) ? fs::path(named) : fs::path("/tmp");
+}
+
+void PrivateFolder::sweep(const fs::path& parent) noexcept {
+    try {
+        for (const fs::directory_entry& entry : fs::directory_iterator(parent)) {
+            const std::string name = entry.path().filename().string();
+            if (name.size() == name_length && name.starts_with(name_prefix)) remove_if_dead(entry.path());
+        }
+    } catch (...) {  // NOLINT(bugprone-empty-catch): tidying up is worth no failure
+    }
+}
+
+}  // namespace foliant::platform::local

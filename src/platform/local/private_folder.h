@@ -1,0 +1,44 @@
+#pragma once
+
+#include <filesystem>
+#include <sys/types.h>
+
+#include "platform/local/descriptor.h"
+
+namespace foliant::platform::local {
+
+/// A folder of this process alone, `foliant-XXXXXX` with mode 0700, removed with everything in it when its
+/// owner ends. A file in it is locked as long as the owner lives; the system lets go of that lock however the
+/// process ends, so a later start finds the folders of killed processes and removes them.
+class PrivateFolder {
+  public:
+    /// Makes the folder in `parent`, after removing what dead processes of the same user left there.
+    /// Raises an automation error that names `parent` when it cannot be made.
+    explicit PrivateFolder(const std::filesystem::path& parent);
+    PrivateFolder(const PrivateFolder&) = delete;
+    PrivateFolder& operator=(const PrivateFolder&) = delete;
+    ~PrivateFolder() { remove(); }
+
+    /// Absolute.
+    const std::filesystem::path& path() const noexcept { return path_; }
+
+    /// Removes the folder before its time, for a process that is about to end without unwinding. A forked
+    /// child removes nothing. What cannot be removed stays.
+    void remove() noexcept;
+
+    /// `$TMPDIR`, or `/tmp` when that names no folder.
+    static std::filesystem::path usual_parent();
+
+    /// Removes from `parent` the folders whose owner is dead: only real folders that belong to this user and
+    /// hold a lock file that nobody has locked. Never raises.
+    static void sweep(const std::filesystem::path& parent) noexcept;
+
+  private:
+    bool try_to_make(const std::filesystem::path& parent);
+
+    std::filesystem::path path_;
+    Descriptor lock_;
+    pid_t owner_;
+};
+
+}  // namespace foliant::platform::local

@@ -1,0 +1,130 @@
+#include "platform/local/private_folder.h"
+
+#include <algorithm>
+#include <array>
+#include <gtest/gtest.h>
+#include <optional>
+#include <signal.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "automation/error.h"
+#include "platform/local/temporary_folder.h"
+
+namespace foliant::platform::local::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Runs `body` in a forked process that is then killed like by a user's `kill -9`; what it returned.
+template <class Body>
+fs::path in_killed_process(Body body) {
+    std::array<int, 2> pipe{};
+    EXPECT_EQ(::pipe(pipe.data()), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const std::string result = body().string();
+        if (::write(pipe[1], result.data(), result.size()) < 0) ::_exit(1);
+        ::raise(SIGKILL);
+    }
+    ::waitpid(child, nullptr, 0);
+    std::array<char, 4096> text{};
+    const ssize_t length = ::read(pipe[0], text.data(), text.size());
+    ::close(pipe[0]);
+    ::close(pipe[1]);
+    return std::string(text.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
+}
+
+TEST(PrivateFolder, IsForItsOwnerAloneAndGoesWithEverythingInIt) {
+    const TemporaryFolder parent;
+    fs::path path;
+    {
+        const PrivateFolder folder(parent.path());
+        path = folder.path();
+        struct stat status {};
+        ASSERT_EQ(::stat(path.c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 07777U, 0700U);
+        EXPECT_EQ(path.parent_path(), parent.path());
+        EXPECT_TRUE(path.filename().string().starts_with("foliant-"));
+        fs::create_directories(path / "a" / "b");
+        write_file(path / "a" / "b" / "c", "x");
+    }
+    EXPECT_FALSE(fs::exists(path));
+}
+
+TEST(PrivateFolder, OfAKilledProcessIsRemovedByTheNextStart) {
+    const TemporaryFolder parent;
+    const fs::path left = in_killed_process([&] {
+        auto* folder = new PrivateFolder(parent.path());
+        write_file(folder->path() / "1234.ps", "half a page");
+        return folder->path();
+    });
+    ASSERT_TRUE(fs::exists(left / "1234.ps"));
+    const PrivateFolder next(parent.path());
+    EXPECT_FALSE(fs::exists(left));
+    EXPECT_TRUE(fs::exists(next.path()));
+}
+
+TEST(PrivateFolder, OfALivingProcessIsLeftAlone) {
+    const TemporaryFolder parent;
+    const PrivateFolder first(parent.path());
+    const PrivateFolder second(parent.path());
+    EXPECT_NE(first.path(), second.path());
+    EXPECT_TRUE(fs::exists(first.path()));
+}
+
+TEST(PrivateFolder, SweepingTouchesOnlyWhatIsSurelyADeadProcesss) {
+    const TemporaryFolder parent;
+    const TemporaryFolder elsewhere;
+    write_file(elsewhere / ".lock", "");
+    fs::create_directory_symlink(elsewhere.path(), parent / "foliant-linked");  // not a folder of its own
+    fs::create_directory(parent / "foliant-nolock");  // made this very moment, or foreign
+    fs::create_directory(parent / "foliant-longername");
+    write_file(parent / "foliant-longername/.lock", "");
+    write_file(parent / "foliant-a_file", "");
+    PrivateFolder::sweep(parent.path());
+    EXPECT_TRUE(fs::exists(elsewhere / ".lock"));
+    for (const char* name :
+         {"foliant-linked", "foliant-nolock", "foliant-longername/.lock", "foliant-a_file"})
+        EXPECT_TRUE(fs::exists(parent / name)) << name;
+}
+
+TEST(PrivateFolder, FollowsNoLinkOutOfADeadFolder) {
+    const TemporaryFolder parent;
+    const TemporaryFolder elsewhere;
+    write_file(elsewhere / "precious", "x");
+    fs::create_directory(parent / "foliant-abcdef");
+    write_file(parent / "foliant-abcdef/.lock", "");
+    fs::create_directory_symlink(elsewhere.path(), parent / "foliant-abcdef/link");
+    PrivateFolder::sweep(parent.path());
+    EXPECT_FALSE(fs::exists(parent / "foliant-abcdef"));
+    EXPECT_TRUE(fs::exists(elsewhere / "precious"));
+}
+
+TEST(PrivateFolder, IsNotRemovedByAForkedChild) {
+    const TemporaryFolder parent;
+    const PrivateFolder folder(parent.path());
+    if (const pid_t child = ::fork(); child == 0) {
+        const_cast<PrivateFolder&>(folder).remove();
+        ::_exit(0);
+    } else {
+        ::waitpid(child, nullptr, 0);
+    }
+    EXPECT_TRUE(fs::exists(folder.path()));
+}
+
+TEST(PrivateFolder, SaysWhereItCouldNotBeMade) {
+    const TemporaryFolder parent;
+    try {
+        const PrivateFolder folder(parent.path() / "missing");
+        FAIL() << "made " << folder.path();
+    } catch (const automation::Error& error) {
+        EXPECT_EQ(error.number(), 76);
+        EXPECT_EQ(error.description(), "Path not found: cannot make a temporary folder in " +
+                                           (parent / "missing") + " (No such file or directory).");
+    }
+}
+
+}  // namespace
+}  // namespace foliant::platform::local::test
