@@ -72,7 +72,8 @@ class CommandLine {
     Parsed parse(const std::function<std::string(const std::string&)>& ask_password);
 
   private:
-    void add_members(CLI::App& parent, Request::Action action);
+    enum class Show { available, later };
+    void add_members(CLI::App& parent, Request::Action action, Show which);
     void add_temp_file_path(CLI::App& parent, Request::Action action);
     void add_registry();
     void add_tools();
@@ -95,13 +96,18 @@ CommandLine::CommandLine(const std::vector<std::string>& words) : words_(words) 
     app_.require_subcommand(1);
     app_.fallthrough();
     add_call_options(app_, request_.options);
-    add_members(app_, Request::Action::call);
+    add_members(app_, Request::Action::call, Show::available);
+    add_temp_file_path(app_, Request::Action::call);
     auto* rehearse =
         app_.add_subcommand("rehearse", "Shows every step that a member would take, and takes none.");
     rehearse->group("Tools")->require_subcommand(1)->fallthrough();
-    if (is_mentioned("rehearse")) add_members(*rehearse, Request::Action::rehearse);
+    if (is_mentioned("rehearse")) {
+        add_members(*rehearse, Request::Action::rehearse, Show::available);
+        add_members(*rehearse, Request::Action::rehearse, Show::later);
+    }
     add_registry();
     add_tools();
+    add_members(app_, Request::Action::call, Show::later);
 }
 
 /// Whether the command line names that sub-command: only then are its options built, which keeps the start
@@ -111,11 +117,12 @@ bool CommandLine::is_mentioned(std::string_view name) const {
                        [&](const std::string& word) { return automation::equal_ignoring_case(word, name); });
 }
 
-void CommandLine::add_members(CLI::App& parent, Request::Action action) {
+void CommandLine::add_members(CLI::App& parent, Request::Action action, Show which) {
     const bool names_one = std::any_of(core::members.begin(), core::members.end(),
                                        [&](const Member& member) { return is_mentioned(member.name); });
     for (const Member& member : core::members) {
-        if (member.kind != MemberKind::method || (names_one && !is_mentioned(member.name))) continue;
+        if (member.kind != MemberKind::method || member.available != (which == Show::available)) continue;
+        if (names_one && !is_mentioned(member.name)) continue;
         auto* command = parent.add_subcommand(std::string(member.name), std::string(member.help));
         command->ignore_case()->group(family_of(member))->fallthrough();
         if (!is_mentioned(member.name)) continue;
@@ -126,7 +133,6 @@ void CommandLine::add_members(CLI::App& parent, Request::Action action) {
             chosen_ = added;
         });
     }
-    add_temp_file_path(parent, action);
 }
 
 void CommandLine::add_temp_file_path(CLI::App& parent, Request::Action action) {

@@ -1,5 +1,6 @@
 #include "cli/exit_codes.h"
 
+#include "core/build_pdf.h"
 #include "session/errors.h"
 
 namespace foliant::cli {
@@ -14,7 +15,8 @@ int exit_code_for(const automation::Error& error) {
         case RuntimeError::cannot_create_object:
             return exit_missing_engine;
         case RuntimeError::action_not_supported:
-            return exit_not_available;
+            return error.description().ends_with(core::not_available_ending) ? exit_not_available
+                                                                             : exit_host_failure;
         case RuntimeError::no_such_member:
         case RuntimeError::named_argument_not_found:
         case RuntimeError::argument_not_optional:

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "automation/object.h"
 #include "automation/value.h"
@@ -18,6 +19,9 @@ enum class AlignType : std::int32_t { qrxAlignLeft = 0, qrxAlignCenter = 1, qrxA
 
 /// What `OpenPDF` reads aloud.
 enum class ReadType : std::int32_t { qrxReadNone = 0, qrxReadCurrentPage = 1, qrxReadDocument = 2 };
+
+/// How the description of 445 ends for a member that this version does not have yet.
+inline constexpr std::string_view not_available_ending = " is not available in this version of Foliant.";
 
 /// The class that clients create: every member is one self-contained sequence on the caller's thread, which
 /// releases every outside object that it created before it returns.

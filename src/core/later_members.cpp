@@ -11,7 +11,7 @@ namespace {
 [[noreturn]] void not_available(const char* member) {
     throw automation::Error(static_cast<std::int32_t>(automation::RuntimeError::action_not_supported),
                             std::string(session::application_title),
-                            std::string(member) + " is not available in this version of Foliant.");
+                            std::string(member) + std::string(not_available_ending));
 }
 
 }  // namespace

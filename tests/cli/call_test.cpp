@@ -79,7 +79,10 @@ TEST_F(Call, EveryKindOfFailureHasItsExitCode) {
     EXPECT_EQ(exit_code_for(automation::Error(5408, "Foliant", "wrong password")), exit_host_failure);
     EXPECT_EQ(exit_code_for(automation::Error(automation::RuntimeError::permission_denied)), exit_failure);
     EXPECT_EQ(exit_code_for(automation::Error(automation::RuntimeError::action_not_supported)),
-              exit_not_available);
+              exit_host_failure);
+    request.member = core::find_member(*core::find_dispid("CreateLinksInPDF"), automation::Access::call);
+    request.arguments = {named("strPDFFile", "a.pdf")};
+    EXPECT_EQ(call().exit_code, exit_not_available);
 }
 
 TEST_F(Call, TempPathIsPutBeforeTheCall) {

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "cli/request.h"
+#include "platform/local/local_machine.h"
+
+namespace foliant::cli {
+
+/// Prints the host programs as a table: which engine stands in, which version, what brings it when it is
+/// missing. Returns the exit code: 4 when none of them can be used.
+int show_hosts(platform::local::LocalMachine& machine);
+
+/// The `registry` sub-commands. Keys are written as "HKEY_CURRENT_USER\Software\..." or with "HKCU" or "HKLM"
+/// for short. Returns the exit code: 1 for a value that is not there.
+int run_registry(const Request& request, platform::local::LocalMachine& machine);
+
+}  // namespace foliant::cli
