@@ -105,8 +105,9 @@ void Cups::print(const std::string& printer, const fs::path& file, const std::st
                         "cups and libcups2, and set the printer up.");
     }
     if (cups->print_file(printer.c_str(), file.c_str(), title.c_str(), 0, nullptr) == 0) {
-        throw Error(RuntimeError::device_io_error,
-                    "Cannot print " + file.string() + " on \"" + printer + "\": " + cups->last_error());
+        throw Error(RuntimeError::device_io_error, "Device I/O error: cannot print " + file.string() +
+                                                       " on \"" + printer + "\" (" + cups->last_error() +
+                                                       ").");
     }
 }
 

@@ -26,16 +26,16 @@ namespace foliant::platform::local {
 
 /// Where a local machine keeps things and whom it tells. What is left empty has its usual value.
 struct LocalOptions {
-    std::filesystem::path temporary_folder;  ///< The private folder is made in it; `$TMPDIR`, else /tmp.
+    std::filesystem::path temporary_folder{};  ///< The private folder is made in it; `$TMPDIR`, else /tmp.
     /// Holds registry.json; `$XDG_CONFIG_HOME/foliant`, else `~/.config/foliant`.
-    std::filesystem::path configuration_folder;
-    std::filesystem::path executable;  ///< The running program.
+    std::filesystem::path configuration_folder{};
+    std::filesystem::path executable{};  ///< The running program.
     std::filesystem::path
-        hosts_folder;  ///< Modules are looked for there only; else where the program's own lie.
+        hosts_folder{};  ///< Modules are looked for there only; else where the program's own lie.
     /// Shows a message box; nobody sees it when empty.
-    Desktop::MessageBox on_message_box;
+    Desktop::MessageBox on_message_box{};
     /// Told, in a sentence, of trouble that raises no error in the library; may be empty.
-    std::function<void(const std::string&)> on_trouble;
+    std::function<void(const std::string&)> on_trouble{};
 };
 
 /// The local machine, as the library sees it (`platform`) and as its hosts see it (`hosts::Machine`).

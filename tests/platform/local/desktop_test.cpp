@@ -1,0 +1,223 @@
+#include "platform/local/desktop.h"
+
+#include <chrono>
+#include <functional>
+#include <gtest/gtest.h>
+
+#include "automation/error.h"
+#include "sender/command.h"
+
+namespace foliant::platform::local::test {
+namespace {
+
+hosts::Control edit(const std::string& text = "") {
+    return {"Edit", "", text, true, false, false};
+}
+
+hosts::Control button(const std::string& caption, bool is_default = false) {
+    return {"Button", caption, "", true, false, is_default};
+}
+
+hosts::Dialog save_dialog() {
+    return {"Save PDF File As", {edit("document1.pdf"), button("&Save", true), button("Cancel")}, {}, false};
+}
+
+hosts::Dialog notice() {
+    return {"Adobe PDF - Security", {button("Help"), button("OK", true)}, {}, false};
+}
+
+std::string failure(const std::function<void()>& call) {
+    try {
+        call();
+        return "no failure";
+    } catch (const automation::Error& error) {
+        return std::to_string(error.number()) + " " + error.description();
+    }
+}
+
+class DesktopTest : public testing::Test {
+  protected:
+    void start(const std::string& tail) { desktop.start_sender(sender::parse(tail)); }
+
+    Desktop desktop;
+};
+
+TEST_F(DesktopTest, ASenderTypesThePathIntoTheSaveDialogAndConfirms) {
+    start("save pdf file as~Edit~/out/My Report.pdf~0~0~");
+    hosts::Dialog dialog = save_dialog();
+    std::vector<std::size_t> clicks;
+    dialog.on_click = [&](hosts::Dialog& clicked, std::size_t control) {
+        clicks.push_back(control);
+        EXPECT_EQ(clicked.controls[0].text, "/out/My Report.pdf");
+        EXPECT_TRUE(clicked.accepted);
+    };
+    desktop.show(dialog);
+    EXPECT_TRUE(dialog.accepted);
+    EXPECT_EQ(dialog.controls[0].text, "/out/My Report.pdf");
+    EXPECT_EQ(clicks, std::vector<std::size_t>{1});
+}
+
+TEST_F(DesktopTest, EachSenderAnswersItsOwnDialogWhateverComesFirst) {
+    start("save pdf file as~Edit~/out/a.pdf~0~0~");
+    start("adobe pdf - security~Button~~0~0~");
+    hosts::Dialog security = notice();
+    desktop.show(security);
+    EXPECT_TRUE(security.accepted);
+    hosts::Dialog save = save_dialog();
+    desktop.show(save);
+    EXPECT_EQ(save.controls[0].text, "/out/a.pdf");
+}
+
+TEST_F(DesktopTest, ADialogThatAnAnswerPutsUpIsAnsweredToo) {
+    start("save pdf file as~Edit~/out/a.pdf~0~0~");
+    start("adobe pdf - security~Button~~0~0~");
+    std::string order;
+    hosts::Dialog security = notice();
+    security.on_click = [&](hosts::Dialog&, std::size_t) { order += "security "; };
+    hosts::Dialog save = save_dialog();
+    save.on_click = [&](hosts::Dialog&, std::size_t) {
+        order += "save ";
+        desktop.show(security);
+        order += "back ";
+    };
+    desktop.show(save);
+    EXPECT_EQ(order, "save security back ");
+    EXPECT_TRUE(save.accepted);
+    EXPECT_TRUE(security.accepted);
+}
+
+TEST_F(DesktopTest, OneCommandAnswersOneDialog) {
+    start("save pdf file as~Edit~/out/a.pdf~0~0~");
+    hosts::Dialog first = save_dialog();
+    desktop.show(first);
+    hosts::Dialog second = save_dialog();
+    EXPECT_TRUE(failure([&] { desktop.show(second); }).starts_with("445 "));
+    EXPECT_FALSE(second.accepted);
+    EXPECT_EQ(second.controls[0].text, "document1.pdf");
+}
+
+TEST_F(DesktopTest, TwoSendersWithOneCaptionAnswerOneDialogEach) {
+    start("save pdf file as~Edit~/out/a.pdf~0~0~");
+    start("save pdf file as~Edit~/out/b.pdf~0~0~");
+    hosts::Dialog first = save_dialog();
+    hosts::Dialog second = save_dialog();
+    desktop.show(first);
+    desktop.show(second);
+    EXPECT_EQ(first.controls[0].text, "/out/a.pdf");
+    EXPECT_EQ(second.controls[0].text, "/out/b.pdf");
+}
+
+TEST_F(DesktopTest, ASenderThatStaysUntilItsDialogIsClosedAnswersNoOther) {
+    start("create pdf from web page~Edit~http://localhost/~0~1~");
+    hosts::Dialog first{"Create PDF from Web Page", {edit(), button("Create", true)}, {}, false};
+    desktop.show(first);
+    EXPECT_EQ(first.controls[0].text, "http://localhost/");
+    hosts::Dialog second = first;
+    second.controls[0].text = "";
+    EXPECT_TRUE(failure([&] { desktop.show(second); }).starts_with("445 "));
+    EXPECT_EQ(second.controls[0].text, "");
+}
+
+TEST_F(DesktopTest, AButtonThatIsNotTheDefaultClosesWithoutAccepting) {
+    start("adobe acrobat~Button~{LME}~0~1~");
+    hosts::Dialog dialog{"Adobe Acrobat", {button("OK")}, {}, true};
+    std::size_t clicked = 99;
+    dialog.on_click = [&](hosts::Dialog&, std::size_t control) { clicked = control; };
+    desktop.show(dialog);
+    EXPECT_EQ(clicked, 0U);
+    EXPECT_FALSE(dialog.accepted);
+}
+
+TEST_F(DesktopTest, EnterAcceptsADialogWithoutADefaultButton) {
+    start("open~Edit~/a.pdf~0~0~");
+    hosts::Dialog dialog{"Open", {edit(), button("Open")}, {}, false};
+    desktop.show(dialog);
+    EXPECT_TRUE(dialog.accepted);
+}
+
+TEST_F(DesktopTest, SaysAtOnceThatNobodyIsThereToAnswer) {
+    const auto begin = std::chrono::steady_clock::now();
+    hosts::Dialog dialog = save_dialog();
+    EXPECT_EQ(failure([&] { desktop.show(dialog); }),
+              "445 The dialog \"Save PDF File As\" cannot be answered: no window sender was started for it, "
+              "and nobody "
+              "sits at this machine's screen.");
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(1));
+    EXPECT_EQ(desktop.find_window("Save PDF File As"), 0) << "it must be taken down again";
+}
+
+TEST_F(DesktopTest, SaysThatTheSenderFoundNothingToActOn) {
+    start("save pdf file as~RichEdit20W~/out/a.pdf~0~0~");
+    hosts::Dialog dialog = save_dialog();
+    EXPECT_EQ(failure([&] { desktop.show(dialog); }),
+              "445 The dialog \"Save PDF File As\" cannot be answered: the window sender that was started "
+              "for it found "
+              "nothing there to act on.");
+}
+
+TEST_F(DesktopTest, ADialogWhoseDefaultButtonIsDisabledIsNotWaitedForForEver) {
+    start("save pdf file as~Edit~/out/a.pdf~0~0~");
+    hosts::Dialog dialog = save_dialog();
+    dialog.controls[1].enabled = false;
+    EXPECT_TRUE(failure([&] { desktop.show(dialog); }).starts_with("445 "));
+    EXPECT_FALSE(dialog.accepted);
+}
+
+TEST_F(DesktopTest, ADisabledEditTakesNoText) {
+    start("save pdf file as~Edit~/out/a.pdf~0~0~");
+    hosts::Dialog dialog = save_dialog();
+    dialog.controls[0].enabled = false;
+    EXPECT_TRUE(failure([&] { desktop.show(dialog); }).starts_with("445 "));
+    EXPECT_EQ(dialog.controls[0].text, "document1.pdf");
+}
+
+TEST_F(DesktopTest, WhatAHostRaisesOnAClickComesOutAndTheDialogIsTakenDown) {
+    start("save pdf file as~Edit~/out/a.pdf~0~0~");
+    hosts::Dialog dialog = save_dialog();
+    dialog.on_click = [](hosts::Dialog&, std::size_t) {
+        throw automation::Error(automation::RuntimeError::disk_full);
+    };
+    EXPECT_EQ(failure([&] { desktop.show(dialog); }), "61 Disk full");
+    EXPECT_EQ(desktop.find_window("Save PDF File As"), 0);
+}
+
+TEST_F(DesktopTest, ALowerDialogIsBlockedByTheOneAboveIt) {
+    start("save pdf file as~Edit~/out/a.pdf~0~0~");
+    start("adobe pdf - security~Button~~0~0~");
+    hosts::Dialog save = save_dialog();
+    hosts::Dialog security = notice();
+    security.on_click = [&](hosts::Dialog&, std::size_t) {
+        start("save pdf file as~Edit~/out/too early.pdf~0~0~");
+        EXPECT_EQ(save.controls[0].text, "/out/a.pdf");
+    };
+    save.on_click = [&](hosts::Dialog&, std::size_t) { desktop.show(security); };
+    desktop.show(save);
+    EXPECT_TRUE(security.accepted);
+}
+
+TEST_F(DesktopTest, ClosingADialogFromOutsideCancelsIt) {
+    start("adobe pdf - security~Button~~0~0~");
+    hosts::Dialog save = save_dialog();
+    hosts::Dialog security = notice();
+    // While the inner dialog is answered, somebody closes the outer one by its caption.
+    start("save pdf file as~Edit~/out/a.pdf~0~0~");
+    save.on_click = [&](hosts::Dialog&, std::size_t) { desktop.show(security); };
+    security.on_click = [&](hosts::Dialog&, std::size_t) {
+        desktop.close_window(desktop.find_window("Adobe PDF - Security"), "0");
+    };
+    desktop.show(save);
+    EXPECT_TRUE(save.accepted);
+}
+
+TEST_F(DesktopTest, AMessageBoxGoesToWhoeverShowsIt) {
+    std::string shown;
+    Desktop with_listener([&](const std::string& prompt, const std::string& title, std::uint32_t style) {
+        shown = title + "|" + prompt + "|" + std::to_string(style);
+    });
+    with_listener.message_box("prompt", "title", 4144);
+    EXPECT_EQ(shown, "title|prompt|4144");
+    EXPECT_NO_THROW(desktop.message_box("prompt", "title", 0));
+}
+
+}  // namespace
+}  // namespace foliant::platform::local::test

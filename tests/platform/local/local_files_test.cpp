@@ -1,0 +1,193 @@
+#include "platform/local/local_files.h"
+
+#include <csignal>
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "automation/error.h"
+#include "platform/local/temporary_folder.h"
+
+namespace foliant::platform::local::test {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::string_literals;
+
+std::string failure(const std::function<void()>& call) {
+    try {
+        call();
+        return "no failure";
+    } catch (const automation::Error& error) {
+        return std::to_string(error.number()) + " " + error.description();
+    }
+}
+
+class LocalFilesTest : public testing::Test {
+  protected:
+    TemporaryFolder folder;
+    LocalFiles files;
+};
+
+TEST_F(LocalFilesTest, LengthFollowsLinksAndCountsBytes) {
+    write_file(folder / "a.doc", "12345");
+    fs::create_symlink("a.doc", folder / "link.doc");
+    write_file(folder / "empty.doc", "");
+    EXPECT_EQ(files.length(folder / "a.doc"), 5);
+    EXPECT_EQ(files.length(folder / "link.doc"), 5);
+    EXPECT_EQ(files.length(folder / "empty.doc"), 0);
+}
+
+TEST_F(LocalFilesTest, LengthOfAnOversizedFileFits) {
+    write_file(folder / "large.ps", "");
+    fs::resize_file(folder / "large.ps", 5'000'000'000U);
+    EXPECT_EQ(files.length(folder / "large.ps"), 5'000'000'000);
+}
+
+TEST_F(LocalFilesTest, LengthSaysWhyThereIsNone) {
+    EXPECT_EQ(failure([&] { files.length("/proc/nosuch"); }),
+              "53 File not found: cannot find /proc/nosuch (No such file or directory).");
+    EXPECT_EQ(failure([&] { files.length(""); }),
+              "53 File not found: cannot find a file without a name (No such file or directory).");
+    EXPECT_EQ(failure([&] { files.length("/proc"); }),
+              "53 File not found: cannot use /proc (Is a directory).");
+    EXPECT_EQ(failure([&] { files.length("/dev/null"); }),
+              "53 File not found: /dev/null is no ordinary file.");
+    EXPECT_TRUE(failure([&] { files.length("/" + std::string(300, 'x')); }).starts_with("53 "));
+    EXPECT_TRUE(failure([&] { files.length("/dev/null/x"); }).starts_with("53 "));
+}
+
+TEST_F(LocalFilesTest, LengthOfALinkInACircleIsNotFound) {
+    fs::create_symlink("loop", folder / "loop");
+    EXPECT_TRUE(failure([&] { files.length(folder / "loop"); }).starts_with("53 "));
+}
+
+TEST_F(LocalFilesTest, ANameDoesNotEndAtANulThatItHolds) {
+    write_file(folder / "a.pdf", "x");
+    const std::string sly = folder / "a.pdf\0.txt"s;
+    EXPECT_TRUE(failure([&] { files.length(sly); }).starts_with("53 "));
+    EXPECT_TRUE(failure([&] { files.remove(sly); }).starts_with("53 "));
+    EXPECT_TRUE(failure([&] { files.create_text(sly); }).starts_with("75 "));
+    EXPECT_TRUE(failure([&] { files.make_folder(folder / "b\0c"s); }).starts_with("76 "));
+    EXPECT_TRUE(fs::exists(folder / "a.pdf"));
+    EXPECT_FALSE(fs::exists(folder / "b"));
+}
+
+TEST_F(LocalFilesTest, RemovesALinkAndNotItsTarget) {
+    write_file(folder / "a", "x");
+    fs::create_symlink("a", folder / "link");
+    files.remove(folder / "link");
+    EXPECT_TRUE(fs::exists(folder / "a"));
+    EXPECT_FALSE(fs::is_symlink(folder / "link"));
+}
+
+TEST_F(LocalFilesTest, WhatMayNotBeDeletedRaises70) {
+    EXPECT_EQ(failure([&] { files.remove("/proc/version"); }),
+              "70 Permission denied: cannot delete /proc/version (Operation not permitted).");
+}
+
+TEST_F(LocalFilesTest, AFolderIsNoFileToDelete) {
+    EXPECT_TRUE(failure([&] { files.remove(folder.path()); }).starts_with("53 "));
+    EXPECT_TRUE(fs::exists(folder.path()));
+}
+
+TEST_F(LocalFilesTest, AFolderCannotBeMadeWhereAFileIs) {
+    write_file(folder / "taken", "");
+    EXPECT_EQ(failure([&] { files.make_folder(folder / "taken"); }),
+              "75 Path/File access error: cannot make the folder " + (folder / "taken") + " (File exists).");
+    EXPECT_TRUE(failure([&] { files.make_folder(folder / "taken/below"); }).starts_with("76 "));
+    EXPECT_TRUE(failure([&] { files.make_folder("/" + std::string(300, 'x')); }).starts_with("76 "));
+}
+
+TEST_F(LocalFilesTest, ATextCannotBeWrittenOverAFolderOrIntoNone) {
+    EXPECT_TRUE(failure([&] { files.create_text(folder.path()); }).starts_with("75 "));
+    EXPECT_TRUE(failure([&] { files.create_text(""); }).starts_with("75 "));
+    EXPECT_EQ(
+        failure([&] { files.create_text(folder / "missing/a.ps"); }),
+        "76 Path not found: cannot write " + (folder / "missing/a.ps") + " (No such file or directory).");
+}
+
+TEST_F(LocalFilesTest, AFullDiskRaises61AtCloseAtTheLatest) {
+    const auto file = files.create_text("/dev/full");
+    file->write_line("short lines are kept back");
+    EXPECT_EQ(failure([&] { file->close(); }),
+              "61 Disk full: cannot write /dev/full (No space left on device).");
+    EXPECT_EQ(failure([&] { file->close(); }), "no failure");
+}
+
+TEST_F(LocalFilesTest, AFullDiskShowsWhileALongTextIsWritten) {
+    const auto file = files.create_text("/dev/full");
+    EXPECT_TRUE(failure([&] {
+                    for (int i = 0; i < 100; ++i)
+                        file->write_line(std::string(1000, 'x'));
+                }).starts_with("61 "));
+}
+
+TEST_F(LocalFilesTest, DestroyingATextWithWhatCannotBeWrittenIsSilent) {
+    EXPECT_NO_THROW(files.create_text("/dev/full")->write_line("lost"));
+}
+
+TEST_F(LocalFilesTest, AFileThatGrowsOverItsLimitIsAFullDiskToo) {
+    const auto ignoring = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before{};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit tight{1000, before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &tight), 0);
+    const auto file = files.create_text(folder / "a.txt");
+    file->write_line(std::string(5000, 'x'));
+    const std::string told = failure([&] { file->close(); });
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, ignoring);
+    EXPECT_TRUE(told.starts_with("61 ")) << told;
+}
+
+TEST_F(LocalFilesTest, ManyLinesArriveInOrder) {
+    std::string expected;
+    const auto file = files.create_text(folder / "a.txt");
+    for (int i = 0; i < 20000; ++i) {
+        file->write_line("line " + std::to_string(i));
+        expected += "line " + std::to_string(i) + "\r\n";
+    }
+    file->close();
+    EXPECT_EQ(content_of(folder / "a.txt"), expected);
+}
+
+TEST_F(LocalFilesTest, LooksIntoTheCurrentFolderByBareNameOnly) {
+    const fs::path before = fs::current_path();
+    fs::current_path(folder.path());
+    write_file(folder / "4711", "");
+    fs::create_symlink("nowhere", folder / "4712");
+    EXPECT_TRUE(files.exists_in_current_folder("4711"));
+    EXPECT_TRUE(files.exists_in_current_folder("4712"));
+    EXPECT_FALSE(files.exists_in_current_folder("4713"));
+    EXPECT_FALSE(files.exists_in_current_folder(""));
+    EXPECT_FALSE(files.exists_in_current_folder(folder / "4711"));
+    fs::current_path(before);
+}
+
+// Root may do everything, so what an ordinary user may not is tried by an ordinary user.
+TEST_F(LocalFilesTest, AFolderWithoutRightsRaises70) {
+    if (::geteuid() == 0) {
+        ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
+        write_file(folder / "a", "x");
+        ASSERT_EQ(::seteuid(65534), 0);
+    } else {
+        write_file(folder / "a", "x");
+        ASSERT_EQ(::chmod(folder.path().c_str(), 0555), 0);
+    }
+    const std::string removing = failure([&] { files.remove(folder / "a"); });
+    const std::string writing = failure([&] { files.create_text(folder / "b"); });
+    const std::string making = failure([&] { files.make_folder(folder / "c"); });
+    ASSERT_EQ(::seteuid(::getuid()), 0);
+    ::chmod(folder.path().c_str(), 0700);
+    EXPECT_EQ(removing, "70 Permission denied: cannot delete " + (folder / "a") + " (Permission denied).");
+    EXPECT_EQ(writing, "70 Permission denied: cannot write " + (folder / "b") + " (Permission denied).");
+    EXPECT_EQ(making,
+              "70 Permission denied: cannot make the folder " + (folder / "c") + " (Permission denied).");
+}
+
+}  // namespace
+}  // namespace foliant::platform::local::test

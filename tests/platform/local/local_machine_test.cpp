@@ -1,0 +1,151 @@
+#include "platform/local/local_machine.h"
+
+#include <chrono>
+#include <functional>
+#include <gtest/gtest.h>
+
+#include "automation/error.h"
+#include "engines/dialog_sender.h"
+#include "engines/printer_job.h"
+#include "platform/local/temporary_folder.h"
+#include "session/session.h"
+
+namespace foliant::platform::local::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Deaf : public automation::EventSink {
+  public:
+    void notify(std::string_view, std::span<const automation::Value>) override {}
+};
+
+class LocalMachineTest : public testing::Test {
+  protected:
+    TemporaryFolder folder;
+    std::string boxes;
+    std::string troubles;
+    LocalMachine machine{{.temporary_folder = folder.path(),
+                          .configuration_folder = folder.path() / "settings",
+                          .hosts_folder = FOLIANT_TEST_HOSTS,
+                          .on_message_box = [this](const std::string& prompt, const std::string&,
+                                                   std::uint32_t) { boxes += prompt + "\n"; },
+                          .on_trouble = [this](const std::string& trouble) { troubles += trouble + "\n"; }}};
+    Platform ports = machine.platform();
+    Deaf events;
+};
+
+TEST_F(LocalMachineTest, ASessionFindsAcrobat6AndKeepsItsTemporaryFilesInThePrivateFolder) {
+    const session::Session session(ports, events);
+    EXPECT_EQ(session.AcrobatVersion(), "6.0");
+    EXPECT_EQ(session.PrinterName(), "Adobe PDF");
+    EXPECT_EQ(session.TempFilePath(), machine.private_folder().string() + "/");
+    EXPECT_FALSE(fs::exists(folder.path() / "settings"));
+}
+
+TEST_F(LocalMachineTest, ASessionTakesTheUsersSettings) {
+    machine.registry().set("HKLM\\SOFTWARE\\Adobe\\Acrobat Distiller\\6.0\\PrinterName", "",
+                           StoredValue::of_text("Office PDF"));
+    const session::Session session(ports, events);
+    EXPECT_EQ(session.PrinterName(), "Office PDF");
+    EXPECT_TRUE(machine.is_pdf_printer("Office PDF"));
+    EXPECT_EQ(machine.default_printer(), "Office PDF");
+}
+
+TEST_F(LocalMachineTest, TheSenderIsInTheSystemFolderAndNotInTheLibrarysOwn) {
+    const session::Session session(ports, events);
+    EXPECT_FALSE(fs::exists(machine.private_folder() / "system")) << "it is made when it is wanted";
+    const auto found = engines::locate_sender(session);
+    ASSERT_TRUE(found.has_value());
+    EXPECT_EQ(*found, (machine.private_folder() / "system").string());
+    EXPECT_EQ(fs::canonical(*found + "/quorixsend.exe"), fs::read_symlink("/proc/self/exe"));
+    EXPECT_FALSE(engines::sender_is_in(session, ports.shell.library_folder()));
+}
+
+// The whole printer-based job on a host that, like a real one, blocks in the printer's dialog.
+TEST_F(LocalMachineTest, APrinterJobAnswersTheDialogOfAHostAndClosesTheViewer) {
+    const session::Session session(ports, events);
+    const std::string target = folder / "My Report.pdf";
+    engines::answer_printer_dialogs(session, target);
+    const automation::Value host = ports.servers.create("{1CD675B2-ECD1-11D1-B976-00600802DB86}");
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(host.call("Save"), automation::Value(target));
+    write_file(target, "%PDF-1.4");
+    engines::wait_for_file(session, target);
+    EXPECT_NE(ports.windows.find_window("Adobe Acrobat - [My Report.pdf]"), 0);
+    engines::close_acrobat_window(session, target);
+    EXPECT_EQ(ports.windows.find_window("Adobe Acrobat - [My Report.pdf]"), 0);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(1))
+        << "no wait may take time here";
+    EXPECT_EQ(boxes, "");
+}
+
+TEST_F(LocalMachineTest, AHostWhoseDialogNobodyAnswersRaisesAndLeavesNoViewer) {
+    const automation::Value host = ports.servers.create("{1CD675B2-ECD1-11D1-B976-00600802DB86}");
+    EXPECT_THROW(host.call("Save"), automation::Error);
+    EXPECT_EQ(ports.windows.find_window("Adobe Acrobat - [untitled.pdf]"), 0);
+}
+
+TEST_F(LocalMachineTest, ASenderCommandThatCannotBeReadIsToldAndAnswersNothing) {
+    const session::Session session(ports, events);
+    const std::string sender = engines::system_folder(session) + "/quorixsend.exe";
+    EXPECT_NO_THROW(ports.programs.start(sender + " save pdf file as~Edit~/secret", WindowStyle::hidden));
+    EXPECT_NE(troubles, "");
+    EXPECT_EQ(troubles.find("secret"), std::string::npos) << troubles;
+}
+
+TEST_F(LocalMachineTest, AnUnknownProgramIsNamedWithoutItsArguments) {
+    try {
+        ports.programs.start("/nowhere/notepad.exe /p secret", WindowStyle::hidden);
+        FAIL();
+    } catch (const automation::Error& error) {
+        EXPECT_EQ(error.number(), 53);
+        EXPECT_EQ(error.description(), "File not found: this machine has no program /nowhere/notepad.exe.");
+    }
+}
+
+TEST_F(LocalMachineTest, AProgramThatIsInstalledLaterStarts) {
+    std::string ran;
+    machine.programs().install("notepad.exe", [&](std::string_view tail) { ran = std::string(tail) + "|"; });
+    ports.programs.start("notepad.exe /p My File.txt", WindowStyle::hidden);
+    EXPECT_EQ(ran, "/p My File.txt|");
+    ports.programs.start("notepad.exe", WindowStyle::hidden);
+    EXPECT_EQ(ran, "|");
+}
+
+TEST_F(LocalMachineTest, TellsHostsTheUsersSettings) {
+    machine.registry().set("HKCU\\Software\\Adobe\\Acrobat Distiller\\6.0\\Security", "Password",
+                           StoredValue::of_text("x"));
+    machine.registry().set("HKCU\\Software\\Adobe\\Acrobat Distiller\\6.0\\Security", "Number",
+                           {reg_number, std::string(4, '\0')});
+    const hosts::Machine& seen = machine;
+    EXPECT_EQ(seen.setting("Software\\Adobe\\Acrobat Distiller\\6.0\\Security", "password"), "x");
+    EXPECT_EQ(seen.setting("Software\\Adobe\\Acrobat Distiller\\6.0\\Security", "Number"), std::nullopt);
+    EXPECT_EQ(seen.setting("Software\\Adobe\\Nothing", "x"), std::nullopt);
+}
+
+TEST_F(LocalMachineTest, ATemporaryFolderWithBlanksIsAsGoodAsAnyOther) {
+    fs::create_directory(folder.path() / "My Temp");
+    LocalMachine blank({.temporary_folder = folder.path() / "My Temp",
+                        .configuration_folder = folder.path(),
+                        .hosts_folder = FOLIANT_TEST_HOSTS});
+    const session::Session session(blank.platform(), events);
+    engines::answer_printer_dialogs(session, folder / "a b.pdf");
+    hosts::Dialog dialog{"Save PDF File As", {{"Edit", "", ""}}, {}, false};
+    blank.show(dialog);
+    EXPECT_EQ(dialog.controls[0].text, folder / "a b.pdf");
+}
+
+TEST(LocalMachine, LeavesNothingBehind) {
+    const TemporaryFolder folder;
+    {
+        LocalMachine machine(
+            {.temporary_folder = folder.path(), .configuration_folder = folder.path() / "settings"});
+        machine.platform().shell.special_folder(0, 37);
+        write_file(machine.private_folder() / "123.ps", "x");
+    }
+    EXPECT_TRUE(fs::is_empty(folder.path()));
+}
+
+}  // namespace
+}  // namespace foliant::platform::local::test

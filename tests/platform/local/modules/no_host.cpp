@@ -1,0 +1,5 @@
+// A shared library that is no host module.
+
+extern "C" int something_else() {
+    return 1;
+}

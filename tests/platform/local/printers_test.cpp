@@ -1,0 +1,88 @@
+// The printers, on a spooler of the tests' own that is loaded in place of the machine's (fake_cups.cpp).
+
+#include "platform/local/printers.h"
+
+#include <cstdlib>
+#include <functional>
+#include <gtest/gtest.h>
+#include <optional>
+
+#include "automation/error.h"
+#include "platform/local/temporary_folder.h"
+
+namespace foliant::platform::local::test {
+namespace {
+
+std::string failure(const std::function<void()>& call) {
+    try {
+        call();
+        return "no failure";
+    } catch (const automation::Error& error) {
+        return std::to_string(error.number()) + " " + error.description();
+    }
+}
+
+class PrintersTest : public testing::Test {
+  protected:
+    PrintersTest() {
+        ::setenv("FAKE_CUPS_JOURNAL", journal.c_str(), 1);
+        ::setenv("HOME", folder.path().c_str(), 1);
+        for (const char* variable : {"FAKE_CUPS_DEFAULT", "LPDEST", "PRINTER", "CUPS_SERVER"})
+            ::unsetenv(variable);
+    }
+
+    TemporaryFolder folder;
+    std::string journal = folder / "journal";
+    RegistryStore store{folder.path()};
+    Printers printers{store};
+};
+
+TEST_F(PrintersTest, ThePdfPrinterHasThreeNamesAndNeedsNoSpooler) {
+    store.set("HKLM\\SOFTWARE\\Adobe\\Acrobat Distiller\\6.0\\PrinterName", "",
+              StoredValue::of_text("My PDF"));
+    for (const char* name : {"Adobe PDF", "Acrobat Distiller", "My PDF"}) {
+        EXPECT_TRUE(printers.is_pdf_printer(name)) << name;
+        EXPECT_TRUE(printers.has(name)) << name;
+    }
+    EXPECT_FALSE(printers.is_pdf_printer("adobe pdf"));
+    EXPECT_FALSE(printers.is_pdf_printer(""));
+    EXPECT_EQ(content_of(journal), "") << "the spooler must not be asked";
+}
+
+TEST_F(PrintersTest, OtherNamesAreTheSpoolers) {
+    EXPECT_TRUE(printers.has("Office"));
+    EXPECT_FALSE(printers.has("office"));
+    EXPECT_FALSE(printers.has("Nowhere"));
+    EXPECT_FALSE(printers.has(""));
+    EXPECT_FALSE(printers.is_pdf_printer("Office"));
+    EXPECT_EQ(content_of(journal), "find Office\nfind office\nfind Nowhere\n");
+}
+
+TEST_F(PrintersTest, TheDefaultIsTheSpoolersWhenItHasOne) {
+    ::setenv("PRINTER", "Office", 1);
+    EXPECT_EQ(printers.default_name(), "Adobe PDF");
+    ::setenv("FAKE_CUPS_DEFAULT", "Office", 1);
+    EXPECT_EQ(printers.default_name(), "Office");
+}
+
+TEST_F(PrintersTest, PrintsAFileOnAQueue) {
+    printers.print("Office", "/out/a b.pdf", "My title");
+    EXPECT_EQ(content_of(journal), "find Office\nprint Office /out/a b.pdf My title\n");
+}
+
+TEST_F(PrintersTest, SaysWhyAJobIsNotTaken) {
+    EXPECT_EQ(failure([&] { printers.print("Jammed", "/out/a.pdf", "t"); }),
+              "57 Device I/O error: cannot print /out/a.pdf on \"Jammed\" (Out of paper).");
+    EXPECT_EQ(failure([&] { printers.print("Nowhere", "/out/a.pdf", "t"); }),
+              "5 There is no printer \"Nowhere\". The printers are \"Adobe PDF\" and those that \"lpstat "
+              "-e\" shows.");
+    EXPECT_EQ(failure([&] { printers.print("Adobe PDF", "/out/a.pdf", "t"); }),
+              "5 \"Adobe PDF\" is the PDF printer: it asks for its output file in a dialog and gets no job.");
+}
+
+TEST(ViewerCaption, NamesTheFile) {
+    EXPECT_EQ(viewer_caption("/out/My Report.pdf"), "Adobe Acrobat - [My Report.pdf]");
+}
+
+}  // namespace
+}  // namespace foliant::platform::local::test
