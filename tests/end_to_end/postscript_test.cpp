@@ -1,0 +1,115 @@
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "end_to_end/command.h"
+
+namespace foliant::end_to_end {
+namespace {
+
+std::string postscript(const std::vector<std::string>& pages) {
+    std::string text = "%!PS-Adobe-3.0\n%%Pages: " + std::to_string(pages.size()) +
+                       "\n%%EndComments\n/Times-Roman findfont 24 scalefont setfont\n";
+    for (const std::string& page : pages)
+        text += "72 700 moveto (" + page + ") show showpage\n";
+    return text + "%%EOF\n";
+}
+
+class PostScriptToPdf : public testing::Test {
+  protected:
+    void SetUp() override { REQUIRE_HOST("Acrobat Distiller"); }
+    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
+    Workshop shop;
+};
+
+TEST_F(PostScriptToPdf, OneFile) {
+    shop.write("in.ps", postscript({"First page", "Second page"}));
+    const Finished call = shop.foliant({"CreatePDFfromPS", "out.pdf", "in.ps"});
+    EXPECT_EQ(call.exit_code, 0) << call.errors;
+    EXPECT_EQ(call.output, "");
+    EXPECT_EQ(call.errors, "");
+    EXPECT_EQ(shop.pages("out.pdf"), 2);
+    EXPECT_NE(shop.text("out.pdf").find("Second page"), std::string::npos);
+    EXPECT_EQ(shop.files(), (std::set<std::string>{"in.ps", "out.pdf"}));
+}
+
+TEST_F(PostScriptToPdf, SeveralFilesInOrderWithTheMissingOneSkipped) {
+    shop.write("a.ps", postscript({"Alpha"}));
+    shop.write("c d.ps", postscript({"Gamma", "Delta"}));
+    const Finished call = shop.foliant({"CreatePDFfromMultiPS", "book.pdf", "a.ps", "b.ps", "c d.ps"});
+    EXPECT_EQ(call.exit_code, 0) << call.errors;
+    EXPECT_EQ(shop.pages("book.pdf"), 3);
+    const std::string text = shop.text("book.pdf");
+    EXPECT_LT(text.find("Alpha"), text.find("Gamma"));
+    EXPECT_LT(text.find("Gamma"), text.find("Delta"));
+    EXPECT_EQ(shop.files(), (std::set<std::string>{"a.ps", "c d.ps", "book.pdf"}));
+}
+
+TEST_F(PostScriptToPdf, JsonTellsEventsAndTheFilledInPrinter) {
+    shop.write("in.ps", postscript({"One", "Two"}));
+    const Finished call = shop.foliant({"CreatePDFfromPS", "out.pdf", "in.ps", "--distiller", " ", "--json"});
+    const auto report = nlohmann::json::parse(call.output);
+    EXPECT_EQ(report["arguments"]["strDistiller"], "Adobe PDF");
+    EXPECT_EQ(report["error"], nullptr);
+    std::string names;
+    for (const auto& event : report["events"]) {
+        if (event["name"] != "PercentDone" && event["name"] != "LogMessage") {
+            names += event["name"].get<std::string>() + " ";
+        }
+    }
+    EXPECT_EQ(names, "JobStart PageNumber PageNumber JobDone ");
+}
+
+TEST_F(PostScriptToPdf, AFailedJobTellsTheInterpretersMessageAndLeavesNoPdf) {
+    shop.write("bad.ps", "%!PS\nno_such_operator\n");
+    const Finished call = shop.foliant({"CreatePDFfromPS", "bad.pdf", "bad.ps"});
+    EXPECT_EQ(call.exit_code, 5);
+    EXPECT_NE(call.errors.find("undefined"), std::string::npos) << call.errors;
+    EXPECT_NE(call.errors.find("no_such_operator"), std::string::npos) << call.errors;
+    EXPECT_EQ(shop.files(), (std::set<std::string>{"bad.ps"}));
+}
+
+TEST_F(PostScriptToPdf, AMissingInputIsToldAndTheOldPdfStays) {
+    shop.write("out.pdf", "old");
+    const Finished call = shop.foliant({"CreatePDFfromPS", "out.pdf", "none.ps"});
+    EXPECT_EQ(call.exit_code, 3);
+    EXPECT_EQ(call.errors, "foliant: File none.ps does not exist.\n");
+    EXPECT_EQ(shop.read("out.pdf"), "old");
+}
+
+TEST_F(PostScriptToPdf, SecurityReallyProtects) {
+    shop.write("in.ps", postscript({"Secret"}));
+    EXPECT_EQ(shop.foliant({"CreatePDFfromPS", "out.pdf", "in.ps", "--apply-security"}).exit_code, 0);
+    const std::string encryption = shop.run({"qpdf", "--show-encryption", "out.pdf"}).output;
+    EXPECT_NE(encryption.find("file encryption method: AESv3"), std::string::npos) << encryption;
+    EXPECT_NE(encryption.find("modify anything: not allowed"), std::string::npos) << encryption;
+}
+
+TEST_F(PostScriptToPdf, SecurityOfAnOlderAcrobatIsLeftOut) {
+    const std::string key = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\AcroExch.App\\AcrobatVersion";
+    ASSERT_EQ(shop.foliant({"registry", "set", key, "", "5.0"}).exit_code, 0);
+    shop.write("in.ps", postscript({"Open"}));
+    EXPECT_EQ(shop.foliant({"CreatePDFfromPS", "out.pdf", "in.ps", "--apply-security"}).exit_code, 0);
+    EXPECT_NE(shop.run({"qpdf", "--show-encryption", "out.pdf"}).output.find("File is not encrypted"),
+              std::string::npos);
+}
+
+TEST_F(PostScriptToPdf, JobOptionsChangeTheOutput) {
+    shop.write("in.ps", postscript({"Text"}));
+    shop.write("old.joboptions", "<< /CompatibilityLevel 1.3 >> setdistillerparams\n");
+    EXPECT_EQ(shop.foliant({"CreatePDFfromPS", "out.pdf", "in.ps", "--job-options-file", "old.joboptions"})
+                  .exit_code,
+              0);
+    EXPECT_EQ(shop.read("out.pdf").substr(0, 8), "%PDF-1.3");
+}
+
+TEST_F(PostScriptToPdf, AMissingOutputFolderIsToldWithTheRemedy) {
+    shop.write("in.ps", postscript({"Text"}));
+    const Finished call = shop.foliant({"CreatePDFfromPS", "none/out.pdf", "in.ps"});
+    EXPECT_EQ(call.exit_code, 5);
+    EXPECT_NE(call.errors.find("none"), std::string::npos) << call.errors;
+    EXPECT_NE(call.errors.find("folder"), std::string::npos) << call.errors;
+}
+
+}  // namespace
+}  // namespace foliant::end_to_end

@@ -1,0 +1,86 @@
+#include <gtest/gtest.h>
+
+#include "end_to_end/command.h"
+
+namespace foliant::end_to_end {
+namespace {
+
+const std::string version_key = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\AcroExch.App\\AcrobatVersion";
+
+TEST(Settings, LookLikeAcrobat6AndCanBeSet) {
+    const Workshop shop;
+    EXPECT_EQ(shop.foliant({"AcrobatVersion"}).output, "6.0\n");
+    EXPECT_EQ(shop.foliant({"PrinterName"}).output, "Adobe PDF\n");
+    EXPECT_EQ(shop.foliant({"registry", "set", version_key, "", "7.0"}).exit_code, 0);
+    EXPECT_EQ(shop.foliant({"AcrobatVersion"}).output, "7.0\n");
+    EXPECT_EQ(
+        shop.foliant({"registry", "get", "HKLM\\software\\classes\\acroexch.app\\acrobatversion", ""}).output,
+        "7.0\n");
+    EXPECT_NE(shop.foliant({"registry", "list"}).output.find(version_key), std::string::npos);
+    EXPECT_EQ(shop.foliant({"registry", "remove", version_key, ""}).exit_code, 0);
+    EXPECT_EQ(shop.foliant({"AcrobatVersion"}).output, "\n");
+}
+
+TEST(Settings, TempFilePathIsAPrivateFolderUnlessOneIsGiven) {
+    const Workshop shop;
+    const std::string folder = shop.foliant({"TempFilePath"}).output;
+    EXPECT_TRUE(folder.ends_with("/\n")) << folder;
+    EXPECT_TRUE(shop.is_clean_soon()) << shop.leftovers();
+    EXPECT_EQ(shop.foliant({"TempFilePath", "--temp-path", shop.path("t")}).output,
+              shop.path("t").string() + "/\n");
+    EXPECT_EQ(shop.files(), (std::set<std::string>{"t"}));
+}
+
+TEST(Settings, ABrokenStoreIsNamedAndKept) {
+    const Workshop shop;
+    ASSERT_EQ(shop.foliant({"registry", "set", version_key, "", "7.0"}).exit_code, 0);
+    const Finished find = shop.run({"sh", "-c", "echo broken > \"$HOME/.config/foliant/registry.json\""});
+    ASSERT_EQ(find.exit_code, 0) << find.errors;
+    const Finished call = shop.foliant({"registry", "set", version_key, "", "8.0"});
+    EXPECT_EQ(call.exit_code, 1);
+    EXPECT_NE(call.errors.find("registry.json"), std::string::npos) << call.errors;
+    EXPECT_EQ(shop.run({"sh", "-c", "cat \"$HOME/.config/foliant/registry.json\""}).output, "broken\n");
+}
+
+TEST(Rehearsal, ShowsTheStepsAndTakesNone) {
+    const Workshop shop;
+    shop.write("letter.docx", "not looked into");
+    shop.write("letter.pdf", "old");
+    const Finished call = shop.foliant({"rehearse", "CreatePDFfromWord", "letter.pdf", "letter.docx"});
+    EXPECT_EQ(call.exit_code, 0) << call.errors;
+    EXPECT_NE(call.output.find("Documents.Open(\"letter.docx\""), std::string::npos) << call.output;
+    EXPECT_NE(call.output.find("delete letter.pdf\n"), std::string::npos) << call.output;
+    EXPECT_EQ(shop.read("letter.pdf"), "old");
+    EXPECT_EQ(shop.foliant({"rehearse", "CreatePDFfromWord", "a.pdf", "none.docx"}).exit_code, 3);
+    EXPECT_TRUE(shop.is_clean_soon()) << shop.leftovers();
+}
+
+TEST(Command, SaysWhatIsWrongWithItsUse) {
+    const Workshop shop;
+    const Finished call = shop.foliant({"CreatePDFfromPS"});
+    EXPECT_EQ(call.exit_code, 2);
+    EXPECT_EQ(call.output, "");
+    EXPECT_NE(call.errors.find("See 'foliant CreatePDFfromPS --help'."), std::string::npos) << call.errors;
+}
+
+TEST(Command, MembersOfLaterVersionsHaveACodeOfTheirOwn) {
+    const Workshop shop;
+    const Finished call = shop.foliant({"GetNumPagesPDF", "a.pdf"});
+    EXPECT_EQ(call.exit_code, 6);
+    EXPECT_EQ(call.errors, "foliant: GetNumPagesPDF is not available in this version of Foliant.\n");
+}
+
+TEST(Command, CompletionScriptsAndManualAreAcceptedByTheirPrograms) {
+    const Workshop shop;
+    EXPECT_EQ(shop.run({"sh", "-c", FOLIANT_COMMAND " completion bash > c.bash && bash -n c.bash"}).exit_code,
+              0);
+    const Finished completed = shop.run(
+        {"bash", "-c",
+         ". ./c.bash; COMP_WORDS=(foliant CreatePDFfromWo); COMP_CWORD=1; _foliant; echo "
+         "\"${COMPREPLY[@]}\"; "
+         "COMP_WORDS=(foliant CreatePDFfromPS --sh); COMP_CWORD=2; _foliant; echo \"${COMPREPLY[@]}\""});
+    EXPECT_EQ(completed.output, "CreatePDFfromWord CreatePDFfromWord2\n--show-window\n") << completed.errors;
+}
+
+}  // namespace
+}  // namespace foliant::end_to_end

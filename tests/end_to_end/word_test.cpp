@@ -1,0 +1,114 @@
+#include <cstdlib>
+#include <gtest/gtest.h>
+
+#include "end_to_end/command.h"
+
+namespace foliant::end_to_end {
+namespace {
+
+const std::string letter = EXAMPLES_FOLDER "/letter.docx";
+
+class WordToPdf : public testing::Test {
+  protected:
+    void SetUp() override {
+        REQUIRE_HOST("Word");
+        REQUIRE_HOST("Acrobat Distiller");
+    }
+    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
+
+    Finished expect_success(const std::vector<std::string>& words) {
+        const Finished call = shop.foliant(words);
+        EXPECT_EQ(call.exit_code, 0) << call.errors;
+        EXPECT_EQ(call.output, "");
+        return call;
+    }
+
+    void expect_failure(const std::vector<std::string>& words, int exit_code,
+                        const std::vector<std::string>& told) {
+        const auto before = shop.files();
+        const Finished call = shop.foliant(words);
+        EXPECT_EQ(call.exit_code, exit_code) << call.errors;
+        for (const std::string& part : told)
+            EXPECT_NE(call.errors.find(part), std::string::npos) << call.errors;
+        EXPECT_EQ(shop.files(), before);
+    }
+
+    Workshop shop;
+};
+
+TEST_F(WordToPdf, ThroughPostScriptTheTextIsStillText) {
+    expect_success({"CreatePDFfromWord", "letter.pdf", letter});
+    EXPECT_GE(shop.pages("letter.pdf"), 3);
+    const std::string text = shop.text("letter.pdf");
+    for (const char* word : {"office", "fluent", "naïve", "Größe", "čeština"}) {
+        EXPECT_NE(text.find(word), std::string::npos) << word;
+    }
+    EXPECT_EQ(shop.files(), (std::set<std::string>{"letter.pdf"}));
+}
+
+TEST_F(WordToPdf, ThroughThePrinterTheDialogIsAnswered) {
+    expect_success({"CreatePDFfromWord2", "letter.pdf", letter});
+    EXPECT_GE(shop.pages("letter.pdf"), 3);
+    EXPECT_NE(shop.text("letter.pdf").find("čeština"), std::string::npos);
+    EXPECT_EQ(shop.files(), (std::set<std::string>{"letter.pdf"}));
+}
+
+TEST_F(WordToPdf, BothWaysGiveTheSamePages) {
+    expect_success({"CreatePDFfromWord", "a.pdf", letter});
+    expect_success({"CreatePDFfromWord2", "b.pdf", letter});
+    EXPECT_EQ(shop.pages("a.pdf"), shop.pages("b.pdf"));
+    EXPECT_EQ(shop.page_size("a.pdf"), shop.page_size("b.pdf"));
+}
+
+TEST_F(WordToPdf, OrientationAndPagesAreObeyed) {
+    expect_success({"CreatePDFfromWord2", "all.pdf", letter});
+    expect_success({"CreatePDFfromWord", "part.pdf", letter, "--landscape", "--pages", "1,3"});
+    EXPECT_EQ(shop.pages("part.pdf"), 2);
+    const auto sides = [&](const std::string& pdf) {
+        const std::string size = shop.page_size(pdf);
+        return std::pair(std::stod(size), std::stod(size.substr(size.find('x') + 1)));
+    };
+    EXPECT_GT(sides("part.pdf").first, sides("part.pdf").second);
+    EXPECT_LT(sides("all.pdf").first, sides("all.pdf").second);
+}
+
+TEST_F(WordToPdf, PostScriptIsTheResultOfItsMember) {
+    expect_success({"CreatePSfromWord", "letter.ps", letter});
+    EXPECT_EQ(shop.read("letter.ps").substr(0, 4), "%!PS");
+    expect_success({"CreatePDFfromPS", "letter.pdf", "letter.ps"});
+    EXPECT_GE(shop.pages("letter.pdf"), 3);
+}
+
+TEST_F(WordToPdf, AnOldPdfIsReplaced) {
+    shop.write("letter.pdf", "old");
+    expect_success({"CreatePDFfromWord2", "letter.pdf", letter});
+    EXPECT_EQ(shop.read("letter.pdf").substr(0, 5), "%PDF-");
+}
+
+TEST_F(WordToPdf, MissingDocumentsAreTold) {
+    expect_failure({"CreatePDFfromWord", "a.pdf", "none.docx"}, 3, {"File none.docx does not exist."});
+}
+
+TEST_F(WordToPdf, EmptyRandomAndTruncatedDocumentsAreTold) {
+    shop.write("empty.docx", "");
+    expect_failure({"CreatePDFfromWord2", "a.pdf", "empty.docx"}, 5, {"empty.docx"});
+    shop.write("random.docx", std::string(100, '\x9d'));
+    expect_failure({"CreatePDFfromWord2", "a.pdf", "random.docx"}, 5, {"random.docx"});
+    std::string whole = shop.run({"cat", letter}).output;
+    shop.write("short.docx", whole.substr(0, whole.size() / 2));
+    expect_failure({"CreatePDFfromWord", "a.pdf", "short.docx"}, 5, {"short.docx"});
+}
+
+TEST_F(WordToPdf, UnknownPrintersAreTold) {
+    expect_failure({"CreatePDFfromWord2", "a.pdf", letter, "--distiller", "No such printer"}, 5,
+                   {"No such printer"});
+}
+
+TEST_F(WordToPdf, UnwritableFoldersAreTold) {
+    expect_failure({"CreatePDFfromWord2", "none/a.pdf", letter}, 1, {"none"});
+    expect_failure({"CreatePSfromWord", "none/a.ps", letter}, 1, {"none"});
+    expect_failure({"CreatePDFfromWord2", "/proc/a.pdf", letter}, 1, {"/proc"});
+}
+
+}  // namespace
+}  // namespace foliant::end_to_end
