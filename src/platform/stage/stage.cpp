@@ -71,6 +71,16 @@ void Stage::fail_action(long k, Error error) {
     failure_ = std::move(error);
 }
 
+void Stage::fail_actions_from(long k, Error error) {
+    failing_from_ = k;
+    later_failure_ = std::move(error);
+}
+
+const Error* Stage::failure_of_this_action() const noexcept {
+    if (actions_ == failing_action_) return &failure_;
+    return failing_from_ > 0 && actions_ >= failing_from_ ? &later_failure_ : nullptr;
+}
+
 void Stage::note(const std::string& line) {
     lines_.push_back(line);
     if (on_line) on_line(line);
@@ -79,13 +89,13 @@ void Stage::note(const std::string& line) {
 bool Stage::act_or_refuse(const std::string& line) {
     if (++actions_ > most_actions)
         throw std::logic_error("the stage saw too many actions, the last: " + line);
-    const bool fails = actions_ == failing_action_;
+    const bool fails = failure_of_this_action() != nullptr;
     note(fails ? line + " -> fails" : line);
     return fails;
 }
 
 void Stage::act(const std::string& line) {
-    if (act_or_refuse(line)) throw failure_;
+    if (act_or_refuse(line)) throw *failure_of_this_action();
 }
 
 }  // namespace foliant::platform::stage

@@ -74,7 +74,7 @@ class Stage {
     automation::ObjectPtr make_object(const std::string& name);
 
     std::map<std::string, StagedFile> files;
-    /// Puts an empty-handed file of 1000 bytes there, from now on.
+    /// Puts a file of 1000 bytes there, from now on.
     void put_file(const std::string& path);
     std::set<std::string> folders;
     std::set<std::string> names_in_current_folder;
@@ -119,6 +119,9 @@ class Stage {
     /// The k-th action (counted from 1, since the journal was last cleared) fails with that error; 0 fails
     /// none.
     void fail_action(long k, automation::Error error);
+    /// Every action from the k-th on fails with that error, but for the one that `fail_action` names; 0 fails
+    /// none.
+    void fail_actions_from(long k, automation::Error error);
     /// How many actions there were.
     long actions() const noexcept { return actions_; }
 
@@ -134,6 +137,9 @@ class Stage {
   private:
     friend class StageObject;
 
+    /// The error with which the action that is being done is to fail, nullptr when it is not to.
+    const automation::Error* failure_of_this_action() const noexcept;
+
     struct Ports;
     std::unique_ptr<Ports> ports_;
     std::vector<std::string> lines_;
@@ -142,6 +148,8 @@ class Stage {
     long actions_ = 0;
     long failing_action_ = 0;
     automation::Error failure_{0, "", ""};
+    long failing_from_ = 0;
+    automation::Error later_failure_{0, "", ""};
 };
 
 }  // namespace foliant::platform::stage

@@ -17,7 +17,10 @@ class StageObject::Listening : public automation::Subscription {
         : object_(std::move(object)), sink_(sink) {
         object_->sinks_.push_back(&sink_);
     }
-    ~Listening() override { std::erase(object_->sinks_, &sink_); }
+    ~Listening() override {
+        std::erase(object_->sinks_, &sink_);
+        object_->stage_.note("stop listening to " + object_->name_);
+    }
 
   private:
     std::shared_ptr<StageObject> object_;

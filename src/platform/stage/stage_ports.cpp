@@ -23,7 +23,7 @@ class StagedText : public TextFile {
         if (open_) stage_.note("close " + path_);
     }
     void write_line(std::string_view line) override {
-        stage_.act("write " + path_ + ": " + std::string(line));
+        stage_.act("write " + path_ + ":" + (line.empty() ? "" : " " + std::string(line)));
         stage_.files[path_].content += std::string(line) + "\r\n";
     }
     void close() override {

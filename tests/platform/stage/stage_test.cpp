@@ -1,0 +1,376 @@
+// What the tests of the members rely on: that the journal tells everything, that the k-th action fails and
+// no other, and that time passes only where it is said to.
+
+#include "platform/stage/stage.h"
+
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+#include "platform/stage/stage_object.h"
+#include "support/staged_session.h"
+
+namespace foliant::platform::stage {
+namespace {
+
+using automation::Arguments;
+using automation::Error;
+using automation::Missing;
+using automation::named;
+using automation::Object;
+using automation::RuntimeError;
+using automation::Value;
+
+class StageTest : public testing::Test {
+  protected:
+    void run(const std::function<void()>& steps) { tests::run_noting_error(stage, steps); }
+    void expect_journal(std::string_view expected,
+                        std::source_location place = std::source_location::current()) {
+        tests::expect_journal(stage, expected, place);
+    }
+
+    Stage stage;
+    Platform world = stage.platform();
+};
+
+using StageJournal = StageTest;
+using StageFailures = StageTest;
+using StageObjects = StageTest;
+using StageFilesTest = StageTest;
+using StageTime = StageTest;
+using StageWindowsTest = StageTest;
+using StageProgramsTest = StageTest;
+using StageRegistryTest = StageTest;
+
+// The journal.
+
+TEST_F(StageJournal, TellsHowObjectsWereReached) {
+    const Value word = world.servers.create("Word.Application");
+    stage.answer("Word.Application.ActivePrinter", "Office");
+    word.get("ActivePrinter");
+    word.set("DisplayAlerts", std::int16_t{0});
+    word.set_reference("Control", word);
+    word.get("Documents").call("Open", {"a.doc", true, named("Pages", "1-3"), std::int32_t{4}, Missing{}});
+    expect_journal(R"(
+        create Word.Application
+        Word.Application.ActivePrinter -> "Office"
+        Word.Application.DisplayAlerts = Integer(0)
+        Set Word.Application.Control = <object>
+        Word.Application.Documents
+        Documents.Open("a.doc", True, Pages:="1-3", Long(4), <missing>)
+    )");
+}
+
+TEST_F(StageJournal, ReleasesAreToldOfCreatedObjectsButNotOfThoseOnTheWay) {
+    {
+        const Value word = world.servers.create("Word.Application");
+        word.get("Documents");
+    }
+    expect_journal(R"(
+        create Word.Application
+        Word.Application.Documents
+        release Word.Application
+    )");
+}
+
+TEST_F(StageJournal, ShowsEachLineAtOnceToThoseWhoWantIt) {
+    std::string seen;
+    stage.on_line = [&](const std::string& line) { seen += "[" + line + "]"; };
+    world.clock.pump_messages();
+    stage.note("a remark");
+    EXPECT_EQ(seen, "[pump messages][a remark]");
+}
+
+TEST_F(StageJournal, RemarksAreNoActions) {
+    stage.note("a remark");
+    EXPECT_EQ(stage.actions(), 0);
+    world.clock.pump_messages();
+    EXPECT_EQ(stage.actions(), 1);
+}
+
+TEST_F(StageJournal, ClearingStartsTheCountAgain) {
+    world.clock.pump_messages();
+    stage.clear_journal();
+    EXPECT_EQ(stage.journal(), "");
+    EXPECT_EQ(stage.actions(), 0);
+}
+
+TEST_F(StageJournal, AnEndlessWaitIsEnded) {
+    EXPECT_THROW(while (true) world.clock.pump_messages(), std::logic_error);
+}
+
+// Failing.
+
+TEST_F(StageFailures, TheKthActionFailsAndNoOther) {
+    stage.fail_action(2, Error(-2147352567, "Word", "made to fail"));
+    for (int i = 0; i < 3; ++i)
+        run([&] { world.clock.sleep(10); });
+    expect_journal(R"(
+        sleep 10 ms
+        sleep 10 ms -> fails
+        raise -2147352567 from Word: made to fail
+        sleep 10 ms
+    )");
+}
+
+TEST_F(StageFailures, EverythingFromTheKthOnCanFailWithAnErrorOfItsOwn) {
+    stage.fail_action(2, Error(1, "", "first"));
+    stage.fail_actions_from(3, Error(2, "", "later"));
+    for (int i = 0; i < 4; ++i)
+        run([&] { world.clock.sleep(10); });
+    expect_journal(R"(
+        sleep 10 ms
+        sleep 10 ms -> fails
+        raise 1 from : first
+        sleep 10 ms -> fails
+        raise 2 from : later
+        sleep 10 ms -> fails
+        raise 2 from : later
+    )");
+}
+
+TEST_F(StageFailures, WhatFailsHasNoEffect) {
+    stage.put_file("C:\\a.ps");
+    stage.fail_actions_from(1, Error(RuntimeError::permission_denied));
+    run([&] { world.files.remove("C:\\a.ps"); });
+    run([&] { world.clock.sleep(1000); });
+    run([&] { world.files.create_text("C:\\b.ps"); });
+    run([&] { world.files.make_folder("C:\\c"); });
+    stage.fail_actions_from(0, Error(RuntimeError::permission_denied));
+    EXPECT_EQ(world.files.length("C:\\a.ps"), 1000);
+    EXPECT_EQ(stage.now, 0U);
+    EXPECT_FALSE(stage.files.contains("C:\\b.ps"));
+    EXPECT_TRUE(stage.folders.empty());
+}
+
+TEST_F(StageFailures, CallsThatAnswerWithACodeAnswerThatTheyWereRefused) {
+    stage.fail_action(1, Error(RuntimeError::permission_denied));
+    RegistryKey opened = 0;
+    EXPECT_EQ(world.registry.open_key(hkey_local_machine, "SOFTWARE", 1, opened), registry_access_denied);
+    EXPECT_EQ(opened, 0U);
+}
+
+// Objects.
+
+TEST_F(StageObjects, DoWhatTheScriptSaysAfterTheirLineIsWritten) {
+    stage.when("Document.PrintOut", [](StageObject& self, const Arguments& arguments) -> Value {
+        self.stage().note("printing " + std::to_string(arguments.size()));
+        throw Error(RuntimeError::device_io_error);
+    });
+    const Value document = stage.make_object("Document");
+    run([&] { document.call("PrintOut", {"x"}); });
+    expect_journal(R"(
+        Document.PrintOut("x")
+        printing 1
+        raise 57 from : Device I/O error
+    )");
+}
+
+TEST_F(StageObjects, AreNotifiedOnlyWhileSomebodyListens) {
+    class Listener : public automation::EventSink {
+      public:
+        explicit Listener(Stage& stage) : stage_(stage) {}
+        void notify(std::string_view event, std::span<const Value>) override {
+            stage_.note("heard " + std::string(event));
+        }
+
+      private:
+        Stage& stage_;
+    } listener(stage);
+    stage.when("Distiller.Work", [](StageObject& self, const Arguments&) {
+        self.notify("OnPageNumber", {std::int32_t{1}});
+        return Value();
+    });
+    const Value distiller = stage.make_object("Distiller");
+    {
+        const auto subscription = distiller.object().subscribe(listener);
+        distiller.call("Work");
+    }
+    distiller.call("Work");
+    expect_journal(R"(
+        listen to Distiller
+        Distiller.Work()
+        heard OnPageNumber
+        stop listening to Distiller
+        Distiller.Work()
+    )");
+}
+
+TEST_F(StageObjects, AClassThatIsNotInstalledCannotBeCreated) {
+    stage.call_class("{GUID}", "Distiller");
+    stage.missing_classes = {"{GUID}"};
+    run([&] { world.servers.create("{GUID}"); });
+    expect_journal(R"(
+        create Distiller
+        raise 429 from : ActiveX component can't create object
+    )");
+}
+
+TEST_F(StageObjects, AreCountedAmongTheLiving) {
+    const long before = Object::live_objects();
+    {
+        const Value word = world.servers.create("Word.Application");
+        EXPECT_EQ(Object::live_objects(), before + 1);
+    }
+    EXPECT_EQ(Object::live_objects(), before);
+}
+
+// Files.
+
+TEST_F(StageFilesTest, AppearInTimeAndGrowWithEachLook) {
+    stage.files["C:\\a.ps"] = {.appears_at = 2000, .lengths = {10, 20, 30}, .content = {}};
+    run([&] { world.files.length("C:\\a.ps"); });
+    world.clock.sleep(2000);
+    for (int i = 0; i < 4; ++i)
+        world.files.length("C:\\a.ps");
+    expect_journal(R"(
+        length C:\a.ps -> not found
+        raise 53 from : File not found
+        sleep 2000 ms
+        length C:\a.ps -> 10
+        length C:\a.ps -> 20
+        length C:\a.ps -> 30
+        length C:\a.ps -> 30
+    )");
+}
+
+TEST_F(StageFilesTest, AreGoneWhenTheyWereDeleted) {
+    stage.put_file("C:\\a.ps");
+    world.files.remove("C:\\a.ps");
+    run([&] { world.files.length("C:\\a.ps"); });
+    run([&] { world.files.remove("C:\\a.ps"); });
+    expect_journal(R"(
+        delete C:\a.ps
+        length C:\a.ps -> not found
+        raise 53 from : File not found
+        delete C:\a.ps
+        raise 53 from : File not found
+    )");
+}
+
+TEST_F(StageFilesTest, ARealFileIsSeenUntilItIsDeletedOnStage) {
+    stage.real_length = [](const std::string& path) {
+        return path == "C:\\real.doc" ? std::optional<std::int64_t>(7) : std::nullopt;
+    };
+    EXPECT_EQ(world.files.length("C:\\real.doc"), 7);
+    world.files.remove("C:\\real.doc");
+    EXPECT_THROW(world.files.length("C:\\real.doc"), Error);
+}
+
+TEST_F(StageFilesTest, WrittenLinesAreToldAndKept) {
+    {
+        const auto text = world.files.create_text("C:\\book.ps");
+        text->write_line("(C:/in/a.ps) prun");
+        text->write_line("");
+        text->close();
+    }
+    expect_journal(R"(
+        create text file C:\book.ps
+        write C:\book.ps: (C:/in/a.ps) prun
+        write C:\book.ps:
+        close C:\book.ps
+    )");
+    EXPECT_EQ(stage.files["C:\\book.ps"].content, "(C:/in/a.ps) prun\r\n\r\n");
+}
+
+TEST_F(StageFilesTest, AFileThatNobodyClosedIsClosedWhenItIsLetGo) {
+    { const auto text = world.files.create_text("C:\\book.ps"); }
+    expect_journal(R"(
+        create text file C:\book.ps
+        close C:\book.ps
+    )");
+}
+
+// Time.
+
+TEST_F(StageTime, PassesOnlyWhereSomethingSleeps) {
+    EXPECT_EQ(world.clock.seconds_since_midnight(), 0);
+    world.clock.pump_messages();
+    EXPECT_EQ(world.clock.seconds_since_midnight(), 0);
+    world.clock.sleep(1500);
+    world.clock.settle(1000);
+    EXPECT_EQ(world.clock.seconds_since_midnight(), 2.5F);
+}
+
+TEST_F(StageTime, PumpingTakesTimeWhenATestSaysSo) {
+    stage.pump_takes = 100;
+    world.clock.pump_messages();
+    EXPECT_EQ(stage.now, 100U);
+}
+
+TEST_F(StageTime, TheTimerStartsAgainAtMidnight) {
+    stage.midnight_offset_seconds = 86399;
+    world.clock.sleep(3000);
+    EXPECT_EQ(world.clock.seconds_since_midnight(), 2);
+}
+
+// Windows and programs.
+
+TEST_F(StageWindowsTest, AreFoundByCaptionInAnyCaseFromTheirTimeOnUntilTheyAreClosed) {
+    stage.windows["Adobe Acrobat - [Report.pdf]"] = 1000;
+    const auto look = [&] { return world.windows.find_window("adobe acrobat - [report.pdf]"); };
+    EXPECT_EQ(look(), 0);
+    world.clock.sleep(1000);
+    world.windows.close_window(look(), "0");
+    EXPECT_EQ(look(), 0);
+    expect_journal(R"(
+        find window "adobe acrobat - [report.pdf]" -> none
+        sleep 1000 ms
+        find window "adobe acrobat - [report.pdf]" -> found
+        send WM_CLOSE (0, "0") to "Adobe Acrobat - [Report.pdf]"
+        find window "adobe acrobat - [report.pdf]" -> none
+    )");
+}
+
+TEST_F(StageProgramsTest, OnlyThoseThatAreThereStart) {
+    stage.programs = {"C:\\s\\a.exe"};
+    std::string heard;
+    stage.on_program = [&](const std::string& line) { heard = line; };
+    world.programs.start("C:\\s\\a.exe open~Edit~", WindowStyle::hidden);
+    EXPECT_EQ(heard, "C:\\s\\a.exe open~Edit~");
+    run([&] { world.programs.start("C:\\s\\a.exex", WindowStyle::hidden); });
+    expect_journal(R"(
+        start (hidden) C:\s\a.exe open~Edit~
+        start (hidden) C:\s\a.exex
+        raise 53 from : File not found
+    )");
+}
+
+// The registry.
+
+TEST_F(StageRegistryTest, KeysAndNamesAreFoundInAnyCase) {
+    stage.set_registry_text("HKEY_LOCAL_MACHINE\\SOFTWARE\\Adobe", "Name", "x");
+    RegistryKey opened = 0;
+    EXPECT_EQ(world.registry.open_key(hkey_local_machine, "software\\ADOBE", 1, opened), registry_success);
+    std::uint32_t type = 0;
+    std::uint32_t size = 0;
+    EXPECT_EQ(world.registry.query_size(opened, "nAME", type, size), registry_success);
+    EXPECT_EQ(type, reg_string);
+    EXPECT_EQ(size, 2U);
+}
+
+TEST_F(StageRegistryTest, AKeyExistsWhenOneBelowItDoes) {
+    stage.registry["HKEY_LOCAL_MACHINE\\SOFTWARE\\Adobe\\Acrobat"];
+    RegistryKey opened = 0;
+    EXPECT_EQ(world.registry.open_key(hkey_local_machine, "SOFTWARE\\Adobe", 1, opened), registry_success);
+    EXPECT_EQ(world.registry.open_key(hkey_local_machine, "SOFTWARE\\Ado", 1, opened), registry_not_found);
+    EXPECT_EQ(world.registry.open_key(hkey_current_user, "SOFTWARE\\Adobe", 1, opened), registry_not_found);
+}
+
+TEST_F(StageRegistryTest, AClosedKeyCannotBeClosedAgain) {
+    RegistryKey opened = 0;
+    world.registry.create_key(hkey_current_user, "Software\\Foliant", 1, opened);
+    EXPECT_EQ(world.registry.close_key(opened), registry_success);
+    EXPECT_NE(world.registry.close_key(opened), registry_success);
+}
+
+TEST_F(StageRegistryTest, WhatWasWrittenIsRead) {
+    RegistryKey key = 0;
+    world.registry.create_key(hkey_current_user, "Software\\Foliant", 1, key);
+    world.registry.set_value(key, "Name", reg_binary, "abc");
+    std::string data(3, '\0');
+    EXPECT_EQ(world.registry.query_data(key, "Name", data), registry_success);
+    EXPECT_EQ(data, "abc");
+}
+
+}  // namespace
+}  // namespace foliant::platform::stage

@@ -1,0 +1,59 @@
+#include "support/staged_session.h"
+
+#include "automation/describe.h"
+#include "automation/error.h"
+#include "platform/stage/cast.h"
+
+namespace foliant::tests {
+
+void EventsInJournal::notify(std::string_view event, std::span<const automation::Value> arguments) {
+    const automation::Arguments all(arguments.begin(), arguments.end());
+    stage_.note("event " + std::string(event) + "(" + automation::describe(all) + ")");
+    if (handler) handler(event);
+}
+
+void run_noting_error(platform::stage::Stage& stage, const std::function<void()>& steps) {
+    try {
+        steps();
+    } catch (const automation::Error& error) {
+        stage.note("raise " + std::to_string(error.number()) + " from " + error.source() + ": " +
+                   error.description());
+    }
+}
+
+void expect_text(const Lines& actual, std::string_view expected, std::source_location place) {
+    const Lines wanted = lines_of(expected);
+    if (wanted == actual) return;
+    ADD_FAILURE_AT(place.file_name(), static_cast<int>(place.line()))
+        << "What was expected (-) and what happened (+):\n"
+        << text_of(difference(wanted, actual));
+}
+
+void expect_journal(const platform::stage::Stage& stage, std::string_view expected,
+                    std::source_location place) {
+    expect_text(stage.lines(), expected, place);
+}
+
+StagedSession::StagedSession() {
+    platform::stage::cast_usual_machine(stage);
+}
+
+session::Session& StagedSession::session() {
+    if (!session_) {
+        session_.emplace(stage.platform(), events);
+        stage.clear_journal();
+    }
+    return *session_;
+}
+
+void StagedSession::register_acrobat(const std::string& version) {
+    stage.set_registry_text("HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\AcroExch.App\\AcrobatVersion", "",
+                            version);
+}
+
+void StagedSession::run(const std::function<void()>& steps) {
+    session();
+    run_noting_error(stage, steps);
+}
+
+}  // namespace foliant::tests
