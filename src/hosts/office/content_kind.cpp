@@ -166,9 +166,15 @@ ImportFilter compound_file_filter(const std::filesystem::path& path, const Conte
 ImportFilter markup_or_text_filter(const std::filesystem::path& path, std::string_view bytes) {
     const std::string extension = extension_of(path);
     const std::string_view start = skip_start(bytes);
-    if (starts_with_any_case(start, "<?xml") && start.find("<office:document") != std::string_view::npos)
-        return {"OpenDocument Text Flat XML", ""};
-    const std::set<std::string> promises_more = {".docx", ".docm", ".dotx", ".dotm", ".odt", ".ott", ".rtf"};
+    const bool xml = starts_with_any_case(start, "<?xml");
+    const bool open_document = start.find("<office:document") != std::string_view::npos;
+    if (extension != ".txt" && (xml || start.starts_with("<office:document"))) {
+        if (open_document) return {"OpenDocument Text Flat XML", ""};
+        if (start.find("<html") == std::string_view::npos)
+            throw not_a_document(path, "it is an XML file of another kind");
+    }
+    const std::set<std::string> promises_more = {".docx", ".docm", ".dotx", ".dotm",
+                                                 ".odt",  ".ott",  ".fodt", ".rtf"};
     if (promises_more.contains(extension))
         throw not_a_document(path, "it holds plain text, which its name does not say");
     const bool markup = starts_with_any_case(start, "<!doctype html") || starts_with_any_case(start, "<html");

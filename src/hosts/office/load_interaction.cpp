@@ -23,6 +23,8 @@ using css::task::XInteractionPassword2;
 using css::uno::Reference;
 using css::uno::UNO_QUERY;
 
+using Answers = css::uno::Sequence<Reference<XInteractionContinuation>>;
+
 struct PasswordQuestion {
     PasswordRequestMode mode;
     bool to_modify = false;
@@ -40,40 +42,45 @@ std::optional<PasswordQuestion> password_question(const css::uno::Any& request) 
 }
 
 template <typename Continuation>
-Reference<Continuation> find(const css::uno::Sequence<Reference<XInteractionContinuation>>& answers) {
+Reference<Continuation> find(const Answers& answers) {
     for (sal_Int32 i = 0; i < answers.getLength(); ++i)
         if (Reference<Continuation> answer(answers.getConstArray()[i], UNO_QUERY); answer.is()) return answer;
     return {};
 }
 
+/// Hands over the options that came with the request: they were given with the load, and only the dialog to
+/// change them is asked for.
+bool confirm_options(const css::document::FilterOptionsRequest& request, const Answers& answers) {
+    const auto answer = find<css::document::XInteractionFilterOptions>(answers);
+    if (!answer.is()) return false;
+    answer->setFilterOptions(request.rProperties);
+    answer->select();
+    return true;
+}
+
+bool give_password(const Passwords& passwords, bool to_modify, const Answers& answers) {
+    const std::string& password = to_modify ? passwords.write : passwords.open;
+    const auto answer = find<XInteractionPassword>(answers);
+    if (password.empty() || !answer.is()) return false;
+    answer->setPassword(to_uno(password));
+    if (const Reference<XInteractionPassword2> both(answer, UNO_QUERY); both.is())
+        both->setPasswordToModify(to_uno(passwords.write));
+    answer->select();
+    return true;
+}
+
 }  // namespace
 
-LoadInteraction::LoadInteraction(std::string open_password, std::string write_password)
-    : open_password_(std::move(open_password)), write_password_(std::move(write_password)) {}
+LoadInteraction::LoadInteraction(Passwords passwords) : passwords_(std::move(passwords)) {}
 
 void SAL_CALL LoadInteraction::handle(const Reference<css::task::XInteractionRequest>& request) {
-    const auto answers = request->getContinuations();
-    if (css::document::FilterOptionsRequest options; request->getRequest() >>= options) {
-        // The options were given with the load; only the dialog for them is asked for.
-        if (const auto answer = find<css::document::XInteractionFilterOptions>(answers); answer.is()) {
-            answer->setFilterOptions(options.rProperties);
-            answer->select();
-            return;
-        }
-    }
+    const Answers answers = request->getContinuations();
+    if (css::document::FilterOptionsRequest options; request->getRequest() >>= options)
+        if (confirm_options(options, answers)) return;
     if (const auto question = password_question(request->getRequest())) {
-        const std::string& password = question->to_modify ? write_password_ : open_password_;
         if (!question->to_modify) password_was_asked_ = true;
-        const auto answer = find<XInteractionPassword>(answers);
-        if (question->mode != css::task::PasswordRequestMode_PASSWORD_REENTER && !password.empty() &&
-            answer.is()) {
-            answer->setPassword(to_uno(password));
-            if (const Reference<XInteractionPassword2> both(answer, UNO_QUERY); both.is())
-                both->setPasswordToModify(to_uno(write_password_));
-            answer->select();
-            return;
-        }
-        if (!question->to_modify && !password.empty()) password_was_refused_ = true;
+        const bool again = question->mode == css::task::PasswordRequestMode_PASSWORD_REENTER;
+        if (!again && give_password(passwords_, question->to_modify, answers)) return;
     }
     if (const auto abort = find<XInteractionAbort>(answers); abort.is()) abort->select();
 }

@@ -1,19 +1,14 @@
 #include "hosts/office/office_engine.h"
 
 #include <com/sun/star/container/XSet.hpp>
-#include <com/sun/star/document/MacroExecMode.hpp>
-#include <com/sun/star/document/UpdateDocMode.hpp>
-#include <com/sun/star/frame/Desktop.hpp>
-#include <com/sun/star/lang/XServiceInfo.hpp>
 #include <com/sun/star/ucb/UniversalContentBroker.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <dlfcn.h>
 #include <rtl/bootstrap.hxx>
 
-#include "hosts/office/content_kind.h"
+#include "hosts/office/document_loader.h"
 #include "hosts/office/errors.h"
 #include "hosts/office/installation.h"
-#include "hosts/office/load_interaction.h"
 #include "hosts/office/model.h"
 #include "hosts/office/process_guard.h"
 #include "hosts/office/profile.h"
@@ -111,8 +106,8 @@ OfficeEngine& OfficeEngine::start(const std::filesystem::path& private_folder) {
         throw unusable("it is not installed there");
     const std::filesystem::path folder = std::filesystem::absolute(private_folder);
     try {
-        const ProcessGuard process;
-        const TemporaryFolderGuard temporary(folder);
+        const StartGuard start;  // ends last, when the handlers are the program's own again
+        const CallGuard call(folder);
         auto office = std::make_unique<Office>(start_office(folder), folder);
         engine = new OfficeEngine(std::move(office));
         return *engine;
@@ -121,61 +116,14 @@ OfficeEngine& OfficeEngine::start(const std::filesystem::path& private_folder) {
     }
 }
 
-namespace {
-
-css::uno::Sequence<css::beans::PropertyValue> load_arguments(const ImportFilter& filter,
-                                                             const Reference<LoadInteraction>& interaction) {
-    using css::task::XInteractionHandler;
-    return uno_sequence<css::beans::PropertyValue>({
-        uno_argument("Hidden", true),
-        uno_argument("ReadOnly", true),
-        uno_argument("FilterName", to_uno(filter.name)),
-        uno_argument("FilterOptions", to_uno(filter.options)),
-        uno_argument("MacroExecutionMode", css::document::MacroExecMode::NEVER_EXECUTE),
-        uno_argument("UpdateDocMode", css::document::UpdateDocMode::NO_UPDATE),
-        uno_argument("InteractionHandler", Reference<XInteractionHandler>(interaction.get())),
-    });
-}
-
-automation::Error load_error(const std::filesystem::path& path, const LoadInteraction& interaction,
-                             const std::string& reason) {
-    if (interaction.password_was_asked()) {
-        const bool given = interaction.password_was_refused();
-        return word_error(WordError::wrong_password,
-                          path.string() + (given ? ": the password is incorrect. Give the open password that "
-                                                   "belongs to this document."
-                                                 : " is encrypted. Give its open password."));
-    }
-    return word_error(WordError::file_corrupted, path.string() + " cannot be opened: it seems to be damaged" +
-                                                     (reason.empty() ? "" : " (" + reason + ")") +
-                                                     ". Use another copy.");
-}
-
-}  // namespace
-
 std::unique_ptr<TextDocument> OfficeEngine::open(const std::filesystem::path& path,
                                                  const std::string& open_password,
                                                  const std::string& write_password) {
     const std::filesystem::path absolute = std::filesystem::absolute(path);
-    const ImportFilter filter = import_filter(absolute, office_->context);
-    const Reference<LoadInteraction> interaction(new LoadInteraction(open_password, write_password));
-    const TemporaryFolderGuard temporary(office_->temporary_folder);
-    Reference<css::lang::XComponent> component;
-    std::string reason;
-    try {
-        const auto desktop = css::frame::Desktop::create(office_->context);
-        component = desktop->loadComponentFromURL(file_url(absolute), to_uno("_blank"), 0,
-                                                  load_arguments(filter, interaction));
-    } catch (const css::uno::Exception& exception) {
-        reason = from_uno(exception.Message);
-    }
-    if (!component.is()) throw load_error(absolute, *interaction, reason);
-    auto document = std::make_unique<TextDocument>(
+    const CallGuard call(office_->temporary_folder);
+    const auto component = load_document(office_->context, absolute, {open_password, write_password});
+    return std::make_unique<TextDocument>(
         std::make_unique<TextDocument::Model>(component, absolute, office_->temporary_folder));
-    const Reference<css::lang::XServiceInfo> services(component, UNO_QUERY);
-    if (!services.is() || !services->supportsService(to_uno("com.sun.star.text.GenericTextDocument")))
-        throw word_error(WordError::unreadable, absolute.string() + " is not a text document.");
-    return document;
 }
 
 }  // namespace foliant::hosts

@@ -44,6 +44,15 @@ void switch_on(const PageStyle& style, PageBand band) {
     set_uno_property(style, property(band, "Height"), height);
 }
 
+/// Gives the first page a header and footer of its own: copies of what it shows, hence before the number is
+/// added. Both are on before that, because switching one on later makes LibreOffice share again and copy
+/// anew.
+void unshare_first_page(const PageStyle& style) {
+    switch_on(style, PageBand::header);
+    switch_on(style, PageBand::footer);
+    set_uno_property(style, "FirstIsShared", false);
+}
+
 /// Whether a paragraph holds nothing, neither text nor a picture nor a field.
 bool is_empty(const css::uno::Any& paragraph) {
     const Reference<XEnumerationAccess> portions(paragraph, UNO_QUERY);
@@ -106,9 +115,7 @@ Reference<XText> band_text(const PageStyle& style, PageBand band, std::string_vi
 void add_number(const DocumentModel& document, PageBand band, NumberAlignment alignment, bool on_first_page) {
     const SectionStyles styles = first_section_styles(document);
     switch_on(styles.other_pages, band);
-    // Sharing has to end before the number is there: the first page then keeps a copy of what it showed.
-    if (!on_first_page && !styles.has_title_style())
-        set_uno_property(styles.other_pages, "FirstIsShared", false);
+    if (!on_first_page && !styles.has_title_style()) unshare_first_page(styles.other_pages);
     append_number(document, band_text(styles.other_pages, band, "Text"), band, alignment);
     if (!on_first_page) return;
     if (styles.has_title_style()) {

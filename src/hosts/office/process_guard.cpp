@@ -5,27 +5,14 @@
 
 namespace foliant::hosts {
 
-namespace {
-
-constexpr int signals = NSIG;
-
-}  // namespace
-
-ProcessGuard::ProcessGuard() : actions_(signals), mask_(), locale_(std::setlocale(LC_ALL, nullptr)) {
-    for (int number = 1; number < signals; ++number)
+SignalHandlersGuard::SignalHandlersGuard() : actions_(NSIG) {
+    for (int number = 1; number < NSIG; ++number)
         sigaction(number, nullptr, &actions_[static_cast<std::size_t>(number)]);
-    sigset_t ending;
-    sigemptyset(&ending);
-    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGCHLD, SIGUSR1, SIGUSR2, SIGALRM})
-        sigaddset(&ending, number);
-    pthread_sigmask(SIG_BLOCK, &ending, &mask_);
 }
 
-ProcessGuard::~ProcessGuard() {
-    for (int number = 1; number < signals; ++number)
+SignalHandlersGuard::~SignalHandlersGuard() {
+    for (int number = 1; number < NSIG; ++number)
         sigaction(number, &actions_[static_cast<std::size_t>(number)], nullptr);
-    std::setlocale(LC_ALL, locale_.c_str());
-    pthread_sigmask(SIG_SETMASK, &mask_, nullptr);
 }
 
 TemporaryFolderGuard::TemporaryFolderGuard(const std::filesystem::path& folder) {
@@ -40,6 +27,19 @@ TemporaryFolderGuard::~TemporaryFolderGuard() {
         setenv("TMPDIR", former_.c_str(), 1);
     else
         unsetenv("TMPDIR");
+}
+
+StartGuard::StartGuard() : locale_(std::setlocale(LC_ALL, nullptr)) {
+    sigset_t ending;
+    sigemptyset(&ending);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGCHLD, SIGUSR1, SIGUSR2, SIGALRM})
+        sigaddset(&ending, number);
+    pthread_sigmask(SIG_BLOCK, &ending, &mask_);
+}
+
+StartGuard::~StartGuard() {
+    std::setlocale(LC_ALL, locale_.c_str());
+    pthread_sigmask(SIG_SETMASK, &mask_, nullptr);
 }
 
 }  // namespace foliant::hosts

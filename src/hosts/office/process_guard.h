@@ -7,24 +7,21 @@
 
 namespace foliant::hosts {
 
-/// Keeps what belongs to the process out of LibreOffice's reach while it starts: signal dispositions and
-/// the C locale are put back as they were when this is destroyed. Meanwhile the signals that end a process
-/// are held back, and the threads that LibreOffice starts inherit that, so they never receive one later.
-class ProcessGuard {
+/// Puts what a process does on each signal back as it was, when destroyed. LibreOffice and the libraries that
+/// it loads on demand install handlers of their own.
+class SignalHandlersGuard {
   public:
-    ProcessGuard();
-    ProcessGuard(const ProcessGuard&) = delete;
-    ProcessGuard& operator=(const ProcessGuard&) = delete;
-    ~ProcessGuard();
+    SignalHandlersGuard();
+    SignalHandlersGuard(const SignalHandlersGuard&) = delete;
+    SignalHandlersGuard& operator=(const SignalHandlersGuard&) = delete;
+    ~SignalHandlersGuard();
 
   private:
-    std::vector<struct sigaction> actions_;
-    sigset_t mask_;
-    std::string locale_;
+    std::vector<struct sigaction> actions_;  ///< by signal number
 };
 
-/// Makes `folder` the temporary folder of the process (TMPDIR) until this is destroyed, so that a process
-/// that is killed leaves nothing in the shared one.
+/// Makes a folder the temporary folder of the process (TMPDIR) until destroyed, so that a process that is
+/// killed leaves nothing in the shared one.
 class TemporaryFolderGuard {
   public:
     explicit TemporaryFolderGuard(const std::filesystem::path& folder);
@@ -35,6 +32,29 @@ class TemporaryFolderGuard {
   private:
     bool was_set_;
     std::string former_;
+};
+
+/// What surrounds every call into LibreOffice.
+struct CallGuard {
+    explicit CallGuard(const std::filesystem::path& temporary_folder) : folder(temporary_folder) {}
+
+    SignalHandlersGuard handlers;
+    TemporaryFolderGuard folder;
+};
+
+/// What else surrounds its start. The signals that end a process are held back until this is destroyed, and
+/// the threads that LibreOffice starts inherit that, so none of them ever receives one in place of the
+/// program's own. The C locale is put back as it was.
+class StartGuard {
+  public:
+    StartGuard();
+    StartGuard(const StartGuard&) = delete;
+    StartGuard& operator=(const StartGuard&) = delete;
+    ~StartGuard();
+
+  private:
+    sigset_t mask_;
+    std::string locale_;
 };
 
 }  // namespace foliant::hosts

@@ -26,7 +26,7 @@ using css::uno::UNO_QUERY_THROW;
 template <typename Work>
 auto translated(const TextDocument::Model& model, const std::string& what, Work work) {
     try {
-        const TemporaryFolderGuard temporary(model.temporary_folder);
+        const CallGuard call(model.temporary_folder);
         return work();
     } catch (const css::uno::Exception& exception) {
         throw word_error(WordError::command_failed,

@@ -143,6 +143,26 @@ def write_macro_odt(path):
     })
 
 
+def write_first_page_fodt(path):
+    """One page style whose first page has a header of its own, which Word documents never come out as."""
+    office = "urn:oasis:names:tc:opendocument:xmlns"
+    names = (f'xmlns:office="{office}:office:1.0" xmlns:text="{office}:text:1.0" xmlns:style="{office}:style:1.0" '
+             f'xmlns:fo="{office}:xsl-fo-compatible:1.0"')
+    path.write_text(
+        f'<office:document {names} office:version="1.2" '
+        'office:mimetype="application/vnd.oasis.opendocument.text"><office:automatic-styles>'
+        '<style:page-layout style:name="pm1"><style:page-layout-properties fo:page-width="8.5in" '
+        'fo:page-height="11in" fo:margin-top="1in" fo:margin-bottom="1in" fo:margin-left="1in" '
+        'fo:margin-right="1in"/><style:header-style><style:header-footer-properties fo:min-height="0in" '
+        'fo:margin-bottom="0.2in"/></style:header-style></style:page-layout><style:style style:name="P1" '
+        'style:family="paragraph"><style:paragraph-properties fo:break-before="page"/></style:style>'
+        '</office:automatic-styles><office:master-styles><style:master-page style:name="Standard" '
+        'style:page-layout-name="pm1"><style:header><text:p>Running head</text:p></style:header>'
+        '<style:header-first><text:p>First head</text:p></style:header-first></style:master-page>'
+        '</office:master-styles><office:body><office:text><text:p>Body 1.</text:p>'
+        '<text:p text:style-name="P1">Body 2.</text:p></office:text></office:body></office:document>')
+
+
 def write_layout_documents(folder):
     write_pages(folder / "one.docx", 1)
     write_pages(folder / "five.docx", 5)
@@ -175,6 +195,7 @@ def write_content_documents(folder):
     (folder / "page.html").write_text("<!DOCTYPE html><html><body><h1>A heading</h1><p>Some prose.</p></body></html>")
     (folder / "note.rtf").write_text(r"{\rtf1\ansi\deff0{\fonttbl{\f0 DejaVu Sans;}}\f0\fs24 Rich words.\par}")
     (folder / "old.doc").write_text("Plain words under an old name.\n")
+    write_first_page_fodt(folder / "first_page.fodt")
     write_odt(folder / "text.odt", "<text:p>Open words.</text:p>")
     write_macro_odt(folder / "macro.odt")
 

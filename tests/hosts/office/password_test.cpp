@@ -1,0 +1,88 @@
+#include <com/sun/star/beans/NamedValue.hpp>
+#include <com/sun/star/frame/Desktop.hpp>
+#include <com/sun/star/frame/XStorable.hpp>
+#include <com/sun/star/uno/XComponentContext.hpp>
+#include <com/sun/star/util/XCloseable.hpp>
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include "hosts/office/pdf_reader.h"
+#include "hosts/office/support.h"
+#include "hosts/office/uno_support.h"
+
+namespace foliant::hosts {
+namespace {
+
+constexpr const char* password = "Grüße 1";
+
+/// Saves a document with an open password, with the LibreOffice that the engine runs on.
+void save_encrypted(const std::filesystem::path& target, const std::string& filter) {
+    test::open(test::document("one.docx"));  // starts the engine
+    using Context = css::uno::Reference<css::uno::XComponentContext>;
+    void* library = dlopen("libmergedlo.so", RTLD_NOLOAD | RTLD_LAZY);
+    ASSERT_NE(library, nullptr);
+    auto* context =
+        reinterpret_cast<Context (*)()>(dlsym(library, "_ZN10comphelper26getProcessComponentContextEv"));
+    const auto document = css::frame::Desktop::create(context())->loadComponentFromURL(
+        file_url(test::document("one.docx")), to_uno("_blank"), 0,
+        uno_sequence<css::beans::PropertyValue>({uno_argument("Hidden", true)}));
+    const css::uno::Reference<css::frame::XStorable> file(document, css::uno::UNO_QUERY_THROW);
+    using css::beans::NamedValue;
+    const auto word_2007 = uno_sequence<NamedValue>({
+        NamedValue(to_uno("CryptoType"), css::uno::Any(to_uno("Standard"))),
+        NamedValue(to_uno("OOXPassword"), css::uno::Any(to_uno(password))),
+    });
+    const bool is_word_2007 = filter == "MS Word 2007 XML";
+    file->storeToURL(file_url(target), uno_sequence<css::beans::PropertyValue>({
+                                           uno_argument("FilterName", to_uno(filter)),
+                                           is_word_2007 ? uno_argument("EncryptionData", word_2007)
+                                                        : uno_argument("Password", to_uno(password)),
+                                       }));
+    css::uno::Reference<css::util::XCloseable>(document, css::uno::UNO_QUERY_THROW)->close(true);
+}
+
+class Password : public testing::TestWithParam<std::pair<const char*, const char*>> {
+  protected:
+    void SetUp() override {
+        path_ = folder_ / ("secret" + std::string(GetParam().first));
+        save_encrypted(path_, GetParam().second);
+    }
+
+    test::Scratch folder_;
+    std::filesystem::path path_;
+};
+
+TEST_P(Password, OpensTheDocument) {
+    test::open(path_, password)->export_pdf("", folder_ / "out.pdf");
+    EXPECT_EQ(test::PdfReader(folder_ / "out.pdf").text(1), "This is page number 1.");
+}
+
+TEST_P(Password, IsAskedForWhenMissing) {
+    const auto error = test::error_of([&] { test::open(path_); });
+    EXPECT_EQ(error.number(), 5408);
+    EXPECT_EQ(error.description(), path_.string() + " is encrypted. Give its open password.");
+}
+
+TEST_P(Password, IsRefusedWhenWrong) {
+    const auto error = test::error_of([&] { test::open(path_, "wrong"); });
+    EXPECT_EQ(error.number(), 5408);
+    EXPECT_EQ(error.description(), path_.string() +
+                                       ": the password is incorrect. Give the open password that "
+                                       "belongs to this document.");
+}
+
+TEST_P(Password, IsNotTheWritePassword) {
+    EXPECT_EQ(test::error_of([&] { test::open(path_, "", password); }).number(), 5408);
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, Password,
+                         testing::Values(std::pair(".docx", "MS Word 2007 XML"),
+                                         std::pair(".doc", "MS Word 97"), std::pair(".odt", "writer8")),
+                         [](const auto& format) { return std::string(format.param.first).substr(1); });
+
+TEST(PasswordNotNeeded, IsIgnored) {
+    EXPECT_EQ(test::open(test::document("one.docx"), "any", "other")->page_count(), 1);
+}
+
+}  // namespace
+}  // namespace foliant::hosts

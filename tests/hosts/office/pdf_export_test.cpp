@@ -1,0 +1,103 @@
+#include <csignal>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include "hosts/office/pdf_reader.h"
+#include "hosts/office/support.h"
+
+namespace foliant::hosts {
+namespace {
+
+std::string printed_pages(const std::string& range) {
+    const test::Scratch folder;
+    test::open(test::document("five.docx"))->export_pdf(range, folder / "out.pdf");
+    const test::PdfReader pdf(folder / "out.pdf");
+    std::string numbers;
+    for (int page = 1; page <= pdf.pages(); ++page) {
+        const std::string text = pdf.text(page);
+        numbers += text.substr(text.size() - 2, 1);
+    }
+    return numbers;
+}
+
+TEST(PdfExport, PrintsAllPagesByDefault) {
+    EXPECT_EQ(printed_pages(""), "12345");
+    EXPECT_EQ(printed_pages("  "), "12345");
+}
+
+TEST(PdfExport, PrintsThePagesOfTheRange) {
+    EXPECT_EQ(printed_pages("2"), "2");
+    EXPECT_EQ(printed_pages("1-3,5"), "1235");
+    EXPECT_EQ(printed_pages("-2"), "12");
+    EXPECT_EQ(printed_pages("4-"), "45");
+}
+
+TEST(PdfExport, PrintsThePagesInTheOrderOfTheRange) {
+    EXPECT_EQ(printed_pages("5,1"), "51");
+    EXPECT_EQ(printed_pages("3-1"), "321");
+}
+
+TEST(PdfExport, RefusesAPageThatIsNotThereAndWritesNothing) {
+    const test::Scratch folder;
+    const auto document = test::open(test::document("five.docx"));
+    const auto error = test::error_of([&] { document->export_pdf("3-7", folder / "out.pdf"); });
+    EXPECT_EQ(error.number(), 4608);
+    EXPECT_EQ(error.description(), "The page range \"3-7\" names page 7, but " +
+                                       test::document("five.docx").string() + " has 5 pages.");
+    EXPECT_EQ(folder.content(), "");
+}
+
+TEST(PdfExport, KeepsLigaturesAccentsAndEveryScript) {
+    const test::Scratch folder;
+    test::open(test::document("text_mix.docx"))->export_pdf("", folder / "out.pdf");
+    EXPECT_EQ(test::PdfReader(folder / "out.pdf").text(1),
+              "efficient office flow, naïve café, Łódź, Žižkov, Ελλάδα, Москва / "
+              "efficient office flow, naïve café, Łódź, Žižkov, Ελλάδα, Москва / "
+              "efficient office flow, naïve café");
+}
+
+TEST(PdfExport, CanBeRepeated) {
+    const test::Scratch folder;
+    const auto document = test::open(test::document("one.docx"));
+    document->export_pdf("", folder / "first.pdf");
+    document->set_orientation(true);
+    document->export_pdf("", folder / "second.pdf");
+    EXPECT_EQ(test::PdfReader(folder / "first.pdf").size(1), "612 x 792");
+    EXPECT_EQ(test::PdfReader(folder / "second.pdf").size(1), "792 x 612");
+}
+
+TEST(PdfExport, NamesAMissingFolder) {
+    const test::Scratch folder;
+    const auto document = test::open(test::document("one.docx"));
+    EXPECT_EQ(test::error_of([&] { document->export_pdf("", folder / "no/out.pdf"); }).number(), 76);
+    EXPECT_EQ(test::error_of([&] { document->export_ps("", folder / "no/out.ps"); }).number(), 76);
+}
+
+TEST(PdfExport, ReportsAFullDisk) {
+    const auto document = test::open(test::document("one.docx"));
+    EXPECT_EQ(test::error_of([&] { document->export_pdf("", "/dev/full"); }).number(), 61);
+    EXPECT_EQ(test::error_of([&] { document->export_ps("", "/dev/full"); }).number(), 61);
+}
+
+TEST(PdfExport, ReportsAFullDiskUnderTheTemporaryFolder) {
+    const test::Scratch folder;
+    const auto document = test::open(test::document("text_mix.docx"));
+    const auto former_handler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit former{};
+    getrlimit(RLIMIT_FSIZE, &former);
+    const rlimit small{2000, former.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    std::int32_t number = 0;
+    try {
+        document->export_pdf("", folder / "out.pdf");
+    } catch (const automation::Error& error) {
+        number = error.number();
+    }
+    setrlimit(RLIMIT_FSIZE, &former);
+    std::signal(SIGXFSZ, former_handler);
+    EXPECT_NE(number, 0);
+    EXPECT_EQ(folder.content(), "");
+}
+
+}  // namespace
+}  // namespace foliant::hosts

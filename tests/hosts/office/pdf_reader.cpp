@@ -1,0 +1,83 @@
+#include "hosts/office/pdf_reader.h"
+
+#include <cmath>
+#include <poppler.h>
+#include <sstream>
+#include <stdexcept>
+
+namespace foliant::hosts::test {
+
+namespace {
+
+std::string taken(char* text) {
+    const std::string result = text ? text : "";
+    g_free(text);
+    return result;
+}
+
+std::string trimmed(const std::string& text) {
+    const std::size_t start = text.find_first_not_of(" \t\r\f");
+    if (start == std::string::npos) return "";
+    return text.substr(start, text.find_last_not_of(" \t\r\f") - start + 1);
+}
+
+}  // namespace
+
+struct PdfReader::Page {
+    std::shared_ptr<PopplerPage> page;
+};
+
+PdfReader::PdfReader(const std::filesystem::path& path) {
+    char* uri = g_filename_to_uri(std::filesystem::absolute(path).c_str(), nullptr, nullptr);
+    GError* error = nullptr;
+    PopplerDocument* document = poppler_document_new_from_file(uri, nullptr, &error);
+    g_free(uri);
+    if (!document) throw std::runtime_error(path.string() + ": " + error->message);
+    document_.reset(document, [](PopplerDocument* object) { g_object_unref(object); });
+}
+
+PdfReader::~PdfReader() = default;
+
+PdfReader::Page PdfReader::page(int number) const {
+    PopplerPage* page = poppler_document_get_page(document_.get(), number - 1);
+    if (!page) throw std::runtime_error("no page " + std::to_string(number));
+    return {std::shared_ptr<PopplerPage>(page, [](PopplerPage* object) { g_object_unref(object); })};
+}
+
+int PdfReader::pages() const {
+    return poppler_document_get_n_pages(document_.get());
+}
+
+std::string PdfReader::size(int number) const {
+    double width = 0;
+    double height = 0;
+    poppler_page_get_size(page(number).page.get(), &width, &height);
+    return std::to_string(std::lround(width)) + " x " + std::to_string(std::lround(height));
+}
+
+std::string PdfReader::text(int number) const {
+    std::istringstream lines(taken(poppler_page_get_text(page(number).page.get())));
+    std::string text;
+    for (std::string line; std::getline(lines, line);)
+        if (line = trimmed(line); !line.empty()) text += (text.empty() ? "" : " / ") + line;
+    return text;
+}
+
+std::string PdfReader::title() const {
+    return taken(poppler_document_get_title(document_.get()));
+}
+
+PdfReader::Place PdfReader::place(int number, const std::string& words) const {
+    const Page found = page(number);
+    double width = 0;
+    double height = 0;
+    poppler_page_get_size(found.page.get(), &width, &height);
+    GList* matches = poppler_page_find_text(found.page.get(), words.c_str());
+    if (!matches) throw std::runtime_error("\"" + words + "\" is not on page " + std::to_string(number));
+    const auto* first = static_cast<PopplerRectangle*>(matches->data);
+    const Place place{first->x1, height - first->y2};
+    g_list_free_full(matches, [](void* box) { poppler_rectangle_free(static_cast<PopplerRectangle*>(box)); });
+    return place;
+}
+
+}  // namespace foliant::hosts::test

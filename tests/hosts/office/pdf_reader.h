@@ -1,0 +1,39 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+struct _PopplerDocument;
+
+namespace foliant::hosts::test {
+
+/// A PDF file as poppler sees it. Pages count from 1, lengths are in points.
+class PdfReader {
+  public:
+    explicit PdfReader(const std::filesystem::path& path);
+    ~PdfReader();
+
+    int pages() const;
+    /// "612 x 792", rounded.
+    std::string size(int page) const;
+    /// The text of a page, its lines trimmed and joined by " / ".
+    std::string text(int page) const;
+    std::string title() const;
+
+    struct Place {
+        double left;
+        double top;
+    };
+    /// Where the first occurrence of `words` begins.
+    Place place(int page, const std::string& words) const;
+
+  private:
+    struct Page;
+    Page page(int number) const;
+
+    std::shared_ptr<_PopplerDocument> document_;
+};
+
+}  // namespace foliant::hosts::test
