@@ -45,6 +45,11 @@ void Printers::print(std::string_view name, const std::filesystem::path& pdf, st
                         "\". The printers are \"Adobe PDF\" and those that "
                         "\"lpstat -e\" shows.");
     }
+    if (std::error_code ignored; !std::filesystem::is_regular_file(pdf, ignored)) {
+        // The spooler would queue an empty job before it finds out.
+        throw Error(RuntimeError::file_not_found,
+                    "File not found: " + pdf.string() + " cannot be printed on \"" + printer + "\".");
+    }
     cups_.print(printer, pdf, std::string(title));
 }
 

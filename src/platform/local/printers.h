@@ -22,7 +22,7 @@ class Printers {
     /// The spooler's default queue, or the PDF printer when there is none.
     std::string default_name();
     /// Prints a finished PDF file on a queue of the spooler. Raises 5 for a printer that does not exist or is
-    /// the PDF printer, and 57 when the spooler does not take the job.
+    /// the PDF printer, 53 for a missing file, and 57 when the spooler does not take the job.
     void print(std::string_view name, const std::filesystem::path& pdf, std::string_view title);
 
   private:

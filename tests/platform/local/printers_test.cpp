@@ -66,13 +66,17 @@ TEST_F(PrintersTest, TheDefaultIsTheSpoolersWhenItHasOne) {
 }
 
 TEST_F(PrintersTest, PrintsAFileOnAQueue) {
-    printers.print("Office", "/out/a b.pdf", "My title");
-    EXPECT_EQ(content_of(journal), "find Office\nprint Office /out/a b.pdf My title\n");
+    write_file(folder / "a b.pdf", "%PDF");
+    printers.print("Office", folder / "a b.pdf", "My title");
+    EXPECT_EQ(content_of(journal), "find Office\nprint Office " + (folder / "a b.pdf") + " My title\n");
 }
 
 TEST_F(PrintersTest, SaysWhyAJobIsNotTaken) {
-    EXPECT_EQ(failure([&] { printers.print("Jammed", "/out/a.pdf", "t"); }),
-              "57 Device I/O error: cannot print /out/a.pdf on \"Jammed\" (Out of paper).");
+    write_file(folder / "a.pdf", "%PDF");
+    EXPECT_EQ(failure([&] { printers.print("Jammed", folder / "a.pdf", "t"); }),
+              "57 Device I/O error: cannot print " + (folder / "a.pdf") + " on \"Jammed\" (Out of paper).");
+    EXPECT_EQ(failure([&] { printers.print("Office", "/nowhere/a.pdf", "t"); }),
+              "53 File not found: /nowhere/a.pdf cannot be printed on \"Office\".");
     EXPECT_EQ(failure([&] { printers.print("Nowhere", "/out/a.pdf", "t"); }),
               "5 There is no printer \"Nowhere\". The printers are \"Adobe PDF\" and those that \"lpstat "
               "-e\" shows.");
