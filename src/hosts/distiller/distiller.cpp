@@ -57,12 +57,10 @@ void require_complete_pdf(const PendingFile& file, const DistillJob& job) {
     const auto got =
         size < kTrailerBytes ? 0 : ::pread(file.descriptor(), ends.data(), ends.size(), size - kTrailerBytes);
     if (got == static_cast<ssize_t>(kTrailerBytes) && ends.find("%%EOF") != std::string::npos) return;
-    std::error_code ignored;
-    const fs::space_info space = fs::space(job.output_pdf.parent_path(), ignored);
+    const bool full = disk_is_full(job.output_pdf.parent_path());
     throw DistillError("Cannot write the PDF " + job.output_pdf.string() + ": " +
-                       (space.available == 0
-                            ? "the disk is full. Free some space there, or choose another folder."
-                            : "it came out incomplete. Check the disk it is on."));
+                       (full ? "the disk is full. Free some space there, or choose another folder."
+                             : "it came out incomplete. Check the disk it is on."));
 }
 
 void protect(ProtectPdf function, const PendingFile& plain, const PendingFile& locked,
@@ -117,6 +115,8 @@ Distiller::Distiller(fs::path engine_folder) : engine_folder_(std::move(engine_f
 DistillResult Distiller::distill(const DistillJob& wanted, Progress& progress) const {
     DistillJob job = wanted;
     job.output_pdf = fs::absolute(wanted.output_pdf);
+    job.private_folder =
+        fs::absolute(wanted.private_folder.empty() ? fs::temp_directory_path() : wanted.private_folder);
     DistillResult result;
     progress.job_started(wanted);
     try {
@@ -141,13 +141,7 @@ std::string Distiller::engine_version() const {
     const auto record = process.next([] { return false; });
     const std::string how_it_ended = process.wait_for_end();
     if (!record) throw DistillError("The Distiller engine does not run: " + how_it_ended + ".");
-    return "Ghostscript " + record->text;
-}
-
-fs::path engine_folder_beside_this_module() {
-    Dl_info info = {};
-    ::dladdr(reinterpret_cast<void*>(&engine_folder_beside_this_module), &info);
-    return fs::absolute(info.dli_fname).parent_path() / "distiller";
+    return record->text;
 }
 
 }  // namespace foliant::hosts::distiller

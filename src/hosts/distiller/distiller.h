@@ -21,15 +21,12 @@ class Distiller {
     /// thrown. The output appears under its name complete or not at all. Throws only what `progress` throws.
     DistillResult distill(const DistillJob& job, Progress& progress) const;
 
-    /// "Ghostscript 10.00.0 (2022-09-21)". Throws DistillError, naming the package, when the engine does not
+    /// Ghostscript's, "10.00.0". Throws DistillError, naming the package, when the engine does not
     /// run.
     std::string engine_version() const;
 
   private:
     std::filesystem::path engine_folder_;
 };
-
-/// The engine folder beside the shared object that holds this code.
-std::filesystem::path engine_folder_beside_this_module();
 
 }  // namespace foliant::hosts::distiller

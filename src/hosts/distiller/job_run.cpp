@@ -1,8 +1,10 @@
 #include "hosts/distiller/job_run.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "hosts/distiller/distill_error.h"
+#include "hosts/distiller/pending_file.h"
 #include "hosts/distiller/utf8.h"
 
 namespace foliant::hosts::distiller {
@@ -67,6 +69,7 @@ void JobRun::report_percent(int percent) {
 }
 
 void JobRun::require_success(const std::string& how_it_ended) const {
+    if (const std::string lost = lost_writes(); !lost.empty()) throw DistillError(lost);
     if (!error_name_.empty()) throw DistillError(postscript_error());
     const std::string cannot = "Cannot turn " + file_at_fault() + " into a PDF: ";
     if (!engine_failure_.empty()) throw DistillError(cannot + engine_failure_ + ".");
@@ -95,10 +98,32 @@ std::string JobRun::postscript_error() const {
                ". Correct it, or convert without it.";
     }
     return "Cannot turn " + file_at_fault() + " into a PDF: PostScript error " + what + ", " +
-           pages_so_far() + ". " +
-           (running_source().looks_like_postscript
-                ? "Correct the file, or print the document to it again."
-                : "It does not begin with %! as PostScript does; check that it is PostScript.");
+           pages_so_far() + ". " + advice();
+}
+
+/// The interpreter calls a full disk an ioerror in whatever PostScript it was running.
+std::string JobRun::lost_writes() const {
+    if (error_name_ != "ioerror") return {};
+    if (disk_is_full(job_.output_pdf.parent_path())) {
+        return "Cannot write the PDF " + job_.output_pdf.string() +
+               ": the disk is full. Free some space there, or choose another folder.";
+    }
+    if (disk_is_full(job_.private_folder)) {
+        return "Cannot keep temporary data in " + job_.private_folder.string() +
+               ": the disk is full. Free some space there, or set TMPDIR to another folder.";
+    }
+    return {};
+}
+
+std::string JobRun::advice() const {
+    if (error_name_ == "ioerror") {
+        return "Check that the file is complete, and that the disks of " + job_.output_pdf.string() +
+               " and " + job_.private_folder.string() + " are in order.";
+    }
+    if (!running_source().looks_like_postscript) {
+        return "It does not begin with %! as PostScript does; check that it is PostScript.";
+    }
+    return "Correct the file, or print the document to it again.";
 }
 
 std::string JobRun::pages_so_far() const {

@@ -30,6 +30,8 @@ class JobRun {
     const SourceFile& running_source() const;
     std::string file_at_fault() const;
     std::string postscript_error() const;
+    std::string lost_writes() const;
+    std::string advice() const;
     std::string pages_so_far() const;
 
     const DistillJob& job_;

@@ -1,6 +1,7 @@
 #include "hosts/distiller/pending_file.h"
 
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <fcntl.h>
 #include <random>
@@ -72,6 +73,13 @@ void PendingFile::commit() {
 std::filesystem::path PendingFile::hidden_sibling() const {
     std::random_device random;
     return target_.parent_path() / (".foliant-" + std::to_string(random()) + ".pdf");
+}
+
+bool disk_is_full(const std::filesystem::path& folder) {
+    constexpr std::uintmax_t kNothingToSpeakOf = 64 * 1024;
+    std::error_code error;
+    const auto available = std::filesystem::space(folder, error).available;
+    return !error && available < kNothingToSpeakOf;
 }
 
 }  // namespace foliant::hosts::distiller

@@ -35,4 +35,7 @@ class PendingFile {
     FileDescriptor file_;
 };
 
+/// Whether the disk that `folder` is on can take no more; false also where that cannot be known.
+bool disk_is_full(const std::filesystem::path& folder);
+
 }  // namespace foliant::hosts::distiller

@@ -12,8 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path make_folder(const fs::path& wanted_parent) {
-    const fs::path parent = fs::absolute(wanted_parent.empty() ? fs::temp_directory_path() : wanted_parent);
+fs::path make_folder(const fs::path& parent) {
     std::string name = (parent / "distill-XXXXXX").string();
     if (::mkdtemp(name.data()) == nullptr) {
         throw DistillError("Cannot make a working folder in " + parent.string() + ": " +

@@ -24,6 +24,15 @@ constexpr std::array<std::string_view, 4> kReportNoise = {
     "% Exiting instance ",
 };
 
+/// What the interpreter says about every font it looks for. A substitution, which changes the document, is
+/// told.
+bool is_font_noise(std::string_view line) {
+    return (line.starts_with("Loading ") && line.find(" font from ") != std::string_view::npos) ||
+           line.starts_with("Querying operating system for font files") ||
+           line.starts_with("Can't find (or can't open) font file") ||
+           line == "Didn't find this font on the system!";
+}
+
 /// Lines with which our own PostScript reports an error, and the records they become.
 struct ReportLine {
     std::string_view opening;
@@ -62,7 +71,6 @@ void Interpreter::start() {
     if (code >= 0) code = gsapi_set_arg_encoding(instance_, GS_ARG_ENCODING_UTF8);
     std::vector<std::string> arguments = {
         "foliant",
-        "-q",
         kReportPages,
         "-P-",  // nothing of the interpreter's own is looked for in the current folder
         "-dSAFER",
@@ -120,7 +128,10 @@ void Interpreter::take_output_line(std::string_view line) {
     const auto report =
         std::find_if(kReportLines.begin(), kReportLines.end(),
                      [line](const ReportLine& known) { return line.starts_with(known.opening); });
-    if (report == kReportLines.end()) return send(Record::line, line);
+    if (report == kReportLines.end()) {
+        if (started_ && !is_font_noise(line)) send(Record::line, line);
+        return;
+    }
     line.remove_prefix(report->opening.size());
     if (report->record != Record::running) return send(report->record, line);
 

@@ -23,18 +23,20 @@ constexpr const char* kRunAndReport = R"PS(
 
 % Prints an object, short enough for a line.
 /describe {
-    dup type /stringtype eq {
-        (\() print
+    dup type
+    dup /stringtype eq {
+        pop (\() print
         dup length 60 gt { 0 60 getinterval } if
         //printable exec
         (\)) print
     } {
-        dup type /nametype eq {
+        dup /nametype eq {
+            pop
             dup xcheck not { (/) print } if
             dup length string cvs //printable exec
         } {
-            dup type dup /integertype eq exch dup /realtype eq exch /booleantype eq or or
-            { 32 string cvs print } { type 32 string cvs print } ifelse
+            dup /integertype eq 1 index /realtype eq or 1 index /booleantype eq or 1 index /operatortype eq or
+            { pop 128 string cvs //printable exec } { exch pop 32 string cvs print } ifelse
         } ifelse
     } ifelse
 } bind def

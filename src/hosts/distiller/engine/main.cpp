@@ -1,6 +1,7 @@
 // The program in which Ghostscript runs, one job per process. Its arguments are a command of protocol.h and
 // the process id of its parent; EngineProcess starts it.
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <cstdio>
@@ -21,16 +22,22 @@ namespace {
 
 constexpr rlim_t kMostMemory = rlim_t{4} << 30;  // bytes; real documents stay far below, memory hogs do not
 
-/// "10.00.0 (2022-09-21)"; the library gives 10000 and 20220921.
+/// "10.00.0"; the library gives 10000.
 std::string version() {
     gsapi_revision_t revision = {};
-    if (gsapi_revision(&revision, sizeof revision) != 0) return "of unknown version";
+    if (gsapi_revision(&revision, sizeof revision) != 0) return "unknown";
     const long number = revision.revision;
-    const long date = revision.revisiondate;
-    std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), "%ld.%02ld.%ld (%04ld-%02ld-%02ld)", number / 1000,
-                  number / 10 % 100, number % 10, date / 10000, date / 100 % 100, date % 100);
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%ld.%02ld.%ld", number / 1000, number / 10 % 100, number % 10);
     return text.data();
+}
+
+void lower_limit(decltype(RLIMIT_AS) resource, rlim_t most) {
+    rlimit limit = {};
+    ::getrlimit(resource, &limit);
+    limit.rlim_cur = std::min(limit.rlim_cur, most);
+    limit.rlim_max = std::min(limit.rlim_max, most);
+    ::setrlimit(resource, &limit);
 }
 
 /// Ends with the parent, gains no rights, and takes a bounded share of the machine.
@@ -38,11 +45,10 @@ void restrict_this_process(long parent) {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (::getppid() != parent) std::_Exit(EXIT_FAILURE);  // it died before it could be watched
     ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
-    const rlimit no_core = {0, 0};
-    ::setrlimit(RLIMIT_CORE, &no_core);
+    ::signal(SIGXFSZ, SIG_IGN);  // a file that grows too large is an error to report, not a death
+    lower_limit(RLIMIT_CORE, 0);
 #ifndef __SANITIZE_ADDRESS__  // which reserves terabytes
-    const rlimit memory = {kMostMemory, kMostMemory};
-    ::setrlimit(RLIMIT_AS, &memory);
+    lower_limit(RLIMIT_AS, kMostMemory);
 #endif
 }
 

@@ -8,7 +8,7 @@
 namespace foliant::hosts::distiller::engine {
 
 inline constexpr const char* kProgram = "ghostscript-engine";
-inline constexpr const char* kVersionCommand = "version";  ///< one record `done`, "10.00.0 (2022-09-21)"
+inline constexpr const char* kVersionCommand = "version";  ///< one record `done`, "10.00.0"
 inline constexpr const char* kDistillCommand = "distill";  ///< the job that the current folder holds
 
 inline constexpr const char* kOptionsFile = "in/options";

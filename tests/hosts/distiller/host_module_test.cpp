@@ -1,0 +1,187 @@
+#include <dlfcn.h>
+#include <map>
+
+#include "automation/error.h"
+#include "hosts/distiller/fixture.h"
+#include "hosts/machine.h"
+#include "hosts/module.h"
+
+namespace foliant::hosts::distiller {
+namespace {
+
+using automation::Value;
+using Lines = std::vector<std::string>;
+
+constexpr const char* kEventBound = "{1CD675B2-ECD1-11D1-B976-00600802DB86}";
+constexpr const char* kSecurityCapable = "{FC403250-51F5-4E1B-AC8C-ED9C5E551B9B}";
+
+/// A machine with nothing but a private folder and settings.
+class BareMachine : public Machine {
+  public:
+    explicit BareMachine(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+    std::filesystem::path private_folder() const override { return folder_; }
+    bool has_printer(std::string_view) const override { return false; }
+    bool is_pdf_printer(std::string_view) const override { return false; }
+    std::string default_printer() const override { return {}; }
+    void print(std::string_view, const std::filesystem::path&, std::string_view) override { FAIL(); }
+    void show(Dialog&) override { FAIL(); }
+    std::optional<std::string> setting(std::string_view key, std::string_view value) const override {
+        const auto found = settings.find(std::string(key) + "|" + std::string(value));
+        if (found == settings.end()) return std::nullopt;
+        return found->second;
+    }
+
+    std::map<std::string, std::string> settings;
+
+  private:
+    std::filesystem::path folder_;
+};
+
+/// Writes notifications down as "OnPageNumber 1".
+class Notes : public automation::EventSink {
+  public:
+    void notify(std::string_view event, std::span<const Value> arguments) override {
+        std::string line(event);
+        for (const Value& argument : arguments) {
+            if (const auto* text = argument.if_holds<std::string>()) line += " " + *text;
+            if (const auto* number = argument.if_holds<std::int32_t>()) line += " " + std::to_string(*number);
+        }
+        lines.push_back(line);
+    }
+    Lines lines;
+};
+
+class DistillerModule : public DistillerTest {
+  protected:
+    DistillerModule() : machine(scratch) {
+        void* const library = ::dlopen(DISTILLER_MODULE, RTLD_NOW | RTLD_LOCAL);
+        if (library == nullptr) throw std::runtime_error(::dlerror());
+        module = reinterpret_cast<ModuleEntry>(::dlsym(library, "foliant_host_module"))();
+    }
+    std::string in_ps(const std::string& text) const { return write("in.ps", text).string(); }
+
+    BareMachine machine;
+    const Module* module = nullptr;
+    Notes notes;
+};
+
+TEST_F(DistillerModule, NamesTheVersionOfItsEngine) {
+    EXPECT_EQ(module->engine_version(), distiller.engine_version());
+}
+
+TEST_F(DistillerModule, ConvertsAndNotifies) {
+    const Value object = module->create(kEventBound, machine);
+    const auto listening = object.object().subscribe(notes);
+    object.set("bShowWindow", false);
+    object.set("bSpoolJobs", true);
+    const std::string input = in_ps("%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\n(hi) = flush showpage\n");
+    EXPECT_EQ(object.call("FileToPDF", {input, output.string(), ""}), Value(std::int16_t{1}));
+    const std::string both = input + " " + output.string();
+    EXPECT_EQ(notes.lines,
+              (Lines{"OnJobStart " + both, "OnPercentDone 0", "OnLogMessage hi", "OnPageNumber 1",
+                     "OnPercentDone 99", "OnPercentDone 100", "OnJobDone " + both}));
+    EXPECT_EQ(facts_of(output).pages, 1);
+    EXPECT_FALSE(facts_of(output).encrypted);
+}
+
+TEST_F(DistillerModule, NotifiesOfAFailedJobAndReturnsItsStatus) {
+    const Value object = module->create(kEventBound, machine);
+    const auto listening = object.object().subscribe(notes);
+    const std::string input = in_ps("%!\nfoo\n");
+    EXPECT_EQ(object.call("FileToPDF", {input, output.string(), ""}), Value(std::int16_t{-1}));
+    EXPECT_EQ(notes.lines.back(), "OnJobFail " + input + " " + output.string());
+    EXPECT_EQ(notes.lines[2], "OnLogMessage %%[ Error: undefined; OffendingCommand: foo ]%%");
+}
+
+TEST_F(DistillerModule, RaisesAFailureThatNobodyWouldHearOf) {
+    const Value object = module->create(kSecurityCapable, machine);
+    const std::string input = in_ps("%!\nfoo\n");
+    try {
+        object.call("FileToPDF2", {input, output.string(), "", true});
+        FAIL() << "nothing was raised";
+    } catch (const automation::Error& error) {
+        EXPECT_EQ(error.number(), static_cast<std::int32_t>(0x80004005U));
+        EXPECT_EQ(error.source(), "Acrobat Distiller");
+        EXPECT_NE(error.description().find("undefined in foo"), std::string::npos);
+    }
+}
+
+TEST_F(DistillerModule, RejectsAnEmptyPathByItsStatus) {
+    const Value object = module->create(kEventBound, machine);
+    EXPECT_EQ(object.call("FileToPDF", {"", output.string(), ""}), Value(std::int16_t{0}));
+    EXPECT_EQ(object.call("FileToPDF", {in_ps("%!\n"), "", ""}), Value(std::int16_t{0}));
+}
+
+TEST_F(DistillerModule, ProtectsAsTheSettingsSay) {
+    const std::string key = "Software\\Adobe\\Acrobat Distiller\\6.0\\Security|";
+    machine.settings = {
+        {key + "OpenPassword", "open"}, {key + "AllowCopying", "1"}, {key + "AllowPrinting", "0"}};
+    const Value object = module->create(kSecurityCapable, machine);
+    EXPECT_EQ(object.call("FileToPDF2", {in_ps(plain_pages(1)), output.string(), "", true}),
+              Value(std::int16_t{1}));
+    const std::string facts = output_of("qpdf --password=open --show-encryption '" + output.string() + "'");
+    EXPECT_NE(facts.find("\nextract for any purpose: allowed"), std::string::npos);
+    EXPECT_NE(facts.find("\nprint low resolution: not allowed"), std::string::npos);
+}
+
+TEST_F(DistillerModule, DoesNotProtectWhenItIsNotAskedTo) {
+    const Value object = module->create(kSecurityCapable, machine);
+    object.call("FileToPDF2", {in_ps(plain_pages(1)), output.string(), "", false});
+    EXPECT_FALSE(facts_of(output).encrypted);
+}
+
+TEST_F(DistillerModule, RefusesAPermissionThatIsNeitherGivenNorDenied) {
+    machine.settings = {{"Software\\Adobe\\Acrobat Distiller\\6.0\\Security|AllowCopying", "maybe"}};
+    const Value object = module->create(kSecurityCapable, machine);
+    try {
+        object.call("FileToPDF2", {in_ps(plain_pages(1)), output.string(), "", true});
+        FAIL() << "nothing was raised";
+    } catch (const automation::Error& error) {
+        EXPECT_TRUE(error.is(automation::RuntimeError::type_mismatch));
+        EXPECT_EQ(error.description(),
+                  "The Distiller security setting AllowCopying is \"maybe\". Set it to 1 (allowed) or 0 (not "
+                  "allowed) "
+                  "under Software\\Adobe\\Acrobat Distiller\\6.0\\Security.");
+    }
+    EXPECT_FALSE(std::filesystem::exists(output));
+}
+
+TEST_F(DistillerModule, LivesUntilItsJobHasEndedEvenWhenAListenerLetsGo) {
+    struct LetsGo : automation::EventSink {
+        void notify(std::string_view, std::span<const Value>) override {
+            listening.reset();
+            object = {};
+        }
+        Value object;
+        std::unique_ptr<automation::Subscription> listening;
+    } sink;
+    const long before = automation::Object::live_objects();
+    sink.object = module->create(kEventBound, machine);
+    sink.listening = sink.object.object().subscribe(sink);
+    automation::Object& object = sink.object.object();
+    object.invoke(automation::Access::call, "FileToPDF", {in_ps(plain_pages(1)), output.string(), ""});
+    EXPECT_TRUE(std::filesystem::exists(output));
+    EXPECT_EQ(automation::Object::live_objects(), before);
+}
+
+TEST_F(DistillerModule, HasItsMembersInAnyCaseAndNoOthers) {
+    const Value object = module->create(kEventBound, machine);
+    object.set("BSHOWWINDOW", std::int16_t{-1});
+    EXPECT_EQ(object.get("bshowwindow"), Value(true));
+    const auto raised = [&](const std::function<void()>& action) {
+        try {
+            action();
+        } catch (const automation::Error& error) {
+            return error.number();
+        }
+        return 0;
+    };
+    EXPECT_EQ(raised([&] { object.call("CreatePDF"); }), 438);
+    EXPECT_EQ(raised([&] { object.set("FileToPDF", 1); }), 438);
+    EXPECT_EQ(raised([&] { object.call("FileToPDF", {"a.ps"}); }), 450);
+    EXPECT_EQ(raised([&] { module->create("Word.Application", machine); }), 429);
+}
+
+}  // namespace
+}  // namespace foliant::hosts::distiller

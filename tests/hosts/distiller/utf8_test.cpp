@@ -1,0 +1,25 @@
+#include "hosts/distiller/utf8.h"
+
+#include <gtest/gtest.h>
+
+namespace foliant::hosts::distiller {
+namespace {
+
+TEST(AsUtf8, KeepsUtf8) {
+    EXPECT_EQ(as_utf8("caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x98\x80"),
+              "caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x98\x80");
+}
+
+TEST(AsUtf8, ReadsAnythingElseAsLatin1) {
+    EXPECT_EQ(as_utf8("caf\xE9"), "caf\xC3\xA9");
+    EXPECT_EQ(as_utf8("\xC3"), "\xC3\x83");
+    EXPECT_EQ(as_utf8("\xC0\x80"), "\xC3\x80\xC2\x80") << "an overlong sequence is not UTF-8";
+    EXPECT_EQ(as_utf8("\xED\xA0\x80"), "\xC3\xAD\xC2\xA0\xC2\x80") << "a surrogate is not UTF-8";
+}
+
+TEST(AsUtf8, ShowsControlCharactersAsQuestionMarks) {
+    EXPECT_EQ(as_utf8("a\tb\x1b[2J\x7f"), "a\tb?[2J?");
+}
+
+}  // namespace
+}  // namespace foliant::hosts::distiller
