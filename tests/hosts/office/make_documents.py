@@ -1,4 +1,8 @@
-"""Writes the documents that the tests open into the folder given as argument. Standard library only."""
+"""Writes the documents that the tests open. Standard library only.
+
+    make_documents.py FOLDER            all of them
+    make_documents.py FILE.docx URL     one document with a picture that is only linked to
+"""
 
 import struct
 import sys
@@ -102,7 +106,8 @@ def write_odt(path, body, settings="", parts=None):
     office = "urn:oasis:names:tc:opendocument:xmlns"
     names = " ".join(f'xmlns:{prefix}="{office}:{space}:1.0"' for prefix, space in
                      [("office", "office"), ("text", "text"), ("script", "script"), ("manifest", "manifest")])
-    names += ' xmlns:xlink="http://www.w3.org/1999/xlink"'
+    names += (' xmlns:xlink="http://www.w3.org/1999/xlink" xmlns:dom="http://www.w3.org/2001/xml-events" '
+              'xmlns:ooo="http://openoffice.org/2004/office"')
     entries = "".join(f'<manifest:file-entry manifest:full-path="{name}" manifest:media-type="{media}"/>'
                       for name, (media, _) in (parts or {}).items())
     with zipfile.ZipFile(path, "w") as package:
@@ -214,6 +219,10 @@ def write_bad_documents(folder):
 
 
 def main():
+    if len(sys.argv) == 3:
+        write_docx(sys.argv[1], paragraph("A linked picture.") + picture("linked", "link") + section(),
+                   external={"linked": sys.argv[2]})
+        return
     folder = Path(sys.argv[1]).resolve()
     folder.mkdir(parents=True, exist_ok=True)
     write_layout_documents(folder)

@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
 #include <poll.h>
@@ -83,12 +84,12 @@ TEST(Safety, LinkedContentOfADocumentIsNotFetched) {
     EXPECT_FALSE(listener.was_called());
 }
 
-TEST(Safety, LinkedPicturesOfRichTextAreNotFetched) {
+TEST(Safety, LinkedPicturesOfAWordDocumentAreNotFetched) {
     const test::Scratch folder;
     const Listener listener;
-    test::write_file(folder / "links.rtf", "{\\rtf1 {\\field{\\*\\fldinst INCLUDEPICTURE \"" +
-                                               listener.url("p.png") + "\" \\\\d}{\\fldrslt x}}\\par}");
-    convert(folder / "links.rtf");
+    const std::string path = (folder / "linked.docx").string();
+    ASSERT_EQ(std::system((MAKE_DOCUMENTS " " + path + " " + listener.url("p.png")).c_str()), 0);
+    convert(path);
     EXPECT_FALSE(listener.was_called());
 }
 
