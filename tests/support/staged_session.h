@@ -37,7 +37,8 @@ void expect_journal(const platform::stage::Stage& stage, std::string_view expect
                     std::source_location place = std::source_location::current());
 
 /// The same for any text of several lines.
-void expect_text(const Lines& actual, std::string_view expected, std::source_location place);
+void expect_text(const Lines& actual, std::string_view expected,
+                 std::source_location place = std::source_location::current());
 
 /// A test with one session on the stage of a usual machine: Acrobat 6.0, its PDF printer, the window sender
 /// in the system folder, a Word that prints, a Distiller that converts.

@@ -1,0 +1,312 @@
+// What the three Word members do alike before and after they print, shown on the shortest of them.
+
+#include <gtest/gtest.h>
+
+#include "converters/word_member.h"
+
+namespace foliant::converters {
+namespace {
+
+using automation::Value;
+using platform::stage::StageObject;
+
+class WordPreparation : public WordMember {
+  protected:
+    void call() {
+        run([&] { CreatePSfromWord(session(), "C:\\out\\letter.ps", job); });
+    }
+
+    /// How Word is told to number the pages, when the caller asks for that alignment.
+    std::string numbering_for(std::int32_t alignment) {
+        job.number_in_footer = true;
+        job.number_alignment = alignment;
+        call();
+        const std::string journal = stage.journal();
+        const std::size_t begin = journal.find("PageNumbers.Add(");
+        stage.clear_journal();
+        return journal.substr(begin, journal.find('\n', begin) - begin);
+    }
+};
+
+TEST_F(WordPreparation, AMissingDocumentIsSaidBeforeWordIsStarted) {
+    stage.files.clear();
+    call();
+    expect_journal(R"(
+        length C:\in\letter.doc -> not found
+        raise -2147467008 from Foliant: File C:\in\letter.doc does not exist.
+    )");
+}
+
+TEST_F(WordPreparation, EveryOptionReachesWordInOrder) {
+    job.password = "open me";
+    job.write_password = "change me";
+    job.pages = "1-3,5";
+    job.landscape = true;
+    job.number_in_footer = true;
+    job.number_in_header = true;
+    job.number_alignment = 2;
+    job.number_on_first_page = true;
+    job.printer = "My printer";
+    call();
+    expect_journal(R"(
+        length C:\in\letter.doc -> 1000
+        create Word.Application
+        Word.Application.Documents
+        Documents.Open("C:\in\letter.doc", PasswordDocument:="open me", WritePasswordDocument:="change me")
+        Word.Application.DisplayAlerts = Integer(0)
+        Document.PageSetup
+        PageSetup.Orientation = Integer(1)
+        Document.Sections(Integer(1))
+        Sections.Footers(Integer(1))
+        Footers.PageNumbers
+        PageNumbers.Add(PageNumberAlignment:=Integer(2), FirstPage:=True)
+        Document.Sections(Integer(1))
+        Sections.Headers(Integer(1))
+        Headers.PageNumbers
+        PageNumbers.Add(PageNumberAlignment:=Integer(2), FirstPage:=True)
+        Word.Application.ActivePrinter -> "Office printer"
+        Word.Application.ActivePrinter = "My printer"
+        length C:\out\letter.ps -> not found
+        Document.PrintOut(Outputfilename:="C:\out\letter.ps", Range:=Integer(4), Pages:="1-3,5")
+        sleep 2000 ms
+        pump messages
+        length C:\out\letter.ps -> 1000
+        length C:\out\letter.ps -> 1000
+        sleep 1000 ms
+        length C:\out\letter.ps -> 1000
+        Word.Application.ActivePrinter = "Office printer"
+        Word.Application.DisplayAlerts = Integer(-1)
+        Document.Close(False)
+        release Document
+        Word.Application.Quit()
+        release Word.Application
+    )");
+}
+
+TEST_F(WordPreparation, AnOrientationThatCannotBeSetIsPassedOver) {
+    make_word_fail_in("PageSetup.Orientation");
+    call();
+    expect_journal(R"(
+        length C:\in\letter.doc -> 1000
+        create Word.Application
+        Word.Application.Documents
+        Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        Word.Application.DisplayAlerts = Integer(0)
+        Document.PageSetup
+        PageSetup.Orientation = Integer(0)
+        Word.Application.ActivePrinter -> "Office printer"
+        Word.Application.ActivePrinter = "Adobe PDF"
+        length C:\out\letter.ps -> not found
+        Document.PrintOut(Outputfilename:="C:\out\letter.ps")
+        sleep 2000 ms
+        pump messages
+        length C:\out\letter.ps -> 1000
+        length C:\out\letter.ps -> 1000
+        sleep 1000 ms
+        length C:\out\letter.ps -> 1000
+        Word.Application.ActivePrinter = "Office printer"
+        Word.Application.DisplayAlerts = Integer(-1)
+        Document.Close(False)
+        release Document
+        Word.Application.Quit()
+        release Word.Application
+    )");
+}
+
+TEST_F(WordPreparation, ADocumentWithoutPageSetupIsPrintedAllTheSame) {
+    make_word_fail_in("Document.PageSetup");
+    call();
+    EXPECT_EQ(stage.lines().at(5), "Document.PageSetup");
+    EXPECT_EQ(stage.lines().at(6), "Word.Application.ActivePrinter -> \"Office printer\"");
+    EXPECT_EQ(stage.lines().back(), "release Word.Application");
+}
+
+TEST_F(WordPreparation, AnyAlignmentButLeftAndRightIsCentred) {
+    EXPECT_EQ(numbering_for(0), "PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=False)");
+    EXPECT_EQ(numbering_for(2), "PageNumbers.Add(PageNumberAlignment:=Integer(2), FirstPage:=False)");
+    for (const std::int32_t alignment : {1, 7, -1, 3, 65536, 2147483647}) {
+        EXPECT_EQ(numbering_for(alignment),
+                  "PageNumbers.Add(PageNumberAlignment:=Integer(1), FirstPage:=False)")
+            << alignment;
+    }
+}
+
+TEST_F(WordPreparation, NumbersGoIntoTheHeaderAloneWhenOnlyThatIsWished) {
+    job.number_in_header = true;
+    call();
+    expect_journal(R"(
+        length C:\in\letter.doc -> 1000
+        create Word.Application
+        Word.Application.Documents
+        Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        Word.Application.DisplayAlerts = Integer(0)
+        Document.PageSetup
+        PageSetup.Orientation = Integer(0)
+        Document.Sections(Integer(1))
+        Sections.Headers(Integer(1))
+        Headers.PageNumbers
+        PageNumbers.Add(PageNumberAlignment:=Integer(1), FirstPage:=False)
+        Word.Application.ActivePrinter -> "Office printer"
+        Word.Application.ActivePrinter = "Adobe PDF"
+        length C:\out\letter.ps -> not found
+        Document.PrintOut(Outputfilename:="C:\out\letter.ps")
+        sleep 2000 ms
+        pump messages
+        length C:\out\letter.ps -> 1000
+        length C:\out\letter.ps -> 1000
+        sleep 1000 ms
+        length C:\out\letter.ps -> 1000
+        Word.Application.ActivePrinter = "Office printer"
+        Word.Application.DisplayAlerts = Integer(-1)
+        Document.Close(False)
+        release Document
+        Word.Application.Quit()
+        release Word.Application
+    )");
+}
+
+TEST_F(WordPreparation, ABlankPrinterMeansTheComponentsOwn) {
+    for (const char* blank : {"", "   "}) {
+        stage.clear_journal();
+        job.printer = blank;
+        call();
+        EXPECT_NE(stage.journal().find("Word.Application.ActivePrinter = \"Adobe PDF\"\n"),
+                  std::string::npos);
+    }
+}
+
+TEST_F(WordPreparation, APrinterThatIsNamedIsPassedAsItIs) {
+    job.printer = " My printer ";
+    call();
+    EXPECT_NE(stage.journal().find("Word.Application.ActivePrinter = \" My printer \"\n"), std::string::npos);
+}
+
+TEST_F(WordPreparation, APrinterThatWordDoesNotKnowIsRaisedAfterWordWasQuit) {
+    stage.when("Word.Application.ActivePrinter", [](StageObject&, const automation::Arguments& arguments) {
+        if (arguments.empty()) return Value("Office printer");
+        throw automation::Error(-2147352567, "Microsoft Word", "There is no such printer.");
+    });
+    job.printer = "Lost printer";
+    call();
+    expect_journal(R"(
+        length C:\in\letter.doc -> 1000
+        create Word.Application
+        Word.Application.Documents
+        Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        Word.Application.DisplayAlerts = Integer(0)
+        Document.PageSetup
+        PageSetup.Orientation = Integer(0)
+        Word.Application.ActivePrinter -> "Office printer"
+        Word.Application.ActivePrinter = "Lost printer"
+        Document.Close(False)
+        release Document
+        Word.Application.Quit()
+        release Word.Application
+        raise -2147352567 from Foliant: There is no such printer.
+    )");
+}
+
+TEST_F(WordPreparation, AWordThatIsNotInstalledIsError429) {
+    stage.missing_classes = {"Word.Application"};
+    call();
+    expect_journal(R"(
+        length C:\in\letter.doc -> 1000
+        create Word.Application
+        raise 429 from Foliant: ActiveX component can't create object
+    )");
+}
+
+TEST_F(WordPreparation, ADocumentThatDoesNotOpenQuitsWordAndClosesNothing) {
+    make_word_fail_in("Documents.Open");
+    call();
+    expect_journal(R"(
+        length C:\in\letter.doc -> 1000
+        create Word.Application
+        Word.Application.Documents
+        Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        Word.Application.Quit()
+        release Word.Application
+        raise -2147352567 from Foliant: Word cannot do that.
+    )");
+}
+
+TEST_F(WordPreparation, PageNumbersThatCannotBeAddedAreAFailure) {
+    make_word_fail_in("PageNumbers.Add");
+    job.number_in_footer = true;
+    call();
+    expect_journal(R"(
+        length C:\in\letter.doc -> 1000
+        create Word.Application
+        Word.Application.Documents
+        Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        Word.Application.DisplayAlerts = Integer(0)
+        Document.PageSetup
+        PageSetup.Orientation = Integer(0)
+        Document.Sections(Integer(1))
+        Sections.Footers(Integer(1))
+        Footers.PageNumbers
+        PageNumbers.Add(PageNumberAlignment:=Integer(1), FirstPage:=False)
+        Document.Close(False)
+        release Document
+        Word.Application.Quit()
+        release Word.Application
+        raise -2147352567 from Foliant: Word cannot do that.
+    )");
+}
+
+TEST_F(WordPreparation, AFailingCloseAtTheEndIsTriedAgainBeforeWordIsQuit) {
+    make_word_fail_in("Document.Close");
+    call();
+    const tests::Lines end(stage.lines().end() - 6, stage.lines().end());
+    tests::expect_text(end, R"(
+        Document.Close(False)
+        Document.Close(False)
+        release Document
+        Word.Application.Quit()
+        release Word.Application
+        raise -2147352567 from Foliant: Word cannot do that.
+    )");
+}
+
+TEST_F(WordPreparation, AFailingQuitAtTheEndIsTriedAgain) {
+    make_word_fail_in("Word.Application.Quit");
+    call();
+    const tests::Lines end(stage.lines().end() - 6, stage.lines().end());
+    tests::expect_text(end, R"(
+        Document.Close(False)
+        release Document
+        Word.Application.Quit()
+        Word.Application.Quit()
+        release Word.Application
+        raise -2147352567 from Foliant: Word cannot do that.
+    )");
+}
+
+TEST_F(WordPreparation, AWordThatOpensNothingIsQuit) {
+    stage.answer("Documents.Open", automation::ObjectPtr());
+    call();
+    const tests::Lines end(stage.lines().end() - 3, stage.lines().end());
+    tests::expect_text(end, R"(
+        Word.Application.Quit()
+        release Word.Application
+        raise 91 from Foliant: Object variable or With block variable not set
+    )");
+}
+
+TEST_F(WordPreparation, APrinterNameThatIsNoTextIsATypeMismatch) {
+    stage.when("Word.Application.ActivePrinter", [](StageObject& word, const automation::Arguments&) {
+        return Value(word.stage().make_object("Printer"));
+    });
+    call();
+    const tests::Lines end(stage.lines().end() - 5, stage.lines().end());
+    tests::expect_text(end, R"(
+        Document.Close(False)
+        release Document
+        Word.Application.Quit()
+        release Word.Application
+        raise 13 from Foliant: Type mismatch
+    )");
+}
+
+}  // namespace
+}  // namespace foliant::converters
