@@ -95,7 +95,8 @@ SourceFile describe(const std::filesystem::path& path, const FileDescriptor& fil
     }
     const auto tail_start = bytes > kSampleBytes ? bytes - kSampleBytes : 0;
     const std::string tail = read_at(file, tail_start, kSampleBytes, path);
-    return {std::filesystem::absolute(path), bytes, declared_pages(head, tail), begins_like_postscript(head)};
+    return {std::filesystem::absolute(path), bytes, declared_pages(head, tail), begins_like_postscript(head),
+            head.find("\n%%Creator: cairo ") != std::string::npos};
 }
 
 }  // namespace

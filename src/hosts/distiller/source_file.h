@@ -15,6 +15,7 @@ struct SourceFile {
     std::uintmax_t bytes = 0;
     std::optional<int> declared_pages;   ///< of its %%Pages comment, also when that says (atend)
     bool looks_like_postscript = false;  ///< begins as printer drivers and drawing programs begin their files
+    bool made_by_cairo = false;          ///< as its comments say
 };
 
 /// The input of a job. A driver's own text runs nothing itself: `parts` are the files it names, in order.

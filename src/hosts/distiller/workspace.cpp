@@ -6,6 +6,7 @@
 
 #include "hosts/distiller/distill_error.h"
 #include "hosts/distiller/engine/protocol.h"
+#include "hosts/distiller/setup_program.h"
 
 namespace foliant::hosts::distiller {
 namespace {
@@ -20,30 +21,6 @@ fs::path make_folder(const fs::path& parent) {
                            ". Free some space there, or set TMPDIR to a folder that you may write to.");
     }
     return name;
-}
-
-std::string hexadecimal(std::string_view bytes) {
-    constexpr std::string_view kDigits = "0123456789abcdef";
-    std::string text;
-    for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        text += kDigits[byte >> 4];
-        text += kDigits[byte & 15];
-    }
-    return text;
-}
-
-/// Distiller's RunFile takes any path; here it takes those that the driver names, and what else it is given
-/// meets the sandbox.
-std::string setup_program(const Source& source) {
-    std::string text = "10 dict begin\n/staged <<\n";
-    for (std::size_t i = 0; i < source.part_names.size(); ++i) {
-        text += "<" + hexadecimal(source.part_names[i]) + "> (" + engine::input_name(i + 1) + ")\n";
-    }
-    text += ">> def\nuserdict /RunFile {\n    //staged 1 index known {\n        //staged exch get\n        (";
-    text += engine::kNowRunning;
-    text += ") print dup print (\\n) print flush\n    } if\n    run\n} bind put\nend\n";
-    return text;
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ namespace foliant::hosts::distiller {
 ///     in/0         the input
 ///     in/1 ...     the files that a driver names, in its order
 ///     in/options   the job-options file, where there is one
-///     in/setup     PostScript that makes RunFile find the files of a driver
+///     in/setup     the setup program
 ///     scratch/     where the interpreter puts what does not fit into memory
 ///     out.pdf      the output; a link to a descriptor that the engine inherits
 class Workspace {

@@ -6,7 +6,7 @@ namespace foliant::hosts::distiller {
 namespace {
 
 SourceFile file(std::uintmax_t bytes, std::optional<int> pages) {
-    return {"x.ps", bytes, pages, true};
+    return {"x.ps", bytes, pages, true, false};
 }
 
 TEST(ProgressMeter, CountsDeclaredPages) {
