@@ -12,7 +12,6 @@ namespace foliant::platform::local {
 using automation::equal_ignoring_case;
 using automation::RuntimeError;
 using sender::Milliseconds;
-using sender::Progress;
 
 namespace {
 
@@ -40,12 +39,12 @@ Desktop::Desktop(MessageBox message_box)
 Desktop::~Desktop() = default;
 
 void Desktop::start_sender(sender::Command command) {
-    senders_.push_back(std::make_unique<sender::Sender>(std::move(command), timing()));
+    senders_.emplace_back(std::move(command), timing());
 }
 
 void Desktop::show(hosts::Dialog& dialog) {
     Shown shown{.number = ++last_number_, .dialog = &dialog, .open = true, .clicks = {}, .claims = {}};
-    dialogs_.push_back(&shown);
+    dialogs_.insert(dialogs_.begin(), &shown);
     const auto take_down = [this](Shown* gone) { std::erase(dialogs_, gone); };
     const std::unique_ptr<Shown, decltype(take_down)> up(&shown, take_down);
     for (int round = 0; shown.open; ++round) {
@@ -60,11 +59,11 @@ void Desktop::show(hosts::Dialog& dialog) {
 
 bool Desktop::step_senders() {
     bool changed = false;
-    // By index: what a host does when it is told of a click may start further senders.
-    for (std::size_t i = 0; i < senders_.size(); ++i) {
-        senders_[i]->step(*port_);
+    // What a host does when it is told of a click may start further senders; they have their turn, too.
+    for (sender::Sender& sender : senders_) {
+        sender.step(*port_);
         changed = port_->take_changed() || changed;
-        if (!dialogs_.empty()) tell_clicks(*dialogs_.back());
+        if (!dialogs_.empty()) tell_clicks(*dialogs_.front());
     }
     return changed;
 }
@@ -76,8 +75,8 @@ void Desktop::tell_clicks(Shown& shown) {
 }
 
 void Desktop::refuse(const hosts::Dialog& dialog) const {
-    const bool awaited = std::any_of(senders_.begin(), senders_.end(), [&](const auto& sender) {
-        return equal_ignoring_case(sender->command().caption, dialog.caption);
+    const bool awaited = std::any_of(senders_.begin(), senders_.end(), [&](const sender::Sender& sender) {
+        return equal_ignoring_case(sender.command().caption, dialog.caption);
     });
     const std::string reason =
         awaited ? "the window sender that was started for it found nothing there to act on"
@@ -91,9 +90,9 @@ void Desktop::put_window(std::string caption) {
 }
 
 WindowHandle Desktop::find_window(const std::string& caption) {
-    for (auto shown = dialogs_.rbegin(); shown != dialogs_.rend(); ++shown) {
-        if ((*shown)->open && equal_ignoring_case((*shown)->dialog->caption, caption)) {
-            return static_cast<WindowHandle>((*shown)->number);
+    for (const Shown* shown : dialogs_) {
+        if (shown->open && equal_ignoring_case(shown->dialog->caption, caption)) {
+            return static_cast<WindowHandle>(shown->number);
         }
     }
     const auto found = std::find_if(windows_.begin(), windows_.end(), [&](const Window& window) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <list>
 #include <memory>
 #include <set>
 #include <string>
@@ -66,8 +67,8 @@ class Desktop : public WindowManager {
 
     MessageBox message_box_;
     std::unique_ptr<Port> port_;
-    std::vector<std::unique_ptr<sender::Sender>> senders_;
-    std::vector<Shown*> dialogs_;  ///< Topmost last.
+    std::list<sender::Sender> senders_;  ///< One may be added while they are gone through.
+    std::vector<Shown*> dialogs_;        ///< Topmost first.
     std::vector<Window> windows_;
     std::uintptr_t last_number_ = 0;
 };

@@ -48,11 +48,10 @@ Desktop::Port::Found Desktop::Port::find_control(WindowId control) const {
 
 std::vector<sender::TopLevel> Desktop::Port::top_level() {
     std::vector<sender::TopLevel> windows;
-    for (auto shown = desktop_.dialogs_.rbegin(); shown != desktop_.dialogs_.rend(); ++shown) {
+    for (const Shown* shown : desktop_.dialogs_) {
         // What lies below a modal dialog is blocked by it.
-        if ((*shown)->open)
-            windows.push_back(
-                {window_id((*shown)->number), (*shown)->dialog->caption, true, windows.empty()});
+        if (shown->open)
+            windows.push_back({window_id(shown->number), shown->dialog->caption, true, windows.empty()});
     }
     for (const Window& window : desktop_.windows_)
         windows.push_back({window_id(window.number), window.caption, true, true});

@@ -71,7 +71,7 @@ Platform LocalMachine::platform() {
 }
 
 fs::path LocalMachine::make_system_folder() {
-    const fs::path folder = private_folder_.path() / "system";
+    fs::path folder = private_folder_.path() / "system";
     // The sender is this very program. Looking at the link has to find a file, even one that an update has
     // replaced.
     if (fs::create_directory(folder)) {

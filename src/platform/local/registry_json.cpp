@@ -29,6 +29,10 @@ constexpr std::array<std::string_view, 11> type_names{"REG_NONE",
     throw std::runtime_error(problem);
 }
 
+[[noreturn]] void refuse_value(const std::string& path, const std::string& name, const std::string& problem) {
+    refuse("value \"" + name + "\" of \"" + path + "\": " + problem);
+}
+
 json type_to_json(std::uint32_t type) {
     return type < type_names.size() ? json(type_names[type]) : json(type);
 }
@@ -104,7 +108,7 @@ std::uint32_t number_of(std::string_view bytes) {
 
 /// The text of a value whose bytes have the usual form: valid UTF-8, and one NUL, at the end.
 std::optional<std::string> usual_text(const StoredValue& value) {
-    const auto text = value.text();
+    auto text = value.text();
     if (!text || value.data.size() != text->size() + 1 || !is_utf8(*text)) return std::nullopt;
     return text;
 }
@@ -128,7 +132,7 @@ json value_to_json(const StoredValue& value) {
 std::string texts_bytes(const json& texts) {
     std::string data;
     for (const json& text : texts)
-        data += text.get<std::string>() + '\0';
+        data.append(text.get<std::string>()).push_back('\0');
     return data + '\0';
 }
 
@@ -159,7 +163,7 @@ KeyChanges key_from_json(const std::string& path, const json& read) {
         try {
             key.values[name] = value.is_null() ? std::nullopt : std::optional(value_from_json(value));
         } catch (const std::exception& problem) {
-            refuse("value \"" + name + "\" of \"" + path + "\": " + problem.what());
+            refuse_value(path, name, problem.what());
         }
     }
     return key;

@@ -65,7 +65,7 @@ std::string whole_key_path(std::string_view key) {
             "\" begins with no root. Keys begin with HKEY_CURRENT_USER (HKCU) or HKEY_LOCAL_MACHINE (HKLM).");
 }
 
-RegistryStore::RegistryStore(std::filesystem::path folder) : file_(std::move(folder) / "registry.json") {}
+RegistryStore::RegistryStore(const std::filesystem::path& folder) : file_(folder / "registry.json") {}
 
 std::vector<RegistryStore::Entry> RegistryStore::list(std::string_view under) {
     const std::string top = under.empty() ? std::string() : whole_key_path(under);

@@ -36,7 +36,7 @@ class RegistryStore {
         bool is_default = false;  ///< It comes from what is compiled in.
     };
 
-    explicit RegistryStore(std::filesystem::path folder);
+    explicit RegistryStore(const std::filesystem::path& folder);
 
     /// The user's file; it need not exist.
     const std::filesystem::path& file() const noexcept { return file_; }
