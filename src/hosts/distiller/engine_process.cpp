@@ -9,6 +9,7 @@
 #include <poll.h>
 #include <spawn.h>
 #include <sys/wait.h>
+#include <thread>
 #include <vector>
 
 #include "hosts/distiller/distill_error.h"
@@ -16,7 +17,11 @@
 namespace foliant::hosts::distiller {
 namespace {
 
-constexpr int kAskEvery = 50;              // ms
+constexpr int kAskEvery = 50;  // ms
+// Waking up for every page of a long job costs more than the pages' own records. After some records, which a
+// short job never reaches, they are collected.
+constexpr int kLivelyBatches = 30;
+constexpr std::chrono::milliseconds kPause{5};
 constexpr int kLowestFreeDescriptor = 10;  // above those that the engine is given
 
 DistillError cannot_start(const std::filesystem::path& program, int error_number) {
@@ -141,6 +146,7 @@ EngineProcess::~EngineProcess() {
 std::optional<EngineRecord> EngineProcess::next(const std::function<bool()>& give_up) {
     while (waiting_.empty()) {
         if (at_end_ || give_up()) return std::nullopt;
+        if (batches_ > kLivelyBatches) std::this_thread::sleep_for(kPause);
         pollfd readable{records_.get(), POLLIN, 0};
         if (::poll(&readable, 1, kAskEvery) > 0) read_more();
     }
@@ -153,6 +159,7 @@ void EngineProcess::read_more() {
     std::array<char, 64 * 1024> buffer{};
     const auto got = ::read(records_.get(), buffer.data(), buffer.size());
     if (got < 0 && errno == EINTR) return;
+    ++batches_;
     at_end_ = got <= 0;
     if (at_end_) return;
     unfinished_.append(buffer.data(), static_cast<std::size_t>(got));

@@ -41,6 +41,7 @@ class EngineProcess {
     pid_t process_ = -1;
     FileDescriptor records_;
     bool at_end_ = false;
+    int batches_ = 0;
     std::string unfinished_;
     std::deque<EngineRecord> waiting_;
 };
