@@ -106,7 +106,7 @@ OfficeEngine& OfficeEngine::start(const std::filesystem::path& private_folder) {
         throw unusable("it is not installed there");
     const std::filesystem::path folder = std::filesystem::absolute(private_folder);
     try {
-        const StartGuard start;  // ends last, when the handlers are the program's own again
+        const StartGuard start(folder);  // ends last, when the handlers are the program's own again
         const CallGuard call(folder);
         auto office = std::make_unique<Office>(start_office(folder), folder);
         engine = new OfficeEngine(std::move(office));

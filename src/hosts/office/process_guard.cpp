@@ -2,6 +2,7 @@
 
 #include <clocale>
 #include <cstdlib>
+#include <utility>
 
 namespace foliant::hosts::office {
 
@@ -15,21 +16,20 @@ SignalHandlersGuard::~SignalHandlersGuard() {
         sigaction(number, &actions_[static_cast<std::size_t>(number)], nullptr);
 }
 
-TemporaryFolderGuard::TemporaryFolderGuard(const std::filesystem::path& folder) {
-    const char* former = std::getenv("TMPDIR");
-    was_set_ = former != nullptr;
-    if (was_set_) former_ = former;
-    setenv("TMPDIR", folder.c_str(), 1);
+EnvironmentGuard::EnvironmentGuard(std::string name, const std::string& value) : name_(std::move(name)) {
+    if (const char* former = std::getenv(name_.c_str())) former_ = former;
+    setenv(name_.c_str(), value.c_str(), 1);
 }
 
-TemporaryFolderGuard::~TemporaryFolderGuard() {
-    if (was_set_)
-        setenv("TMPDIR", former_.c_str(), 1);
+EnvironmentGuard::~EnvironmentGuard() {
+    if (former_)
+        setenv(name_.c_str(), former_->c_str(), 1);
     else
-        unsetenv("TMPDIR");
+        unsetenv(name_.c_str());
 }
 
-StartGuard::StartGuard() : locale_(std::setlocale(LC_ALL, nullptr)) {
+StartGuard::StartGuard(const std::filesystem::path& folder)
+    : locale_(std::setlocale(LC_ALL, nullptr)), settings_folder_("XDG_CONFIG_HOME", folder.string()) {
     sigset_t ending;
     sigemptyset(&ending);
     for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGCHLD, SIGUSR1, SIGUSR2, SIGALRM})

@@ -2,6 +2,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,34 +21,35 @@ class SignalHandlersGuard {
     std::vector<struct sigaction> actions_;  ///< by signal number
 };
 
-/// Makes a folder the temporary folder of the process (TMPDIR) until destroyed, so that a process that is
-/// killed leaves nothing in the shared one.
-class TemporaryFolderGuard {
+/// Gives a variable of the process's environment another value until destroyed.
+class EnvironmentGuard {
   public:
-    explicit TemporaryFolderGuard(const std::filesystem::path& folder);
-    TemporaryFolderGuard(const TemporaryFolderGuard&) = delete;
-    TemporaryFolderGuard& operator=(const TemporaryFolderGuard&) = delete;
-    ~TemporaryFolderGuard();
+    EnvironmentGuard(std::string name, const std::string& value);
+    EnvironmentGuard(const EnvironmentGuard&) = delete;
+    EnvironmentGuard& operator=(const EnvironmentGuard&) = delete;
+    ~EnvironmentGuard();
 
   private:
-    bool was_set_;
-    std::string former_;
+    std::string name_;
+    std::optional<std::string> former_;
 };
 
-/// What surrounds every call into LibreOffice.
+/// What surrounds every call into LibreOffice: the program's signal handlers stay, and temporary files go
+/// into `folder`, so that a process that is killed leaves none in the shared one.
 struct CallGuard {
-    explicit CallGuard(const std::filesystem::path& temporary_folder) : folder(temporary_folder) {}
+    explicit CallGuard(const std::filesystem::path& folder) : temporary_folder("TMPDIR", folder.string()) {}
 
     SignalHandlersGuard handlers;
-    TemporaryFolderGuard folder;
+    EnvironmentGuard temporary_folder;
 };
 
 /// What else surrounds its start. The signals that end a process are held back until this is destroyed, and
 /// the threads that LibreOffice starts inherit that, so none of them ever receives one in place of the
-/// program's own. The C locale is put back as it was.
+/// program's own. The C locale is put back as it was, and no folder for settings is made in the user's home:
+/// `folder` stands in for it.
 class StartGuard {
   public:
-    StartGuard();
+    explicit StartGuard(const std::filesystem::path& folder);
     StartGuard(const StartGuard&) = delete;
     StartGuard& operator=(const StartGuard&) = delete;
     ~StartGuard();
@@ -55,6 +57,7 @@ class StartGuard {
   private:
     sigset_t mask_;
     std::string locale_;
+    EnvironmentGuard settings_folder_;
 };
 
 }  // namespace foliant::hosts::office

@@ -35,26 +35,9 @@ std::string Scratch::content() const {
     return text;
 }
 
-namespace {
-
-/// Removes the engine's folder after the last test, while the engine still runs: main ends without
-/// destructors.
-class EngineFolder : public testing::Environment {
-  public:
-    const std::filesystem::path& path() const { return folder_->path(); }
-    void TearDown() override { folder_.reset(); }
-
-  private:
-    std::unique_ptr<Scratch> folder_ = std::make_unique<Scratch>();
-};
-
-}  // namespace
-
 const std::filesystem::path& engine_folder() {
-    static auto* folder = new EngineFolder;
-    static const bool registered = testing::AddGlobalTestEnvironment(folder) != nullptr;
-    (void)registered;
-    return folder->path();
+    static const auto* folder = new std::filesystem::path(make_folder());
+    return *folder;
 }
 
 std::filesystem::path document(const std::string& name) {

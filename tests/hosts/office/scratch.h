@@ -26,7 +26,7 @@ class Scratch {
     std::filesystem::path path_;
 };
 
-/// The folder for the engine of this process; removed after the last test.
+/// The folder for the engine of this process; main removes it.
 const std::filesystem::path& engine_folder();
 
 /// One of the documents that make_documents.py wrote.
