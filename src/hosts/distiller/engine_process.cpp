@@ -48,6 +48,7 @@ std::vector<std::string> engine_environment() {
 /// The null-terminated array of pointers that the system wants; `strings` has to outlive it.
 std::vector<char*> pointers_to(std::vector<std::string>& strings) {
     std::vector<char*> pointers;
+    pointers.reserve(strings.size() + 1);
     for (std::string& text : strings)
         pointers.push_back(text.data());
     pointers.push_back(nullptr);
@@ -156,7 +157,7 @@ std::optional<EngineRecord> EngineProcess::next(const std::function<bool()>& giv
 }
 
 void EngineProcess::read_more() {
-    std::array<char, 64 * 1024> buffer{};
+    std::array<char, 65536> buffer{};
     const auto got = ::read(records_.get(), buffer.data(), buffer.size());
     if (got < 0 && errno == EINTR) return;
     ++batches_;

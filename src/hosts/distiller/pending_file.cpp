@@ -76,7 +76,7 @@ std::filesystem::path PendingFile::hidden_sibling() const {
 }
 
 bool disk_is_full(const std::filesystem::path& folder) {
-    constexpr std::uintmax_t kNothingToSpeakOf = 64 * 1024;
+    constexpr std::uintmax_t kNothingToSpeakOf = 65536;  // bytes
     std::error_code error;
     const auto available = std::filesystem::space(folder, error).available;
     return !error && available < kNothingToSpeakOf;

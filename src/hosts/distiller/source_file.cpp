@@ -15,7 +15,7 @@
 namespace foliant::hosts::distiller {
 namespace {
 
-constexpr std::size_t kSampleBytes = 32 * 1024;
+constexpr std::size_t kSampleBytes = 32768;
 
 DistillError cannot_read(const std::filesystem::path& path, const std::string& reason) {
     return DistillError("Cannot read the PostScript file " + path.string() + ": " + reason +

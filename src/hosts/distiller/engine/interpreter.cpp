@@ -80,6 +80,7 @@ void Interpreter::start() {
         std::string("-sOutputFile=") + kOutputFile,
     };
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size());
     for (std::string& argument : arguments)
         pointers.push_back(argument.data());
     if (code >= 0) code = gsapi_init_with_args(instance_, static_cast<int>(pointers.size()), pointers.data());
