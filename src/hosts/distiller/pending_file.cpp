@@ -34,15 +34,22 @@ DistillError cannot_write(const std::filesystem::path& target, int error_number)
 
 }  // namespace
 
-PendingFile::PendingFile(std::filesystem::path target) : target_(std::move(target)) {
+PendingFile::PendingFile(std::filesystem::path target, Name name) : target_(std::move(target)) {
     if (std::error_code ignored; std::filesystem::is_directory(target_, ignored)) {
         throw cannot_write(target_, EISDIR);
     }
+    if (name == Name::nameless) open_nameless();
+    if (!file_) open_hidden();
+}
+
+void PendingFile::open_nameless() {
     const std::filesystem::path folder = target_.parent_path();
     file_ = FileDescriptor(::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, kNewFileRights));
-    if (file_) return;
-    if (errno != EOPNOTSUPP && errno != EISDIR) throw cannot_write(target_, errno);
+    const bool unsupported = errno == EOPNOTSUPP || errno == EISDIR;  // a kernel without it opens the folder
+    if (!file_ && !unsupported) throw cannot_write(target_, errno);
+}
 
+void PendingFile::open_hidden() {
     hidden_ = hidden_sibling();
     file_ = FileDescriptor(::open(hidden_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, kNewFileRights));
     if (!file_) throw cannot_write(target_, errno);

@@ -11,9 +11,13 @@ namespace foliant::hosts::distiller {
 /// killed.
 class PendingFile {
   public:
+    /// What a pending file is called. Not every file system can hold nameless files (network and FAT ones
+    /// cannot); `nameless` falls back on `hidden` there.
+    enum class Name { nameless, hidden };
+
     /// Makes an empty file on the file system of `target`, with the rights that a new file there would get.
     /// Throws DistillError when the folder is missing or cannot be written, or `target` is a folder.
-    explicit PendingFile(std::filesystem::path target);
+    explicit PendingFile(std::filesystem::path target, Name name = Name::nameless);
     PendingFile(const PendingFile&) = delete;
     PendingFile& operator=(const PendingFile&) = delete;
     ~PendingFile();
@@ -28,6 +32,8 @@ class PendingFile {
     void commit();
 
   private:
+    void open_nameless();
+    void open_hidden();
     std::filesystem::path hidden_sibling() const;
 
     std::filesystem::path target_;

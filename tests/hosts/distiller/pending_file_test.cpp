@@ -47,6 +47,21 @@ TEST_F(PendingFileTest, IsGoneWhenItIsNotCommitted) {
     EXPECT_EQ(files_in(folder), std::vector<std::string>{"scratch"});
 }
 
+TEST_F(PendingFileTest, HasAHiddenNameWhereItNeedsOne) {
+    {
+        PendingFile file(output, PendingFile::Name::hidden);
+        fill(file, "half");
+        EXPECT_EQ(files_in(folder).size(), 2U);
+        EXPECT_TRUE(files_in(folder).front().starts_with(".foliant-"));
+    }
+    EXPECT_EQ(files_in(folder), std::vector<std::string>{"scratch"});
+    PendingFile file(output, PendingFile::Name::hidden);
+    fill(file, "new");
+    file.commit();
+    EXPECT_EQ(content(output), "new");
+    EXPECT_EQ(files_in(folder), (std::vector<std::string>{"out.pdf", "scratch"}));
+}
+
 TEST_F(PendingFileTest, ReplacesWhatHadTheName) {
     write("out.pdf", "old");
     PendingFile file(output);
