@@ -98,6 +98,23 @@ TEST_F(RegistryAccess, OpeningAnotherKeyClosesTheFormerFirst) {
     )");
 }
 
+TEST_F(RegistryAccess, WhenTheOtherKeyDoesNotOpenNoneIsOpen) {
+    clsRegistry& open = opened();
+    EXPECT_FALSE(open.OpenRegistry(hkey_current_user, "Software\\None"));
+    EXPECT_FALSE(open.CreateValue("Name", "x", reg_string));
+    tests::expect_journal(stage, R"(
+        close key HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter
+        open key HKEY_CURRENT_USER\Software\None (access 2000F) -> not found
+    )");
+}
+
+TEST_F(RegistryAccess, AKeyThatDoesNotCloseStaysOpen) {
+    clsRegistry& open = opened();
+    fail_action(1);
+    EXPECT_FALSE(open.CloseRegistry());
+    EXPECT_TRUE(open.CreateValue("Name", "x", reg_string));
+}
+
 TEST_F(RegistryAccess, ClosingSaysWhetherItWorked) {
     clsRegistry& open = opened();
     fail_action(1);

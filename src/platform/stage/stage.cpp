@@ -1,5 +1,7 @@
 #include "platform/stage/stage.h"
 
+#include <cstdio>
+#include <cstdlib>
 #include <stdexcept>
 
 #include "platform/stage/stage_object.h"
@@ -11,8 +13,20 @@ using automation::Error;
 using automation::Value;
 
 namespace {
+
 constexpr long most_actions = 20000;
+
+[[noreturn]] void refuse_to_go_on(const std::string& line, long actions) {
+    const std::string reason = "the stage saw too many actions, the last: " + line;
+    if (actions > most_actions + 100) {
+        // What waits passes over errors, so that only this ends it.
+        std::fprintf(stderr, "%s\n", reason.c_str());
+        std::abort();
+    }
+    throw std::logic_error(reason);
 }
+
+}  // namespace
 
 Stage::Stage() : ports_(std::make_unique<Ports>(*this)) {}
 Stage::~Stage() = default;
@@ -87,8 +101,7 @@ void Stage::note(const std::string& line) {
 }
 
 bool Stage::act_or_refuse(const std::string& line) {
-    if (++actions_ > most_actions)
-        throw std::logic_error("the stage saw too many actions, the last: " + line);
+    if (++actions_ > most_actions) refuse_to_go_on(line, actions_);
     const bool fails = failure_of_this_action() != nullptr;
     note(fails ? line + " -> fails" : line);
     return fails;

@@ -126,7 +126,8 @@ class Stage {
     long actions() const noexcept { return actions_; }
 
     /// Writes the line, counts it as an action, and raises when it is the one that is to fail. Raises
-    /// std::logic_error after 20000 actions: then something waits for what never comes.
+    /// std::logic_error after 20000 actions: then something waits for what never comes. Ends the process when
+    /// it goes on all the same.
     void act(const std::string& line);
     /// The same for calls that answer with a code: whether this one is to fail.
     bool act_or_refuse(const std::string& line);

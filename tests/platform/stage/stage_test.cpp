@@ -98,6 +98,19 @@ TEST_F(StageJournal, AnEndlessWaitIsEnded) {
     EXPECT_THROW(while (true) world.clock.pump_messages(), std::logic_error);
 }
 
+TEST_F(StageJournal, AnEndlessWaitThatPassesOverErrorsEndsTheProcess) {
+    const auto wait = [&] {
+        while (true) {
+            try {
+                world.clock.pump_messages();
+            } catch (...) {
+                continue;
+            }
+        }
+    };
+    EXPECT_DEATH(wait(), "the stage saw too many actions, the last: pump messages");
+}
+
 // Failing.
 
 TEST_F(StageFailures, TheKthActionFailsAndNoOther) {
