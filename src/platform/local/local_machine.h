@@ -58,7 +58,8 @@ class LocalMachine : public hosts::Machine {
     /// Every host with its engine, version and package; starts no engine.
     std::vector<HostStatus> host_states() { return modules_.list(); }
 
-    /// Removes the private folder at once, for a process that ends without unwinding.
+    /// Removes the private folder at once, for a process that ends without unwinding; also for a forked
+    /// worker whose parent was killed.
     void remove_private_folder() noexcept { private_folder_.remove(); }
 
     // What hosts ask for.

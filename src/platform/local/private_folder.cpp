@@ -15,7 +15,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* lock_name = ".lock";
+/// Tells a private folder from one that somebody else calls "foliant-drafts".
+constexpr const char* lock_name = ".foliant-private";
 constexpr std::string_view name_prefix = "foliant-";
 constexpr std::size_t name_length = 14;
 
@@ -35,15 +36,24 @@ Descriptor open_folder(const fs::path& path) noexcept {
     return Descriptor(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
-void remove_if_dead(const fs::path& path) noexcept {
+/// The lock goes last: as long as something is left, it marks the folder as one to be removed.
+void remove_with_lock_last(const fs::path& folder) {
+    bool emptied = true;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+        if (entry.path().filename() == lock_name) continue;
+        std::error_code problem;
+        fs::remove_all(entry.path(), problem);
+        emptied = emptied && !problem;
+    }
+    if (emptied) fs::remove_all(folder);
+}
+
+void remove_if_dead(const fs::path& path) {
     const Descriptor folder = open_folder(path);
     struct stat status {};
     if (!folder || ::fstat(folder.get(), &status) != 0 || status.st_uid != ::geteuid()) return;
     // The lock is held until all is gone, so that of two sweepers only one is at work here.
-    if (const Descriptor lock = lock_in(folder.get(), 0)) {
-        std::error_code ignored;
-        fs::remove_all(path, ignored);
-    }
+    if (const Descriptor lock = lock_in(folder.get(), 0)) remove_with_lock_last(path);
 }
 
 }  // namespace
@@ -79,12 +89,19 @@ bool PrivateFolder::try_to_make(const fs::path& parent) {
     return true;
 }
 
+PrivateFolder::~PrivateFolder() {
+    if (::getpid() == owner_) remove();
+}
+
 void PrivateFolder::remove() noexcept {
-    if (path_.empty() || ::getpid() != owner_) return;
-    std::error_code ignored;
     // An engine's thread may be writing still, which makes a folder that was just emptied fill again.
-    for (int attempt = 0; attempt < 3 && fs::exists(path_, ignored); ++attempt)
-        fs::remove_all(path_, ignored);
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        try {
+            if (!fs::exists(path_)) return;
+            remove_with_lock_last(path_);
+        } catch (...) {  // NOLINT(bugprone-empty-catch): what cannot be removed stays
+        }
+    }
 }
 
 fs::path PrivateFolder::usual_parent() {
@@ -97,7 +114,11 @@ void PrivateFolder::sweep(const fs::path& parent) noexcept {
     try {
         for (const fs::directory_entry& entry : fs::directory_iterator(parent)) {
             const std::string name = entry.path().filename().string();
-            if (name.size() == name_length && name.starts_with(name_prefix)) remove_if_dead(entry.path());
+            if (name.size() != name_length || !name.starts_with(name_prefix)) continue;
+            try {
+                remove_if_dead(entry.path());
+            } catch (...) {  // NOLINT(bugprone-empty-catch): the next folder may be easier
+            }
         }
     } catch (...) {  // NOLINT(bugprone-empty-catch): tidying up is worth no failure
     }

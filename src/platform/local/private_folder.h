@@ -17,13 +17,15 @@ class PrivateFolder {
     explicit PrivateFolder(const std::filesystem::path& parent);
     PrivateFolder(const PrivateFolder&) = delete;
     PrivateFolder& operator=(const PrivateFolder&) = delete;
-    ~PrivateFolder() { remove(); }
+    /// Removes the folder, but not in a forked child, which inherits the object and not the folder.
+    ~PrivateFolder();
 
     /// Absolute.
     const std::filesystem::path& path() const noexcept { return path_; }
 
-    /// Removes the folder before its time, for a process that is about to end without unwinding. A forked
-    /// child removes nothing. What cannot be removed stays.
+    /// Removes the folder before its time, for a process that is about to end without unwinding, or for a
+    /// forked child whose parent was killed. What another thread writes meanwhile may stay; the next start
+    /// removes it.
     void remove() noexcept;
 
     /// `$TMPDIR`, or `/tmp` when that names no folder.

@@ -177,10 +177,21 @@ json key_to_json(const KeyChanges& key) {
     return written;
 }
 
+/// The library's message without the identifier that it puts in front for programmers.
+json parsed(const std::string& text) {
+    try {
+        return json::parse(text);
+    } catch (const json::parse_error& error) {
+        const std::string message = error.what();
+        const std::size_t identifier = message.find("] ");
+        refuse(identifier == std::string::npos ? message : message.substr(identifier + 2));
+    }
+}
+
 }  // namespace
 
 RegistryChanges registry_from_json(const std::string& text) {
-    const json read = json::parse(text);
+    const json read = parsed(text);
     if (!read.is_object()) refuse("the file holds no object of keys");
     RegistryChanges changes;
     for (const auto& [path, key] : read.items())

@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <gtest/gtest.h>
+#include <memory>
 #include <signal.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 #include <vector>
 
@@ -77,16 +80,16 @@ TEST(PrivateFolder, OfALivingProcessIsLeftAlone) {
 TEST(PrivateFolder, SweepingTouchesOnlyWhatIsSurelyADeadProcesss) {
     const TemporaryFolder parent;
     const TemporaryFolder elsewhere;
-    write_file(elsewhere / ".lock", "");
+    write_file(elsewhere / ".foliant-private", "");
     fs::create_directory_symlink(elsewhere.path(), parent / "foliant-linked");  // not a folder of its own
     fs::create_directory(parent / "foliant-nolock");  // made this very moment, or foreign
     fs::create_directory(parent / "foliant-longername");
-    write_file(parent / "foliant-longername/.lock", "");
+    write_file(parent / "foliant-longername/.foliant-private", "");
     write_file(parent / "foliant-a_file", "");
     PrivateFolder::sweep(parent.path());
-    EXPECT_TRUE(fs::exists(elsewhere / ".lock"));
+    EXPECT_TRUE(fs::exists(elsewhere / ".foliant-private"));
     for (const char* name :
-         {"foliant-linked", "foliant-nolock", "foliant-longername/.lock", "foliant-a_file"})
+         {"foliant-linked", "foliant-nolock", "foliant-longername/.foliant-private", "foliant-a_file"})
         EXPECT_TRUE(fs::exists(parent / name)) << name;
 }
 
@@ -94,7 +97,7 @@ TEST(PrivateFolder, OfAnotherUserIsLeftAlone) {
     if (::geteuid() != 0) GTEST_SKIP() << "only root can make a folder of another user";
     const TemporaryFolder parent;
     fs::create_directory(parent / "foliant-abcdef");
-    write_file(parent / "foliant-abcdef/.lock", "");
+    write_file(parent / "foliant-abcdef/.foliant-private", "");
     ASSERT_EQ(::chown((parent / "foliant-abcdef").c_str(), 65534, 65534), 0);
     PrivateFolder::sweep(parent.path());
     EXPECT_TRUE(fs::exists(parent / "foliant-abcdef"));
@@ -111,7 +114,7 @@ TEST(PrivateFolder, ManyProcessesThatStartAtOnceLeaveEachOtherAlone) {
                 const PrivateFolder folder(parent.path());
                 for (int look = 0; look < 3; ++look) {
                     PrivateFolder::sweep(parent.path());
-                    if (!fs::exists(folder.path() / ".lock")) ::_exit(1);
+                    if (!fs::exists(folder.path() / ".foliant-private")) ::_exit(1);
                 }
             }
             ::_exit(0);
@@ -131,7 +134,7 @@ TEST(PrivateFolder, FollowsNoLinkOutOfADeadFolder) {
     const TemporaryFolder elsewhere;
     write_file(elsewhere / "precious", "x");
     fs::create_directory(parent / "foliant-abcdef");
-    write_file(parent / "foliant-abcdef/.lock", "");
+    write_file(parent / "foliant-abcdef/.foliant-private", "");
     fs::create_directory_symlink(elsewhere.path(), parent / "foliant-abcdef/link");
     PrivateFolder::sweep(parent.path());
     EXPECT_FALSE(fs::exists(parent / "foliant-abcdef"));
@@ -140,14 +143,51 @@ TEST(PrivateFolder, FollowsNoLinkOutOfADeadFolder) {
 
 TEST(PrivateFolder, IsNotRemovedByAForkedChild) {
     const TemporaryFolder parent;
-    const PrivateFolder folder(parent.path());
+    const auto folder = std::make_unique<PrivateFolder>(parent.path());
     if (const pid_t child = ::fork(); child == 0) {
-        const_cast<PrivateFolder&>(folder).remove();
+        folder->~PrivateFolder();
         ::_exit(0);
     } else {
         ::waitpid(child, nullptr, 0);
     }
-    EXPECT_TRUE(fs::exists(folder.path()));
+    EXPECT_TRUE(fs::exists(folder->path()));
+}
+
+TEST(PrivateFolder, IsRemovedByAChildThatIsToldTo) {
+    const TemporaryFolder parent;
+    PrivateFolder folder(parent.path());
+    if (const pid_t child = ::fork(); child == 0) {
+        folder.remove();
+        ::_exit(0);
+    } else {
+        ::waitpid(child, nullptr, 0);
+    }
+    EXPECT_FALSE(fs::exists(folder.path()));
+}
+
+// An engine may write while its folder is removed; what is left has to be known as something to remove.
+TEST(PrivateFolder, ThatCouldNotBeRemovedWholeIsRemovedByTheNextStart) {
+    const TemporaryFolder parent;
+    const fs::path left = in_killed_process([&] {
+        auto* folder = new PrivateFolder(parent.path());
+        std::atomic<bool> writing = true;
+        std::thread engine([&] {
+            for (int i = 0; writing; ++i) {
+                std::error_code ignored;
+                fs::create_directories(folder->path() / "office" / std::to_string(i % 50) / "deeper",
+                                       ignored);
+            }
+        });
+        while (!fs::exists(folder->path() / "office" / "49"))
+            ::usleep(100);
+        folder->remove();
+        writing = false;
+        engine.join();
+        return folder->path();
+    });
+    EXPECT_TRUE(!fs::exists(left) || fs::exists(left / ".foliant-private"));
+    PrivateFolder::sweep(parent.path());
+    EXPECT_FALSE(fs::exists(left));
 }
 
 TEST(PrivateFolder, SaysWhereItCouldNotBeMade) {

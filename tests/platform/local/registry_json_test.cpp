@@ -102,7 +102,7 @@ TEST(RegistryJson, SaysWhereItIsNotUnderstood) {
               R"(value "v" of "HKCU\A": "number" is no number from 0 to 4294967295)");
     EXPECT_NE(refusal(R"({"HKCU\\A": {"v": {"type": 4, "other": -1}}})"), "understood");
     EXPECT_NE(refusal(R"({"HKCU\\A": {"v": {"type": [], "text": "a"}}})"), "understood");
-    EXPECT_NE(refusal("{\n  \"HKCU\": {,}\n}").find("line 2, column 12"), std::string::npos)
+    EXPECT_TRUE(refusal("{\n  \"HKCU\": {,}\n}").starts_with("parse error at line 2, column 12: "))
         << refusal("{\n  \"HKCU\": {,}\n}");
 }
 
