@@ -12,6 +12,7 @@
 #include "hosts/office/model.h"
 #include "hosts/office/process_guard.h"
 #include "hosts/office/profile.h"
+#include "hosts/office/stand_still.h"
 #include "hosts/office/uno_support.h"
 
 namespace foliant::hosts::office {
@@ -89,6 +90,7 @@ Context start_office(const std::filesystem::path& private_folder) {
     if (!start(program.c_str(), from_uno(file_url(profile)).c_str())) throw unusable("its start failed");
     Context context = process_context();
     if (!context.is()) throw unusable("it has no component context");
+    StandStill::prepare(library);
     strip(context);
     return context;
 }
@@ -121,6 +123,7 @@ std::unique_ptr<TextDocument> OfficeEngine::open(const std::filesystem::path& pa
                                                  const std::string& write_password) {
     const std::filesystem::path absolute = std::filesystem::absolute(path);
     const CallGuard call(office_->temporary_folder);
+    const StandStill from_the_beginning;
     const auto component = load_document(office_->context, absolute, {open_password, write_password});
     return std::make_unique<TextDocument>(
         std::make_unique<TextDocument::Model>(component, absolute, office_->temporary_folder));
