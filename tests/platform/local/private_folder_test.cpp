@@ -174,11 +174,11 @@ TEST(PrivateFolder, ThatCouldNotBeRemovedWholeIsRemovedByTheNextStart) {
         std::thread engine([&] {
             for (int i = 0; writing; ++i) {
                 std::error_code ignored;
-                fs::create_directories(folder->path() / "office" / std::to_string(i % 50) / "deeper",
+                fs::create_directories(folder->path() / "office" / std::to_string(i % 8) / "deeper",
                                        ignored);
             }
         });
-        while (!fs::exists(folder->path() / "office" / "49"))
+        while (!fs::exists(folder->path() / "office" / "7"))
             ::usleep(100);
         folder->remove();
         writing = false;
