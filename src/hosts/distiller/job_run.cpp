@@ -48,7 +48,9 @@ void JobRun::take(const EngineRecord& record) {
             return progress_.message("Operand: " + as_utf8(record.text));
         case Record::done:
             done_ = true;
-            pages_ = std::max(pages_, std::atoi(record.text.c_str()));
+            // A page that goes out when a page device is taken away is counted, but not announced.
+            while (pages_ < std::atoi(record.text.c_str()))
+                progress_.page_finished(++pages_);
             return;
         case Record::failed:
             engine_failure_ = as_utf8(record.text);

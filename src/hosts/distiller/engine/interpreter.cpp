@@ -13,16 +13,10 @@
 namespace foliant::hosts::distiller::engine {
 namespace {
 
-/// With this option the interpreter says on its error stream when a page went out, whatever the document does
-/// to showpage, EndPage or setpagedevice. It says more, which nobody wants to read.
-constexpr const char* kReportPages = "-Z:";
-constexpr std::string_view kPageIsOut = "% Outputpage end time = ";
-constexpr std::array<std::string_view, 4> kReportNoise = {
-    "% Outputpage start time = ",
-    "% Start time = ",
-    "% Final time = ",
-    "% Exiting instance ",
-};
+/// Without -dNOPAUSE the interpreter waits for the return key after each page that went out, whatever the
+/// document does to showpage, EndPage or setpagedevice. The key is ours to press: that is how pages are seen,
+/// at no cost. This keeps it from asking for the key in words.
+constexpr const char* kPauseSilently = "-dNOPAGEPROMPT";
 
 /// What the interpreter says about every font it looks for. A substitution, which changes the document, is
 /// told.
@@ -60,7 +54,9 @@ std::size_t index_of_input(std::string_view name) {
 
 Interpreter::Interpreter()
     : output_([this](std::string_view line) { take_output_line(line); }),
-      diagnostics_([](std::string_view line) { send(Record::line, line); }) {
+      diagnostics_([this](std::string_view line) {
+          if (started_) send(Record::line, line);
+      }) {
     position_.follow(input_name(0));
     start();
 }
@@ -71,11 +67,10 @@ void Interpreter::start() {
     if (code >= 0) code = gsapi_set_arg_encoding(instance_, GS_ARG_ENCODING_UTF8);
     std::vector<std::string> arguments = {
         "foliant",
-        kReportPages,
         "-P-",  // nothing of the interpreter's own is looked for in the current folder
         "-dSAFER",
         "--permit-file-read=in/*",
-        "-dNOPAUSE",
+        kPauseSilently,
         "-sDEVICE=pdfwrite",
         std::string("-sOutputFile=") + kOutputFile,
     };
@@ -111,8 +106,11 @@ int Interpreter::finish() {
     return code < 0 && code != gs_error_Quit ? code : std::max(pages, pages_seen_);
 }
 
-int Interpreter::on_stdin(void*, char*, int) {
-    return 0;  // end of file: nobody types here
+int Interpreter::on_stdin(void* self, char* buffer, int size) {
+    if (size < 1) return 0;
+    static_cast<Interpreter*>(self)->page_is_out();
+    buffer[0] = '\n';
+    return 1;
 }
 
 int Interpreter::on_stdout(void* self, const char* text, int size) {
@@ -121,7 +119,7 @@ int Interpreter::on_stdout(void* self, const char* text, int size) {
 }
 
 int Interpreter::on_stderr(void* self, const char* text, int size) {
-    static_cast<Interpreter*>(self)->take_diagnostics({text, static_cast<std::size_t>(size)});
+    static_cast<Interpreter*>(self)->diagnostics_.add({text, static_cast<std::size_t>(size)});
     return size;
 }
 
@@ -141,15 +139,9 @@ void Interpreter::take_output_line(std::string_view line) {
     send(Record::running, index);
 }
 
-void Interpreter::take_diagnostics(std::string_view piece) {
-    if (piece.starts_with(kPageIsOut)) {
-        ++pages_seen_;
-        return send(Record::page, std::to_string(position_.now()));
-    }
-    const bool is_noise =
-        !started_ || std::any_of(kReportNoise.begin(), kReportNoise.end(),
-                                 [piece](std::string_view noise) { return piece.starts_with(noise); });
-    if (!is_noise) diagnostics_.add(piece);
+void Interpreter::page_is_out() {
+    ++pages_seen_;
+    send(Record::page, std::to_string(position_.now()));
 }
 
 }  // namespace foliant::hosts::distiller::engine

@@ -32,7 +32,7 @@ class Interpreter {
 
     void start();
     void take_output_line(std::string_view line);
-    void take_diagnostics(std::string_view piece);
+    void page_is_out();
 
     void* instance_ = nullptr;
     bool started_ = false;
