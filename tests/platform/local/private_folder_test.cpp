@@ -174,8 +174,7 @@ TEST(PrivateFolder, ThatCouldNotBeRemovedWholeIsRemovedByTheNextStart) {
         std::thread engine([&] {
             for (int i = 0; writing; ++i) {
                 std::error_code ignored;
-                fs::create_directories(folder->path() / "office" / std::to_string(i % 8) / "deeper",
-                                       ignored);
+                fs::create_directories(folder->path() / "office" / std::to_string(i % 8) / "deeper", ignored);
             }
         });
         while (!fs::exists(folder->path() / "office" / "7"))
