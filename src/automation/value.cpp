@@ -18,6 +18,14 @@ Value Value::get(std::string_view member, const Arguments& arguments) const {
     return object().invoke(Access::get, member, arguments);
 }
 
+Value Value::get(std::string_view member) const {
+    return get(member, Arguments());
+}
+
+Value Value::call(std::string_view member) const {
+    return call(member, Arguments());
+}
+
 Value Value::call(std::string_view member, const Arguments& arguments) const {
     return object().invoke(Access::call, member, arguments);
 }

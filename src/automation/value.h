@@ -78,9 +78,11 @@ class Value {
 
     /// Reads a member of the object inside, `Documents` or `Sections(1)`; raises what `object` and the member
     /// raise.
-    Value get(std::string_view member, const Arguments& arguments = {}) const;
+    Value get(std::string_view member) const;
+    Value get(std::string_view member, const Arguments& arguments) const;
     /// Calls a method of the object inside.
-    Value call(std::string_view member, const Arguments& arguments = {}) const;
+    Value call(std::string_view member) const;
+    Value call(std::string_view member, const Arguments& arguments) const;
     /// Assigns a property of the object inside.
     void set(std::string_view member, const Value& value) const;
     /// Assigns an object reference to a property of the object inside.

@@ -65,10 +65,7 @@ int conclude(const Request& request, int exit_code, const std::string& descripti
 int call(const Request& request, LocalMachine& machine) {
     const cli::Ending ending =
         cli::run_supervised([&] { return work(request, machine); }, request.options.timeout_seconds,
-                            [folder = machine.private_folder()] {
-                                std::error_code none;
-                                std::filesystem::remove_all(folder, none);
-                            });
+                            [&] { machine.remove_private_folder(); });
     const std::string member(request.member->name);
     switch (ending.kind) {
         case cli::Ending::Kind::timed_out:
