@@ -1,7 +1,8 @@
 #include "hosts/office/unicode_maps.h"
 
+#include <charconv>
 #include <qpdf/QPDF.hh>
-#include <regex>
+#include <sstream>
 
 namespace foliant::hosts::office {
 
@@ -12,15 +13,29 @@ std::string stream_text(QPDFObjectHandle stream) {
     return {reinterpret_cast<const char*>(data->getBuffer()), data->getSize()};
 }
 
-/// Reads the single characters of a map ("<1F> <00660069>"); LibreOffice writes no ranges.
+/// The digits of "<1F>"; empty for anything else.
+std::string_view digits_of(std::string_view word) {
+    if (!word.starts_with('<') || !word.ends_with('>')) return {};
+    return word.substr(1, word.size() - 2);
+}
+
+/// Reads the single characters of a map, lines such as "<1F> <00660069>"; LibreOffice writes no ranges.
 std::map<int, std::string> read_characters(const std::string& map) {
-    static const std::regex entry("<([0-9A-Fa-f]{2})>\\s*<((?:[0-9A-Fa-f]{4})+)>");
     const std::size_t start = map.find("beginbfchar");
     if (start == std::string::npos) return {};
-    const auto from = map.begin() + static_cast<std::ptrdiff_t>(start);
+    std::istringstream lines(map.substr(start));
     std::map<int, std::string> text;
-    for (std::sregex_iterator each(from, map.end(), entry), end; each != end; ++each)
-        text[std::stoi((*each)[1].str(), nullptr, 16)] = (*each)[2].str();
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream words(line);
+        std::string code;
+        std::string meaning;
+        if (!(words >> code >> meaning)) continue;
+        const std::string_view digits = digits_of(code);
+        int number = 0;
+        const auto [end, status] = std::from_chars(digits.data(), digits.data() + digits.size(), number, 16);
+        if (digits.size() == 2 && status == std::errc() && end == digits.data() + digits.size())
+            text[number] = digits_of(meaning);
+    }
     return text;
 }
 

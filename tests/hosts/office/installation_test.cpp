@@ -1,7 +1,6 @@
 #include "hosts/office/installation.h"
 
 #include <gtest/gtest.h>
-#include <regex>
 
 #include "hosts/office/profile.h"
 #include "hosts/office/support.h"
@@ -10,7 +9,7 @@ namespace foliant::hosts::office {
 namespace {
 
 TEST(OfficeInstallation, KnowsItsVersionWithoutBeingStarted) {
-    EXPECT_TRUE(std::regex_match(office_version(), std::regex("[0-9]+(\\.[0-9]+){2,3}"))) << office_version();
+    EXPECT_TRUE(test::is_version(office_version())) << office_version();
 }
 
 TEST(OfficeInstallation, HasNoVersionWhereThereIsNone) {

@@ -44,6 +44,12 @@ std::filesystem::path document(const std::string& name) {
     return std::filesystem::path(OFFICE_DOCUMENTS) / name;
 }
 
+bool is_version(const std::string& text) {
+    return text.find_first_not_of("0123456789.") == std::string::npos &&
+           text.find('.') != std::string::npos && text.find("..") == std::string::npos &&
+           text.front() != '.' && text.back() != '.';
+}
+
 automation::Error error_of(const std::function<void()>& action) {
     try {
         action();

@@ -32,6 +32,9 @@ const std::filesystem::path& engine_folder();
 /// One of the documents that make_documents.py wrote.
 std::filesystem::path document(const std::string& name);
 
+/// Whether a text is numbers with dots between them, such as "7.4.7.2".
+bool is_version(const std::string& text);
+
 /// The automation error that `action` raises; fails the test when it raises none.
 automation::Error error_of(const std::function<void()>& action);
 
