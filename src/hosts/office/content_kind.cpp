@@ -14,7 +14,7 @@
 #include "hosts/office/errors.h"
 #include "hosts/office/uno_support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 namespace {
 
@@ -197,4 +197,4 @@ ImportFilter import_filter(const std::filesystem::path& path, const Context& off
     return markup_or_text_filter(path, start);
 }
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 /// How a document is to be read: the name of the LibreOffice import filter, and its options (mostly empty).
 struct ImportFilter {
@@ -21,4 +21,4 @@ ImportFilter import_filter(
     const std::filesystem::path& path,
     const com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext>& office);
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

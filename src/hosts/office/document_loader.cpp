@@ -10,7 +10,7 @@
 #include "hosts/office/load_interaction.h"
 #include "hosts/office/uno_support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 namespace {
 
@@ -64,4 +64,4 @@ Reference<XComponent> load_document(const Reference<css::uno::XComponentContext>
     throw load_error(path, reason);
 }
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <string>
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 /// The passwords that came with a request to open a document; either may be empty.
 struct Passwords {
@@ -19,4 +19,4 @@ com::sun::star::uno::Reference<com::sun::star::lang::XComponent> load_document(
     const com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext>& office,
     const std::filesystem::path& path, const Passwords& passwords);
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

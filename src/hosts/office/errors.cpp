@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 using automation::Error;
 
@@ -20,4 +20,4 @@ Error word_error(automation::RuntimeError number, std::string description) {
     return {static_cast<std::int32_t>(number), source, std::move(description)};
 }
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -3,7 +3,7 @@
 #include <fstream>
 #include <iterator>
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 namespace {
 
@@ -38,4 +38,4 @@ std::string ini_value(const std::filesystem::path& file, std::string_view key) {
     return {};
 }
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

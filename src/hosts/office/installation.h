@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 /// Where LibreOffice is installed; the folder that holds "program" and "share".
 const std::filesystem::path& office_folder();
@@ -16,4 +16,4 @@ std::string office_version(const std::filesystem::path& folder = office_folder()
 /// The value of `key` in an ini file of LibreOffice (a line "key=value"); empty when file or key are missing.
 std::string ini_value(const std::filesystem::path& file, std::string_view key);
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

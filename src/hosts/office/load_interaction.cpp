@@ -11,7 +11,7 @@
 
 #include "hosts/office/uno_support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 namespace {
 
@@ -85,4 +85,4 @@ void SAL_CALL LoadInteraction::handle(const Reference<css::task::XInteractionReq
     if (const auto abort = find<XInteractionAbort>(answers); abort.is()) abort->select();
 }
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

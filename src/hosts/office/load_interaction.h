@@ -5,7 +5,7 @@
 
 #include "hosts/office/document_loader.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 /// Answers what LibreOffice asks while it loads a document: passwords from the ones that were given, and no
 /// to everything else.
@@ -24,4 +24,4 @@ class LoadInteraction : public cppu::WeakImplHelper1<com::sun::star::task::XInte
     bool password_was_asked_ = false;
 };
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -5,7 +5,7 @@
 
 #include "hosts/office/text_document.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 /// What a TextDocument holds on to; apart, so that its header stays free of UNO.
 struct TextDocument::Model {
@@ -14,4 +14,4 @@ struct TextDocument::Model {
     std::filesystem::path temporary_folder;  ///< for what LibreOffice writes while it exports
 };
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

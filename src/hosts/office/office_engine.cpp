@@ -14,7 +14,7 @@
 #include "hosts/office/profile.h"
 #include "hosts/office/uno_support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 namespace {
 
@@ -126,4 +126,4 @@ std::unique_ptr<TextDocument> OfficeEngine::open(const std::filesystem::path& pa
         std::make_unique<TextDocument::Model>(component, absolute, office_->temporary_folder));
 }
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

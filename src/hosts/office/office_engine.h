@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 class TextDocument;
 
@@ -44,4 +44,4 @@ class OfficeEngine {
     std::unique_ptr<Office> office_;
 };
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -10,7 +10,7 @@
 
 #include "hosts/office/errors.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 using automation::RuntimeError;
 
@@ -114,4 +114,4 @@ void OutputFile::publish() {
     temporary_.clear();
 }
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

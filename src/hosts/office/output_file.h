@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 /// A file that appears under its name complete or not at all.
 ///
@@ -35,4 +35,4 @@ class OutputFile {
     bool nameless_ = false;
 };
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

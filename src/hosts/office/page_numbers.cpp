@@ -12,7 +12,7 @@
 
 #include "hosts/office/uno_support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 namespace {
 
@@ -126,4 +126,4 @@ void add_number(const DocumentModel& document, PageBand band, NumberAlignment al
     }
 }
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

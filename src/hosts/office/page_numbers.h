@@ -3,9 +3,9 @@
 #include "hosts/office/page_styles.h"
 #include "hosts/office/text_document.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 /// Adds a page number to the first section (see TextDocument::add_page_number).
 void add_number(const DocumentModel& document, PageBand band, NumberAlignment alignment, bool on_first_page);
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

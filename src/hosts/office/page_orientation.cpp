@@ -4,7 +4,7 @@
 
 #include "hosts/office/uno_support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 namespace {
 
@@ -53,10 +53,14 @@ Margins margins_of(const PageStyle& style) {
 
 }  // namespace
 
+bool lies_in_landscape(const PageStyle& style) {
+    return uno_property<sal_Int32>(style, "Width") > uno_property<sal_Int32>(style, "Height");
+}
+
 void turn_page(const PageStyle& style, bool landscape) {
     const auto width = uno_property<sal_Int32>(style, "Width");
     const auto height = uno_property<sal_Int32>(style, "Height");
-    if (width == height || (width > height) == landscape) return;
+    if (width == height || lies_in_landscape(style) == landscape) return;
     const Margins old = margins_of(style);
     set_uno_property(style, "IsLandscape", landscape);
     set_uno_property(style, "Width", height);
@@ -70,4 +74,4 @@ void turn_page(const PageStyle& style, bool landscape) {
     set_text_margin(style, footer, turned.bottom);
 }
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

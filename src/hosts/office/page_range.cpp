@@ -5,7 +5,7 @@
 
 #include "hosts/office/errors.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 namespace {
 
@@ -82,4 +82,4 @@ std::string format_page_runs(const std::vector<PageRun>& runs) {
     return text;
 }
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

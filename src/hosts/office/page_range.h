@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 /// A run of pages, from 1, both ends included; `first` > `last` means backwards.
 struct PageRun {
@@ -23,4 +23,4 @@ std::vector<PageRun> parse_page_range(std::string_view expression, int page_coun
 /// The runs in the form that LibreOffice takes: "1-3,5-5".
 std::string format_page_runs(const std::vector<PageRun>& runs);
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -10,7 +10,7 @@
 
 #include "hosts/office/uno_support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 namespace {
 
@@ -89,4 +89,4 @@ LayoutPause::~LayoutPause() {
     }
 }
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

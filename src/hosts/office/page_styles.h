@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 /// A page style of a document: what Word calls the page setup of a section. Lengths are in 1/100 mm.
 using PageStyle = com::sun::star::uno::Reference<com::sun::star::beans::XPropertySet>;
@@ -36,4 +36,4 @@ class LayoutPause {
     DocumentModel document_;
 };
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

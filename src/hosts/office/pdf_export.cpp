@@ -7,7 +7,7 @@
 #include "hosts/office/errors.h"
 #include "hosts/office/uno_support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 namespace {
 
@@ -72,4 +72,4 @@ std::string export_to_pdf(const Reference<css::lang::XComponent>& document, cons
     return bytes;
 }
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -3,7 +3,7 @@
 #include <com/sun/star/lang/XComponent.hpp>
 #include <string>
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 /// Who reads the PDF: a person, or the PostScript driver, which wants pictures untouched and has no use for
 /// links, outlines and tags.
@@ -14,4 +14,4 @@ enum class PdfUse { document, postscript };
 std::string export_to_pdf(const com::sun::star::uno::Reference<com::sun::star::lang::XComponent>& document,
                           const std::string& pages, PdfUse use);
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

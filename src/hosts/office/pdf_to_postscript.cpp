@@ -9,7 +9,7 @@
 
 #include "hosts/office/unicode_maps.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 namespace {
 
@@ -173,4 +173,4 @@ std::string pdf_to_postscript(std::string_view pdf, std::string_view title) {
     return postscript;
 }
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 /// A PDF document that could not be turned into PostScript; `what()` says why.
 struct PostScriptFailure : std::runtime_error {
@@ -20,4 +20,4 @@ struct PostScriptFailure : std::runtime_error {
 /// Raises PostScriptFailure.
 std::string pdf_to_postscript(std::string_view pdf, std::string_view title);
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -3,7 +3,7 @@
 #include <clocale>
 #include <cstdlib>
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 SignalHandlersGuard::SignalHandlersGuard() : actions_(NSIG) {
     for (int number = 1; number < NSIG; ++number)
@@ -42,4 +42,4 @@ StartGuard::~StartGuard() {
     pthread_sigmask(SIG_SETMASK, &mask_, nullptr);
 }
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 /// Puts what a process does on each signal back as it was, when destroyed. LibreOffice and the libraries that
 /// it loads on demand install handlers of their own.
@@ -57,4 +57,4 @@ class StartGuard {
     std::string locale_;
 };
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -7,7 +7,7 @@
 #include "hosts/office/errors.h"
 #include "hosts/office/installation.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 namespace {
 
@@ -91,4 +91,4 @@ std::string configuration_layers(const std::filesystem::path& office) {
     return kept;
 }
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

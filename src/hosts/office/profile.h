@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 /// Writes a LibreOffice user profile into `profile` (made when missing). With it no macro runs, no link is
 /// followed, nothing is fetched from the network, no lock file is written beside a document, and nothing of a
@@ -15,4 +15,4 @@ void write_profile(const std::filesystem::path& profile, const std::filesystem::
 /// outside the profile.
 std::string configuration_layers(const std::filesystem::path& office);
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

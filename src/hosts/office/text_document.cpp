@@ -15,7 +15,7 @@
 #include "hosts/office/process_guard.h"
 #include "hosts/office/uno_support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 namespace {
 
@@ -65,6 +65,11 @@ void TextDocument::set_orientation(bool landscape) {
         for (const PageStyle& style : page_styles_in_use(model().component))
             turn_page(style, landscape);
     });
+}
+
+bool TextDocument::is_landscape() const {
+    return translated(model(), "measure the pages of",
+                      [&] { return lies_in_landscape(first_section_styles(model().component).first_page); });
 }
 
 void TextDocument::add_page_number(PageBand band, NumberAlignment alignment, bool on_first_page) {
@@ -117,4 +122,4 @@ void TextDocument::close() {
     model_.reset();
 }
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 /// Where a page number goes.
 enum class PageBand { header, footer };
@@ -33,6 +33,9 @@ class TextDocument {
     /// otherwise width and height change places and the margins turn with the page, as in Word.
     void set_orientation(bool landscape);
 
+    /// Whether the first page lies in landscape.
+    bool is_landscape() const;
+
     /// Adds the page number in a paragraph of its own below what the header or footer of the first section
     /// holds (or in it, when it is empty). Sections with page styles of their own are not touched, nor are
     /// headers and footers that only even pages have. With `on_first_page` false the first page gets a header
@@ -50,8 +53,9 @@ class TextDocument {
     /// Writes pages to a PostScript file (see pdf_to_postscript); the rest is as in `export_pdf`.
     void export_ps(std::string_view pages, const std::filesystem::path& output) const;
 
-    /// Closes the document and forgets the changes. Any member called later raises 4198.
+    /// Closes the document and forgets the changes. Any member but `is_open` raises 4198 afterwards.
     void close();
+    bool is_open() const noexcept { return model_ != nullptr; }
 
   private:
     const Model& model() const;
@@ -60,4 +64,4 @@ class TextDocument {
     std::unique_ptr<Model> model_;
 };
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

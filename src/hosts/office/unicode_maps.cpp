@@ -3,7 +3,7 @@
 #include <qpdf/QPDF.hh>
 #include <regex>
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 namespace {
 
@@ -40,4 +40,4 @@ std::vector<UnicodeMap> read_unicode_maps(std::string_view pdf) {
     return maps;
 }
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

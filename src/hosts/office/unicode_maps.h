@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 /// What the characters of a font in a PDF document mean.
 struct UnicodeMap {
@@ -18,4 +18,4 @@ struct UnicodeMap {
 /// document cannot be read.
 std::vector<UnicodeMap> read_unicode_maps(std::string_view pdf);
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 
 namespace css = com::sun::star;
 
@@ -61,4 +61,4 @@ css::uno::Sequence<T> uno_sequence(const std::vector<T>& values) {
     return {values.data(), static_cast<sal_Int32>(values.size())};
 }
 
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -15,19 +15,12 @@ using sender::Milliseconds;
 
 namespace {
 
-/// Dialogs here are complete when they are put up, and all senders that will come have been started before.
-/// The courtesy is longer than a round of looks and shorter than the pause after a round in which nobody did
-/// anything.
-constexpr Milliseconds courtesy{500};
-constexpr Milliseconds pause_after_idle_round{1000};
-/// Far above what the acts of any dialog take; a host that undoes what senders do must not keep them at it
-/// for ever.
-constexpr int most_rounds = 100;
-
+/// Dialogs here are complete when they are put up, and senders look in the order in which they were started:
+/// the one that ticks an option comes before the one that relies on it.
 sender::Timing timing() {
     sender::Timing timing;
     timing.settle = Milliseconds{0};
-    timing.courtesy = courtesy;
+    timing.courtesy = Milliseconds{0};
     return timing;
 }
 
@@ -47,11 +40,8 @@ void Desktop::show(hosts::Dialog& dialog) {
     dialogs_.insert(dialogs_.begin(), &shown);
     const auto take_down = [this](Shown* gone) { std::erase(dialogs_, gone); };
     const std::unique_ptr<Shown, decltype(take_down)> up(&shown, take_down);
-    for (int round = 0; shown.open; ++round) {
-        if (round == most_rounds) refuse(dialog);
-        if (step_senders()) continue;
-        port_->sleep_for(pause_after_idle_round);
-        if (!step_senders() && shown.open) refuse(dialog);
+    while (shown.open) {
+        if (!step_senders()) refuse(dialog);
     }
     // A sender that sees to it that its dialog closes has come to its end now.
     if (dialogs_.size() == 1) step_senders();

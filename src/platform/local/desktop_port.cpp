@@ -138,8 +138,8 @@ bool Desktop::Port::is_claimed(WindowId window, Claim act) {
 }
 
 sender::Milliseconds Desktop::Port::now() {
-    return skipped_ + std::chrono::duration_cast<sender::Milliseconds>(
-                          std::chrono::steady_clock::now().time_since_epoch());
+    return std::chrono::duration_cast<sender::Milliseconds>(
+        std::chrono::steady_clock::now().time_since_epoch());
 }
 
 }  // namespace foliant::platform::local

@@ -24,7 +24,8 @@ class Desktop::Port : public sender::Windows {
     bool claim(sender::WindowId window, sender::Claim act) override;
     bool is_claimed(sender::WindowId window, sender::Claim act) override;
     sender::Milliseconds now() override;
-    void sleep_for(sender::Milliseconds time) override { skipped_ += time; }
+    /// Nobody waits here: what has to happen happens between two looks.
+    void sleep_for(sender::Milliseconds) override {}
 
     /// Whether an act changed something since this was asked last.
     bool take_changed() { return std::exchange(changed_, false); }
@@ -42,7 +43,6 @@ class Desktop::Port : public sender::Windows {
 
     Desktop& desktop_;
     bool changed_ = false;
-    sender::Milliseconds skipped_{0};
 };
 
 }  // namespace foliant::platform::local

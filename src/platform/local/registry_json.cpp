@@ -83,7 +83,7 @@ std::optional<std::vector<std::string>> usual_texts(std::string_view data) {
     std::vector<std::string> texts;
     while (data.size() > 1) {
         const std::size_t end = data.find('\0');
-        if (end == 0 || end == std::string_view::npos) return std::nullopt;
+        if (end == std::string_view::npos) return std::nullopt;
         texts.emplace_back(data.substr(0, end));
         data.remove_prefix(end + 1);
     }

@@ -3,7 +3,7 @@
 
 #include "hosts/office/support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 namespace {
 
 /// Expects the error to have that number and to name the document and the reason.
@@ -92,4 +92,4 @@ TEST(BadDocument, DoesNotSpoilTheNextOne) {
 }
 
 }  // namespace
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

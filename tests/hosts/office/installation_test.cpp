@@ -6,7 +6,7 @@
 #include "hosts/office/profile.h"
 #include "hosts/office/support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 namespace {
 
 TEST(OfficeInstallation, KnowsItsVersionWithoutBeingStarted) {
@@ -32,4 +32,4 @@ TEST(OfficeProfile, SaysWhenItCannotBeWritten) {
 }
 
 }  // namespace
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

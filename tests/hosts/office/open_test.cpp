@@ -3,7 +3,7 @@
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 namespace {
 
 /// The text of the first page of a document, printed as PDF.
@@ -91,4 +91,4 @@ TEST(OpenDocument, IsOfNoUseWhenClosed) {
 }
 
 }  // namespace
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -3,7 +3,7 @@
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 namespace {
 
 test::PdfReader turned(const std::string& name, bool landscape) {
@@ -73,4 +73,4 @@ TEST(Orientation, TurnsTheMarginsAroundHeadersToo) {
 }
 
 }  // namespace
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

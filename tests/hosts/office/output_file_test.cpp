@@ -8,7 +8,7 @@
 
 #include "hosts/office/support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 namespace {
 
 using test::Scratch;
@@ -111,4 +111,4 @@ TEST(OutputFile, LeavesNothingWhenTheDiskFillsUp) {
 }
 
 }  // namespace
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

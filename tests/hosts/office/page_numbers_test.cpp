@@ -3,7 +3,7 @@
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 namespace {
 
 using enum NumberAlignment;
@@ -105,4 +105,4 @@ TEST(PageNumber, GoesIntoTextAndHtmlToo) {
 }
 
 }  // namespace
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -4,7 +4,7 @@
 
 #include "hosts/office/support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 namespace {
 
 std::string read(const std::string& expression, int pages = 9) {
@@ -58,4 +58,4 @@ TEST(PageRange, SurvivesNumbersOfAnySize) {
 }
 
 }  // namespace
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -10,7 +10,7 @@
 #include "hosts/office/support.h"
 #include "hosts/office/uno_support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 namespace {
 
 constexpr const char* password = "Grüße 1";
@@ -85,4 +85,4 @@ TEST(PasswordNotNeeded, IsIgnored) {
 }
 
 }  // namespace
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -5,7 +5,7 @@
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 namespace {
 
 std::string printed_pages(const std::string& range) {
@@ -100,4 +100,4 @@ TEST(PdfExport, ReportsAFullDiskUnderTheTemporaryFolder) {
 }
 
 }  // namespace
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -5,7 +5,7 @@
 #include <sstream>
 #include <stdexcept>
 
-namespace foliant::hosts::test {
+namespace foliant::hosts::office::test {
 
 namespace {
 
@@ -80,4 +80,4 @@ PdfReader::Place PdfReader::place(int number, const std::string& words) const {
     return place;
 }
 
-}  // namespace foliant::hosts::test
+}  // namespace foliant::hosts::office::test

@@ -7,7 +7,7 @@
 
 struct _PopplerDocument;
 
-namespace foliant::hosts::test {
+namespace foliant::hosts::office::test {
 
 /// A PDF file as poppler sees it. Pages count from 1, lengths are in points.
 class PdfReader {
@@ -36,4 +36,4 @@ class PdfReader {
     std::shared_ptr<_PopplerDocument> document_;
 };
 
-}  // namespace foliant::hosts::test
+}  // namespace foliant::hosts::office::test

@@ -5,7 +5,7 @@
 #include "hosts/office/pdf_to_postscript.h"
 #include "hosts/office/support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 namespace {
 
 /// A document printed as PostScript, and that distilled by Ghostscript.
@@ -96,4 +96,4 @@ TEST(PostScript, CannotBeMadeOfAnythingButPdf) {
 }
 
 }  // namespace
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -9,7 +9,7 @@
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 namespace {
 
 /// One whole job, from start to closed document.
@@ -113,4 +113,4 @@ TEST(OfficeProcess, WritesOnlyIntoItsOwnFolder) {
 }
 
 }  // namespace
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

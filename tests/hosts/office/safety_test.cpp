@@ -7,7 +7,7 @@
 
 #include "hosts/office/support.h"
 
-namespace foliant::hosts {
+namespace foliant::hosts::office {
 namespace {
 
 /// A port of this machine that somebody listens on, and that knows whether anybody has called.
@@ -94,4 +94,4 @@ TEST(Safety, LinkedPicturesOfAWordDocumentAreNotFetched) {
 }
 
 }  // namespace
-}  // namespace foliant::hosts
+}  // namespace foliant::hosts::office

@@ -86,6 +86,21 @@ TEST_F(LocalMachineTest, AHostWhoseDialogNobodyAnswersRaisesAndLeavesNoViewer) {
     EXPECT_EQ(ports.windows.find_window("Adobe Acrobat - [untitled.pdf]"), 0);
 }
 
+TEST_F(LocalMachineTest, ASaveDialogThatIsCancelledLeavesNoViewer) {
+    const session::Session session(ports, events);
+    ports.programs.start(
+        engines::system_folder(session) + "/quorixsend.exe save pdf file as~Button~{LME}~0~0~",
+        WindowStyle::hidden);
+    hosts::Dialog dialog{"Save PDF File As",
+                         {{.window_class = "Edit", .caption = "", .text = "untitled.pdf"},
+                          {.window_class = "Button", .caption = "Cancel", .text = ""}},
+                         {},
+                         false};
+    machine.show(dialog);
+    EXPECT_FALSE(dialog.accepted);
+    EXPECT_EQ(ports.windows.find_window("Adobe Acrobat - [untitled.pdf]"), 0);
+}
+
 TEST_F(LocalMachineTest, ASenderCommandThatCannotBeReadIsToldAndAnswersNothing) {
     const session::Session session(ports, events);
     const std::string sender = engines::system_folder(session) + "/quorixsend.exe";

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <gtest/gtest.h>
-#include <optional>
 #include <signal.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 #include "automation/error.h"
 #include "platform/local/temporary_folder.h"
@@ -88,6 +88,42 @@ TEST(PrivateFolder, SweepingTouchesOnlyWhatIsSurelyADeadProcesss) {
     for (const char* name :
          {"foliant-linked", "foliant-nolock", "foliant-longername/.lock", "foliant-a_file"})
         EXPECT_TRUE(fs::exists(parent / name)) << name;
+}
+
+TEST(PrivateFolder, OfAnotherUserIsLeftAlone) {
+    if (::geteuid() != 0) GTEST_SKIP() << "only root can make a folder of another user";
+    const TemporaryFolder parent;
+    fs::create_directory(parent / "foliant-abcdef");
+    write_file(parent / "foliant-abcdef/.lock", "");
+    ASSERT_EQ(::chown((parent / "foliant-abcdef").c_str(), 65534, 65534), 0);
+    PrivateFolder::sweep(parent.path());
+    EXPECT_TRUE(fs::exists(parent / "foliant-abcdef"));
+}
+
+// Every start sweeps while others are being made: no process may lose its folder to another one's sweep.
+TEST(PrivateFolder, ManyProcessesThatStartAtOnceLeaveEachOtherAlone) {
+    const TemporaryFolder parent;
+    std::vector<pid_t> children;
+    for (int i = 0; i < 6; ++i) {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            for (int round = 0; round < 40; ++round) {
+                const PrivateFolder folder(parent.path());
+                for (int look = 0; look < 3; ++look) {
+                    PrivateFolder::sweep(parent.path());
+                    if (!fs::exists(folder.path() / ".lock")) ::_exit(1);
+                }
+            }
+            ::_exit(0);
+        }
+        children.push_back(child);
+    }
+    for (const pid_t child : children) {
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        EXPECT_EQ(status, 0);
+    }
+    EXPECT_TRUE(fs::is_empty(parent.path()));
 }
 
 TEST(PrivateFolder, FollowsNoLinkOutOfADeadFolder) {

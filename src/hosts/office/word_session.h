@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "hosts/machine.h"
+#include "hosts/office/office_engine.h"
+#include "hosts/office/text_document.h"
+
+namespace foliant::hosts::office {
+
+/// One running Word: what its application object and its documents share.
+struct WordSession {
+    OfficeEngine& engine;
+    Machine& machine;
+    std::string active_printer;
+    std::int32_t display_alerts = -1;  ///< kept, without effect: this Word asks nothing
+    std::vector<std::weak_ptr<TextDocument>> documents;
+    bool has_quit = false;
+};
+
+}  // namespace foliant::hosts::office

@@ -1,0 +1,107 @@
+#include "converters/fault_scenes.h"
+#include "engines/printer_job.h"
+
+namespace foliant::converters {
+
+using platform::stage::Stage;
+using session::Session;
+using tests::FaultScene;
+using tests::scene_of_service;
+
+namespace {
+
+constexpr const char* target = "C:\\out\\plan.pdf";
+
+void register_acrobat_5(Stage& stage) {
+    stage.set_registry_text("HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\AcroExch.App\\AcrobatVersion", "", "5.0");
+}
+
+void have_the_printer_write_the_pdf(Stage& stage) {
+    stage.put_file(target);
+    stage.windows["Adobe Acrobat - [plan.pdf]"] = 0;
+}
+
+// Passed over by rule: whatever the registry refuses.
+FaultScene pdf_writer_up_to_acrobat5() {
+    return scene_of_service(
+        "PdfWriterUpToAcrobat5",
+        [](const Session& session) {
+            std::string writer = "Acrobat PDFWriter";
+            engines::choose_pdf_writer(session, writer, target);
+        },
+        register_acrobat_5, R"(
+        fails: open key HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter (access 2000F)
+            go on
+        fails: open key HKEY_CURRENT_USER (access 2000F)
+            go on, but
+            - create key HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter (access F003F)
+            - close key HKEY_CURRENT_USER
+            - open key HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter (access 2000F)
+            - write value "PDFFilename" of HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter: type 1 C:\out\plan.pdf\0
+            - close key HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter
+            + open key HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter (access 2000F) -> not found
+            + close key (no key)
+        fails: create key HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter (access F003F)
+            go on, but
+            - open key HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter (access 2000F)
+            - write value "PDFFilename" of HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter: type 1 C:\out\plan.pdf\0
+            - close key HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter
+            + open key HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter (access 2000F) -> not found
+            + close key (no key)
+        fails: close key HKEY_CURRENT_USER
+            go on
+        fails: open key HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter (access 2000F)
+            go on, but
+            - write value "PDFFilename" of HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter: type 1 C:\out\plan.pdf\0
+            - close key HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter
+            + close key (no key)
+        fails: write value "PDFFilename" of HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter: type 1 C:\out\plan.pdf\0
+            go on
+        fails: close key HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter
+            go on, but
+            + close key HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter
+    )");
+}
+
+// Passed over by rule: the existence tests. A sender that does not seem to exist is a failure.
+FaultScene pdf_writer_from_acrobat6_on() {
+    return scene_of_service(
+        "PdfWriterFromAcrobat6On",
+        [](const Session& session) {
+            engines::answer_save_dialog(session, target);
+            engines::wait_for_file(session, target);
+            engines::close_acrobat_window(session, target);
+        },
+        have_the_printer_write_the_pdf, R"(
+        fails: special folder 37 (owner 100)
+            length \quorixsend.exe -> not found
+            length C:\Program Files\Foliant\quorixsend.exe -> not found
+            raise -2147467008 from Foliant: Error! Can't find file QUORIXSEND.EXE. Please copy this file into the same path as QUORIX.OCX or into your Window's System Directory.
+        fails: length C:\WINDOWS\system32\quorixsend.exe
+            length C:\Program Files\Foliant\quorixsend.exe -> not found
+            raise -2147467008 from Foliant: Error! Can't find file QUORIXSEND.EXE. Please copy this file into the same path as QUORIX.OCX or into your Window's System Directory.
+        fails: start (hidden) C:\WINDOWS\system32\quorixsend.exe save pdf file as~Edit~C:\out\plan.pdf~0~0~
+        fails: sleep 2000 ms
+        fails: pump messages
+            raise the failure
+        fails: length C:\out\plan.pdf
+            go on, but
+            + pump messages
+            + length C:\out\plan.pdf -> 1000
+        fails: length C:\out\plan.pdf
+        fails: sleep 1000 ms
+        fails: length C:\out\plan.pdf
+        fails: pump messages
+        fails: find window "adobe acrobat - [plan.pdf]"
+        fails: send WM_CLOSE (0, "0") to "Adobe Acrobat - [plan.pdf]"
+            raise the failure
+    )");
+}
+
+}  // namespace
+
+std::vector<FaultScene> pdf_writer_scenes() {
+    return {pdf_writer_up_to_acrobat5(), pdf_writer_from_acrobat6_on()};
+}
+
+}  // namespace foliant::converters
