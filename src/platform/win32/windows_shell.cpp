@@ -1,7 +1,5 @@
 #include "platform/win32/windows_shell.h"
 
-#include <windows.h>
-// After windows.h, whose types it needs.
 #include <array>
 #include <shlobj.h>
 
