@@ -53,8 +53,8 @@ Control describe(HWND window, HWND focus) {
     return control;
 }
 
-/// Marks the button that Enter presses: the one with the focus, else the one that the dialog names, else the
-/// one that looks so.
+/// Marks the button that the dialog names as its default, else the one that looks so. Where the focus happens
+/// to be has no say: in a dialog whose first control is "Cancel" it would make an answer of that.
 void mark_default(std::vector<Control>& controls, HWND dialog) {
     const auto mark = [&](auto&& is_it) {
         const auto found = std::find_if(controls.begin(), controls.end(), [&](const Control& c) {
@@ -64,7 +64,6 @@ void mark_default(std::vector<Control>& controls, HWND dialog) {
         found->is_default = true;
         return true;
     };
-    if (mark([](const Control& c) { return c.focused; })) return;
     const auto number = default_number(dialog);
     if (number && mark([&](const Control& c) { return GetDlgCtrlID(handle(c.id)) == *number; })) return;
     mark([](const Control& c) { return looks_default(handle(c.id)); });
