@@ -76,10 +76,15 @@ void unregister_program_id() {
 }
 
 void unregister_type_library() {
+    BSTR file = nullptr;
+    const bool registered = SUCCEEDED(QueryPathOfRegTypeLib(library_id, library_major_version,
+                                                            library_minor_version, library_locale, &file));
+    SysFreeString(file);
+    if (!registered) return;
     const SYSKIND kind = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
     const HRESULT outcome =
         UnRegisterTypeLib(library_id, library_major_version, library_minor_version, library_locale, kind);
-    if (FAILED(outcome) && outcome != TYPE_E_REGISTRYACCESS && outcome != TYPE_E_LIBNOTREGISTERED) {
+    if (FAILED(outcome)) {
         throw Error(outcome, "", "The type library of Foliant cannot be unregistered.");
     }
 }

@@ -66,7 +66,7 @@ std::string cpp_header() {
     out << "/* DISPIDs of the events, which arrive at the sink's IDispatch::Invoke. */\nenum {\n";
     for (const core::Event& event : core::events)
         out << "    DISPID_" << event.name << " = " << event.dispid << ", /* " << event.help << " */\n";
-    out << "};\n\nstruct __declspec(novtable) _BuildPDF : public IDispatch {\n";
+    out << "};\n\nstruct _BuildPDF : public IDispatch {\n";
     for (const core::Member& member : core::members)
         write_member(out, member);
     out << "};\n\n}  /* namespace Foliant */\n";
