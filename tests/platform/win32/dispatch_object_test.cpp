@@ -48,6 +48,12 @@ class FailingObject final : public IDispatch {
     ULONG references = 1;
 };
 
+HRESULT STDMETHODCALLTYPE fill_in(EXCEPINFO* info) {
+    info->scode = static_cast<SCODE>(0x80041234);
+    info->bstrDescription = Bstr("filled in").release();
+    return S_OK;
+}
+
 class OutsideObject : public testing::Test {
   protected:
     Error error_of(std::string_view member, const automation::Arguments& arguments = {}) {
@@ -93,11 +99,7 @@ TEST_F(OutsideObject, TellsDetailsThatItLeftOutAtFirst) {
     raise(0, 0, "");
     SysFreeString(failing.raised.bstrDescription);
     failing.raised.bstrDescription = nullptr;
-    failing.raised.pfnDeferredFillIn = [](EXCEPINFO* info) -> HRESULT {
-        info->scode = static_cast<SCODE>(0x80041234);
-        info->bstrDescription = Bstr("filled in").release();
-        return S_OK;
-    };
+    failing.raised.pfnDeferredFillIn = fill_in;
     const Error error = error_of("Known");
     EXPECT_EQ(error.number(), static_cast<std::int32_t>(0x80041234));
     EXPECT_EQ(error.description(), "filled in");

@@ -23,6 +23,13 @@ std::int32_t error_of(Call call) {
     }
 }
 
+int messages_handled = 0;
+
+LRESULT CALLBACK count_message(HWND window, UINT message, WPARAM first, LPARAM second) {
+    if (message == WM_APP) ++messages_handled;
+    return DefWindowProcW(window, message, first, second);
+}
+
 class WindowsPorts : public testing::Test {
   protected:
     WindowsPorts() {
@@ -161,21 +168,16 @@ TEST_F(WindowsPorts, TheClockSleepsAndStartsAtMidnight) {
 }
 
 TEST_F(WindowsPorts, PumpingHandlesWhatWaitsAndLeavesTheEndToTheCallersLoop) {
-    static int handled = 0;
-    const auto count = [](HWND window, UINT message, WPARAM first, LPARAM second) -> LRESULT {
-        if (message == WM_APP) ++handled;
-        return DefWindowProcW(window, message, first, second);
-    };
     WNDCLASSW shape{};
     shape.lpszClassName = L"Foliant pump test";
-    shape.lpfnWndProc = count;
+    shape.lpfnWndProc = count_message;
     RegisterClassW(&shape);
     const HWND window =
         CreateWindowW(shape.lpszClassName, L"", 0, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
     PostMessageW(window, WM_APP, 0, 0);
     PostMessageW(window, WM_APP, 0, 0);
     ports.clock.pump_messages();
-    EXPECT_EQ(handled, 2);
+    EXPECT_EQ(messages_handled, 2);
     PostQuitMessage(5);
     ports.clock.pump_messages();
     MSG message{};
