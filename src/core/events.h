@@ -14,15 +14,36 @@ struct Event {
     std::string_view name;
     std::array<std::string_view, 2> parameters;  ///< the second is "" for an event with one
     ValueType parameter_type = ValueType::string;
+    std::string_view help;
 };
 
 inline constexpr std::array events{
-    Event{1, "JobStart", {"strInputPostScript", "strOutputPDF"}, ValueType::string},
-    Event{2, "JobDone", {"strInputPostScript", "strOutputPDF"}, ValueType::string},
-    Event{3, "JobFail", {"strInputPostScript", "strOutputPDF"}, ValueType::string},
-    Event{4, "LogMessage", {"strMessage", ""}, ValueType::string},
-    Event{5, "PercentDone", {"nPercentDone", ""}, ValueType::long_number},
-    Event{6, "PageNumber", {"nPageNumber", ""}, ValueType::long_number},
+    Event{1,
+          "JobStart",
+          {"strInputPostScript", "strOutputPDF"},
+          ValueType::string,
+          "Distiller begins to convert a PostScript file."},
+    Event{2,
+          "JobDone",
+          {"strInputPostScript", "strOutputPDF"},
+          ValueType::string,
+          "Distiller has made the PDF."},
+    Event{3,
+          "JobFail",
+          {"strInputPostScript", "strOutputPDF"},
+          ValueType::string,
+          "Distiller could not make the PDF."},
+    Event{4, "LogMessage", {"strMessage", ""}, ValueType::string, "Distiller wrote a line of its log."},
+    Event{5,
+          "PercentDone",
+          {"nPercentDone", ""},
+          ValueType::long_number,
+          "How much of the PostScript file Distiller has read, in percent."},
+    Event{6,
+          "PageNumber",
+          {"nPageNumber", ""},
+          ValueType::long_number,
+          "The page that Distiller is working on."},
 };
 
 }  // namespace foliant::core

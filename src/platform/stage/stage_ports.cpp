@@ -106,7 +106,7 @@ float StageClock::seconds_since_midnight() {
 }
 
 std::uint64_t StageClock::random_seed() {
-    const std::uint64_t given = seeds_given_++;
+    const std::size_t given = seeds_given_++;
     return given < stage_.seeds.size() ? stage_.seeds[given] : given + 1;
 }
 

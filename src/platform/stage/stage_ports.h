@@ -60,7 +60,7 @@ class StageClock : public Clock {
 
   private:
     Stage& stage_;
-    std::uint64_t seeds_given_ = 0;
+    std::size_t seeds_given_ = 0;
 };
 
 class StageWindows : public WindowManager {

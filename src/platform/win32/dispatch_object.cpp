@@ -1,0 +1,120 @@
+#include "platform/win32/dispatch_object.h"
+
+#include <string>
+#include <vector>
+
+#include "automation/error.h"
+#include "platform/win32/event_source.h"
+#include "platform/win32/outside_error.h"
+#include "platform/win32/text.h"
+#include "platform/win32/variant.h"
+
+namespace foliant::platform::win32 {
+
+using automation::Access;
+using automation::Argument;
+using automation::Arguments;
+using automation::Error;
+using automation::RuntimeError;
+using automation::Value;
+
+namespace {
+
+WORD call_flags(Access access) {
+    switch (access) {
+        case Access::get:
+        case Access::call:
+            return DISPATCH_METHOD | DISPATCH_PROPERTYGET;
+        case Access::set:
+            return DISPATCH_PROPERTYPUT;
+        case Access::set_reference:
+            return DISPATCH_PROPERTYPUTREF;
+    }
+    return DISPATCH_METHOD;
+}
+
+/// The numbers of a member and of its named arguments, asked for in one go, as their names are spelled.
+std::vector<DISPID> look_up(IDispatch& object, std::string_view member, const Arguments& arguments) {
+    std::vector<std::wstring> names{to_utf16(member)};
+    for (const Argument& argument : arguments)
+        if (!argument.name.empty()) names.push_back(to_utf16(argument.name));
+    std::vector<LPOLESTR> spelled;
+    for (std::wstring& name : names)
+        spelled.push_back(name.data());
+    std::vector<DISPID> ids(names.size(), DISPID_UNKNOWN);
+    const HRESULT result = object.GetIDsOfNames(IID_NULL, spelled.data(), static_cast<UINT>(spelled.size()),
+                                                LOCALE_USER_DEFAULT, ids.data());
+    if (SUCCEEDED(result)) return ids;
+    if (result != DISP_E_UNKNOWNNAME && result != DISP_E_MEMBERNOTFOUND) throw error_of(result);
+    throw Error(ids[0] == DISPID_UNKNOWN ? RuntimeError::no_such_member
+                                         : RuntimeError::named_argument_not_found);
+}
+
+bool assigns(Access access) {
+    return access == Access::set || access == Access::set_reference;
+}
+
+/// The arguments of one call in the order in which automation wants them: named ones first, then the
+/// positional ones from the last to the first.
+class CallArguments {
+  public:
+    /// `ids` are the numbers of the member and of the named arguments. The new value of an assignment is the
+    /// last positional argument, so it stands behind the named ones.
+    CallArguments(Access access, const Arguments& arguments, const std::vector<DISPID>& ids)
+        : values_(arguments.size()), named_(ids.begin() + 1, ids.end()) {
+        std::size_t next_named = 0;
+        std::size_t next_positional = arguments.size();
+        for (const Argument& argument : arguments)
+            put_value(argument.value, *values_[argument.name.empty() ? --next_positional : next_named++]);
+        if (assigns(access)) named_.push_back(DISPID_PROPERTYPUT);
+        // Variant adds nothing to a VARIANT, so an array of the one is an array of the other.
+        static_assert(sizeof(Variant) == sizeof(VARIANT));
+        parameters_.rgvarg = values_.empty() ? nullptr : values_.front().get();
+        parameters_.cArgs = static_cast<UINT>(values_.size());
+        parameters_.rgdispidNamedArgs = named_.data();
+        parameters_.cNamedArgs = static_cast<UINT>(named_.size());
+    }
+    CallArguments(const CallArguments&) = delete;
+    CallArguments& operator=(const CallArguments&) = delete;
+
+    DISPPARAMS* get() noexcept { return &parameters_; }
+
+  private:
+    std::vector<Variant> values_;
+    std::vector<DISPID> named_;
+    DISPPARAMS parameters_{};
+};
+
+/// What a call has returned. A method's result that has no counterpart counts as none: hardly any caller
+/// looks at it, and the method has done its work.
+Value result_of(Access access, const VARIANT& result) {
+    if (access != Access::call) return to_value(result);
+    try {
+        return to_value(result);
+    } catch (const Error&) {
+        return {};
+    }
+}
+
+}  // namespace
+
+Value DispatchObject::invoke(Access access, std::string_view member, const Arguments& arguments) {
+    const std::vector<DISPID> ids = look_up(*dispatch_.get(), member, arguments);
+    CallArguments call(access, arguments, ids);
+    Variant result;
+    EXCEPINFO raised{};
+    UINT wrong_argument = 0;
+    const HRESULT outcome =
+        dispatch_->Invoke(ids[0], IID_NULL, LOCALE_USER_DEFAULT, call_flags(access), call.get(),
+                          assigns(access) ? nullptr : result.get(), &raised, &wrong_argument);
+    if (outcome == DISP_E_EXCEPTION) throw error_of(raised);
+    if (outcome == DISP_E_MEMBERNOTFOUND) throw Error(RuntimeError::no_such_member);
+    if (FAILED(outcome)) throw error_of(outcome);
+    return result_of(access, *result);
+}
+
+std::unique_ptr<automation::Subscription> DispatchObject::subscribe(automation::EventSink& sink) {
+    return connect(*dispatch_.get(), class_id_, sink);
+}
+
+}  // namespace foliant::platform::win32

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "sender/windows.h"
+
+namespace foliant::sender::win32 {
+
+/// The windows of the desktop that this process runs on, of whatever program.
+///
+/// Everything is asked and done by messages with a time limit of one second; none is sent to a window that
+/// its program does not answer for. A claim is a property of the window, so it goes when the window does.
+class RealWindows : public Windows {
+  public:
+    std::vector<TopLevel> top_level() override;
+    std::vector<Control> controls(WindowId window) override;
+    bool is_open(WindowId window) override;
+    bool set_text(WindowId control, const std::string& text) override;
+    bool tick(WindowId check_box) override;
+    bool press(WindowId push_button) override;
+    bool confirm(WindowId window) override;
+    bool claim(WindowId window, Claim act) override;
+    bool is_claimed(WindowId window, Claim act) override;
+    Milliseconds now() override;
+    void sleep_for(Milliseconds time) override;
+};
+
+}  // namespace foliant::sender::win32

@@ -1,0 +1,233 @@
+// What the ports promise, kept by Windows itself.
+
+#include <gtest/gtest.h>
+#include <ole2.h>
+
+#include "automation/error.h"
+#include "platform/win32/text.h"
+#include "platform/win32/windows_platform.h"
+
+namespace foliant::platform::win32::test {
+namespace {
+
+constexpr std::uint32_t read_and_write = 0x2000F;
+constexpr std::uint32_t all_access = 0xF003F;
+
+template <class Call>
+std::int32_t error_of(Call call) {
+    try {
+        call();
+        return 0;
+    } catch (const automation::Error& error) {
+        return error.number();
+    }
+}
+
+int messages_handled = 0;
+
+LRESULT CALLBACK count_message(HWND window, UINT message, WPARAM first, LPARAM second) {
+    if (message == WM_APP) ++messages_handled;
+    return DefWindowProcW(window, message, first, second);
+}
+
+class WindowsPorts : public testing::Test {
+  protected:
+    WindowsPorts() {
+        char folder[MAX_PATH];
+        GetTempPathA(MAX_PATH, folder);
+        folder_ = std::string(folder) + "foliant ports " + std::to_string(GetCurrentProcessId());
+        CreateDirectoryA(folder_.c_str(), nullptr);
+    }
+    ~WindowsPorts() override {
+        WIN32_FIND_DATAW entry;
+        const HANDLE search = FindFirstFileW(to_utf16(folder_ + "\\*").c_str(), &entry);
+        do {
+            DeleteFileW(to_utf16(path(to_utf8(std::wstring_view(entry.cFileName)))).c_str());
+            RemoveDirectoryW(to_utf16(path(to_utf8(std::wstring_view(entry.cFileName)))).c_str());
+        } while (FindNextFileW(search, &entry) != 0);
+        FindClose(search);
+        RemoveDirectoryA(folder_.c_str());
+        RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Foliant tests");
+    }
+
+    std::string path(const std::string& name) const { return folder_ + "\\" + name; }
+
+    void write(const std::string& name) { ports.files.create_text(path(name))->write_line("text"); }
+
+    std::string content(const std::string& name) {
+        const HANDLE file =
+            CreateFileW(to_utf16(path(name)).c_str(), GENERIC_READ, 7, nullptr, OPEN_EXISTING, 0, nullptr);
+        char buffer[4096];
+        DWORD size = 0;
+        ReadFile(file, buffer, sizeof buffer, &size, nullptr);
+        CloseHandle(file);
+        return {buffer, size};
+    }
+
+    WindowsPlatform platform_;
+    Platform ports = platform_.platform();
+    std::string folder_;
+};
+
+TEST_F(WindowsPorts, AFileHasALengthAndWhatIsNoFileRaises53) {
+    write("there \xE2\x82\xAC.doc");
+    ports.files.make_folder(path("folder"));
+    EXPECT_EQ(ports.files.length(path("there \xE2\x82\xAC.doc")), 6);
+    for (const char* name : {"missing.doc", "folder", "there.doc\\below", "*.doc", "ther?.doc"})
+        EXPECT_EQ(error_of([&] { ports.files.length(path(name)); }), 53) << name;
+    EXPECT_EQ(error_of([&] { ports.files.length(""); }), 53);
+    EXPECT_EQ(error_of([&] { ports.files.length("Q:\\nowhere"); }), 53);
+}
+
+TEST_F(WindowsPorts, AFileThatAnotherHoldsHasALengthAndCannotBeDeleted) {
+    write("held.pdf");
+    const HANDLE held =
+        CreateFileA(path("held.pdf").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    EXPECT_EQ(ports.files.length(path("held.pdf")), 6);
+    EXPECT_EQ(error_of([&] { ports.files.remove(path("held.pdf")); }), 70);
+    EXPECT_EQ(error_of([&] { ports.files.create_text(path("held.pdf")); }), 70);
+    CloseHandle(held);
+    ports.files.remove(path("held.pdf"));
+    EXPECT_EQ(error_of([&] { ports.files.remove(path("held.pdf")); }), 53);
+    EXPECT_EQ(error_of([&] { ports.files.remove(""); }), 53);
+}
+
+TEST_F(WindowsPorts, AFolderIsMadeOnceAndOnlyBelowOneThatExists) {
+    EXPECT_EQ(error_of([&] { ports.files.make_folder(path("new")); }), 0);
+    EXPECT_EQ(error_of([&] { ports.files.make_folder(path("new")); }), 75);
+    EXPECT_EQ(error_of([&] { ports.files.make_folder(path("new\\")); }), 75);
+    EXPECT_EQ(error_of([&] { ports.files.make_folder("C:\\"); }), 75);
+    EXPECT_EQ(error_of([&] { ports.files.make_folder(path("nowhere\\deeper")); }), 76);
+    EXPECT_EQ(error_of([&] { ports.files.make_folder(""); }), 76);
+}
+
+TEST_F(WindowsPorts, ATextFileIsEmptiedAndHoldsItsLinesInTheCodePage) {
+    write("driver.ps");
+    const auto file = ports.files.create_text(path("driver.ps"));
+    file->write_line("%!PS");
+    file->write_line("");
+    file->write_line("(caf\xC3\xA9 \xD0\x94) show");
+    file->close();
+    EXPECT_EQ(content("driver.ps"), "%!PS\r\n\r\n(caf\xE9 ?) show\r\n");
+    EXPECT_EQ(error_of([&] { ports.files.create_text(path("nowhere\\a.txt")); }), 76);
+    EXPECT_EQ(error_of([&] { ports.files.create_text(""); }), 75);
+}
+
+TEST_F(WindowsPorts, ABareNameIsLookedForInTheCurrentFolder) {
+    wchar_t former[MAX_PATH];
+    GetCurrentDirectoryW(MAX_PATH, former);
+    SetCurrentDirectoryA(folder_.c_str());
+    write("123");
+    EXPECT_TRUE(ports.files.exists_in_current_folder("123"));
+    EXPECT_FALSE(ports.files.exists_in_current_folder("124"));
+    EXPECT_FALSE(ports.files.exists_in_current_folder(path("123")));
+    SetCurrentDirectoryW(former);
+}
+
+TEST_F(WindowsPorts, RegistryValuesComeBackByteForByte) {
+    using namespace std::string_literals;
+    RegistryKey key = 0;
+    ASSERT_EQ(ports.registry.create_key(hkey_current_user, "Software\\Foliant tests\\Deep", all_access, key),
+              0);
+    const std::string data = "\xFF\0\x80 text\0\0"s;
+    for (const std::uint32_t type : {0U, 1U, 2U, 3U, 7U, 4711U})
+        ASSERT_EQ(ports.registry.set_value(key, "v" + std::to_string(type), type, data), 0) << type;
+    for (const std::uint32_t type : {0U, 1U, 2U, 3U, 7U, 4711U}) {
+        std::uint32_t read_type = 99;
+        std::uint32_t size = 0;
+        ASSERT_EQ(ports.registry.query_size(key, "V" + std::to_string(type), read_type, size), 0);
+        EXPECT_EQ(read_type, type);
+        std::string read(size, ' ');
+        ASSERT_EQ(ports.registry.query_data(key, "v" + std::to_string(type), read), 0);
+        EXPECT_EQ(read, data) << type;
+    }
+    std::string unchanged = "as it was";
+    EXPECT_EQ(ports.registry.query_data(key, "missing", unchanged), registry_not_found);
+    EXPECT_EQ(unchanged, "as it was");
+    EXPECT_EQ(ports.registry.close_key(key), 0);
+    EXPECT_NE(ports.registry.close_key(key), 0);
+}
+
+TEST_F(WindowsPorts, RegistryRootsOpenWithTheAccessThatMembersAskFor) {
+    RegistryKey key = 0;
+    EXPECT_EQ(ports.registry.open_key(hkey_local_machine, "software\\CLASSES", read_and_write, key), 0);
+    EXPECT_EQ(ports.registry.open_key(hkey_local_machine, "", read_and_write, key), 0);
+    EXPECT_EQ(ports.registry.open_key(hkey_local_machine, "SOFTWARE\\No such key", read_and_write, key),
+              registry_not_found);
+}
+
+TEST_F(WindowsPorts, TheClockSleepsAndStartsAtMidnight) {
+    const float before = ports.clock.seconds_since_midnight();
+    ports.clock.sleep(30);
+    ports.clock.settle(30);
+    const float passed = ports.clock.seconds_since_midnight() - before;
+    EXPECT_TRUE(passed >= 0.03F || passed < -80000.0F) << passed;
+    EXPECT_GE(before, 0.0F);
+    EXPECT_LT(before, 86400.0F);
+    EXPECT_NE(ports.clock.random_seed(), ports.clock.random_seed());
+}
+
+TEST_F(WindowsPorts, PumpingHandlesWhatWaitsAndLeavesTheEndToTheCallersLoop) {
+    WNDCLASSW shape{};
+    shape.lpszClassName = L"Foliant pump test";
+    shape.lpfnWndProc = count_message;
+    RegisterClassW(&shape);
+    const HWND window =
+        CreateWindowW(shape.lpszClassName, L"", 0, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+    PostMessageW(window, WM_APP, 0, 0);
+    PostMessageW(window, WM_APP, 0, 0);
+    ports.clock.pump_messages();
+    EXPECT_EQ(messages_handled, 2);
+    PostQuitMessage(5);
+    ports.clock.pump_messages();
+    MSG message{};
+    EXPECT_NE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE), 0);
+    EXPECT_EQ(message.wParam, 5U);
+    DestroyWindow(window);
+}
+
+TEST_F(WindowsPorts, AWindowIsFoundByItsCaptionInAnyCaseAndClosed) {
+    CreateWindowW(L"Static", L"Adobe Acrobat - [Report.pdf]", WS_OVERLAPPEDWINDOW, 0, 0, 9, 9, nullptr,
+                  nullptr, nullptr, nullptr);
+    EXPECT_EQ(ports.windows.find_window("adobe acrobat - [rep"), 0);
+    const WindowHandle window = ports.windows.find_window("adobe acrobat - [report.pdf]");
+    ASSERT_GT(window, 0);
+    ports.windows.close_window(window, "0");
+    EXPECT_EQ(ports.windows.find_window("adobe acrobat - [report.pdf]"), 0);
+}
+
+TEST_F(WindowsPorts, KnowTheSystemFolderAndTheirOwn) {
+    const auto buffer = ports.shell.special_folder(100, 37);
+    ASSERT_TRUE(buffer.has_value());
+    EXPECT_EQ(buffer->substr(0, buffer->find('\0')), "C:\\windows\\system32");
+    EXPECT_FALSE(ports.shell.special_folder(100, 9999).has_value());
+    wchar_t program[MAX_PATH];
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    const std::string own = ports.shell.library_folder();
+    EXPECT_TRUE(to_utf8(std::wstring_view(program)).starts_with(own + "\\")) << own;
+}
+
+TEST_F(WindowsPorts, AProgramStartsFromAnUnquotedPathAndIsNotAwaited) {
+    const std::string made = path("made by program");
+    ports.programs.start("C:\\windows\\system32\\cmd.exe /c mkdir \"" + made + "\"", WindowStyle::hidden);
+    for (int i = 0; i < 100 && GetFileAttributesA(made.c_str()) == INVALID_FILE_ATTRIBUTES; ++i)
+        Sleep(100);
+    EXPECT_NE(GetFileAttributesA(made.c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(error_of([&] { ports.programs.start("C:\\nosuch.exe a~b~", WindowStyle::hidden); }), 53);
+}
+
+TEST_F(WindowsPorts, AClassThatNobodyHasRaises429) {
+    for (const char* name : {"No.SuchClass", "{00000000-1111-2222-3333-444444444444}", "{no class}", ""})
+        EXPECT_EQ(error_of([&] { ports.servers.create(name); }), 429) << name;
+}
+
+}  // namespace
+}  // namespace foliant::platform::win32::test
+
+int main(int argc, char** argv) {
+    CoInitialize(nullptr);
+    testing::InitGoogleTest(&argc, argv);
+    const int failed = RUN_ALL_TESTS();
+    CoUninitialize();
+    return failed;
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <ole2.h>
+#include <string_view>
+
+namespace foliant::tests::servers {
+
+/// A class that can be created.
+struct Class {
+    CLSID id;
+    const wchar_t* prog_id;  ///< null when it is created by its identifier only
+    std::string_view object;
+};
+
+inline constexpr Class classes[]{
+    {{0x000209FF, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}},
+     L"Word.Application",
+     "Word.Application"},
+    {{0x1CD675B2, 0xECD1, 0x11D1, {0xB9, 0x76, 0x00, 0x60, 0x08, 0x02, 0xDB, 0x86}}, nullptr, "Distiller"},
+    {{0xFC403250, 0x51F5, 0x4E1B, {0xAC, 0x8C, 0xED, 0x9C, 0x5E, 0x55, 0x1B, 0x9B}},
+     nullptr,
+     "SecureDistiller"},
+};
+
+/// A member of a class, and what it gives back.
+struct Member {
+    std::string_view object;
+    std::string_view name;  ///< matched as it is spelled
+    /// Another class, a text in quotation marks, "1" for that 16-bit number, or "" for nothing.
+    std::string_view result;
+};
+
+inline constexpr Member members[]{
+    {"Word.Application", "Documents", "Documents"},
+    {"Word.Application", "DisplayAlerts", ""},
+    {"Word.Application", "ActivePrinter", "\"Office printer\""},
+    {"Word.Application", "Quit", ""},
+    {"Documents", "Open", "Document"},
+    {"Document", "PageSetup", "PageSetup"},
+    {"Document", "Sections", "Section"},
+    {"Document", "PrintOut", ""},
+    {"Document", "Close", ""},
+    {"PageSetup", "Orientation", ""},
+    {"Section", "Footers", "Footer"},
+    {"Section", "Headers", "Header"},
+    {"Footer", "PageNumbers", "PageNumbers"},
+    {"Header", "PageNumbers", "PageNumbers"},
+    {"PageNumbers", "Add", ""},
+    {"Distiller", "bShowWindow", ""},
+    {"Distiller", "bSpoolJobs", ""},
+    {"Distiller", "FileToPDF", "1"},
+    {"SecureDistiller", "bShowWindow", ""},
+    {"SecureDistiller", "bSpoolJobs", ""},
+    {"SecureDistiller", "FileToPDF2", "1"},
+};
+
+/// The source interface of the Distiller's events.
+inline constexpr IID distiller_events{
+    0x5D7A1E10, 0x3C52, 0x4E0B, {0x9A, 0x41, 0x6C, 0x1D, 0x20, 0x8F, 0x77, 0x03}};
+
+/// The type library that names them, where it is registered: the numbers are then those of events.idl, and 1
+/// to 6 in the order of the Distiller's reference where it is not.
+inline constexpr GUID events_library{
+    0x5D7A1E11, 0x3C52, 0x4E0B, {0x9A, 0x41, 0x6C, 0x1D, 0x20, 0x8F, 0x77, 0x03}};
+
+}  // namespace foliant::tests::servers

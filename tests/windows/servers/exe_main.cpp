@@ -1,0 +1,44 @@
+// The recorded classes in a process of their own: a local server that ends a second after its last object has
+// gone.
+
+#include "windows/servers/factory.h"
+#include "windows/servers/recording_object.h"
+
+using namespace foliant::tests::servers;
+
+namespace {
+
+constexpr UINT check_ms = 250;
+constexpr int idle_checks_before_end = 4;
+
+void serve_until_idle() {
+    int idle_checks = 0;
+    bool used = false;
+    SetTimer(nullptr, 0, check_ms, nullptr);
+    MSG message{};
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        DispatchMessageW(&message);
+        if (message.message != WM_TIMER) continue;
+        used = used || live_objects > 0;
+        idle_checks = live_objects > 0 ? 0 : idle_checks + 1;
+        // Nobody may have got round to creating the first object.
+        if (idle_checks > idle_checks_before_end * (used ? 1 : 20)) return;
+    }
+}
+
+}  // namespace
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    if (FAILED(CoInitialize(nullptr))) return 1;
+    static Factory factories[]{Factory(classes[0]), Factory(classes[1]), Factory(classes[2])};
+    DWORD cookies[std::size(classes)]{};
+    for (std::size_t i = 0; i < std::size(classes); ++i) {
+        CoRegisterClassObject(classes[i].id, &factories[i], CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE,
+                              &cookies[i]);
+    }
+    serve_until_idle();
+    for (const DWORD cookie : cookies)
+        CoRevokeClassObject(cookie);
+    CoUninitialize();
+    return 0;
+}

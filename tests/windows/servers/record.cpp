@@ -1,0 +1,82 @@
+#include "windows/servers/record.h"
+
+#include <array>
+
+#include "platform/win32/text.h"
+#include "platform/win32/variant.h"
+
+namespace foliant::tests::servers {
+
+using platform::win32::to_utf8;
+
+namespace {
+
+std::string type_name(VARTYPE type) {
+    switch (type) {
+        case VT_EMPTY:
+            return "EMPTY";
+        case VT_NULL:
+            return "NULL";
+        case VT_I2:
+            return "I2";
+        case VT_I4:
+            return "I4";
+        case VT_R4:
+            return "R4";
+        case VT_R8:
+            return "R8";
+        case VT_BSTR:
+            return "BSTR";
+        case VT_BOOL:
+            return "BOOL";
+        case VT_DISPATCH:
+            return "DISPATCH";
+        case VT_ERROR:
+            return "ERROR";
+        default:
+            return "type " + std::to_string(type);
+    }
+}
+
+std::string content(const VARIANT& variant) {
+    switch (variant.vt) {
+        case VT_I2:
+            return " " + std::to_string(variant.iVal);
+        case VT_I4:
+            return " " + std::to_string(variant.lVal);
+        case VT_R8:
+            return " " + std::to_string(variant.dblVal);
+        case VT_BSTR:
+            return " \"" + to_utf8(variant.bstrVal) + "\"";
+        case VT_BOOL:
+            return variant.boolVal == VARIANT_FALSE ? " False" : " True";
+        default:
+            return "";
+    }
+}
+
+}  // namespace
+
+std::wstring record_path() {
+    std::array<wchar_t, MAX_PATH> folder{};
+    GetTempPathW(MAX_PATH, folder.data());
+    return std::wstring(folder.data()) + L"foliant-record.txt";
+}
+
+void record(const std::string& line) {
+    const HANDLE file =
+        CreateFileW(record_path().c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                    OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const std::string text = line + "\n";
+    DWORD written = 0;
+    WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+    CloseHandle(file);
+}
+
+std::string describe(const VARIANT& variant) {
+    if (variant.vt == VT_ERROR && variant.scode == DISP_E_PARAMNOTFOUND) return "missing";
+    if ((variant.vt & VT_BYREF) == 0) return type_name(variant.vt) + content(variant);
+    return type_name(static_cast<VARTYPE>(variant.vt & ~VT_BYREF)) + " by reference";
+}
+
+}  // namespace foliant::tests::servers
