@@ -111,7 +111,10 @@ def run_all(kind, jobs):
             memory.parent.mkdir(parents=True, exist_ok=True)
             memory.touch()
             return None
-        print(result.stdout + result.stderr, end="", flush=True)
+        said = result.stdout + result.stderr
+        if result.returncode < 0:
+            said += f"{path}: {command[0]} was ended by signal {-result.returncode}\n"
+        print(said, end="", flush=True)
         return path
 
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
