@@ -33,6 +33,22 @@ WORD call_flags(Access access) {
     return DISPATCH_METHOD;
 }
 
+constexpr DWORD busy_pause_ms = 100;
+constexpr int busy_pauses = 100;
+
+/// Makes a call, and makes it again while the object's program refuses it for being busy with something else,
+/// as Office does while it starts; ten seconds at most. A call that is refused has done nothing.
+template <class Call>
+HRESULT while_busy(Call&& call) {
+    HRESULT result = call();
+    for (int i = 0; i < busy_pauses; ++i) {
+        if (result != RPC_E_CALL_REJECTED && result != RPC_E_SERVERCALL_RETRYLATER) break;
+        Sleep(busy_pause_ms);
+        result = call();
+    }
+    return result;
+}
+
 /// The numbers of a member and of its named arguments, asked for in one go, as their names are spelled.
 std::vector<DISPID> look_up(IDispatch& object, std::string_view member, const Arguments& arguments) {
     std::vector<std::wstring> names{to_utf16(member)};
@@ -42,8 +58,10 @@ std::vector<DISPID> look_up(IDispatch& object, std::string_view member, const Ar
     for (std::wstring& name : names)
         spelled.push_back(name.data());
     std::vector<DISPID> ids(names.size(), DISPID_UNKNOWN);
-    const HRESULT result = object.GetIDsOfNames(IID_NULL, spelled.data(), static_cast<UINT>(spelled.size()),
-                                                LOCALE_USER_DEFAULT, ids.data());
+    const HRESULT result = while_busy([&] {
+        return object.GetIDsOfNames(IID_NULL, spelled.data(), static_cast<UINT>(spelled.size()),
+                                    LOCALE_USER_DEFAULT, ids.data());
+    });
     if (SUCCEEDED(result)) return ids;
     if (result != DISP_E_UNKNOWNNAME && result != DISP_E_MEMBERNOTFOUND) throw error_of(result);
     throw Error(ids[0] == DISPID_UNKNOWN ? RuntimeError::no_such_member
@@ -104,9 +122,10 @@ Value DispatchObject::invoke(Access access, std::string_view member, const Argum
     Variant result;
     EXCEPINFO raised{};
     UINT wrong_argument = 0;
-    const HRESULT outcome =
-        dispatch_->Invoke(ids[0], IID_NULL, LOCALE_USER_DEFAULT, call_flags(access), call.get(),
-                          assigns(access) ? nullptr : result.get(), &raised, &wrong_argument);
+    const HRESULT outcome = while_busy([&] {
+        return dispatch_->Invoke(ids[0], IID_NULL, LOCALE_USER_DEFAULT, call_flags(access), call.get(),
+                                 assigns(access) ? nullptr : result.get(), &raised, &wrong_argument);
+    });
     if (outcome == DISP_E_EXCEPTION) throw error_of(raised);
     if (outcome == DISP_E_MEMBERNOTFOUND) throw Error(RuntimeError::no_such_member);
     if (FAILED(outcome)) throw error_of(outcome);

@@ -22,9 +22,9 @@ class DispatchObject : public automation::Object {
     explicit DispatchObject(ComPointer<IDispatch> dispatch, std::optional<CLSID> class_id = std::nullopt)
         : dispatch_(std::move(dispatch)), class_id_(class_id) {}
 
-    /// Raises 438 for a member that is not there and 448 for an argument name that is not; an error that the
-    /// object raises keeps its number, source and description; any other failure is its HRESULT with the
-    /// system's text for it.
+    /// Waits for a program that is busy, ten seconds at most. Raises 438 for a member that is not there and
+    /// 448 for an argument name that is not; an error that the object raises keeps its number, source and
+    /// description; any other failure is its HRESULT with the system's text for it.
     automation::Value invoke(automation::Access access, std::string_view member,
                              const automation::Arguments& arguments) override;
 

@@ -21,6 +21,7 @@ class FailingObject final : public IDispatch {
   public:
     HRESULT outcome = S_OK;
     EXCEPINFO raised{};
+    int refusals = 0;  ///< how many calls it is too busy for
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** out) override {
         *out = this;
@@ -41,6 +42,10 @@ class FailingObject final : public IDispatch {
     }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO* out,
                                      UINT*) override {
+        if (refusals > 0) {
+            --refusals;
+            return RPC_E_CALL_REJECTED;
+        }
         *out = raised;
         return outcome;
     }
@@ -120,6 +125,12 @@ TEST_F(OutsideObject, LacksAMemberWith438AndAnArgumentWith448) {
     EXPECT_EQ(error_of("Known", {named("NoSuch", 1)}).number(), 448);
     failing.outcome = DISP_E_MEMBERNOTFOUND;
     EXPECT_EQ(error_of("Known").number(), 438);
+}
+
+TEST_F(OutsideObject, ThatIsBusyIsAskedAgain) {
+    failing.refusals = 3;
+    EXPECT_EQ(error_of("Known").number(), 0);
+    EXPECT_EQ(failing.refusals, 0);
 }
 
 TEST_F(OutsideObject, IsLetGoOfOnce) {
