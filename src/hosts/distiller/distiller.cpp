@@ -9,10 +9,11 @@
 #include "hosts/distiller/distill_error.h"
 #include "hosts/distiller/engine_process.h"
 #include "hosts/distiller/job_run.h"
-#include "hosts/distiller/pending_file.h"
+#include "hosts/distiller/output_error.h"
 #include "hosts/distiller/protector/protect_pdf.h"
 #include "hosts/distiller/source_file.h"
 #include "hosts/distiller/workspace.h"
+#include "hosts/pending_file.h"
 
 namespace foliant::hosts::distiller {
 namespace {
@@ -85,8 +86,7 @@ void run_engine(const fs::path& program, const Workspace& workspace, const Pendi
     require_complete_pdf(output, job);
 }
 
-/// The whole job; throws DistillError when it fails.
-void carry_out(const fs::path& engine_folder, const DistillJob& job, Progress& progress, int& pages) {
+void convert(const fs::path& engine_folder, const DistillJob& job, Progress& progress, int& pages) {
     const Source source = examine_source(job.input_ps);
     require_readable_options(job.job_options_file);
     PendingFile output(job.output_pdf);
@@ -106,6 +106,15 @@ void carry_out(const fs::path& engine_folder, const DistillJob& job, Progress& p
     }
     output.commit();
     run.report_percent(100);
+}
+
+/// The whole job; throws DistillError when it fails.
+void carry_out(const fs::path& engine_folder, const DistillJob& job, Progress& progress, int& pages) {
+    try {
+        convert(engine_folder, job, progress, pages);
+    } catch (const fs::filesystem_error& failure) {
+        throw output_error(failure);
+    }
 }
 
 }  // namespace

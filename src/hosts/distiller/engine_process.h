@@ -8,7 +8,7 @@
 #include <string>
 
 #include "hosts/distiller/engine/protocol.h"
-#include "hosts/distiller/file_descriptor.h"
+#include "hosts/file_descriptor.h"
 
 namespace foliant::hosts::distiller {
 

@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "hosts/distiller/distill_error.h"
-#include "hosts/distiller/pending_file.h"
+#include "hosts/distiller/output_error.h"
 #include "hosts/distiller/utf8.h"
 
 namespace foliant::hosts::distiller {

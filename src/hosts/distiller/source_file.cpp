@@ -10,7 +10,7 @@
 
 #include "hosts/distiller/distill_error.h"
 #include "hosts/distiller/driver_file.h"
-#include "hosts/distiller/file_descriptor.h"
+#include "hosts/file_descriptor.h"
 
 namespace foliant::hosts::distiller {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "hosts/office/errors.h"
 #include "hosts/office/model.h"
-#include "hosts/office/output_file.h"
+#include "hosts/office/output.h"
 #include "hosts/office/page_numbers.h"
 #include "hosts/office/page_orientation.h"
 #include "hosts/office/page_range.h"
@@ -98,22 +98,22 @@ std::string TextDocument::pdf(std::string_view pages, bool for_postscript) const
     });
 }
 
-void TextDocument::export_pdf(std::string_view pages, const std::filesystem::path& output) const {
-    OutputFile file(output);  // first: an unwritable folder shows before the work is done
-    file.write(pdf(pages, false));
-    file.publish();
-}
-
-void TextDocument::export_ps(std::string_view pages, const std::filesystem::path& output) const {
-    OutputFile file(output);
+std::string TextDocument::postscript(std::string_view pages) const {
     const std::string document = pdf(pages, true);
     try {
-        file.write(pdf_to_postscript(document, title()));
+        return pdf_to_postscript(document, title());
     } catch (const PostScriptFailure& failure) {
         throw word_error(WordError::command_failed,
                          "Cannot print " + model().path.string() + " as PostScript: " + failure.what() + ".");
     }
-    file.publish();
+}
+
+void TextDocument::export_pdf(std::string_view pages, const std::filesystem::path& output) const {
+    write_output(output, [&] { return pdf(pages, false); });
+}
+
+void TextDocument::export_ps(std::string_view pages, const std::filesystem::path& output) const {
+    write_output(output, [&] { return postscript(pages); });
 }
 
 void TextDocument::close() {

@@ -60,6 +60,7 @@ class TextDocument {
   private:
     const Model& model() const;
     std::string pdf(std::string_view pages, bool for_postscript) const;
+    std::string postscript(std::string_view pages) const;
 
     std::unique_ptr<Model> model_;
 };

@@ -73,12 +73,6 @@ TEST(PdfExport, NamesAMissingFolder) {
     EXPECT_EQ(test::error_of([&] { document->export_ps("", folder / "no/out.ps"); }).number(), 76);
 }
 
-TEST(PdfExport, ReportsAFullDisk) {
-    const auto document = test::open(test::document("one.docx"));
-    EXPECT_EQ(test::error_of([&] { document->export_pdf("", "/dev/full"); }).number(), 61);
-    EXPECT_EQ(test::error_of([&] { document->export_ps("", "/dev/full"); }).number(), 61);
-}
-
 TEST(PdfExport, ReportsAFullDiskUnderTheTemporaryFolder) {
     const test::Scratch folder;
     const auto document = test::open(test::document("text_mix.docx"));

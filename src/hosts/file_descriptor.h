@@ -3,7 +3,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace foliant::hosts::distiller {
+namespace foliant::hosts {
 
 /// Owns an open file descriptor, or none (-1).
 class FileDescriptor {
@@ -19,6 +19,8 @@ class FileDescriptor {
 
     explicit operator bool() const { return number_ >= 0; }
     int get() const { return number_; }
+    /// Gives the descriptor away: the caller closes it.
+    int release() { return std::exchange(number_, -1); }
     void reset() {
         if (number_ >= 0) ::close(std::exchange(number_, -1));
     }
@@ -27,4 +29,4 @@ class FileDescriptor {
     int number_ = -1;
 };
 
-}  // namespace foliant::hosts::distiller
+}  // namespace foliant::hosts

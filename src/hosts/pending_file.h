@@ -1,14 +1,18 @@
 #pragma once
 
 #include <filesystem>
+#include <string_view>
 
-#include "hosts/distiller/file_descriptor.h"
+#include "hosts/file_descriptor.h"
 
-namespace foliant::hosts::distiller {
+namespace foliant::hosts {
 
 /// A file on its way to a name: it has none, or a hidden one where the file system cannot do without, until
 /// `commit`. What is never committed is gone with this object, and without a name also when the process is
 /// killed.
+///
+/// Failures are thrown as std::filesystem::filesystem_error with the target as its path and an errno value as
+/// its code; hosts say it in their own words.
 class PendingFile {
   public:
     /// What a pending file is called. Not every file system can hold nameless files (network and FAT ones
@@ -16,32 +20,35 @@ class PendingFile {
     enum class Name { nameless, hidden };
 
     /// Makes an empty file on the file system of `target`, with the rights that a new file there would get.
-    /// Throws DistillError when the folder is missing or cannot be written, or `target` is a folder.
+    /// Fails when the folder is missing or cannot be written, with EISDIR when `target` is a folder, and with
+    /// ENOTSUP when it is a device or a pipe, which cannot change from nothing to complete.
     explicit PendingFile(std::filesystem::path target, Name name = Name::nameless);
     PendingFile(const PendingFile&) = delete;
     PendingFile& operator=(const PendingFile&) = delete;
     ~PendingFile();
 
     /// Open for reading and writing.
-    int descriptor() const { return file_.get(); }
+    int descriptor() const noexcept { return file_.get(); }
 
     /// A path that opens the file again, within this process only.
     std::filesystem::path path_in_this_process() const;
 
-    /// Gives the file its name, in place of what had it before. Throws DistillError.
+    /// Appends all of `bytes`.
+    void write(std::string_view bytes);
+
+    /// Gives the file its name, in place of what had it before. Nothing can be written afterwards.
     void commit();
 
   private:
     void open_nameless();
     void open_hidden();
+    std::filesystem::path folder() const;
     std::filesystem::path hidden_sibling() const;
+    [[noreturn]] void fail(int code) const;
 
     std::filesystem::path target_;
     std::filesystem::path hidden_;  ///< its name so far; empty while it has none
     FileDescriptor file_;
 };
 
-/// Whether the disk that `folder` is on can take no more; false also where that cannot be known.
-bool disk_is_full(const std::filesystem::path& folder);
-
-}  // namespace foliant::hosts::distiller
+}  // namespace foliant::hosts

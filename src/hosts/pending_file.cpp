@@ -1,0 +1,85 @@
+#include "hosts/pending_file.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <random>
+#include <sys/stat.h>
+#include <system_error>
+
+namespace foliant::hosts {
+namespace {
+
+constexpr mode_t new_file_rights = 0666;  // less the umask
+
+}  // namespace
+
+PendingFile::PendingFile(std::filesystem::path target, Name name) : target_(std::move(target)) {
+    std::error_code ignored;
+    const std::filesystem::file_status present = std::filesystem::status(target_, ignored);
+    if (std::filesystem::is_directory(present)) fail(EISDIR);
+    if (std::filesystem::is_other(present)) fail(ENOTSUP);
+    if (name == Name::nameless) open_nameless();
+    if (!file_) open_hidden();
+}
+
+void PendingFile::open_nameless() {
+    file_ = FileDescriptor(::open(folder().c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, new_file_rights));
+    const bool unsupported = errno == EOPNOTSUPP || errno == EISDIR;  // a kernel without it opens the folder
+    if (!file_ && !unsupported) fail(errno);
+}
+
+void PendingFile::open_hidden() {
+    std::filesystem::path name = hidden_sibling();
+    file_ = FileDescriptor(::open(name.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, new_file_rights));
+    if (!file_) fail(errno);
+    hidden_ = std::move(name);
+}
+
+PendingFile::~PendingFile() {
+    if (!hidden_.empty()) ::unlink(hidden_.c_str());
+}
+
+std::filesystem::path PendingFile::path_in_this_process() const {
+    return "/proc/self/fd/" + std::to_string(file_.get());
+}
+
+void PendingFile::write(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(file_.get(), bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) fail(errno);
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+void PendingFile::commit() {
+    if (hidden_.empty()) {
+        // A link cannot replace a file, a rename can.
+        std::filesystem::path name = hidden_sibling();
+        if (::linkat(AT_FDCWD, path_in_this_process().c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) !=
+            0) {
+            fail(errno);
+        }
+        hidden_ = std::move(name);
+    }
+    // Network file systems report a full disk only when a file is closed.
+    if (::close(file_.release()) != 0 && errno != EINTR) fail(errno);
+    if (std::rename(hidden_.c_str(), target_.c_str()) != 0) fail(errno);
+    hidden_.clear();
+}
+
+std::filesystem::path PendingFile::folder() const {
+    return target_.has_parent_path() ? target_.parent_path() : std::filesystem::path(".");
+}
+
+std::filesystem::path PendingFile::hidden_sibling() const {
+    return folder() / (".foliant-" + std::to_string(std::random_device()()) + ".tmp");
+}
+
+void PendingFile::fail(int code) const {
+    throw std::filesystem::filesystem_error("cannot write", target_,
+                                            std::error_code(code, std::generic_category()));
+}
+
+}  // namespace foliant::hosts

@@ -1,0 +1,165 @@
+#include "hosts/pending_file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <fstream>
+#include <functional>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <stdlib.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+namespace foliant::hosts {
+namespace {
+
+namespace fs = std::filesystem;
+
+class PendingFileTest : public testing::Test {
+  protected:
+    PendingFileTest() {
+        std::string name = (fs::temp_directory_path() / "pending-XXXXXX").string();
+        folder = ::mkdtemp(name.data());
+        target = folder / "out.pdf";
+    }
+    ~PendingFileTest() override { fs::remove_all(folder); }
+
+    static void put(const fs::path& path, std::string_view text) { std::ofstream(path) << text; }
+    static std::string content(const fs::path& path) {
+        std::ostringstream text;
+        text << std::ifstream(path).rdbuf();
+        return text.str();
+    }
+    std::vector<std::string> names() const {
+        std::vector<std::string> found;
+        for (const auto& entry : fs::directory_iterator(folder))
+            found.push_back(entry.path().filename().string());
+        std::sort(found.begin(), found.end());
+        return found;
+    }
+    /// The errno value of what `action` fails with, 0 when it does not; the failure has to name `path`.
+    static int failure(const fs::path& path, const std::function<void()>& action) {
+        try {
+            action();
+        } catch (const fs::filesystem_error& error) {
+            EXPECT_EQ(error.path1(), path);
+            return error.code().value();
+        }
+        return 0;
+    }
+    static int failure_to_open(const fs::path& path) {
+        return failure(path, [&] { PendingFile file(path); });
+    }
+
+    fs::path folder;
+    fs::path target;
+};
+
+using Names = std::vector<std::string>;
+
+TEST_F(PendingFileTest, HasNoNameUntilItIsCommitted) {
+    PendingFile file(target);
+    file.write("half ");
+    EXPECT_EQ(names(), Names{}) << "a killed process would leave it";
+    file.write("and half");
+    file.commit();
+    EXPECT_EQ(content(target), "half and half");
+    EXPECT_EQ(names(), Names{"out.pdf"});
+}
+
+TEST_F(PendingFileTest, IsGoneWhenItIsNotCommitted) {
+    for (const auto name : {PendingFile::Name::nameless, PendingFile::Name::hidden}) {
+        { PendingFile(target, name).write("half"); }
+        EXPECT_EQ(names(), Names{});
+    }
+}
+
+TEST_F(PendingFileTest, HasAHiddenNameWhereItNeedsOne) {
+    PendingFile file(target, PendingFile::Name::hidden);
+    file.write("new");
+    ASSERT_EQ(names().size(), 1U);
+    EXPECT_TRUE(names().front().starts_with(".foliant-"));
+    file.commit();
+    EXPECT_EQ(content(target), "new");
+    EXPECT_EQ(names(), Names{"out.pdf"});
+}
+
+TEST_F(PendingFileTest, OpensAgainWithinTheProcess) {
+    PendingFile file(target);
+    put(file.path_in_this_process(), "through its path");
+    file.commit();
+    EXPECT_EQ(content(target), "through its path");
+}
+
+TEST_F(PendingFileTest, ReplacesWhatHadTheName) {
+    put(target, "old");
+    PendingFile file(target);
+    file.write("new");
+    EXPECT_EQ(content(target), "old");
+    file.commit();
+    EXPECT_EQ(content(target), "new");
+    EXPECT_EQ(names(), Names{"out.pdf"});
+}
+
+TEST_F(PendingFileTest, GoesToTheCurrentFolderByItsBareName) {
+    const fs::path former = fs::current_path();
+    fs::current_path(folder);
+    PendingFile file("out.pdf");
+    file.write("here");
+    file.commit();
+    fs::current_path(former);
+    EXPECT_EQ(content(target), "here");
+}
+
+TEST_F(PendingFileTest, HasTheRightsOfANewFile) {
+    const mode_t former = ::umask(022);
+    PendingFile file(target);
+    file.commit();
+    ::umask(former);
+    EXPECT_EQ(fs::status(target).permissions(), fs::perms(0644));
+}
+
+TEST_F(PendingFileTest, NeedsItsFolder) {
+    EXPECT_EQ(failure_to_open(folder / "missing" / "out.pdf"), ENOENT);
+    put(folder / "file", "");
+    EXPECT_EQ(failure_to_open(folder / "file" / "out.pdf"), ENOTDIR);
+}
+
+TEST_F(PendingFileTest, RefusesAFolderAsItsName) {
+    EXPECT_EQ(failure_to_open(folder), EISDIR);
+}
+
+TEST_F(PendingFileTest, LeavesDevicesAndPipesAlone) {
+    ASSERT_EQ(::mkfifo(target.c_str(), 0600), 0);
+    EXPECT_EQ(failure_to_open(target), ENOTSUP);
+    EXPECT_TRUE(fs::is_fifo(target));
+    EXPECT_EQ(failure_to_open("/dev/null"), ENOTSUP);
+    fs::create_symlink("/dev/null", folder / "link");
+    EXPECT_EQ(failure_to_open(folder / "link"), ENOTSUP);
+}
+
+TEST_F(PendingFileTest, SaysWhyAFolderCannotBeWritten) {
+    EXPECT_NE(failure_to_open("/proc/x.pdf"), 0);  // for nobody, the superuser included
+    if (::geteuid() == 0) return;
+    fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
+    EXPECT_EQ(failure_to_open(target), EACCES);
+    fs::permissions(folder, fs::perms::owner_all);
+}
+
+TEST_F(PendingFileTest, LeavesNothingWhenTheDiskFillsUp) {
+    // A limit on the size of files stands in for a disk with that much space.
+    const auto former_handler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit former{};
+    ::getrlimit(RLIMIT_FSIZE, &former);
+    const rlimit small{10, former.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    const int reason = failure(target, [&] { PendingFile(target).write("these are more than ten bytes"); });
+    ::setrlimit(RLIMIT_FSIZE, &former);
+    std::signal(SIGXFSZ, former_handler);
+    EXPECT_EQ(reason, EFBIG);
+    EXPECT_EQ(names(), Names{});
+}
+
+}  // namespace
+}  // namespace foliant::hosts
