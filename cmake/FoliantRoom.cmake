@@ -2,7 +2,9 @@
 
 find_program(CCACHE ccache)
 if(CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+  # ccache has to be told that it may trust precompiled headers.
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
+  add_compile_options(-fpch-preprocess)
 endif()
 
 add_library(foliant_settings INTERFACE)
@@ -42,6 +44,7 @@ function(foliant_test name)
     target_link_libraries(${name} PRIVATE foliant_${known})
   endforeach()
   target_link_libraries(${name} PRIVATE foliant_settings GTest::gmock_main ${test_LINKS})
+  target_precompile_headers(${name} REUSE_FROM foliant_test_header)
   if(CMAKE_CROSSCOMPILING)
     # Starting a program in Wine takes longer than most tests: each program is one test.
     add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)

@@ -1,0 +1,3 @@
+// Owns the precompiled header that the test programs share; does nothing.
+
+int main() {}
