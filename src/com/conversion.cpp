@@ -55,23 +55,34 @@ Value default_property(IDispatch& object) {
     return value;
 }
 
+/// A property of a script's object, empty when there is none. It is not asked for as a call as well: a script
+/// host would then try to call the number or text that it holds.
+Value property(IDispatch& object, std::wstring name) {
+    LPOLESTR text = name.data();
+    DISPID id = 0;
+    if (FAILED(object.GetIDsOfNames(IID_NULL, &text, 1, library_locale, &id))) return {};
+    DISPPARAMS none{};
+    Variant result;
+    const HRESULT outcome = object.Invoke(id, IID_NULL, library_locale, DISPATCH_PROPERTYGET, &none,
+                                          result.get(), nullptr, nullptr);
+    if (FAILED(outcome)) throw Error(RuntimeError::type_mismatch);
+    return to_value(*result);
+}
+
 /// The items of a script's array object. Indices without an item are empty.
-Value items_of(const Value& object, IDispatch& dispatch) {
-    const std::int32_t count = automation::to_int32(object.get("length"));
+Value items_of(IDispatch& object) {
+    const std::int32_t count = automation::to_int32(property(object, L"length"));
     if (count < 0 || count > most_items) throw Error(RuntimeError::type_mismatch);
     automation::Array array;
-    for (std::int32_t index = 0; index < count; ++index) {
-        const std::string name = std::to_string(index);
-        const std::wstring wide(name.begin(), name.end());
-        array.items.push_back(has_member(dispatch, wide.c_str()) ? object.get(name) : Value());
-    }
+    for (std::int32_t index = 0; index < count; ++index)
+        array.items.push_back(property(object, std::to_wstring(index)));
     return array;
 }
 
 Value any_value(Value value) {
     IDispatch* dispatch = dispatch_in(value);
     if (dispatch == nullptr || !has_member(*dispatch, L"length")) return value;
-    return items_of(value, *dispatch);
+    return items_of(*dispatch);
 }
 
 template <class T>
