@@ -17,7 +17,12 @@ function pdf_JobFail(postscript, output) {
 }
 
 function convert(document, target, pages) {
-    var pdf = WScript.CreateObject("Foliant.BuildPDF", "pdf_");
+    var pdf = new ActiveXObject("Foliant.BuildPDF");
+    try {
+        WScript.ConnectObject(pdf, "pdf_");
+    } catch (unsupported) {
+        // Without progress, where the script host hands on no events.
+    }
     pdf.CreatePDFfromWord(target, document, "", "", pages);
 }
 

@@ -5,7 +5,7 @@
 ' Ends with 1 when there is no PDF.
 Option Explicit
 
-Dim pdf, files, target, sources(), i
+Dim pdf, files, target, sources, i
 
 If WScript.Arguments.Count < 2 Then
     WScript.Echo "Usage: cscript //nologo postscript-to-pdf.vbs PDF POSTSCRIPT..."

@@ -19,8 +19,12 @@ target = files.GetAbsolutePathName(WScript.Arguments(1))
 If WScript.Arguments.Count > 2 Then pages = WScript.Arguments(2) Else pages = ""
 
 On Error Resume Next
-Set pdf = WScript.CreateObject("Foliant.BuildPDF", "Pdf_")
-If Err.Number = 0 Then pdf.CreatePDFfromWord target, document, , , pages
+Set pdf = WScript.CreateObject("Foliant.BuildPDF")
+If Err.Number = 0 Then
+    WScript.ConnectObject pdf, "Pdf_"
+    Err.Clear ' without progress, where the script host hands on no events
+    pdf.CreatePDFfromWord target, document, , , pages
+End If
 If Err.Number <> 0 Then
     WScript.Echo "Error " & Err.Number & " from " & Err.Source & ": " & Err.Description
     WScript.Quit 1
