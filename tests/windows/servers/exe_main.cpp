@@ -2,6 +2,7 @@
 // gone.
 
 #include "windows/servers/factory.h"
+#include "windows/servers/record.h"
 #include "windows/servers/recording_object.h"
 
 using namespace foliant::tests::servers;
@@ -10,6 +11,21 @@ namespace {
 
 constexpr UINT check_ms = 250;
 constexpr int idle_checks_before_end = 4;
+
+DWORD cookies[std::size(classes)]{};
+
+void offer_classes() {
+    static Factory factories[]{Factory(classes[0]), Factory(classes[1]), Factory(classes[2])};
+    for (std::size_t i = 0; i < std::size(classes); ++i) {
+        CoRegisterClassObject(classes[i].id, &factories[i], CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE,
+                              &cookies[i]);
+    }
+}
+
+void withdraw_classes() {
+    for (const DWORD cookie : cookies)
+        CoRevokeClassObject(cookie);
+}
 
 void serve_until_idle() {
     int idle_checks = 0;
@@ -30,15 +46,14 @@ void serve_until_idle() {
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     if (FAILED(CoInitialize(nullptr))) return 1;
-    static Factory factories[]{Factory(classes[0]), Factory(classes[1]), Factory(classes[2])};
-    DWORD cookies[std::size(classes)]{};
-    for (std::size_t i = 0; i < std::size(classes); ++i) {
-        CoRegisterClassObject(classes[i].id, &factories[i], CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE,
-                              &cookies[i]);
-    }
+    // Other clients than the one that happened to start it will come.
+    SetEnvironmentVariableW(record_variable, nullptr);
+    // Held as long as the process lives, for those who want to know that it has ended.
+    CreateMutexW(nullptr, FALSE, server_mutex);
+    before_death = withdraw_classes;
+    offer_classes();
     serve_until_idle();
-    for (const DWORD cookie : cookies)
-        CoRevokeClassObject(cookie);
+    withdraw_classes();
     CoUninitialize();
     return 0;
 }

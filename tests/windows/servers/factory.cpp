@@ -1,5 +1,6 @@
 #include "windows/servers/factory.h"
 
+#include <memory>
 #include <string>
 
 #include "windows/servers/recording_object.h"
@@ -15,7 +16,10 @@ HRESULT Factory::QueryInterface(REFIID id, void** out) {
 HRESULT Factory::CreateInstance(IUnknown* outer, REFIID id, void** out) {
     *out = nullptr;
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-    auto* object = new RecordingObject(std::string(recorded_.object), true);
+    const std::string name(recorded_.object);
+    auto scene = std::make_shared<Scene>();
+    if (scene->act("create " + name) != Ending::good) return E_ACCESSDENIED;
+    auto* object = new RecordingObject(name, std::move(scene), true);
     const HRESULT result = object->QueryInterface(id, out);
     object->Release();
     return result;

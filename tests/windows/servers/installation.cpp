@@ -74,14 +74,7 @@ Installation::~Installation() {
 }
 
 std::string Installation::record() const {
-    const HANDLE file = CreateFileW(record_path().c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                    nullptr, OPEN_EXISTING, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return {};
-    std::string text(GetFileSize(file, nullptr), '\0');
-    DWORD read = 0;
-    ReadFile(file, text.data(), static_cast<DWORD>(text.size()), &read, nullptr);
-    CloseHandle(file);
-    return text;
+    return read_file(record_path());
 }
 
 }  // namespace foliant::tests::servers

@@ -1,6 +1,7 @@
 // Members of BuildPDF over the real ports, against recording servers in the caller's process and in one of
 // their own: what arrives there, name by name and type by type.
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <ole2.h>
 
@@ -36,8 +37,8 @@ class Members : public testing::TestWithParam<Setting> {
         GetTempPathA(MAX_PATH, folder);
         folder_ = std::string(folder) + "foliant members\\";
         CreateDirectoryA(folder_.c_str(), nullptr);
-        platform_.platform().files.create_text(folder_ + "in.ps")->write_line("%!PS");
-        platform_.platform().files.create_text(folder_ + "in.doc")->write_line("words");
+        write("in.ps", {"%!PS", "%log A line of the log"});
+        write("in.doc", {"words"});
     }
 
     void TearDown() override { CoFreeUnusedLibraries(); }
@@ -50,6 +51,11 @@ class Members : public testing::TestWithParam<Setting> {
         return text;
     }
 
+    void write(const char* name, std::initializer_list<const char*> lines) {
+        const auto file = ports_.files.create_text(path(name));
+        for (const char* line : lines)
+            file->write_line(line);
+    }
     std::string path(const char* name) const { return folder_ + name; }
     bool exists(const char* name) const {
         return GetFileAttributesA(path(name).c_str()) != INVALID_FILE_ATTRIBUTES;
@@ -82,6 +88,7 @@ TEST_P(Members, CreatePDFfromPSDrivesDistillerAndRelaysItsEvents) {
               "Distiller.bSpoolJobs(BOOL False) PUT\n"
               "Distiller.FileToPDF(BSTR \"in.ps\", BSTR \"out.pdf\", BSTR \"Press\") METHOD|GET\n"
               "event JobStart(\"in.ps\", \"out.pdf\")\n"
+              "event LogMessage(\"A line of the log\")\n"
               "event PercentDone(Long(50))\n"
               "event PageNumber(Long(1))\n"
               "event JobDone(\"in.ps\", \"out.pdf\")\n"
@@ -89,6 +96,15 @@ TEST_P(Members, CreatePDFfromPSDrivesDistillerAndRelaysItsEvents) {
               "release Distiller\n");
     EXPECT_EQ(distiller_, "Adobe PDF");
     EXPECT_TRUE(exists("out.pdf"));
+}
+
+TEST_P(Members, AJobThatFailsSaysSoInAnEvent) {
+    write("in.ps", {"%!PS", "%fail"});
+    convert_postscript(false);
+    EXPECT_THAT(recorded(), testing::HasSubstr("event PageNumber(Long(1))\n"
+                                               "event JobFail(\"in.ps\", \"out.pdf\")\n"
+                                               "stop listening to Distiller\n"));
+    EXPECT_EQ(distiller_, "Adobe PDF");
 }
 
 TEST_P(Members, CreatePDFfromPSWithSecurityUsesTheOtherDistiller) {

@@ -57,20 +57,44 @@ std::string content(const VARIANT& variant) {
 
 }  // namespace
 
-std::wstring record_path() {
+std::wstring record_folder() {
     std::array<wchar_t, MAX_PATH> folder{};
-    GetTempPathW(MAX_PATH, folder.data());
-    return std::wstring(folder.data()) + L"foliant-record.txt";
+    if (GetEnvironmentVariableW(record_variable, folder.data(), MAX_PATH) == 0)
+        GetTempPathW(MAX_PATH, folder.data());
+    return folder.data();
 }
 
-void record(const std::string& line) {
+std::wstring record_path(const std::wstring& folder) {
+    return folder + L"foliant-record.txt";
+}
+
+std::wstring record_path() {
+    return record_path(record_folder());
+}
+
+void record(const std::wstring& folder, const std::string& line) {
     const HANDLE file =
-        CreateFileW(record_path().c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                    OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+        CreateFileW(record_path(folder).c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     const std::string text = line + "\n";
     DWORD written = 0;
     WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
     CloseHandle(file);
+}
+
+void record(const std::string& line) {
+    record(record_folder(), line);
+}
+
+std::string read_file(const std::wstring& path) {
+    const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return {};
+    std::string text(GetFileSize(file, nullptr), '\0');
+    DWORD read = 0;
+    ReadFile(file, text.data(), static_cast<DWORD>(text.size()), &read, nullptr);
+    CloseHandle(file);
+    return text;
 }
 
 std::string describe(const VARIANT& variant) {

@@ -3,10 +3,13 @@
 #include <algorithm>
 #include <new>
 #include <olectl.h>
+#include <sstream>
 
 #include "platform/win32/text.h"
 #include "platform/win32/variant.h"
 #include "windows/servers/classes.h"
+#include "windows/servers/dialogs.h"
+#include "windows/servers/one_point.h"
 #include "windows/servers/record.h"
 
 namespace foliant::tests::servers {
@@ -55,53 +58,27 @@ bool has_type_library() {
     return found;
 }
 
-/// The list of the one connection point that an object has.
-class OnePoint final : public IEnumConnectionPoints {
-  public:
-    explicit OnePoint(RecordingObject& point) : point_(point) { point_.AddRef(); }
+/// Ends a call as a host does that cannot do it.
+HRESULT end_badly(Ending ending, EXCEPINFO* raised) {
+    if (ending == Ending::death) {
+        before_death();
+        TerminateProcess(GetCurrentProcess(), 1);
+    }
+    if (ending == Ending::bare_result || raised == nullptr) return E_ACCESSDENIED;
+    *raised = {};
+    raised->scode = static_cast<HRESULT>(0x800A03EC);  // run-time error 1004
+    raised->bstrSource = SysAllocString(L"Recorded host");
+    raised->bstrDescription = SysAllocString(L"The host cannot do that.");
+    return DISP_E_EXCEPTION;
+}
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** out) override {
-        const bool known = IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IEnumConnectionPoints);
-        *out = known ? this : nullptr;
-        if (known) AddRef();
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
-    HRESULT STDMETHODCALLTYPE Next(ULONG count, IConnectionPoint** points, ULONG* fetched) override {
-        const bool gives = count > 0 && !given_;
-        if (gives) {
-            point_.AddRef();
-            *points = &point_;
-            given_ = true;
-        }
-        if (fetched != nullptr) *fetched = gives ? 1 : 0;
-        return gives && count == 1 ? S_OK : S_FALSE;
-    }
-    HRESULT STDMETHODCALLTYPE Skip(ULONG) override {
-        given_ = true;
-        return S_FALSE;
-    }
-    HRESULT STDMETHODCALLTYPE Reset() override {
-        given_ = false;
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE Clone(IEnumConnectionPoints** copy) override {
-        *copy = new OnePoint(point_);
-        return S_OK;
-    }
-
-  private:
-    ~OnePoint() { point_.Release(); }
-
-    RecordingObject& point_;
-    bool given_ = false;
-    ULONG references_ = 1;
-};
+/// It lives as long as the program.
+VARIANT text_variant(const std::string& text) {
+    VARIANT variant;
+    variant.vt = VT_BSTR;
+    variant.bstrVal = platform::win32::Bstr(text).release();
+    return variant;
+}
 
 VARIANT number_variant(LONG number) {
     VARIANT variant;
@@ -112,16 +89,21 @@ VARIANT number_variant(LONG number) {
 
 }  // namespace
 
-RecordingObject::RecordingObject(std::string object, bool created)
-    : object_(std::move(object)), created_(created) {
+RecordingObject::RecordingObject(std::string object, std::shared_ptr<Scene> scene, bool is_host)
+    : object_(std::move(object)), scene_(std::move(scene)), is_host_(is_host) {
     ++live_objects;
-    if (created_) record("create " + object_);
+    ++scene_->objects;
+    if (object_ == "Document") scene_->note("create Document");
 }
 
 RecordingObject::~RecordingObject() {
-    if (!sinks_.empty()) record("a sink of " + object_ + " was left behind");
-    if (created_) record("release " + object_);
     --live_objects;
+    const int left = --scene_->objects;
+    if (!sinks_.empty()) scene_->note("a sink of " + object_ + " was left behind");
+    const bool leaves_some = is_host_ && left > 0;
+    if (is_host_ || object_ == "Document")
+        scene_->note("release " + object_ +
+                     (leaves_some ? ", " + std::to_string(left) + " of its objects are left" : ""));
 }
 
 HRESULT RecordingObject::QueryInterface(REFIID id, void** out) {
@@ -178,10 +160,13 @@ std::string RecordingObject::arguments_text(const DISPPARAMS& parameters) const 
 }
 
 HRESULT RecordingObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                                EXCEPINFO*, UINT*) {
+                                EXCEPINFO* raised, UINT*) {
     const Member& member = members[id - 1];
-    record(object_ + "." + std::string(member.name) + "(" + arguments_text(*parameters) + ") " +
-           flags_text(flags));
+    if (member.name == "Open" || member.name.starts_with("FileToPDF"))
+        scene_->see(parameters->rgvarg[parameters->cArgs - 1].bstrVal);
+    const Ending ending = scene_->act(object_ + "." + std::string(member.name) + "(" +
+                                      arguments_text(*parameters) + ") " + flags_text(flags));
+    if (ending != Ending::good) return end_badly(ending, raised);
     act(std::string(member.name), *parameters);
     if (result == nullptr) return S_OK;
     if (member.result == "1") {
@@ -191,29 +176,45 @@ HRESULT RecordingObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS*
         result->bstrVal = platform::win32::Bstr(member.result.substr(1, member.result.size() - 2)).release();
         result->vt = VT_BSTR;
     } else if (!member.result.empty()) {
-        result->pdispVal = new RecordingObject(std::string(member.result), member.result == "Document");
+        result->pdispVal = new RecordingObject(std::string(member.result), scene_, false);
         result->vt = VT_DISPATCH;
     }
     return S_OK;
 }
 
 void RecordingObject::act(const std::string& member, const DISPPARAMS& parameters) {
-    if (member == "PrintOut") {
-        for (UINT i = 0; i < parameters.cNamedArgs; ++i)
-            if (argument_names.at(static_cast<std::size_t>(parameters.rgdispidNamedArgs[i] -
-                                                           first_argument)) == "Outputfilename")
-                make_file(parameters.rgvarg[i].bstrVal);
-    }
+    if (member == "PrintOut") print(parameters);
     if (member.starts_with("FileToPDF"))
         convert(parameters.rgvarg[parameters.cArgs - 1], parameters.rgvarg[parameters.cArgs - 2]);
 }
 
+void RecordingObject::print(const DISPPARAMS& parameters) {
+    for (UINT i = 0; i < parameters.cNamedArgs; ++i) {
+        const auto name = static_cast<std::size_t>(parameters.rgdispidNamedArgs[i] - first_argument);
+        if (argument_names.at(name) == "Outputfilename") return make_file(parameters.rgvarg[i].bstrVal);
+    }
+    const PrinterAnswers answers = ask_where_to_print();
+    scene_->note("dialog \"Save PDF File As\" ends with \"" + to_utf8(answers.file) + "\"");
+    scene_->note(std::string("dialog \"Adobe PDF - Security\" ends with ") +
+                 (answers.notice_closed ? "OK" : "Cancel"));
+    if (!answers.file.empty()) make_file(answers.file);
+}
+
 void RecordingObject::convert(const VARIANT& input, const VARIANT& output) {
+    std::istringstream postscript(read_file(input.bstrVal));
+    bool fails = false;
     raise_event(1, {input, output});
+    for (std::string line; std::getline(postscript, line);) {
+        while (!line.empty() && line.back() == '\r')
+            line.pop_back();
+        if (line.ends_with(" prun")) scene_->note(object_ + " runs " + line);
+        if (line.starts_with("%log ")) raise_event(4, {text_variant(line.substr(5))});
+        if (line == "%fail") fails = true;
+    }
     raise_event(5, {number_variant(50)});
     raise_event(6, {number_variant(1)});
-    make_file(output.bstrVal);
-    raise_event(2, {input, output});
+    if (!fails) make_file(output.bstrVal);
+    raise_event(fails ? 3 : 2, {input, output});
 }
 
 void RecordingObject::raise_event(int number, std::vector<VARIANT> arguments) {
@@ -254,9 +255,12 @@ HRESULT RecordingObject::Advise(IUnknown* sink, DWORD* cookie) {
     if (FAILED(sink->QueryInterface(distiller_events, reinterpret_cast<void**>(&dispatch))) &&
         FAILED(sink->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&dispatch))))
         return CONNECT_E_CANNOTCONNECT;
+    if (scene_->act("listen to " + object_) != Ending::good) {
+        dispatch->Release();
+        return CONNECT_E_CANNOTCONNECT;
+    }
     *cookie = next_cookie_++;
     sinks_[*cookie] = dispatch;
-    record("listen to " + object_);
     return S_OK;
 }
 
@@ -265,7 +269,7 @@ HRESULT RecordingObject::Unadvise(DWORD cookie) {
     if (sink == sinks_.end()) return CONNECT_E_NOCONNECTION;
     sink->second->Release();
     sinks_.erase(sink);
-    record("stop listening to " + object_);
+    scene_->note("stop listening to " + object_);
     return S_OK;
 }
 

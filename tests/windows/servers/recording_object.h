@@ -2,21 +2,34 @@
 
 #include <atomic>
 #include <map>
+#include <memory>
 #include <ocidl.h>
 #include <string>
 #include <vector>
+
+#include "windows/servers/scene.h"
 
 namespace foliant::tests::servers {
 
 /// How many recording objects there are in this process.
 inline std::atomic<long> live_objects = 0;
 
+/// What a process does before it ends in the middle of a call. Wine would offer the classes of one that is
+/// gone for ever.
+inline void (*before_death)() = [] {};
+
 /// An automation object that records every call with the names as spelled and the types as sent, and does
-/// nothing else but make the files that its host would make and, as a Distiller, raise its events.
+/// nothing else but what its callers see of a host:
+///
+/// - A document that is printed to a file makes that file; one that is printed without asks for the file's
+///   name in a dialog, as PDF printers do.
+/// - A Distiller makes its output and raises its events. It writes a line of its log for each line "%log
+/// TEXT"
+///   of its input, records the files that the input runs, and fails when a line of the input is "%fail".
 class RecordingObject final : public IDispatch, public IConnectionPointContainer, public IConnectionPoint {
   public:
-    /// `created` objects also record their beginning and end.
-    RecordingObject(std::string object, bool created);
+    /// A host, such as Word itself, or an object of one. Hosts and documents record their end.
+    RecordingObject(std::string object, std::shared_ptr<Scene> scene, bool is_host);
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** out) override;
     ULONG STDMETHODCALLTYPE AddRef() override { return static_cast<ULONG>(++references_); }
@@ -42,11 +55,13 @@ class RecordingObject final : public IDispatch, public IConnectionPointContainer
 
     std::string arguments_text(const DISPPARAMS& parameters) const;
     void act(const std::string& member, const DISPPARAMS& parameters);
+    void print(const DISPPARAMS& parameters);
     void convert(const VARIANT& input, const VARIANT& output);
     void raise_event(int number, std::vector<VARIANT> arguments);
 
     std::string object_;
-    bool created_;
+    std::shared_ptr<Scene> scene_;
+    bool is_host_;
     LONG references_ = 1;
     DWORD next_cookie_ = 1;
     std::map<DWORD, IDispatch*> sinks_;

@@ -1,0 +1,159 @@
+#include "windows/clients/client_run.h"
+
+#include <fstream>
+#include <regex>
+#include <sstream>
+#include <utility>
+
+#include "platform/win32/text.h"
+#include "windows/servers/record.h"
+
+namespace foliant::tests::clients {
+
+using platform::win32::to_utf16;
+using platform::win32::to_utf8;
+using servers::Ending;
+
+namespace {
+
+constexpr DWORD patience_ms = 120000;
+constexpr const wchar_t* said = L"said.txt";
+
+/// Where the build has put a file, as Windows programs call it.
+std::wstring built(const wchar_t* path) {
+    wchar_t full[MAX_PATH];
+    GetFullPathNameW(path, MAX_PATH, full, nullptr);
+    return full;
+}
+
+std::wstring command_of(Client client) {
+    switch (client) {
+        case Client::vbscript:
+            return L"cscript.exe //nologo \"" + built(CLIENTS_FOLDER L"/client.vbs") + L"\"";
+        case Client::jscript:
+            return L"cscript.exe //nologo \"" + built(CLIENTS_FOLDER L"/client.js") + L"\"";
+        case Client::late_bound:
+            return L"\"" + built(LATE_BOUND_CLIENT) + L"\"";
+        case Client::early_bound:
+            return L"\"" + built(EARLY_BOUND_CLIENT) + L"\"";
+    }
+    return {};
+}
+
+void remove_folder(const std::wstring& folder) {
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = FindFirstFileW((folder + L"*").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return;
+    do {
+        DeleteFileW((folder + found.cFileName).c_str());
+    } while (FindNextFileW(search, &found) != FALSE);
+    FindClose(search);
+    RemoveDirectoryW(folder.c_str());
+}
+
+HANDLE output_file(const std::wstring& path) {
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    return CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited,
+                       CREATE_ALWAYS, 0, nullptr);
+}
+
+void replace_all(std::string& text, const std::string& what, const std::string& by) {
+    for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size()))
+        text.replace(at, what.size(), by);
+}
+
+}  // namespace
+
+std::string name_of(Client client) {
+    constexpr const char* names[]{"VBScript", "JScript", "LateBoundCpp", "EarlyBoundCpp"};
+    return names[static_cast<int>(client)];
+}
+
+std::wstring ClientRun::folder_of(const std::string& name) {
+    wchar_t temporary[MAX_PATH];
+    GetTempPathW(MAX_PATH, temporary);
+    return std::wstring(temporary) + L"foliant client " + to_utf16(name) + L"\\";
+}
+
+void ClientRun::prepare(const std::string& folder, const char* file, const std::string& text) {
+    CreateDirectoryW(folder_of(folder).c_str(), nullptr);
+    std::ofstream(to_utf8(folder_of(folder)) + file, std::ios::binary) << text;
+}
+
+ClientRun::ClientRun(Client client, const std::string& member, const std::string& folder, int k,
+                     Ending ending)
+    : folder_(folder_of(folder)) {
+    prepare(folder, "in.ps", "%!PS\r\n%log A line of the log\r\n");
+    prepare(folder, "in.doc", "words");
+    // A host in another process knows a client's folder by this.
+    prepare(folder, "foliant-record.txt", "");
+    servers::let_fail(folder_, k, k == 0 ? Ending::good : ending);
+    start(command_of(client) + L" \"" + to_utf16(member) + L"\" \"" + folder_.substr(0, folder_.size() - 1) +
+          L"\"");
+}
+
+ClientRun::ClientRun(ClientRun&& other) noexcept
+    : folder_(std::exchange(other.folder_, {})), process_(std::exchange(other.process_, nullptr)) {}
+
+ClientRun::~ClientRun() {
+    if (process_ != nullptr) {
+        if (WaitForSingleObject(process_, 0) != WAIT_OBJECT_0) TerminateProcess(process_, 99);
+        CloseHandle(process_);
+    }
+    if (!folder_.empty()) remove_folder(folder_);
+}
+
+void ClientRun::start(const std::wstring& command) {
+    const HANDLE output = output_file(folder_ + said);
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdOutput = output;
+    startup.hStdError = output;
+    PROCESS_INFORMATION started{};
+    std::wstring line = command;
+    SetEnvironmentVariableW(servers::record_variable, folder_.c_str());
+    if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
+                       &started) != 0) {
+        process_ = started.hProcess;
+        CloseHandle(started.hThread);
+    }
+    SetEnvironmentVariableW(servers::record_variable, nullptr);
+    CloseHandle(output);
+}
+
+std::string ClientRun::result() {
+    DWORD code = 0;
+    const bool ended = WaitForSingleObject(process_, patience_ms) == WAIT_OBJECT_0;
+    GetExitCodeProcess(process_, &code);
+    std::string text = servers::read_file(servers::record_path(folder_)) + servers::read_file(folder_ + said);
+    replace_all(text, "\r", "");
+    replace_all(text, to_utf8(folder_), "");
+    std::string slashes = to_utf8(folder_);
+    replace_all(slashes, "\\", "/");
+    replace_all(text, slashes, "");
+    text = std::regex_replace(text, std::regex("\"[0-9]{1,8}\\.ps\""), "\"(digits).ps\"");
+    if (!ended) text += "and does not end\n";
+    if (ended && code != 0) text += "and ends with " + std::to_string(code) + "\n";
+    return text;
+}
+
+bool ClientRun::has(const wchar_t* file) const {
+    return GetFileAttributesW((folder_ + file).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+std::string without(std::string text, const std::string& beginning) {
+    std::istringstream lines(std::exchange(text, {}));
+    for (std::string line; std::getline(lines, line);)
+        if (!line.starts_with(beginning)) text += line + "\n";
+    return text;
+}
+
+std::string expected(const std::string& file) {
+    std::ifstream stream(to_utf8(built(CLIENTS_FOLDER L"/expected/")) + file);
+    std::ostringstream text;
+    text << stream.rdbuf();
+    return text.str();
+}
+
+}  // namespace foliant::tests::clients

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+#include <windows.h>
+
+#include "windows/servers/scene.h"
+
+namespace foliant::tests::clients {
+
+/// The programs that make one call; each says on its output what came of it.
+enum class Client { vbscript, jscript, late_bound, early_bound };
+
+std::string name_of(Client client);
+
+/// One call of a member by a client in a process of its own, with a folder of its own: `in.ps` and `in.doc`
+/// are there, and whatever the call makes.
+class ClientRun {
+  public:
+    /// Starts it. `folder` is a name, unique among runs that overlap. Outside action number `k` of the call
+    /// fails; 0 stands for none.
+    ClientRun(Client client, const std::string& member, const std::string& folder, int k = 0,
+              servers::Ending ending = servers::Ending::raised);
+    ClientRun(ClientRun&& other) noexcept;
+    ClientRun& operator=(ClientRun&&) = delete;
+    /// Ends the process if it still runs, and removes the folder.
+    ~ClientRun();
+
+    /// Waits until the process has ended, two minutes at most. What the hosts recorded, then what the client
+    /// said, with the folder and the name of a temporary file left out; a client that does not end in time or
+    /// not with 0 is the last line.
+    std::string result();
+
+    bool has(const wchar_t* file) const;
+
+    /// Writes a text file into the folder of a run that is yet to be started.
+    static void prepare(const std::string& folder, const char* file, const std::string& text);
+
+    static std::wstring folder_of(const std::string& name);
+
+  private:
+    void start(const std::wstring& command);
+
+    std::wstring folder_;
+    HANDLE process_ = nullptr;
+};
+
+/// The text without the lines that begin so.
+std::string without(std::string text, const std::string& beginning);
+
+/// A text file that lies beside the tests.
+std::string expected(const std::string& file);
+
+}  // namespace foliant::tests::clients

@@ -1,0 +1,92 @@
+// An early-bound client, compiled against the header that the component's makers hand out. It makes one call
+// by slot and says what came of it.
+//
+//     early_bound_client MEMBER FOLDER
+
+#include <cstdio>
+#include <string>
+
+#include "foliant.h"
+#include "platform/win32/com_pointer.h"
+#include "platform/win32/variant.h"
+#include "windows/clients/printing_sink.h"
+
+namespace {
+
+using foliant::platform::win32::Bstr;
+using foliant::platform::win32::ComPointer;
+using foliant::platform::win32::to_utf8;
+
+/// A variable for a text, as the component's functions take it.
+class Text {
+  public:
+    explicit Text(const std::string& utf8) : text_(Bstr(utf8).release()) {}
+    Text(const Text&) = delete;
+    Text& operator=(const Text&) = delete;
+    ~Text() { SysFreeString(text_); }
+
+    BSTR* operator&() { return &text_; }
+    BSTR get() const { return text_; }
+
+  private:
+    BSTR text_;
+};
+
+HRESULT make_call(Foliant::_BuildPDF& pdf, const std::string& member, const std::string& folder,
+                  Text& printer) {
+    Text out_pdf(folder + "\\out.pdf"), out_ps(folder + "\\out.ps");
+    Text in_ps(folder + "\\in.ps"), in_doc(folder + "\\in.doc");
+    Text none(""), secret("secret"), pages("1-2"), press("Press");
+    VARIANT_BOOL yes = VARIANT_TRUE, no = VARIANT_FALSE;
+    auto left = Foliant::qrxAlignLeft, right = Foliant::qrxAlignRight;
+    if (member == "CreatePDFfromPS")
+        return pdf.CreatePDFfromPS(&out_pdf, &in_ps, &printer, &yes, &no, &press, &no);
+    if (member == "CreatePDFfromWord")
+        return pdf.CreatePDFfromWord(&out_pdf, &in_doc, &secret, &none, &pages, &yes, &yes, &no, &right, &yes,
+                                     &printer, &yes, &no, &press, &no);
+    if (member == "CreatePSfromWord")
+        return pdf.CreatePSfromWord(&out_ps, &in_doc, &none, &none, &none, &no, &no, &yes, &left, &no,
+                                    &printer);
+    return pdf.CreatePDFfromWord2(&out_pdf, &in_doc, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                  nullptr, nullptr, &printer, nullptr);
+}
+
+void tell(HRESULT result) {
+    if (result == S_OK) {
+        std::printf("no error\n");
+        return;
+    }
+    ComPointer<IErrorInfo> info;
+    BSTR source = nullptr;
+    BSTR description = nullptr;
+    if (GetErrorInfo(0, info.put()) == S_OK) {
+        info->GetSource(&source);
+        info->GetDescription(&description);
+    }
+    std::printf("error %08lX %s: %s\n", static_cast<unsigned long>(result), to_utf8(source).c_str(),
+                to_utf8(description).c_str());
+    SysFreeString(source);
+    SysFreeString(description);
+}
+
+int run(const std::string& member, const std::string& folder) {
+    ComPointer<Foliant::_BuildPDF> pdf;
+    const HRESULT created = CoCreateInstance(Foliant::CLSID_BuildPDF, nullptr, CLSCTX_INPROC_SERVER,
+                                             Foliant::IID__BuildPDF, pdf.put_void());
+    if (FAILED(created)) std::printf("created with %08lX\n", static_cast<unsigned long>(created));
+    if (!pdf || FAILED(foliant::tests::clients::record_events(*pdf.get()))) return 1;
+    pdf->put_TempFilePath(Text(folder).get());
+    Text printer("");
+    tell(make_call(*pdf.get(), member, folder, printer));
+    std::printf("printer \"%s\"\n", to_utf8(printer.get()).c_str());
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3 || FAILED(CoInitialize(nullptr))) return 2;
+    const int result = run(argv[1], argv[2]);
+    CoUninitialize();
+    return result;
+}

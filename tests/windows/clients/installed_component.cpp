@@ -1,0 +1,69 @@
+#include "windows/clients/installed_component.h"
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+#include <tlhelp32.h>
+
+#include "windows/servers/classes.h"
+
+namespace foliant::tests::clients {
+namespace {
+
+std::wstring in_system_folder(const wchar_t* name) {
+    std::array<wchar_t, MAX_PATH> folder{};
+    GetSystemDirectoryW(folder.data(), MAX_PATH);
+    return std::wstring(folder.data()) + L"\\" + name;
+}
+
+bool runs(const wchar_t* program) {
+    const HANDLE processes = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    PROCESSENTRY32W entry{};
+    entry.dwSize = sizeof entry;
+    bool found = false;
+    for (BOOL more = Process32FirstW(processes, &entry); more != FALSE && !found;
+         more = Process32NextW(processes, &entry))
+        found = _wcsicmp(entry.szExeFile, program) == 0;
+    CloseHandle(processes);
+    return found;
+}
+
+bool local_server_runs() {
+    const HANDLE mutex = OpenMutexW(SYNCHRONIZE, FALSE, servers::server_mutex);
+    if (mutex != nullptr) CloseHandle(mutex);
+    return mutex != nullptr;
+}
+
+template <class Question>
+bool stops(Question&& question) {
+    constexpr int rounds = 600;
+    constexpr DWORD pause_ms = 100;
+    for (int i = 0; i < rounds && question(); ++i)
+        Sleep(pause_ms);
+    return !question();
+}
+
+}  // namespace
+
+RegisteredComponent::RegisteredComponent() : sender_(in_system_folder(L"quorixsend.exe")) {
+    if (FAILED(library_.register_server())) throw std::runtime_error("Foliant.dll cannot be registered");
+    if (CopyFileW(QUORIXSEND_EXE, sender_.c_str(), FALSE) == 0)
+        throw std::runtime_error("quorixsend.exe cannot be copied");
+}
+
+RegisteredComponent::~RegisteredComponent() {
+    senders_end();
+    local_servers_end();
+    DeleteFileW(sender_.c_str());
+    library_.unregister_server();
+}
+
+bool senders_end() {
+    return stops([] { return runs(L"quorixsend.exe"); });
+}
+
+bool local_servers_end() {
+    return stops(local_server_runs);
+}
+
+}  // namespace foliant::tests::clients

@@ -1,0 +1,92 @@
+// A late-bound client: it knows the program identifier and the members' names. It makes one call and says
+// what came of it.
+//
+//     late_bound_client MEMBER FOLDER
+//     late_bound_client "CreatePDFfromPS with security" FOLDER
+
+#include <cstdio>
+#include <ole2.h>
+#include <string>
+
+#include "windows/clients/printing_sink.h"
+#include "windows/com/component.h"
+
+namespace {
+
+using namespace foliant::com;
+using foliant::platform::win32::Bstr;
+
+ComPointer<IDispatch> create() {
+    CLSID id{};
+    ComPointer<IDispatch> object;
+    HRESULT result = CLSIDFromProgID(L"Foliant.BuildPDF", &id);
+    if (SUCCEEDED(result))
+        result = CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.put_void());
+    if (FAILED(result)) std::printf("created with %08lX\n", static_cast<unsigned long>(result));
+    return object;
+}
+
+VARIANT truth(bool value) {
+    VARIANT variant{};
+    variant.vt = VT_BOOL;
+    variant.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
+    return variant;
+}
+
+/// The call; `printer` is a variable of the client's.
+void make_call(IDispatch& pdf, const std::string& member, const std::string& folder, BSTR& printer,
+               Outcome& outcome) {
+    const Bstr out_pdf(folder + "\\out.pdf"), out_ps(folder + "\\out.ps");
+    const Bstr in_ps(folder + "\\in.ps"), in_doc(folder + "\\in.doc");
+    const Bstr none(""), secret("secret"), pages("1-2"), press("Press");
+    const VARIANT variable = reference(VT_BSTR, &printer);
+    const VARIANT empty = value(none.get());
+    const VARIANT yes = truth(true);
+    const VARIANT no = truth(false);
+    if (member.starts_with("CreatePDFfromPS")) {
+        const VARIANT security = truth(member == "CreatePDFfromPS with security");
+        call(pdf, L"CreatePDFfromPS",
+             {value(out_pdf.get()), value(in_ps.get()), variable, yes, no, value(press.get()), security},
+             outcome);
+    } else if (member == "CreatePDFfromWord") {
+        call(pdf, L"CreatePDFfromWord",
+             {value(out_pdf.get()), value(in_doc.get()), value(secret.get()), empty, value(pages.get()), yes,
+              yes, no, value(2L), yes, variable, yes, no, value(press.get()), no},
+             outcome);
+    } else if (member == "CreatePSfromWord") {
+        call(pdf, L"CreatePSfromWord",
+             {value(out_ps.get()), value(in_doc.get()), empty, empty, empty, no, no, yes, value(0L), no,
+              variable},
+             outcome);
+    } else if (member == "CreatePDFfromWord2") {
+        call(pdf, L"CreatePDFfromWord2", {value(out_pdf.get()), value(in_doc.get()), variable}, outcome,
+             {L"strDistiller"});
+    }
+}
+
+int run(const std::string& member, const std::string& folder) {
+    const ComPointer<IDispatch> pdf = create();
+    if (!pdf || FAILED(foliant::tests::clients::record_events(*pdf.get()))) return 1;
+    const Bstr temporary(folder);
+    Outcome outcome;
+    call(*pdf.get(), L"TempFilePath", {value(temporary.get())}, outcome, {}, DISPATCH_PROPERTYPUT);
+    BSTR printer = SysAllocString(L"");
+    make_call(*pdf.get(), member, folder, printer, outcome);
+    if (outcome.code == S_OK) {
+        std::printf("no error\n");
+    } else {
+        std::printf("error %s\n", outcome.error.c_str());
+    }
+    std::printf("printer \"%s\"\n", foliant::platform::win32::to_utf8(printer).c_str());
+    SysFreeString(printer);
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3 || FAILED(CoInitialize(nullptr))) return 2;
+    const int result = run(argv[1], argv[2]);
+    CoUninitialize();
+    return result;
+}
