@@ -106,7 +106,7 @@ std::string function_text(ITypeInfo& type, UINT index) {
     std::array<BSTR, 32> names{};
     UINT count = 0;
     type.GetNames(function->memid, names.data(), static_cast<UINT>(names.size()), &count);
-    const auto slot = static_cast<unsigned>(function->oVft) / sizeof(void*);
+    const auto slot = static_cast<std::size_t>(function->oVft) / sizeof(void*);
     std::string text;
     if (function->funckind != FUNC_DISPATCH || slot >= slots_before_the_members || function->oVft == 0) {
         text = "  [" + std::to_string(static_cast<long>(slot) - static_cast<long>(slots_before_the_members)) +
