@@ -24,8 +24,6 @@ if defined PROCESSOR_ARCHITEW6432 set "reg=%SystemRoot%\Sysnative\reg.exe"
 set "classes=HKCU\Software\Classes"
 set "native=x64"
 if /i "%PROCESSOR_ARCHITECTURE%"=="x86" if not defined PROCESSOR_ARCHITEW6432 set "native=x86"
-set "both="
-if "%native%"=="x64" if exist "%SystemRoot%\SysWOW64\regsvr32.exe" set "both=yes"
 
 if /i "%~1"=="/u" goto remove
 if "%~1"=="" goto register
@@ -36,8 +34,13 @@ exit /b 1
 set "failed="
 set "view=%classes%"
 call :word_size %native%
+call :interfaces
+if "%native%"=="x86" goto registered
+rem Programs of both word sizes may hand each other the object, so they need the interfaces in any case.
 set "view=%classes%\Wow6432Node"
-if defined both call :word_size x86
+if exist "%SystemRoot%\SysWOW64\regsvr32.exe" call :word_size x86
+call :interfaces
+:registered
 if defined failed goto not_registered
 echo Foliant is registered for this user.
 exit /b 0
@@ -75,6 +78,20 @@ call :write "\Programmable" "" ""
 call :write "\TypeLib" "" "%library%"
 call :write "\Version" "" 1.1
 
+set "key=%classes%\TypeLib\%library%\1.1"
+call :write "" "" "Foliant: one-call PDF automation"
+set "path_value=%file%"
+call :write_path "\409\%platform%"
+call :write "\FLAGS" "" 0
+set "path_value=%folder%"
+call :write_path "\HELPDIR"
+
+set "key=%classes%\%program%"
+call :write "" "" "%program%"
+call :write "\Clsid" "" "%class%"
+exit /b 0
+
+:interfaces
 set "key=%view%\Interface\%members%"
 call :write "" "" _BuildPDF
 call :write "\ProxyStubClsid" "" "%dual_proxy%"
@@ -88,18 +105,6 @@ call :write "\ProxyStubClsid" "" "%dispatch_proxy%"
 call :write "\ProxyStubClsid32" "" "%dispatch_proxy%"
 call :write "\TypeLib" "" "%library%"
 call :write "\TypeLib" Version 1.1
-
-set "key=%classes%\TypeLib\%library%\1.1"
-call :write "" "" "Foliant: one-call PDF automation"
-set "path_value=%file%"
-call :write_path "\409\%platform%"
-call :write "\FLAGS" "" 0
-set "path_value=%folder%"
-call :write_path "\HELPDIR"
-
-set "key=%classes%\%program%"
-call :write "" "" "%program%"
-call :write "\Clsid" "" "%class%"
 exit /b 0
 
 :missing
@@ -134,7 +139,7 @@ set "left="
 call :remove_key "%classes%\%program%"
 call :remove_key "%classes%\TypeLib\%library%"
 call :remove_classes "%classes%"
-if defined both call :remove_classes "%classes%\Wow6432Node"
+if "%native%"=="x64" call :remove_classes "%classes%\Wow6432Node"
 exit /b 0
 
 :remove_classes

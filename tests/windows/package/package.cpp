@@ -26,14 +26,11 @@ void Package::SetUp() {
     }
 }
 
-void Package::TearDown() {
-    run("unregister-user.cmd");
-    run("unregister-machine.cmd");
-}
-
 Outcome Package::run(const std::string& command) {
     fs::current_path(folder());
-    const fs::path output = fs::temp_directory_path() / "foliant-package-output.txt";
+    // Another file each time: what a command has started may still hold its own.
+    static int commands = 0;
+    const fs::path output = fs::temp_directory_path() / ("output-" + std::to_string(++commands) + ".txt");
     Outcome outcome;
     outcome.code = std::system((command + " > \"" + output.string() + "\" 2>&1").c_str());
     std::ifstream file(output);

@@ -20,7 +20,6 @@ struct Outcome {
 class Package : public testing::Test {
   protected:
     void SetUp() override;
-    void TearDown() override;
 
     static const std::filesystem::path& folder() { return folder_; }
 

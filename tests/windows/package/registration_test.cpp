@@ -11,8 +11,15 @@ namespace fs = std::filesystem;
 
 constexpr wchar_t classes[] = L"Software\\Classes";
 
-class MachineRegistration : public Package {};
-class UserRegistration : public Package {};
+class MachineRegistration : public Package {
+  protected:
+    void TearDown() override { run("unregister-machine.cmd"); }
+};
+
+class UserRegistration : public Package {
+  protected:
+    void TearDown() override { run("unregister-user.cmd"); }
+};
 
 /// A script that reaches a member of the object, for each script host.
 void expect_clients_reach_the_object(const fs::path& folder, const std::vector<std::string>& hosts,
@@ -45,8 +52,8 @@ RegistryTree without_what_wine_adds(const RegistryTree& tree, bool both_word_siz
     for (std::wstring line : tree) {
         if (line.ends_with(L"\\flags [] = 8")) line.back() = L'0';
         const bool second_view = line.starts_with(L"wow6432node\\typelib");
-        const bool of_last_word_size = line.find(L"\\helpdir [") != std::wstring::npos;
-        if (!both_word_sizes || !(second_view || of_last_word_size)) kept.insert(line);
+        const bool of_last_word_size = both_word_sizes && line.find(L"\\helpdir [") != std::wstring::npos;
+        if (!second_view && !of_last_word_size) kept.insert(line);
     }
     return kept;
 }
@@ -109,6 +116,7 @@ TEST_F(UserRegistration, LetsClientsOfEachWordSizeCreateTheObject) {
     expect_clients_reach_the_object(folder(), script_hosts(), run);
     RegCloseKey(user);
     RegCloseKey(machine);
+    EXPECT_EQ(run("unregister-machine.cmd").code, 0);
 }
 
 TEST_F(UserRegistration, RemovalLeavesNothing) {

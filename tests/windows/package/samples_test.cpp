@@ -12,8 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-enum class Hosts { installed, missing };
-
 class Samples : public Package, public testing::WithParamInterface<const char*> {
   protected:
     void SetUp() override {
@@ -23,6 +21,8 @@ class Samples : public Package, public testing::WithParamInterface<const char*> 
         for (const char* name : {"letter.docx", "cover.ps", "chapter.ps"})
             std::ofstream(documents() / name) << "content";
     }
+
+    void TearDown() override { run("unregister-machine.cmd"); }
 
     static fs::path documents() { return folder() / "My Documents"; }
     static std::string path(const char* name) { return (documents() / name).string(); }
@@ -49,7 +49,7 @@ class Samples : public Package, public testing::WithParamInterface<const char*> 
         return servers_->record().find(text) != std::string::npos;
     }
 
-    void install_hosts() { servers_.emplace(servers::Kind::local, true); }
+    void install_hosts() { servers_.emplace(servers::Kind::in_process, true); }
 
   private:
     std::optional<servers::Installation> servers_;
