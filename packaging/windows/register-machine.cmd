@@ -6,7 +6,6 @@ rem   register-machine.cmd /u     takes that away again, as unregister-machine.c
 rem
 rem Ends with 0 when all of it went well, and with 1 otherwise.
 setlocal EnableExtensions DisableDelayedExpansion
-
 set "here=%~dp0"
 set "option="
 set "done=registered"
@@ -36,7 +35,8 @@ exit /b 0
 set "library=%here%%1\Foliant.dll"
 if not exist "%library%" goto missing
 "%regsvr32%" /s %option% "%library%"
-if not "%errorlevel%"=="0" goto refused
+set "code=%errorlevel%"
+if not "%code%"=="0" goto refused
 echo Foliant %1 is %done% for everybody on this computer.
 exit /b 0
 
@@ -48,6 +48,6 @@ exit /b 1
 
 :refused
 set "failed=yes"
-echo Foliant %1 could not be %done%: regsvr32 ended with %errorlevel%.
+echo Foliant %1 could not be %done%: regsvr32 ended with %code%.
 echo Start the Command Prompt as administrator, or use the scripts for one user.
 exit /b 1

@@ -7,7 +7,6 @@ rem
 rem Writes below HKEY_CURRENT_USER\Software\Classes what regsvr32 writes for the computer. Ends with 0 when all of it
 rem went well; otherwise nothing is registered for the user, and it ends with 1.
 setlocal EnableExtensions DisableDelayedExpansion
-
 set "here=%~dp0"
 set "program=Foliant.BuildPDF"
 set "class={3CDA1E1E-199C-41A5-A97C-FA83395CF432}"

@@ -84,7 +84,7 @@ TEST_F(MachineRegistration, EndsWithFailureWhenTheLibraryCannotBeRegistered) {
     make_passing_key(HKEY_LOCAL_MACHINE);
     const Outcome outcome = run("register-machine.cmd");
     EXPECT_EQ(outcome.code, 1);
-    EXPECT_NE(outcome.output.find("could not be registered: regsvr32 ended with "), std::string::npos)
+    EXPECT_NE(outcome.output.find("could not be registered: regsvr32 ended with 5."), std::string::npos)
         << outcome.output;
     EXPECT_NE(outcome.output.find("as administrator"), std::string::npos) << outcome.output;
 }

@@ -6,7 +6,7 @@ Converts a Word document to PDF.
 Ends with 1 when there is no PDF. There is no progress: PowerShell hands on events only between commands.
 
 .EXAMPLE
-.\word-to-pdf.ps1 letter.docx letter.pdf -Pages 1-3
+powershell -ExecutionPolicy Bypass -File word-to-pdf.ps1 letter.docx letter.pdf -Pages 1-3
 #>
 param(
     [Parameter(Mandatory)] [string] $Document,
