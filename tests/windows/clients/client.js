@@ -7,6 +7,7 @@ var folder = WScript.Arguments(1) + "\\";
 
 var pdf = new ActiveXObject("Foliant.BuildPDF");
 pdf.TempFilePath = folder;
+var files = [folder + "b.ps", folder + "no such file.ps", folder + "a.ps", folder + "c.ps"];
 
 // A script of this language has no variables that a call could fill in, and cannot leave out an argument that
 // others follow.
@@ -20,6 +21,8 @@ try {
         pdf.CreatePSfromWord(folder + "out.ps", folder + "in.doc", "", "", "", false, false, true, 0, false, "");
     } else if (member == "CreatePDFfromWord2") {
         pdf.CreatePDFfromWord2(folder + "out.pdf", folder + "in.doc");
+    } else if (member == "CreatePDFfromMultiPS, an array") {
+        pdf.CreatePDFfromMultiPS(folder + "out.pdf", files, "");
     }
     WScript.Echo("no error");
 } catch (error) {

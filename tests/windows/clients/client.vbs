@@ -2,7 +2,7 @@
 '
 '     cscript //nologo client.vbs MEMBER FOLDER
 Option Explicit
-Dim member, folder, pdf, printer
+Dim member, folder, pdf, printer, unset, files, declared(3)
 
 member = WScript.Arguments(0)
 folder = WScript.Arguments(1) & "\"
@@ -10,6 +10,11 @@ folder = WScript.Arguments(1) & "\"
 Set pdf = CreateObject("Foliant.BuildPDF")
 pdf.TempFilePath = folder
 printer = ""
+files = Array(folder & "b.ps", folder & "no such file.ps", folder & "a.ps", folder & "c.ps")
+declared(0) = files(0)
+declared(1) = files(1)
+declared(2) = files(2)
+declared(3) = files(3)
 
 On Error Resume Next
 Select Case member
@@ -23,6 +28,15 @@ Select Case member
             printer
     Case "CreatePDFfromWord2"
         pdf.CreatePDFfromWord2 folder & "out.pdf", folder & "in.doc", , , , , , , , , printer
+    Case "CreatePDFfromPS, a variable without a value"
+        pdf.CreatePDFfromPS folder & "out.pdf", folder & "in.ps", unset, True, False, "Press", False
+        printer = unset
+    Case "CreatePDFfromMultiPS, the result of Array"
+        pdf.CreatePDFfromMultiPS folder & "out.pdf", Array(files(0), files(1), files(2), files(3)), printer
+    Case "CreatePDFfromMultiPS, an array in a variable"
+        pdf.CreatePDFfromMultiPS folder & "out.pdf", files, printer
+    Case "CreatePDFfromMultiPS, an array with declared bounds"
+        pdf.CreatePDFfromMultiPS folder & "out.pdf", declared, printer
 End Select
 
 If Err.Number <> 0 Then

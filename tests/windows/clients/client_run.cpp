@@ -122,6 +122,13 @@ void ClientRun::start(const std::wstring& command) {
     CloseHandle(output);
 }
 
+void ClientRun::wait_for(const std::string& text) const {
+    constexpr DWORD pause_ms = 50;
+    while (servers::read_file(servers::record_path(folder_)).find(text) == std::string::npos &&
+           WaitForSingleObject(process_, pause_ms) == WAIT_TIMEOUT) {
+    }
+}
+
 std::string ClientRun::result() {
     DWORD code = 0;
     const bool ended = WaitForSingleObject(process_, patience_ms) == WAIT_OBJECT_0;

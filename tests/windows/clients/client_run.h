@@ -25,6 +25,9 @@ class ClientRun {
     /// Ends the process if it still runs, and removes the folder.
     ~ClientRun();
 
+    /// Waits until the record holds a text, or the process has ended.
+    void wait_for(const std::string& text) const;
+
     /// Waits until the process has ended, two minutes at most. What the hosts recorded, then what the client
     /// said, with the folder and the name of a temporary file left out; a client that does not end in time or
     /// not with 0 is the last line.

@@ -1,7 +1,8 @@
-// An early-bound client, compiled against the header that the component's makers hand out. It makes one call
-// by slot and says what came of it.
+// An early-bound client, compiled against the header that the component's makers hand out. It has no window
+// and no message loop. It makes one call by slot and says what came of it.
 //
 //     early_bound_client MEMBER FOLDER
+//     early_bound_client "CreatePDFfromPS with security" FOLDER
 
 #include <cstdio>
 #include <string>
@@ -9,13 +10,18 @@
 #include "foliant.h"
 #include "platform/win32/com_pointer.h"
 #include "platform/win32/variant.h"
-#include "windows/clients/printing_sink.h"
+#include "windows/clients/file_list.h"
+#include "windows/clients/recording_sink.h"
 
 namespace {
 
 using foliant::platform::win32::Bstr;
 using foliant::platform::win32::ComPointer;
 using foliant::platform::win32::to_utf8;
+using foliant::platform::win32::Variant;
+using foliant::tests::clients::connect;
+using foliant::tests::clients::list_of_files;
+using foliant::tests::clients::RecordingSink;
 
 /// A variable for a text, as the component's functions take it.
 class Text {
@@ -39,14 +45,21 @@ HRESULT make_call(Foliant::_BuildPDF& pdf, const std::string& member, const std:
     Text none(""), secret("secret"), pages("1-2"), press("Press");
     VARIANT_BOOL yes = VARIANT_TRUE, no = VARIANT_FALSE;
     auto left = Foliant::qrxAlignLeft, right = Foliant::qrxAlignRight;
-    if (member == "CreatePDFfromPS")
-        return pdf.CreatePDFfromPS(&out_pdf, &in_ps, &printer, &yes, &no, &press, &no);
+    if (member.starts_with("CreatePDFfromPS")) {
+        VARIANT_BOOL security = member == "CreatePDFfromPS with security" ? yes : no;
+        return pdf.CreatePDFfromPS(&out_pdf, &in_ps, &printer, &yes, &no, &press, &security);
+    }
     if (member == "CreatePDFfromWord")
         return pdf.CreatePDFfromWord(&out_pdf, &in_doc, &secret, &none, &pages, &yes, &yes, &no, &right, &yes,
                                      &printer, &yes, &no, &press, &no);
     if (member == "CreatePSfromWord")
         return pdf.CreatePSfromWord(&out_ps, &in_doc, &none, &none, &none, &no, &no, &yes, &left, &no,
                                     &printer);
+    if (member == "CreatePDFfromMultiPS, an array") {
+        Variant list;
+        *list = list_of_files("variants from 0", folder);
+        return pdf.CreatePDFfromMultiPS(&out_pdf, list.get(), &printer, nullptr, nullptr, nullptr, nullptr);
+    }
     return pdf.CreatePDFfromWord2(&out_pdf, &in_doc, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
                                   nullptr, nullptr, &printer, nullptr);
 }
@@ -74,7 +87,9 @@ int run(const std::string& member, const std::string& folder) {
     const HRESULT created = CoCreateInstance(Foliant::CLSID_BuildPDF, nullptr, CLSCTX_INPROC_SERVER,
                                              Foliant::IID__BuildPDF, pdf.put_void());
     if (FAILED(created)) std::printf("created with %08lX\n", static_cast<unsigned long>(created));
-    if (!pdf || FAILED(foliant::tests::clients::record_events(*pdf.get()))) return 1;
+    if (!pdf) return 1;
+    const auto sink = ComPointer<RecordingSink>::adopt(new RecordingSink);
+    connect(*pdf.get(), *sink.get());
     pdf->put_TempFilePath(Text(folder).get());
     Text printer("");
     tell(make_call(*pdf.get(), member, folder, printer));

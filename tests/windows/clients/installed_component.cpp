@@ -53,7 +53,6 @@ RegisteredComponent::RegisteredComponent() : sender_(in_system_folder(L"quorixse
 
 RegisteredComponent::~RegisteredComponent() {
     senders_end();
-    local_servers_end();
     DeleteFileW(sender_.c_str());
     library_.unregister_server();
 }
@@ -62,7 +61,8 @@ bool senders_end() {
     return stops([] { return runs(L"quorixsend.exe"); });
 }
 
-bool local_servers_end() {
+bool InstalledComponent::hosts_end() {
+    hosts_.dismiss();
     return stops(local_server_runs);
 }
 

@@ -25,9 +25,13 @@ class RegisteredComponent {
 class InstalledComponent {
   public:
     explicit InstalledComponent(servers::Kind hosts) : hosts_(hosts, true) {}
+    ~InstalledComponent() { hosts_end(); }
 
     /// What hosts have recorded that never learned whose they were.
     std::string record() const { return hosts_.record(); }
+
+    /// Waits until no process of the hosts is left; false when there is one after a minute.
+    bool hosts_end();
 
   private:
     servers::Installation hosts_;
@@ -36,8 +40,5 @@ class InstalledComponent {
 
 /// Waits until no process of a sender is left; false when there is one after a minute.
 bool senders_end();
-
-/// Waits until no process of the recorded local server is left; false when there is one after a minute.
-bool local_servers_end();
 
 }  // namespace foliant::tests::clients

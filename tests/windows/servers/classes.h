@@ -57,6 +57,10 @@ inline constexpr Member members[]{
 /// Exists as long as a process of the recorded local server does.
 inline constexpr const wchar_t* server_mutex = L"Foliant recording server";
 
+/// Keeps it from ending for want of work: a client that comes just then would find classes of a process that
+/// is gone.
+inline constexpr const wchar_t* server_wanted = L"Foliant recording server is wanted";
+
 /// The source interface of the Distiller's events.
 inline constexpr IID distiller_events{
     0x5D7A1E10, 0x3C52, 0x4E0B, {0x9A, 0x41, 0x6C, 0x1D, 0x20, 0x8F, 0x77, 0x03}};

@@ -1,5 +1,5 @@
 // The recorded classes in a process of their own: a local server that ends a second after its last object has
-// gone.
+// gone and nobody wants it any more.
 
 #include "windows/servers/factory.h"
 #include "windows/servers/record.h"
@@ -27,18 +27,21 @@ void withdraw_classes() {
         CoRevokeClassObject(cookie);
 }
 
+bool is_wanted() {
+    const HANDLE mutex = OpenMutexW(SYNCHRONIZE, FALSE, server_wanted);
+    if (mutex != nullptr) CloseHandle(mutex);
+    return mutex != nullptr;
+}
+
 void serve_until_idle() {
     int idle_checks = 0;
-    bool used = false;
     SetTimer(nullptr, 0, check_ms, nullptr);
     MSG message{};
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
         DispatchMessageW(&message);
         if (message.message != WM_TIMER) continue;
-        used = used || live_objects > 0;
-        idle_checks = live_objects > 0 ? 0 : idle_checks + 1;
-        // Nobody may have got round to creating the first object.
-        if (idle_checks > idle_checks_before_end * (used ? 1 : 20)) return;
+        idle_checks = live_objects > 0 || is_wanted() ? 0 : idle_checks + 1;
+        if (idle_checks > idle_checks_before_end) return;
     }
 }
 

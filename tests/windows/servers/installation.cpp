@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <ole2.h>
+#include <utility>
 
 #include "windows/servers/classes.h"
 #include "windows/servers/record.h"
@@ -44,7 +45,8 @@ void register_event_names() {
 
 }  // namespace
 
-Installation::Installation(Kind kind, bool with_event_names) {
+Installation::Installation(Kind kind, bool with_event_names)
+    : wanted_(CreateMutexW(nullptr, FALSE, server_wanted)) {
     DeleteFileW(record_path().c_str());
     for (const Class& recorded : classes) {
         const std::wstring key = all_classes + L"CLSID\\" + braces(recorded.id);
@@ -63,6 +65,7 @@ Installation::Installation(Kind kind, bool with_event_names) {
 }
 
 Installation::~Installation() {
+    dismiss();
     UnRegisterTypeLib(events_library, 1, 0, LOCALE_NEUTRAL, sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32);
     for (const Class& recorded : classes) {
         remove(all_classes + L"CLSID\\" + braces(recorded.id));
@@ -71,6 +74,10 @@ Installation::~Installation() {
     remove(acrobat);
     remove(distiller);
     DeleteFileW(record_path().c_str());
+}
+
+void Installation::dismiss() {
+    if (wanted_ != nullptr) CloseHandle(std::exchange(wanted_, nullptr));
 }
 
 std::string Installation::record() const {

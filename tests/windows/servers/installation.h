@@ -18,6 +18,12 @@ class Installation {
 
     /// What has been recorded up to now.
     std::string record() const;
+
+    /// Lets the process of local servers end, once their last object has gone.
+    void dismiss();
+
+  private:
+    void* wanted_;
 };
 
 }  // namespace foliant::tests::servers

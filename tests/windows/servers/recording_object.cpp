@@ -5,6 +5,7 @@
 #include <olectl.h>
 #include <sstream>
 
+#include "platform/win32/com_pointer.h"
 #include "platform/win32/text.h"
 #include "platform/win32/variant.h"
 #include "windows/servers/classes.h"
@@ -221,9 +222,17 @@ void RecordingObject::raise_event(int number, std::vector<VARIANT> arguments) {
     std::reverse(arguments.begin(), arguments.end());
     DISPPARAMS parameters{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
     const DISPID id = has_type_library() ? 27 - number : number;
+    // A sink may leave, and its client let go of this object, while it is being told.
+    using platform::win32::ComPointer;
+    const auto alive = ComPointer<IDispatch>::share(this);
+    std::map<DWORD, ComPointer<IDispatch>> listening;
     for (const auto& [cookie, sink] : sinks_)
+        listening.emplace(cookie, ComPointer<IDispatch>::share(sink));
+    for (const auto& [cookie, sink] : listening) {
+        if (!sinks_.contains(cookie)) continue;
         sink->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, nullptr,
                      nullptr);
+    }
 }
 
 HRESULT RecordingObject::EnumConnectionPoints(IEnumConnectionPoints** points) {
