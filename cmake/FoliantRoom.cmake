@@ -36,6 +36,12 @@ function(foliant_room name)
   endforeach()
 endfunction()
 
+# foliant_own_prefix(TARGET): its tests run in a Wine prefix that nobody else uses; they register things.
+function(foliant_own_prefix target)
+  set(emulator ${CMAKE_SOURCE_DIR}/scripts/in-own-prefix ${FOLIANT_WORD_SIZE} ${CMAKE_CURRENT_BINARY_DIR}/${target}-prefix)
+  set_target_properties(${target} PROPERTIES CROSSCOMPILING_EMULATOR "${emulator}")
+endfunction()
+
 # foliant_test(NAME SOURCES ... KNOWS rooms... LINKS targets...): one test program, its tests found by CTest.
 function(foliant_test name)
   cmake_parse_arguments(test "" "" "SOURCES;KNOWS;LINKS;LABELS" ${ARGN})
@@ -50,6 +56,9 @@ function(foliant_test name)
     target_precompile_headers(${name} REUSE_FROM foliant_test_header)
   endif()
   if(CMAKE_CROSSCOMPILING)
+    if("windows" IN_LIST test_LABELS)
+      foliant_own_prefix(${name})
+    endif()
     # Starting a program in Wine takes longer than most tests: each program is one test.
     add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
     set_tests_properties(${name} PROPERTIES TIMEOUT 120 LABELS "${test_LABELS}")

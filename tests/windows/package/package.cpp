@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 
 void Package::SetUp() {
     const char* package = std::getenv("FOLIANT_PACKAGE");
-    ASSERT_NE(package, nullptr) << "run it by tests/windows/package/in-own-prefix";
+    ASSERT_NE(package, nullptr) << "run it by scripts/in-own-prefix";
     // A server that has just been used may still hold the folder of the test before.
     static int tests = 0;
     folder_ = "C:\\Tom & Ann (new)\\Foliant " + std::to_string(++tests);
