@@ -61,13 +61,15 @@ ordered_json events_to_json(const Outcome& outcome) {
 }
 
 std::string readable_size(std::int64_t bytes) {
+    constexpr std::int64_t kibibyte = 1024;
+    constexpr std::int64_t mebibyte = 1024 * kibibyte;
     std::array<char, 32> text{};
-    if (bytes < 1024) {
+    if (bytes < kibibyte) {
         std::snprintf(text.data(), text.size(), "%lld bytes", static_cast<long long>(bytes));
-    } else if (bytes < 1024 * 1024) {
-        std::snprintf(text.data(), text.size(), "%.0f KiB", static_cast<double>(bytes) / 1024);
+    } else if (bytes < mebibyte) {
+        std::snprintf(text.data(), text.size(), "%.0f KiB", static_cast<double>(bytes) / kibibyte);
     } else {
-        std::snprintf(text.data(), text.size(), "%.1f MiB", static_cast<double>(bytes) / (1024 * 1024));
+        std::snprintf(text.data(), text.size(), "%.1f MiB", static_cast<double>(bytes) / mebibyte);
     }
     return text.data();
 }

@@ -19,7 +19,7 @@ class Distiller {
 
     /// Runs one job to its end and returns how it went; what goes wrong with the job is in the result, not
     /// thrown. The output appears under its name complete or not at all. Throws only what `progress` throws.
-    DistillResult distill(const DistillJob& job, Progress& progress) const;
+    DistillResult distill(const DistillJob& wanted, Progress& progress) const;
 
     /// Ghostscript's, "10.00.0". Throws DistillError, naming the package, when the engine does not
     /// run.

@@ -24,7 +24,7 @@ using css::uno::UNO_QUERY;
 using css::uno::XComponentContext;
 using Context = Reference<XComponentContext>;
 
-constexpr std::size_t sample_size = 64 * 1024;
+constexpr std::size_t sample_size = 65536;  // bytes
 
 automation::Error damaged(const std::filesystem::path& path, std::string_view reason) {
     return word_error(WordError::file_corrupted,

@@ -16,7 +16,6 @@ namespace {
 
 using css::lang::XComponent;
 using css::uno::Reference;
-using css::uno::UNO_QUERY;
 
 css::uno::Sequence<css::beans::PropertyValue> load_arguments(const ImportFilter& filter,
                                                              const Reference<LoadInteraction>& interaction) {

@@ -8,15 +8,13 @@
 
 namespace foliant::platform::local {
 
-using std::chrono::milliseconds;
-
 namespace {
 
 constexpr float seconds_per_day = 86400;
 constexpr int pumps_without_nap = 4;
-constexpr milliseconds nap{5};
+constexpr std::chrono::milliseconds nap{5};
 /// A caller that did something else for that long between two pumps is not waiting.
-constexpr milliseconds pause_of_a_busy_caller{20};
+constexpr std::chrono::milliseconds pause_of_a_busy_caller{20};
 
 /// Spreads the bits of a number over all 64, so that neighbouring moments give unlike seeds.
 std::uint64_t scattered(std::uint64_t bits) noexcept {
@@ -29,8 +27,8 @@ std::uint64_t scattered(std::uint64_t bits) noexcept {
 
 }  // namespace
 
-void LocalClock::sleep(std::uint32_t time) {
-    std::this_thread::sleep_for(milliseconds(time));
+void LocalClock::sleep(std::uint32_t milliseconds) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
 void LocalClock::settle(std::uint32_t) {}
