@@ -37,7 +37,7 @@ IDispatch* dispatch_in(const Value& value) noexcept {
     return outside == nullptr ? nullptr : outside->dispatch();
 }
 
-bool has_member(IDispatch& object, const wchar_t* name) noexcept {
+bool has_member(IDispatch& object, const wchar_t* name) {
     auto* text = const_cast<wchar_t*>(name);
     DISPID id = 0;
     return SUCCEEDED(object.GetIDsOfNames(IID_NULL, &text, 1, library_locale, &id));

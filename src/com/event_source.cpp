@@ -34,8 +34,12 @@ void raise(IDispatch& sink, const core::Event& event, std::span<const automation
     DISPPARAMS parameters{sent.data(), nullptr, static_cast<UINT>(count), 0};
     Variant result;
     EXCEPINFO failure{};
-    sink.Invoke(event.dispid, IID_NULL, library_locale, DISPATCH_METHOD, &parameters, result.get(), &failure,
-                nullptr);
+    try {
+        sink.Invoke(event.dispid, IID_NULL, library_locale, DISPATCH_METHOD, &parameters, result.get(),
+                    &failure, nullptr);
+    } catch (
+        ...) {  // NOLINT(bugprone-empty-catch): what a sink throws stays with it, as what it returns does
+    }
     SysFreeString(failure.bstrSource);
     SysFreeString(failure.bstrDescription);
     SysFreeString(failure.bstrHelpFile);
