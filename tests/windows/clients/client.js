@@ -5,13 +5,13 @@
 var member = WScript.Arguments(0);
 var folder = WScript.Arguments(1) + "\\";
 
-var pdf = new ActiveXObject("Foliant.BuildPDF");
-pdf.TempFilePath = folder;
 var files = [folder + "b.ps", folder + "no such file.ps", folder + "a.ps", folder + "c.ps"];
 
 // A script of this language has no variables that a call could fill in, and cannot leave out an argument that
 // others follow.
 try {
+    var pdf = new ActiveXObject("Foliant.BuildPDF");
+    pdf.TempFilePath = folder;
     if (member == "CreatePDFfromPS") {
         pdf.CreatePDFfromPS(folder + "out.pdf", folder + "in.ps", "", true, false, "Press", false);
     } else if (member == "CreatePDFfromWord") {

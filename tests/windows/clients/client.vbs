@@ -7,6 +7,8 @@ Dim member, folder, pdf, printer, unset, files, declared(3)
 member = WScript.Arguments(0)
 folder = WScript.Arguments(1) & "\"
 
+' An error that nobody traps ends a script without a word.
+On Error Resume Next
 Set pdf = CreateObject("Foliant.BuildPDF")
 pdf.TempFilePath = folder
 printer = ""
@@ -16,7 +18,6 @@ declared(1) = files(1)
 declared(2) = files(2)
 declared(3) = files(3)
 
-On Error Resume Next
 Select Case member
     Case "CreatePDFfromPS"
         pdf.CreatePDFfromPS folder & "out.pdf", folder & "in.ps", printer, True, False, "Press", False

@@ -88,12 +88,16 @@ ClientRun::ClientRun(Client client, const std::string& member, const std::string
     // A host in another process knows a client's folder by this.
     prepare(folder, "foliant-record.txt", "");
     servers::let_fail(folder_, k, k == 0 ? Ending::good : ending);
-    start(command_of(client) + L" \"" + to_utf16(member) + L"\" \"" + folder_.substr(0, folder_.size() - 1) +
-          L"\"");
+    command_ = command_of(client) + L" \"" + to_utf16(member) + L"\" \"" +
+               folder_.substr(0, folder_.size() - 1) + L"\"";
+    start();
 }
 
 ClientRun::ClientRun(ClientRun&& other) noexcept
-    : folder_(std::exchange(other.folder_, {})), process_(std::exchange(other.process_, nullptr)) {}
+    : folder_(std::exchange(other.folder_, {})),
+      command_(std::move(other.command_)),
+      attempts_(other.attempts_),
+      process_(std::exchange(other.process_, nullptr)) {}
 
 ClientRun::~ClientRun() {
     if (process_ != nullptr) {
@@ -103,7 +107,9 @@ ClientRun::~ClientRun() {
     if (!folder_.empty()) remove_folder(folder_);
 }
 
-void ClientRun::start(const std::wstring& command) {
+void ClientRun::start() {
+    ++attempts_;
+    if (process_ != nullptr) CloseHandle(std::exchange(process_, nullptr));
     const HANDLE output = output_file(folder_ + said);
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
@@ -111,7 +117,7 @@ void ClientRun::start(const std::wstring& command) {
     startup.hStdOutput = output;
     startup.hStdError = output;
     PROCESS_INFORMATION started{};
-    std::wstring line = command;
+    std::wstring line = command_;
     SetEnvironmentVariableW(servers::record_variable, folder_.c_str());
     if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
                        &started) != 0) {
@@ -122,16 +128,31 @@ void ClientRun::start(const std::wstring& command) {
     CloseHandle(output);
 }
 
-void ClientRun::wait_for(const std::string& text) const {
+/// Wine's script host sometimes ends before it has begun to run a script, without a word, when several are
+/// started at a time; it is then started again.
+bool ClientRun::has_ended(DWORD wait_ms) {
+    constexpr int most_attempts = 5;
+    if (WaitForSingleObject(process_, wait_ms) != WAIT_OBJECT_0) return false;
+    const bool has_begun = !servers::read_file(folder_ + said).empty() ||
+                           !servers::read_file(servers::record_path(folder_)).empty();
+    if (has_begun || attempts_ == most_attempts) return true;
+    start();
+    return false;
+}
+
+void ClientRun::wait_for(const std::string& text) {
     constexpr DWORD pause_ms = 50;
     while (servers::read_file(servers::record_path(folder_)).find(text) == std::string::npos &&
-           WaitForSingleObject(process_, pause_ms) == WAIT_TIMEOUT) {
+           !has_ended(pause_ms)) {
     }
 }
 
 std::string ClientRun::result() {
+    constexpr DWORD round_ms = 1000;
     DWORD code = 0;
-    const bool ended = WaitForSingleObject(process_, patience_ms) == WAIT_OBJECT_0;
+    bool ended = false;
+    for (DWORD waited = 0; waited < patience_ms && !ended; waited += round_ms)
+        ended = has_ended(round_ms);
     GetExitCodeProcess(process_, &code);
     std::string text = servers::read_file(servers::record_path(folder_)) + servers::read_file(folder_ + said);
     replace_all(text, "\r", "");

@@ -26,7 +26,7 @@ class ClientRun {
     ~ClientRun();
 
     /// Waits until the record holds a text, or the process has ended.
-    void wait_for(const std::string& text) const;
+    void wait_for(const std::string& text);
 
     /// Waits until the process has ended, two minutes at most. What the hosts recorded, then what the client
     /// said, with the folder and the name of a temporary file left out; a client that does not end in time or
@@ -41,9 +41,12 @@ class ClientRun {
     static std::wstring folder_of(const std::string& name);
 
   private:
-    void start(const std::wstring& command);
+    void start();
+    bool has_ended(DWORD wait_ms);
 
     std::wstring folder_;
+    std::wstring command_;
+    int attempts_ = 0;
     HANDLE process_ = nullptr;
 };
 
