@@ -1,7 +1,8 @@
 @echo off
 rem Registers Foliant for everybody on this computer. Run it in a Command Prompt that was started as administrator.
 rem
-rem   register-machine.cmd        registers the library of each word size that this Windows runs
+rem   register-machine.cmd        registers the library of each word size that this Windows runs, and puts the window
+rem                               sender into the system folder, from where printing members start it
 rem   register-machine.cmd /u     takes that away again, as unregister-machine.cmd does
 rem
 rem Ends with 0 when all of it went well, and with 1 otherwise.
@@ -24,20 +25,36 @@ set "native=x64"
 if /i "%PROCESSOR_ARCHITECTURE%"=="x86" if not defined PROCESSOR_ARCHITEW6432 set "native=x86"
 
 set "failed="
-set "regsvr32=%system%\regsvr32.exe"
 call :word_size %native%
-set "regsvr32=%SystemRoot%\SysWOW64\regsvr32.exe"
-if "%native%"=="x64" if exist "%regsvr32%" call :word_size x86
+set "system=%SystemRoot%\SysWOW64"
+if "%native%"=="x64" if exist "%system%\regsvr32.exe" call :word_size x86
 if defined failed exit /b 1
 exit /b 0
 
 :word_size
 set "library=%here%%1\Foliant.dll"
 if not exist "%library%" goto missing
-"%regsvr32%" /s %option% "%library%"
+"%system%\regsvr32.exe" /s %option% "%library%"
 set "code=%errorlevel%"
 if not "%code%"=="0" goto refused
 echo Foliant %1 is %done% for everybody on this computer.
+set "own=%here%%1\quorixsend.exe"
+set "installed=%system%\quorixsend.exe"
+if defined option goto remove_sender
+rem One that is there already may belong to another installation.
+if exist "%installed%" exit /b 0
+copy "%own%" "%installed%" >nul
+if exist "%installed%" exit /b 0
+set "failed=yes"
+echo "%own%" could not be copied to "%system%", where members that print start it.
+exit /b 1
+
+:remove_sender
+if not exist "%installed%" exit /b 0
+for %%f in ("%own%") do set "own_size=%%~zf"
+for %%f in ("%installed%") do set "installed_size=%%~zf"
+rem Another size: another installation's.
+if "%own_size%"=="%installed_size%" del "%installed%"
 exit /b 0
 
 :missing

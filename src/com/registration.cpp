@@ -71,8 +71,19 @@ void unregister_class() {
     remove(class_key());
 }
 
+/// Each word size has a class of its own; the ProgID is one for both.
+bool other_word_size_is_registered() {
+    const REGSAM other_view = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, class_key().c_str(), 0, KEY_READ | other_view, &key) !=
+        ERROR_SUCCESS)
+        return false;
+    RegCloseKey(key);
+    return true;
+}
+
 void unregister_program_id() {
-    remove(program_id);
+    if (!other_word_size_is_registered()) remove(program_id);
 }
 
 void unregister_type_library() {
@@ -95,9 +106,11 @@ struct Step {
     void (*remove)();
 };
 
+/// Taken back in the opposite order: the class before the ProgID, since a Windows of one word size shows the
+/// own class for the other's too.
 constexpr std::array steps{
-    Step{register_class, unregister_class},
     Step{register_program_id, unregister_program_id},
+    Step{register_class, unregister_class},
     Step{register_type_library, unregister_type_library},
 };
 

@@ -21,6 +21,14 @@ class UserRegistration : public Package {
     void TearDown() override { run("unregister-user.cmd"); }
 };
 
+/// The sender of this word size, in the package and where members that print start it.
+fs::path own_sender(const fs::path& folder) {
+    return folder / (sizeof(void*) == 8 ? "x64" : "x86") / "quorixsend.exe";
+}
+fs::path installed_sender() {
+    return R"(C:\windows\system32\quorixsend.exe)";
+}
+
 /// A script that reaches a member of the object, for each script host.
 void expect_clients_reach_the_object(const fs::path& folder, const std::vector<std::string>& hosts,
                                      Outcome (*run)(const std::string& command)) {
@@ -78,6 +86,31 @@ TEST_F(MachineRegistration, RemovalLeavesNothing) {
     EXPECT_EQ(text_of(added(before, machine_classes())), "");
     EXPECT_EQ(text_of(added(machine_classes(), before)), "");
     EXPECT_EQ(run("unregister-machine.cmd").code, 0) << "a second removal";
+}
+
+TEST_F(MachineRegistration, PutsTheWindowSenderWhereMembersStartItAndTakesItAway) {
+    ASSERT_FALSE(fs::exists(installed_sender()));
+    EXPECT_EQ(run("register-machine.cmd").code, 0);
+    EXPECT_EQ(fs::file_size(installed_sender()), fs::file_size(own_sender(folder())));
+    EXPECT_EQ(run("unregister-machine.cmd").code, 0);
+    EXPECT_FALSE(fs::exists(installed_sender()));
+}
+
+TEST_F(MachineRegistration, LeavesTheSenderOfAnotherInstallationAlone) {
+    std::ofstream(installed_sender()) << "another";
+    EXPECT_EQ(run("register-machine.cmd").code, 0);
+    EXPECT_EQ(fs::file_size(installed_sender()), 7U);
+    EXPECT_EQ(run("unregister-machine.cmd").code, 0);
+    EXPECT_TRUE(fs::exists(installed_sender()));
+    fs::remove(installed_sender());
+}
+
+TEST_F(MachineRegistration, RemovingOneWordSizeLeavesTheOther) {
+    const std::vector<std::string> hosts = script_hosts();
+    if (hosts.size() < 2) GTEST_SKIP() << "this Windows or this package has one word size only";
+    run("register-machine.cmd");
+    EXPECT_EQ(run(R"(C:\windows\syswow64\regsvr32 /s /u x86\Foliant.dll)").code, 0);
+    expect_clients_reach_the_object(folder(), {hosts.front()}, run);
 }
 
 TEST_F(MachineRegistration, EndsWithFailureWhenTheLibraryCannotBeRegistered) {
