@@ -8,6 +8,10 @@
 #include "sender/win32/message.h"
 #include "windows/sender/sender_process.h"
 
+// clang-format off: it needs what the others bring
+#include <commctrl.h>
+// clang-format on
+
 namespace foliant::sender::win32::test {
 namespace {
 
@@ -162,6 +166,53 @@ TEST(RegistryEditor, ImportsTheFileThatTheSenderNames) {
     EXPECT_EQ(sender.wait(), 0);
     EXPECT_TRUE(comes_true([&] { return RegDeleteKeyW(HKEY_CURRENT_USER, key) == ERROR_SUCCESS; }));
     DeleteFileW(file.c_str());
+}
+
+std::wstring text_of(HWND control) {
+    std::wstring text(static_cast<std::size_t>(SendMessageW(control, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(
+        SendMessageW(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+    return text;
+}
+
+/// The window of that class somewhere inside another.
+HWND inner_window(HWND outer, const wchar_t* window_class) {
+    if (const HWND child = FindWindowExW(outer, nullptr, window_class, nullptr)) return child;
+    for (HWND child = GetWindow(outer, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+        if (const HWND found = inner_window(child, window_class)) return found;
+    return nullptr;
+}
+
+/// What the viewer says of each entry of its tree, all of it together.
+std::string shown_in(HWND viewer) {
+    const HWND tree = inner_window(viewer, L"SysTreeView32");
+    const HWND pane = inner_window(viewer, L"Edit");
+    const auto next = [&](WPARAM which, LRESULT item) {
+        return SendMessageW(tree, TVM_GETNEXTITEM, which, item);
+    };
+    std::string text;
+    for (LRESULT entry = next(TVGN_ROOT, 0); entry != 0; entry = next(TVGN_NEXTVISIBLE, entry)) {
+        SendMessageW(tree, TVM_EXPAND, TVE_EXPAND, entry);
+        SendMessageW(tree, TVM_SELECTITEM, TVGN_CARET, entry);
+        text += to_utf8(text_of(pane));
+    }
+    return text;
+}
+
+TEST(TypeLibraryViewer, ShowsWhatIsInTheLibrary) {
+    Application viewer(expanded(L"%windir%\\system32\\oleview.exe"));
+    std::array<wchar_t, MAX_PATH> library{};
+    GetFullPathNameW(FOLIANT_DLL, MAX_PATH, library.data(), nullptr);
+    SenderProcess sender("open~Edit~" + to_utf8(library.data()) + "~0~0~");
+    viewer.choose(L"View TypeLib");
+    EXPECT_EQ(sender.wait(), 0);
+    HWND window = nullptr;
+    ASSERT_TRUE(comes_true([&] { return (window = FindWindowW(nullptr, L"ITypeLib viewer")) != nullptr; }));
+    std::string shown;
+    EXPECT_TRUE(comes_true([&] { return !(shown = shown_in(window)).empty(); }));
+    for (const char* part : {"library Foliant", "coclass BuildPDF", "interface _BuildPDF",
+                             "CreatePDFfromWord", "qrxAlignCenter", "JobStart"})
+        EXPECT_NE(shown.find(part), std::string::npos) << part << " is not in: " << shown;
 }
 
 }  // namespace
