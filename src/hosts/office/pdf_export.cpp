@@ -31,16 +31,21 @@ class MemoryStream : public cppu::WeakImplHelper1<css::io::XOutputStream> {
     std::string bytes_;
 };
 
-Sequence<PropertyValue> pdf_options(const std::string& pages, PdfUse use) {
+enum class Transparency { kept, flattened };
+
+Sequence<PropertyValue> pdf_options(const std::string& pages, PdfUse use, Transparency transparency) {
     std::vector<PropertyValue> options = {
         uno_argument("ExportFormFields", false),  // a printed form is filled in with a pen
         uno_argument("IsSkipEmptyPages", false),  // page numbers of the range count them
     };
     if (!pages.empty()) options.push_back(uno_argument("PageRange", to_uno(pages)));
-    if (use == PdfUse::postscript) {
-        // PDF/A-1 knows no transparency, nor does PostScript; LibreOffice then flattens what is transparent.
+    if (transparency == Transparency::flattened) {
+        // PDF/A-1 knows none: LibreOffice then draws what lies behind into what is transparent.
         constexpr sal_Int32 pdf_a_1b = 1;
         options.push_back(uno_argument("SelectPdfVersion", pdf_a_1b));
+    }
+    if (use == PdfUse::postscript) {
+        options.push_back(uno_argument("EmbedStandardFonts", true));
         // Distiller's job options decide what becomes of pictures, and not twice.
         for (const auto& [name, value] :
              {std::pair("UseLosslessCompression", true), std::pair("ReduceImageResolution", false),
@@ -51,14 +56,19 @@ Sequence<PropertyValue> pdf_options(const std::string& pages, PdfUse use) {
     return uno_sequence(options);
 }
 
-}  // namespace
+/// Whether a PDF of LibreOffice's uses transparency, or hides in compressed objects whether it does.
+bool may_be_transparent(std::string_view pdf) {
+    for (const std::string_view sign : {"/SMask", "/CA ", "/ca ", "/Transparency", "/ObjStm"})
+        if (pdf.find(sign) != std::string_view::npos) return true;
+    return false;
+}
 
-std::string export_to_pdf(const Reference<css::lang::XComponent>& document, const std::string& pages,
-                          PdfUse use) {
+std::string export_once(const Reference<css::lang::XComponent>& document,
+                        const Sequence<PropertyValue>& options) {
     const Reference<MemoryStream> stream(new MemoryStream);
     const auto arguments = uno_sequence<PropertyValue>({
         uno_argument("FilterName", to_uno("writer_pdf_Export")),
-        uno_argument("FilterData", pdf_options(pages, use)),
+        uno_argument("FilterData", options),
         uno_argument("OutputStream", Reference<css::io::XOutputStream>(stream.get())),
     });
     Reference<css::frame::XStorable>(document, css::uno::UNO_QUERY_THROW)
@@ -70,6 +80,18 @@ std::string export_to_pdf(const Reference<css::lang::XComponent>& document, cons
         throw word_error(automation::RuntimeError::disk_full,
                          "The PDF was cut short. Probably the disk of the temporary folder is full.");
     return bytes;
+}
+
+}  // namespace
+
+std::string export_to_pdf(const Reference<css::lang::XComponent>& document, const std::string& pages,
+                          PdfUse use) {
+    std::string pdf = export_once(document, pdf_options(pages, use, Transparency::kept));
+    // PostScript knows no transparency. Few documents use any, and flattening comes with tags for every word,
+    // which take as long as all the rest.
+    if (use == PdfUse::postscript && may_be_transparent(pdf))
+        pdf = export_once(document, pdf_options(pages, use, Transparency::flattened));
+    return pdf;
 }
 
 }  // namespace foliant::hosts::office

@@ -2,6 +2,9 @@
 
 #include <charconv>
 #include <qpdf/QPDF.hh>
+#include <qpdf/QPDFPageDocumentHelper.hh>
+#include <qpdf/QPDFPageObjectHelper.hh>
+#include <set>
 #include <sstream>
 
 namespace foliant::hosts::office {
@@ -39,20 +42,54 @@ std::map<int, std::string> read_characters(const std::string& map) {
     return text;
 }
 
+/// Finds the fonts that pages draw with. Looking at every object of a document would take many times as long:
+/// most belong to its structure.
+class FontSearch {
+  public:
+    void look_into(QPDFObjectHandle resources) {
+        if (!resources.isDictionary() || is_known(resources)) return;
+        for (auto& [name, font] : entries(resources, "/Font"))
+            add(font);
+        for (const char* kind : {"/XObject", "/Pattern"})
+            for (auto& [name, drawing] : entries(resources, kind))
+                if (drawing.isStream() && !is_known(drawing))
+                    look_into(drawing.getDict().getKey("/Resources"));
+    }
+
+    std::vector<UnicodeMap> take_maps() { return std::move(maps_); }
+
+  private:
+    static std::map<std::string, QPDFObjectHandle> entries(QPDFObjectHandle resources, const char* kind) {
+        QPDFObjectHandle dictionary = resources.getKey(kind);
+        if (!dictionary.isDictionary()) return {};
+        return dictionary.getDictAsMap();
+    }
+
+    bool is_known(QPDFObjectHandle object) {
+        return object.isIndirect() && !known_.insert(object.getObjGen()).second;
+    }
+
+    void add(QPDFObjectHandle font) {
+        if (!font.isDictionary() || is_known(font)) return;
+        QPDFObjectHandle map = font.getKey("/ToUnicode");
+        if (!map.isStream()) return;
+        maps_.push_back({font.getObjectID(), font.getGeneration(), read_characters(stream_text(map))});
+    }
+
+    std::set<QPDFObjGen> known_;
+    std::vector<UnicodeMap> maps_;
+};
+
 }  // namespace
 
 std::vector<UnicodeMap> read_unicode_maps(std::string_view pdf) {
     QPDF document;
     document.setSuppressWarnings(true);
     document.processMemoryFile("document", pdf.data(), pdf.size());
-    std::vector<UnicodeMap> maps;
-    for (QPDFObjectHandle object : document.getAllObjects()) {
-        if (!object.isDictionaryOfType("/Font")) continue;
-        QPDFObjectHandle map = object.getKey("/ToUnicode");
-        if (!map.isStream()) continue;
-        maps.push_back({object.getObjectID(), object.getGeneration(), read_characters(stream_text(map))});
-    }
-    return maps;
+    FontSearch search;
+    for (QPDFPageObjectHelper& page : QPDFPageDocumentHelper(document).getAllPages())
+        search.look_into(page.getAttribute("/Resources", false));
+    return search.take_maps();
 }
 
 }  // namespace foliant::hosts::office
