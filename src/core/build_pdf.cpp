@@ -2,6 +2,7 @@
 
 #include "converters/postscript.h"
 #include "converters/word.h"
+#include "engines/default_printer.h"
 
 namespace foliant::core {
 
@@ -21,6 +22,10 @@ std::string BuildPDF::get_TempFilePath() {
 
 void BuildPDF::put_TempFilePath(std::string strFolder) {
     session_.set_TempFilePath(strFolder);
+}
+
+void BuildPDF::SetDefPrinter(std::string strPrinter) {
+    engines::SetDefPrinter(session_, strPrinter);
 }
 
 void BuildPDF::CreatePDFfromPS(std::string& strPDFFile, std::string& strPSFile, std::string& strDistiller,

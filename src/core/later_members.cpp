@@ -16,9 +16,6 @@ namespace {
 
 }  // namespace
 
-void BuildPDF::SetDefPrinter(std::string) {
-    not_available("SetDefPrinter");
-}
 std::int32_t BuildPDF::GetNumPagesPDF(std::string&, std::string&) {
     not_available("GetNumPagesPDF");
 }

@@ -13,9 +13,9 @@ namespace foliant::core {
 /// `later` marks those that this version does not have yet.
 /// Types and passing of the parameters come from the C++ signature that a row names, so they stand nowhere twice.
 inline constexpr std::array members{
-    later(row<&BuildPDF::SetDefPrinter>(0, 0x60030000, MemberKind::method, "SetDefPrinter",
+    row<&BuildPDF::SetDefPrinter>(0, 0x60030000, MemberKind::method, "SetDefPrinter",
         "Makes a printer the default printer of the user.",
-        {required("strPrinter")})),
+        {required("strPrinter")}),
     later(row<&BuildPDF::GetNumPagesPDF>(1, 0x60030007, MemberKind::method, "GetNumPagesPDF",
         "Counts the pages of a PDF.",
         {required("strPDFFile"), optional("strOpenPassword")})),

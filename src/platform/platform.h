@@ -2,6 +2,7 @@
 
 #include "platform/clock.h"
 #include "platform/files.h"
+#include "platform/printer_control.h"
 #include "platform/programs.h"
 #include "platform/registry.h"
 #include "platform/servers.h"
@@ -21,6 +22,7 @@ struct Platform {
     Programs& programs;
     Shell& shell;
     Servers& servers;
+    PrinterControl& printers;
 };
 
 }  // namespace foliant::platform

@@ -61,13 +61,14 @@ LocalMachine::LocalMachine(LocalOptions options)
       registry_(store_, options_.on_trouble),
       desktop_(options_.on_message_box),
       shell_(private_folder_.path(), [this] { return make_system_folder(); }),
-      modules_(module_folders(options_), *this) {
+      modules_(module_folders(options_), *this),
+      printer_control_(printers_, store_) {
     programs_.install((private_folder_.path() / "system" / sender_program).string(),
                       [this](std::string_view tail) { run_sender(tail); });
 }
 
 Platform LocalMachine::platform() {
-    return {registry_, files_, clock_, desktop_, programs_, shell_, modules_};
+    return {registry_, files_, clock_, desktop_, programs_, shell_, modules_, printer_control_};
 }
 
 fs::path LocalMachine::make_system_folder() {

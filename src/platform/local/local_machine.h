@@ -12,6 +12,7 @@
 #include "platform/local/host_modules.h"
 #include "platform/local/local_clock.h"
 #include "platform/local/local_files.h"
+#include "platform/local/local_printer_control.h"
 #include "platform/local/local_programs.h"
 #include "platform/local/local_registry.h"
 #include "platform/local/local_shell.h"
@@ -87,6 +88,7 @@ class LocalMachine : public hosts::Machine {
     LocalPrograms programs_;
     LocalShell shell_;
     HostModules modules_;
+    LocalPrinterControl printer_control_;
 };
 
 }  // namespace foliant::platform::local

@@ -25,7 +25,17 @@ bool Printers::has(std::string_view name) {
     return is_pdf_printer(name) || cups_.has_printer(std::string(name));
 }
 
+std::string Printers::chosen_name() {
+    const std::string device = store_.text(chosen_key, "Device").value_or(std::string());
+    // The name may hold commas; driver and port follow it.
+    const std::size_t port = device.rfind(',');
+    if (port == std::string::npos || port == 0) return "";
+    const std::size_t driver = device.rfind(',', port - 1);
+    return driver == std::string::npos ? "" : device.substr(0, driver);
+}
+
 std::string Printers::default_name() {
+    if (std::string chosen = chosen_name(); !chosen.empty() && has(chosen)) return chosen;
     std::string queue = cups_.default_printer();
     if (!queue.empty()) return queue;
     const std::string registered = registered_name();

@@ -19,14 +19,21 @@ class Printers {
     /// "Adobe PDF", "Acrobat Distiller" and the registered name are one printer.
     bool is_pdf_printer(std::string_view name);
     bool has(std::string_view name);
-    /// The spooler's default queue, or the PDF printer when there is none.
+    /// The printer that the user has chosen in the settings store (`chosen_key`), if it is still there; else
+    /// the spooler's default queue, or the PDF printer when there is none.
     std::string default_name();
     /// Prints a finished PDF file on a queue of the spooler. Raises 5 for a printer that does not exist or is
     /// the PDF printer, 53 for a missing file, and 57 when the spooler does not take the job.
     void print(std::string_view name, const std::filesystem::path& pdf, std::string_view title);
 
+    /// Under this key the value "Device" names the printer that the user has chosen, then its driver and
+    /// port: "Adobe PDF,winspool,Ne00:".
+    static constexpr std::string_view chosen_key =
+        "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows NT\\CurrentVersion\\Windows";
+
   private:
     std::string registered_name();
+    std::string chosen_name();
 
     RegistryStore& store_;
     Cups cups_;

@@ -65,6 +65,7 @@ void cast_usual_machine(Stage& stage) {
     const std::string sender = stage.system_folder + stage.separator + "quorixsend.exe";
     stage.put_file(sender);
     stage.programs.insert(sender);
+    stage.profile["PrinterPorts"]["Adobe PDF"] = "winspool,Ne00:,15,45";
     cast_word(stage);
     cast_distiller(stage);
 }

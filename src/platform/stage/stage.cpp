@@ -32,8 +32,8 @@ Stage::Stage() : ports_(std::make_unique<Ports>(*this)) {}
 Stage::~Stage() = default;
 
 Platform Stage::platform() {
-    return {ports_->registry, ports_->files, ports_->clock,  ports_->windows,
-            ports_->programs, ports_->shell, ports_->servers};
+    return {ports_->registry, ports_->files, ports_->clock,   ports_->windows,
+            ports_->programs, ports_->shell, ports_->servers, ports_->printers};
 }
 
 std::string Stage::journal() const {

@@ -104,6 +104,13 @@ class Stage {
     /// What reading the size of a value answers instead of the truth, by value name.
     std::map<std::string, std::int32_t> registry_refusals;
 
+    /// What the system says it is: 1 is Windows 95, 2 Windows NT.
+    std::uint32_t platform_identifier = 2;
+    /// The user's profile: sections, keys, texts.
+    std::map<std::string, std::map<std::string, std::string>> profile;
+    /// The printers that can be opened, by name.
+    std::map<std::string, PrinterInfo> printers;
+
     // Time.
 
     /// Milliseconds since the stage was set up.

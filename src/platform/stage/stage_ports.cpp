@@ -158,6 +158,58 @@ std::optional<std::string> StageShell::special_folder(std::intptr_t owner, std::
     return buffer;
 }
 
+std::uint32_t StagePrinters::platform_identifier() {
+    stage_.note("platform identifier -> " + std::to_string(stage_.platform_identifier));
+    return stage_.platform_identifier;
+}
+
+std::string StagePrinters::profile_entry(const std::string& section, const std::string& key) {
+    if (stage_.act_or_refuse("profile [" + section + "] " + key)) return "";
+    const std::string text = stage_.profile[section][key];
+    stage_.extend_last_line(" -> " + (text.empty() ? "nothing" : text));
+    return text;
+}
+
+void StagePrinters::write_profile_entry(const std::string& section, const std::string& key,
+                                        const std::string& text) {
+    if (!stage_.act_or_refuse("write profile [" + section + "] " + key + " = " + text))
+        stage_.profile[section][key] = text;
+}
+
+void StagePrinters::announce_profile_change(const std::string& section) {
+    stage_.act_or_refuse("tell all windows that profile [" + section + "] has changed");
+}
+
+PrinterHandle StagePrinters::open_printer(const std::string& name) {
+    if (stage_.act_or_refuse("open printer " + name)) return 0;
+    if (!stage_.printers.contains(name)) {
+        stage_.extend_last_line(" -> refused");
+        return 0;
+    }
+    const auto handle = static_cast<PrinterHandle>(open_.size() + 1);
+    open_[handle] = name;
+    return handle;
+}
+
+std::optional<PrinterInfo> StagePrinters::printer_info(PrinterHandle printer) {
+    if (stage_.act_or_refuse("get printer " + open_[printer])) return std::nullopt;
+    return stage_.printers[open_[printer]];
+}
+
+bool StagePrinters::set_printer_info(PrinterHandle printer, const PrinterInfo& info) {
+    if (stage_.act_or_refuse("set printer " + open_[printer] + ": name " + info.name + ", port " + info.port +
+                             ", attributes " + std::to_string(info.attributes) + ", timeouts " +
+                             std::to_string(info.device_not_selected_timeout) + " " +
+                             std::to_string(info.transmission_retry_timeout)))
+        return false;
+    stage_.printers[open_[printer]] = info;
+    return true;
+}
+
+void StagePrinters::close_printer(PrinterHandle printer) {
+    stage_.act_or_refuse("close printer " + open_[printer]);
+}
+
 automation::ObjectPtr StageServers::create(std::string_view class_name) {
     const std::string wanted(class_name);
     stage_.act("create " + stage_.name_of_class(wanted));

@@ -103,6 +103,24 @@ class StageServers : public Servers {
     Stage& stage_;
 };
 
+class StagePrinters : public PrinterControl {
+  public:
+    explicit StagePrinters(Stage& stage) : stage_(stage) {}
+    std::uint32_t platform_identifier() override;
+    std::string profile_entry(const std::string& section, const std::string& key) override;
+    void write_profile_entry(const std::string& section, const std::string& key,
+                             const std::string& text) override;
+    void announce_profile_change(const std::string& section) override;
+    PrinterHandle open_printer(const std::string& name) override;
+    std::optional<PrinterInfo> printer_info(PrinterHandle printer) override;
+    bool set_printer_info(PrinterHandle printer, const PrinterInfo& info) override;
+    void close_printer(PrinterHandle printer) override;
+
+  private:
+    Stage& stage_;
+    std::map<PrinterHandle, std::string> open_;
+};
+
 struct Stage::Ports {
     explicit Ports(Stage& stage)
         : registry(stage),
@@ -111,7 +129,8 @@ struct Stage::Ports {
           windows(stage),
           programs(stage),
           shell(stage),
-          servers(stage) {}
+          servers(stage),
+          printers(stage) {}
 
     StageRegistry registry;
     StageFiles files;
@@ -120,6 +139,7 @@ struct Stage::Ports {
     StagePrograms programs;
     StageShell shell;
     StageServers servers;
+    StagePrinters printers;
 };
 
 }  // namespace foliant::platform::stage

@@ -2,6 +2,7 @@
 
 #include "platform/win32/windows_clock.h"
 #include "platform/win32/windows_files.h"
+#include "platform/win32/windows_printers.h"
 #include "platform/win32/windows_programs.h"
 #include "platform/win32/windows_registry.h"
 #include "platform/win32/windows_servers.h"
@@ -18,14 +19,15 @@ struct WindowsPlatform::Ports {
     WindowsPrograms programs;
     WindowsShell shell;
     WindowsServers servers;
+    WindowsPrinters printers;
 };
 
 WindowsPlatform::WindowsPlatform() : ports_(std::make_unique<Ports>()) {}
 WindowsPlatform::~WindowsPlatform() = default;
 
 Platform WindowsPlatform::platform() const {
-    return {ports_->registry, ports_->files, ports_->clock,  ports_->windows,
-            ports_->programs, ports_->shell, ports_->servers};
+    return {ports_->registry, ports_->files, ports_->clock,   ports_->windows,
+            ports_->programs, ports_->shell, ports_->servers, ports_->printers};
 }
 
 }  // namespace foliant::platform::win32

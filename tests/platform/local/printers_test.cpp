@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "automation/error.h"
+#include "platform/local/local_printer_control.h"
 #include "platform/local/temporary_folder.h"
 
 namespace foliant::platform::local::test {
@@ -47,6 +48,29 @@ TEST_F(PrintersTest, ThePdfPrinterHasThreeNamesAndNeedsNoSpooler) {
     EXPECT_FALSE(printers.is_pdf_printer("adobe pdf"));
     EXPECT_FALSE(printers.is_pdf_printer(""));
     EXPECT_EQ(content_of(journal), "") << "the spooler must not be asked";
+}
+
+TEST_F(PrintersTest, TheChosenOneIsTheDefaultAsLongAsItIsThere) {
+    ::setenv("PRINTER", "Office", 1);
+    ::setenv("FAKE_CUPS_DEFAULT", "Office", 1);
+    LocalPrinterControl control(printers, store);
+    ASSERT_EQ(printers.default_name(), "Office");
+    EXPECT_EQ(control.profile_entry("PrinterPorts", "Adobe PDF"), "winspool,Ne00:,15,45");
+    EXPECT_EQ(control.profile_entry("PrinterPorts", "Nowhere"), "");
+    EXPECT_EQ(control.profile_entry("PrinterPorts", ""), "");
+    control.write_profile_entry("windows", "Device", "Adobe PDF,winspool,Ne00:");
+    EXPECT_EQ(printers.default_name(), "Adobe PDF");
+    RegistryStore later(folder.path());
+    EXPECT_EQ(Printers(later).default_name(), "Adobe PDF") << "it outlives the command";
+    control.write_profile_entry("windows", "Device", "Gone,winspool,Ne00:");
+    EXPECT_EQ(printers.default_name(), "Office");
+}
+
+TEST_F(PrintersTest, AChoiceThatCannotBeWrittenIsNotMade) {
+    write_file(store.file(), "no settings");
+    EXPECT_NO_THROW(LocalPrinterControl(printers, store)
+                        .write_profile_entry("windows", "Device", "Adobe PDF,winspool,Ne00:"));
+    EXPECT_EQ(content_of(store.file()), "no settings");
 }
 
 TEST_F(PrintersTest, OtherNamesAreTheSpoolers) {

@@ -134,5 +134,22 @@ TEST_F(LateBound, VariablesThatTheMemberDidNotChangeKeepTheirType) {
     EXPECT_EQ(show, 1);
 }
 
+TEST_F(LateBound, SetDefPrinterChangesTheUsersDefaultPrinter) {
+    const auto default_printer = [] {
+        char device[100];
+        GetProfileStringA("windows", "Device", "", device, sizeof device);
+        return std::string(device);
+    };
+    WriteProfileStringA("PrinterPorts", "Adobe PDF", "winspool,Ne00:,15,45");
+    Bstr printer("Adobe PDF");
+    call(*object_.get(), L"SetDefPrinter", {value(printer.get())}, outcome_);
+    EXPECT_EQ(outcome_.code, S_OK) << outcome_.error;
+    EXPECT_EQ(default_printer(), "Adobe PDF,winspool,Ne00:");
+    Bstr unknown("Nowhere");
+    call(*object_.get(), L"SetDefPrinter", {value(unknown.get())}, outcome_);
+    EXPECT_EQ(outcome_.code, S_OK) << outcome_.error;
+    EXPECT_EQ(default_printer(), "Adobe PDF,winspool,Ne00:");
+}
+
 }  // namespace
 }  // namespace foliant::com

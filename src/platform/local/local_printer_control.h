@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/local/printers.h"
+#include "platform/local/registry_store.h"
+#include "platform/printer_control.h"
+
+namespace foliant::platform::local {
+
+/// The printers as the Windows NT family has them: the default one is an entry of the user's profile, which
+/// is kept in the settings store and so outlives the command.
+class LocalPrinterControl : public PrinterControl {
+  public:
+    /// Both outlive this.
+    LocalPrinterControl(Printers& printers, RegistryStore& store) : printers_(printers), store_(store) {}
+
+    std::uint32_t platform_identifier() override;
+    std::string profile_entry(const std::string& section, const std::string& key) override;
+    void write_profile_entry(const std::string& section, const std::string& key,
+                             const std::string& text) override;
+    void announce_profile_change(const std::string& section) override;
+    // Only the other family has printers that can be opened.
+    PrinterHandle open_printer(const std::string& name) override;
+    std::optional<PrinterInfo> printer_info(PrinterHandle printer) override;
+    bool set_printer_info(PrinterHandle printer, const PrinterInfo& info) override;
+    void close_printer(PrinterHandle printer) override;
+
+  private:
+    Printers& printers_;
+    RegistryStore& store_;
+};
+
+}  // namespace foliant::platform::local
