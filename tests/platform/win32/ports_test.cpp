@@ -10,6 +10,10 @@
 #include "platform/win32/text.h"
 #include "platform/win32/windows_platform.h"
 
+// clang-format off: it needs what the others bring
+#include <winspool.h>
+// clang-format on
+
 namespace foliant::platform::win32::test {
 namespace {
 
@@ -277,6 +281,51 @@ TEST_F(WindowsPorts, APrinterOfTheProfileBecomesTheDefaultAndEveryWindowIsTold) 
     char device[100];
     GetProfileStringA("windows", "Device", "", device, sizeof device);
     EXPECT_STREQ(device, "Adobe PDF,winspool,Ne00:");
+}
+
+/// A printer of the system, gone with this.
+class Printer {
+  public:
+    Printer(std::string name, std::string port, DWORD attributes) {
+        char none[] = "";
+        char processor[] = "WinPrint";
+        char driver[] = "PS Driver";
+        DRIVER_INFO_3A driver_info{};
+        driver_info.cVersion = 3;
+        driver_info.pName = driver_info.pDriverPath = driver_info.pDataFile = driver_info.pConfigFile =
+            driver;
+        AddPrinterDriverExA(nullptr, 3, reinterpret_cast<BYTE*>(&driver_info), APD_COPY_NEW_FILES);
+        PRINTER_INFO_2A info{};
+        info.pPrinterName = name.data();
+        info.pPortName = port.data();
+        info.pDriverName = driver;
+        info.pPrintProcessor = processor;
+        info.pShareName = info.pComment = info.pLocation = info.pParameters = info.pDatatype = none;
+        info.Attributes = attributes;
+        printer_ = AddPrinterA(nullptr, 2, reinterpret_cast<BYTE*>(&info));
+    }
+    Printer(const Printer&) = delete;
+    Printer& operator=(const Printer&) = delete;
+    ~Printer() {
+        DeletePrinter(printer_);
+        ClosePrinter(printer_);
+    }
+
+  private:
+    HANDLE printer_;
+};
+
+TEST_F(WindowsPorts, APrinterThatIsThereIsOpenedAndRead) {
+    const Printer added("Test printer", "LPT1:", 0x241);
+    const PrinterHandle printer = ports.printers.open_printer("Test printer");
+    ASSERT_NE(printer, 0);
+    const auto info = ports.printers.printer_info(printer);
+    ASSERT_TRUE(info.has_value());
+    EXPECT_EQ(info->name, "Test printer");
+    EXPECT_EQ(info->port, "LPT1:");
+    EXPECT_EQ(info->attributes, 0x241U);
+    ports.printers.close_printer(printer);
+    EXPECT_FALSE(ports.printers.printer_info(printer).has_value());
 }
 
 TEST_F(WindowsPorts, APrinterThatIsNotThereCannotBeOpened) {
