@@ -37,8 +37,8 @@ void raise(IDispatch& sink, const core::Event& event, std::span<const automation
     try {
         sink.Invoke(event.dispid, IID_NULL, library_locale, DISPATCH_METHOD, &parameters, result.get(),
                     &failure, nullptr);
-    } catch (
-        ...) {  // NOLINT(bugprone-empty-catch): what a sink throws stays with it, as what it returns does
+    } catch (...) {
+        // What a sink throws stays with it, as what it returns does.
     }
     SysFreeString(failure.bstrSource);
     SysFreeString(failure.bstrDescription);
