@@ -1,12 +1,11 @@
 // What the ports promise, kept by Windows itself.
 
-#include <atomic>
 #include <gtest/gtest.h>
 #include <ole2.h>
 #include <string>
-#include <thread>
 
 #include "automation/error.h"
+#include "platform/win32/profile_listener.h"
 #include "platform/win32/text.h"
 #include "platform/win32/windows_platform.h"
 
@@ -228,53 +227,13 @@ TEST_F(WindowsPorts, AClassThatNobodyHasRaises429) {
         EXPECT_EQ(error_of([&] { ports.servers.create(name); }), 429) << name;
 }
 
-/// A window on a thread of its own, as another program's, that notes the profile sections it is told of.
-class Listener {
-  public:
-    Listener() {
-        thread_ = std::thread([this] {
-            window_ = CreateWindowExW(0, L"Static", L"listener", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr,
-                                      nullptr, nullptr);
-            SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-            SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(note_section));
-            thread_id_ = GetCurrentThreadId();
-            MSG message;
-            while (GetMessageW(&message, nullptr, 0, 0) > 0)
-                DispatchMessageW(&message);
-        });
-        while (thread_id_ == 0)
-            Sleep(10);
-    }
-    Listener(const Listener&) = delete;
-    Listener& operator=(const Listener&) = delete;
-    ~Listener() {
-        PostThreadMessageW(thread_id_, WM_QUIT, 0, 0);
-        thread_.join();
-    }
-
-    const std::string& heard() const { return heard_; }
-
-  private:
-    static LRESULT CALLBACK note_section(HWND window, UINT message, WPARAM first, LPARAM second) {
-        if (message == WM_WININICHANGE)
-            reinterpret_cast<Listener*>(GetWindowLongPtrW(window, GWLP_USERDATA))->heard_ +=
-                to_utf8(reinterpret_cast<const wchar_t*>(second)) + ";";
-        return DefWindowProcW(window, message, first, second);
-    }
-
-    std::thread thread_;
-    std::atomic<DWORD> thread_id_ = 0;
-    HWND window_ = nullptr;
-    std::string heard_;
-};
-
 TEST_F(WindowsPorts, APrinterOfTheProfileBecomesTheDefaultAndEveryWindowIsTold) {
     WriteProfileStringA("PrinterPorts", "Adobe PDF", "winspool,Ne00:,15,45");
     EXPECT_EQ(ports.printers.platform_identifier(), 2U);
     EXPECT_EQ(ports.printers.profile_entry("PrinterPorts", "Adobe PDF"), "winspool,Ne00:,15,45");
     EXPECT_EQ(ports.printers.profile_entry("PrinterPorts", "Nowhere"), "");
     EXPECT_EQ(ports.printers.profile_entry("PrinterPorts", ""), "");
-    const Listener other_program;
+    const ProfileListener other_program;
     ports.printers.write_profile_entry("windows", "Device", "Adobe PDF,winspool,Ne00:");
     ports.printers.announce_profile_change("windows");
     EXPECT_EQ(other_program.heard(), "windows;");
