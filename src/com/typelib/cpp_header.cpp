@@ -21,7 +21,7 @@ std::string initializer(const GUID& id) {
 void write_enumeration(std::ostream& out, const Enumeration& enumeration) {
     out << "/* " << enumeration.help << " */\ntypedef enum " << enumeration.name << " {\n";
     for (const EnumerationEntry& entry : enumeration.entries)
-        out << "    " << entry.name << " = " << entry.value << ",\n";
+        out << "    " << entry.name << " = " << entry.value << ", /* " << entry.help << " */\n";
     out << "} " << enumeration.name << ";\n\n";
 }
 
@@ -38,8 +38,8 @@ std::string function_name(const core::Member& member) {
 }
 
 void write_member(std::ostream& out, const core::Member& member) {
-    out << "    /* " << member.help << " */\n    virtual HRESULT STDMETHODCALLTYPE " << function_name(member)
-        << "(";
+    out << "    /* " << help_text(member) << " */\n    virtual HRESULT STDMETHODCALLTYPE "
+        << function_name(member) << "(";
     const char* separator = "";
     for (const core::Parameter& parameter : member.parameters()) {
         out << separator << type_name(parameter.type) << (parameter.by_reference ? "* " : " ")

@@ -53,7 +53,7 @@ std::string_view kind_attribute(core::MemberKind kind) {
 
 void write_member(std::ostream& out, const core::Member& member) {
     out << "        [id(" << hexadecimal(member.dispid) << ")" << kind_attribute(member.kind)
-        << ", helpstring(\"" << member.help << "\")]\n        HRESULT " << member.name << "(";
+        << ", helpstring(\"" << help_text(member) << "\")]\n        HRESULT " << member.name << "(";
     const char* separator = "";
     for (const core::Parameter& parameter : member.parameters()) {
         out << separator << "\n            ";

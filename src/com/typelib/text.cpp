@@ -5,6 +5,7 @@
 
 #include "com/identifiers.h"
 #include "core/build_pdf.h"
+#include "core/parameter_help.h"
 
 namespace foliant::com::typelib {
 namespace {
@@ -13,14 +14,19 @@ using core::AlignType;
 using core::ReadType;
 
 constexpr std::array align_entries{
-    EnumerationEntry{"qrxAlignLeft", static_cast<std::int32_t>(AlignType::qrxAlignLeft)},
-    EnumerationEntry{"qrxAlignCenter", static_cast<std::int32_t>(AlignType::qrxAlignCenter)},
-    EnumerationEntry{"qrxAlignRight", static_cast<std::int32_t>(AlignType::qrxAlignRight)},
+    EnumerationEntry{"qrxAlignLeft", static_cast<std::int32_t>(AlignType::qrxAlignLeft),
+                     "At the left margin."},
+    EnumerationEntry{"qrxAlignCenter", static_cast<std::int32_t>(AlignType::qrxAlignCenter),
+                     "In the middle between the margins."},
+    EnumerationEntry{"qrxAlignRight", static_cast<std::int32_t>(AlignType::qrxAlignRight),
+                     "At the right margin."},
 };
 constexpr std::array read_entries{
-    EnumerationEntry{"qrxReadNone", static_cast<std::int32_t>(ReadType::qrxReadNone)},
-    EnumerationEntry{"qrxReadCurrentPage", static_cast<std::int32_t>(ReadType::qrxReadCurrentPage)},
-    EnumerationEntry{"qrxReadDocument", static_cast<std::int32_t>(ReadType::qrxReadDocument)},
+    EnumerationEntry{"qrxReadNone", static_cast<std::int32_t>(ReadType::qrxReadNone), "Nothing."},
+    EnumerationEntry{"qrxReadCurrentPage", static_cast<std::int32_t>(ReadType::qrxReadCurrentPage),
+                     "The page that is shown."},
+    EnumerationEntry{"qrxReadDocument", static_cast<std::int32_t>(ReadType::qrxReadDocument),
+                     "The whole document."},
 };
 constexpr std::array all_enumerations{
     Enumeration{"AlignType", align_type_id, "Where a header, footer or page number stands.", align_entries},
@@ -67,6 +73,15 @@ std::string text_of(const GUID& id) {
 std::string hexadecimal(std::int32_t number) {
     char text[12];
     std::snprintf(text, sizeof text, "0x%08X", static_cast<unsigned>(number));
+    return text;
+}
+
+std::string help_text(const core::Member& member) {
+    std::string text(member.help);
+    for (const core::Parameter& parameter : member.parameters()) {
+        text += ' ' + std::string(parameter.name) + ": " +
+                std::string(core::parameter_help(member, parameter)) + '.';
+    }
     return text;
 }
 

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "core/conversion.h"
+#include "core/member.h"
 
 /// The faces of the member table that Windows clients see: type library source and C++ header.
 namespace foliant::com::typelib {
@@ -24,6 +25,7 @@ std::string hexadecimal(std::int32_t number);
 struct EnumerationEntry {
     std::string_view name;
     std::int32_t value;
+    std::string_view help;
 };
 struct Enumeration {
     std::string_view name;
@@ -33,8 +35,13 @@ struct Enumeration {
 };
 std::span<const Enumeration> enumerations() noexcept;
 
-/// The source that widl compiles. Two things that widl does not know are added to its result by `arrange`:
-/// slots in another order than the library's own list, and defaults of texts that go by reference.
+/// What a member does and what each of its parameters means. A type library has no place for help on single
+/// parameters, so they follow in the help of their member.
+std::string help_text(const core::Member& member);
+
+/// The source that widl compiles. Three things that widl does not know are added to its result by `arrange`:
+/// slots in another order than the library's own list, defaults of texts that go by reference, and help on
+/// the values of enumerations.
 std::string idl();
 
 /// A header for C++ clients that call by slot.

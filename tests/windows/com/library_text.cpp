@@ -130,8 +130,9 @@ std::string function_text(ITypeInfo& type, UINT index) {
 std::string constant_text(ITypeInfo& type, UINT index) {
     VARDESC* constant = nullptr;
     if (FAILED(type.GetVarDesc(index, &constant))) return "?\n";
-    const std::string text = "  " + names_of(type, constant->memid).name + " = " +
-                             std::to_string(constant->lpvarValue->lVal) + "\n";
+    const Names names = names_of(type, constant->memid);
+    const std::string text =
+        "  " + names.name + " = " + std::to_string(constant->lpvarValue->lVal) + " \"" + names.help + "\"\n";
     type.ReleaseVarDesc(constant);
     return text;
 }
