@@ -46,6 +46,19 @@ TEST_F(WordToPdf, ThroughPostScriptTheTextIsStillText) {
     EXPECT_EQ(shop.files(), (std::set<std::string>{"letter.pdf"}));
 }
 
+TEST_F(WordToPdf, NamesMayHaveAnyLetterInAnyLocale) {
+    const std::string document = "Größe č #1 100%.docx";
+    std::filesystem::copy(letter, shop.path(document));
+    const std::string former = std::getenv("LC_ALL") != nullptr ? std::getenv("LC_ALL") : "";
+    for (const char* locale : {"C", "C.UTF-8", "de_DE.ISO-8859-1", "no_SUCH.UTF-8"}) {
+        setenv("LC_ALL", locale, 1);
+        expect_success({"CreatePDFfromWord", "Größe č.pdf", document});
+        EXPECT_NE(shop.text("Größe č.pdf").find("čeština"), std::string::npos) << locale;
+        std::filesystem::remove(shop.path("Größe č.pdf"));
+    }
+    setenv("LC_ALL", former.c_str(), 1);
+}
+
 TEST_F(WordToPdf, ThroughThePrinterTheDialogIsAnswered) {
     expect_success({"CreatePDFfromWord2", "letter.pdf", letter});
     EXPECT_GE(shop.pages("letter.pdf"), 3);

@@ -46,7 +46,8 @@ struct CallGuard {
 /// What else surrounds its start. The signals that end a process are held back until this is destroyed, and
 /// the threads that LibreOffice starts inherit that, so none of them ever receives one in place of the
 /// program's own. The C locale is put back as it was, and no folder for settings is made in the user's home:
-/// `folder` stands in for it.
+/// `folder` stands in for it. Where the user's locale is not one of UTF-8, or not installed, C.UTF-8 stands
+/// in for it: LibreOffice would not find files whose names are not ASCII.
 class StartGuard {
   public:
     explicit StartGuard(const std::filesystem::path& folder);
@@ -58,6 +59,7 @@ class StartGuard {
     sigset_t mask_;
     std::string locale_;
     EnvironmentGuard settings_folder_;
+    std::optional<EnvironmentGuard> utf8_;
 };
 
 }  // namespace foliant::hosts::office
