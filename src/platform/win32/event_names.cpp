@@ -40,7 +40,7 @@ class TypeAttributes {
 std::string member_name(ITypeInfo& type, MEMBERID member) {
     BSTR name = nullptr;
     if (FAILED(type.GetDocumentation(member, &name, nullptr, nullptr, nullptr))) return {};
-    std::string utf8 = to_utf8(name);
+    std::string utf8 = from_bstr(name);
     SysFreeString(name);
     return utf8;
 }

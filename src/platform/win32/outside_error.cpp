@@ -27,7 +27,7 @@ std::string usual_text(HRESULT result, std::int32_t number) {
 }
 
 std::string take(BSTR& text) {
-    std::string utf8 = to_utf8(text);
+    std::string utf8 = from_bstr(text);
     SysFreeString(std::exchange(text, nullptr));
     return utf8;
 }

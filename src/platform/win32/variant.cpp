@@ -136,7 +136,7 @@ Value from_plain(VARTYPE type, const void* data) {
         case VT_CY:
             return from_currency(at(CY{}));
         case VT_BSTR:
-            return to_utf8(at(BSTR{}));
+            return from_bstr(at(BSTR{}));
         case VT_DISPATCH:
             return from_dispatch(at(static_cast<IDispatch*>(nullptr)));
         case VT_UNKNOWN:
@@ -247,7 +247,7 @@ Bstr::Bstr(std::string_view utf8) {
     if (text_ == nullptr) throw Error(RuntimeError::out_of_memory);
 }
 
-std::string to_utf8(BSTR text) {
+std::string from_bstr(BSTR text) {
     return text == nullptr ? std::string() : to_utf8(std::wstring_view(text, SysStringLen(text)));
 }
 

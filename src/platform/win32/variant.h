@@ -27,7 +27,11 @@ class Bstr {
 };
 
 /// UTF-8 of an automation string, NULs inside it included; a null one is "".
-std::string to_utf8(BSTR text);
+std::string from_bstr(BSTR text);
+/// A pointer to characters that may be changed is either an automation string, which knows its length, or
+/// ends with a NUL; which of them, the compiler cannot tell: `from_bstr(text)` or
+/// `to_utf8(std::wstring_view(text))`.
+std::string to_utf8(wchar_t* text) = delete;
 
 /// A VARIANT that is cleared when it goes away.
 class Variant {

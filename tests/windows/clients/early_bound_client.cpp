@@ -17,7 +17,7 @@ namespace {
 
 using foliant::platform::win32::Bstr;
 using foliant::platform::win32::ComPointer;
-using foliant::platform::win32::to_utf8;
+using foliant::platform::win32::from_bstr;
 using foliant::platform::win32::Variant;
 using foliant::tests::clients::connect;
 using foliant::tests::clients::list_of_files;
@@ -76,8 +76,8 @@ void tell(HRESULT result) {
         info->GetSource(&source);
         info->GetDescription(&description);
     }
-    std::printf("error %08lX %s: %s\n", static_cast<unsigned long>(result), to_utf8(source).c_str(),
-                to_utf8(description).c_str());
+    std::printf("error %08lX %s: %s\n", static_cast<unsigned long>(result), from_bstr(source).c_str(),
+                from_bstr(description).c_str());
     SysFreeString(source);
     SysFreeString(description);
 }
@@ -93,7 +93,7 @@ int run(const std::string& member, const std::string& folder) {
     pdf->put_TempFilePath(Text(folder).get());
     Text printer("");
     tell(make_call(*pdf.get(), member, folder, printer));
-    std::printf("printer \"%s\"\n", to_utf8(printer.get()).c_str());
+    std::printf("printer \"%s\"\n", from_bstr(printer.get()).c_str());
     return 0;
 }
 

@@ -15,6 +15,7 @@ namespace {
 
 using com::ComPointer;
 using platform::win32::Bstr;
+using platform::win32::from_bstr;
 using platform::win32::to_utf8;
 using servers::Kind;
 
@@ -79,7 +80,7 @@ TEST_P(Events, ReachSinksThatFailLeaveRemoveEachOtherAndCallBack) {
         if (event != Foliant::DISPID_LogMessage) return S_OK;
         BSTR printer = nullptr;
         EXPECT_EQ(pdf_->PrinterName(&printer), S_OK);
-        servers::record("calling: reads " + to_utf8(printer));
+        servers::record("calling: reads " + from_bstr(printer));
         SysFreeString(printer);
         return S_OK;
     });

@@ -3,6 +3,7 @@
 //
 //     late_bound_client MEMBER FOLDER
 //     late_bound_client "CreatePDFfromPS, a variant variable" FOLDER
+//     late_bound_client "CreatePDFfromWord2, closing Acrobat" FOLDER
 //     late_bound_client "CreatePDFfromMultiPS, KIND OF LIST" FOLDER
 
 #include <cstdio>
@@ -91,6 +92,9 @@ void make_call(IDispatch& pdf, const std::string& member, const std::string& fol
     } else if (member == "CreatePDFfromWord2") {
         call(pdf, L"CreatePDFfromWord2", {value(out_pdf.get()), value(in_doc.get()), variable}, outcome,
              {L"strDistiller"});
+    } else if (member == "CreatePDFfromWord2, closing Acrobat") {
+        call(pdf, L"CreatePDFfromWord2", {value(out_pdf.get()), value(in_doc.get()), variable, yes}, outcome,
+             {L"strDistiller", L"blnCloseAcrobat"});
     }
 }
 
@@ -119,7 +123,7 @@ int run(const std::string& member, const std::string& folder) {
     } else {
         std::printf("error %s\n", outcome.error.c_str());
     }
-    std::printf("printer \"%s\"\n", foliant::platform::win32::to_utf8(printer).c_str());
+    std::printf("printer \"%s\"\n", foliant::platform::win32::from_bstr(printer).c_str());
     SysFreeString(printer);
     return 0;
 }

@@ -20,7 +20,7 @@ static_assert(Foliant::DISPID_JobStart == 1 && Foliant::DISPID_PageNumber == 6);
 /// What a client sees of an argument, which comes by reference.
 std::string shown(const VARIANTARG& argument) {
     if (argument.vt == (VT_BYREF | VT_BSTR))
-        return "\"" + platform::win32::to_utf8(*argument.pbstrVal) + "\"";
+        return "\"" + platform::win32::from_bstr(*argument.pbstrVal) + "\"";
     if (argument.vt == (VT_BYREF | VT_I4)) return std::to_string(*argument.plVal);
     return "type " + std::to_string(argument.vt);
 }

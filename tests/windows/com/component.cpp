@@ -14,7 +14,7 @@ std::wstring Component::path() {
     return path;
 }
 
-Component::Component() : library_(LoadLibraryW(path().c_str())) {
+Component::Component(const std::wstring& path) : library_(LoadLibraryW(path.c_str())) {
     if (library_ == nullptr) throw std::runtime_error("Foliant.dll cannot be loaded");
 }
 
@@ -104,8 +104,8 @@ void call(IDispatch& object, const std::wstring& member, std::initializer_list<V
     if (outcome.code == DISP_E_EXCEPTION) {
         char number[9];
         std::snprintf(number, sizeof number, "%08lX", static_cast<unsigned long>(failure.scode));
-        outcome.error = std::string(number) + " " + platform::win32::to_utf8(failure.bstrSource) + ": " +
-                        platform::win32::to_utf8(failure.bstrDescription);
+        outcome.error = std::string(number) + " " + platform::win32::from_bstr(failure.bstrSource) + ": " +
+                        platform::win32::from_bstr(failure.bstrDescription);
     }
     SysFreeString(failure.bstrSource);
     SysFreeString(failure.bstrDescription);

@@ -18,7 +18,8 @@ using platform::win32::Variant;
 /// takes no part in it.
 class Component {
   public:
-    Component();
+    /// Loads the library that the build has made, or a copy of it.
+    explicit Component(const std::wstring& path = Component::path());
     Component(const Component&) = delete;
     Component& operator=(const Component&) = delete;
     ~Component();

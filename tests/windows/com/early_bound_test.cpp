@@ -9,7 +9,7 @@ namespace foliant::com {
 namespace {
 
 using platform::win32::Bstr;
-using platform::win32::to_utf8;
+using platform::win32::from_bstr;
 
 class EarlyBound : public testing::Test {
   protected:
@@ -25,7 +25,7 @@ std::string error_info() {
     BSTR description = nullptr;
     info->GetSource(&source);
     info->GetDescription(&description);
-    const std::string text = to_utf8(source) + ": " + to_utf8(description);
+    const std::string text = from_bstr(source) + ": " + from_bstr(description);
     SysFreeString(source);
     SysFreeString(description);
     return text;
@@ -34,7 +34,7 @@ std::string error_info() {
 TEST_F(EarlyBound, ResultsArriveThroughTheirPlaces) {
     BSTR text = nullptr;
     EXPECT_EQ(object_->PrinterName(&text), S_OK);
-    EXPECT_EQ(to_utf8(text), "Acrobat Distiller");
+    EXPECT_EQ(from_bstr(text), "Acrobat Distiller");
     SysFreeString(text);
     EXPECT_EQ(object_->PrinterName(nullptr), E_POINTER);
 }
@@ -44,7 +44,7 @@ TEST_F(EarlyBound, TheAccessorsAreTheLastSlots) {
     EXPECT_EQ(object_->put_TempFilePath(folder.get()), S_OK);
     BSTR text = nullptr;
     EXPECT_EQ(object_->get_TempFilePath(&text), S_OK);
-    EXPECT_EQ(to_utf8(text), "C:\\windows\\");
+    EXPECT_EQ(from_bstr(text), "C:\\windows\\");
     SysFreeString(text);
 }
 

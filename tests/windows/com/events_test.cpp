@@ -10,7 +10,7 @@ namespace foliant::com {
 namespace {
 
 using automation::Value;
-using platform::win32::to_utf8;
+using platform::win32::from_bstr;
 
 /// What the connection point is a part of; counts references and has nothing else.
 class Owner final : public IConnectionPointContainer {
@@ -48,7 +48,7 @@ class Sink final : public IDispatch {
         seen += std::to_string(id) + "(";
         for (UINT i = sent->cArgs; i-- > 0;) {
             const VARIANTARG& argument = sent->rgvarg[i];
-            if (argument.vt == (VT_BYREF | VT_BSTR)) seen += to_utf8(*argument.pbstrVal);
+            if (argument.vt == (VT_BYREF | VT_BSTR)) seen += from_bstr(*argument.pbstrVal);
             if (argument.vt == (VT_BYREF | VT_I4)) seen += std::to_string(*argument.plVal);
             if (i > 0) seen += ", ";
         }

@@ -6,7 +6,7 @@ namespace foliant::com {
 namespace {
 
 using platform::win32::Bstr;
-using platform::win32::to_utf8;
+using platform::win32::from_bstr;
 
 constexpr char no_file[] = "80004100 Foliant: File C:\\no.ps does not exist.";
 
@@ -31,7 +31,7 @@ TEST_F(LateBound, AMethodWithAResultIsCalledAsMethodOrReadAsProperty) {
         call(*object_.get(), L"PrinterName", {}, outcome_, {}, static_cast<WORD>(flags));
         EXPECT_EQ(outcome_.code, S_OK) << flags;
         ASSERT_EQ(outcome_.result->vt, VT_BSTR);
-        EXPECT_EQ(to_utf8(outcome_.result->bstrVal), "Acrobat Distiller");
+        EXPECT_EQ(from_bstr(outcome_.result->bstrVal), "Acrobat Distiller");
     }
 }
 
@@ -41,7 +41,7 @@ TEST_F(LateBound, APropertyIsReadAndAssigned) {
     EXPECT_EQ(outcome_.code, S_OK);
     call(*object_.get(), L"TempFilePath", {}, outcome_, {}, DISPATCH_PROPERTYGET);
     ASSERT_EQ(outcome_.result->vt, VT_BSTR);
-    EXPECT_EQ(to_utf8(outcome_.result->bstrVal), "C:\\windows\\");
+    EXPECT_EQ(from_bstr(outcome_.result->bstrVal), "C:\\windows\\");
 }
 
 TEST_F(LateBound, AMissingFileIsTheComponentsOwnError) {

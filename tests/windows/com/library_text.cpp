@@ -12,6 +12,7 @@ namespace foliant::com {
 namespace {
 
 using platform::win32::ComPointer;
+using platform::win32::from_bstr;
 using platform::win32::to_utf8;
 using platform::win32::Variant;
 
@@ -30,7 +31,7 @@ std::string text_of(const GUID& id) {
 }
 
 std::string taken(BSTR text) {
-    std::string result = to_utf8(text);
+    std::string result = from_bstr(text);
     SysFreeString(text);
     return result;
 }
@@ -84,7 +85,7 @@ std::string type_text(ITypeInfo& type, const TYPEDESC& description) {
 std::string default_text(const PARAMDESC& parameter) {
     if ((parameter.wParamFlags & PARAMFLAG_FHASDEFAULT) == 0) return "";
     VARIANT& value = parameter.pparamdescex->varDefaultValue;
-    if (value.vt == VT_BSTR) return " = \"" + to_utf8(value.bstrVal) + "\"";
+    if (value.vt == VT_BSTR) return " = \"" + from_bstr(value.bstrVal) + "\"";
     Variant number;
     VariantChangeType(number.get(), &value, 0, VT_I4);
     return " = " + std::to_string(number->lVal) + " (VT_" + std::to_string(value.vt) + ")";
@@ -112,12 +113,12 @@ std::string function_text(ITypeInfo& type, UINT index) {
         text = "  [" + std::to_string(static_cast<long>(slot) - static_cast<long>(slots_before_the_members)) +
                "] " + hexadecimal(static_cast<unsigned long>(function->memid)) + " kind " +
                std::to_string(function->invkind) + " " + type_text(type, function->elemdescFunc.tdesc) + " " +
-               to_utf8(names[0]) + " \"" + names_of(type, function->memid).help + "\"\n";
+               from_bstr(names[0]) + " \"" + names_of(type, function->memid).help + "\"\n";
         for (SHORT i = 0; i < function->cParams; ++i) {
             const ELEMDESC& parameter = function->lprgelemdescParam[i];
             const auto name = static_cast<std::size_t>(i) + 1;
             text += "      " + flags_text(parameter.paramdesc.wParamFlags) +
-                    type_text(type, parameter.tdesc) + " " + (name < count ? to_utf8(names[name]) : "") +
+                    type_text(type, parameter.tdesc) + " " + (name < count ? from_bstr(names[name]) : "") +
                     default_text(parameter.paramdesc) + "\n";
         }
     }

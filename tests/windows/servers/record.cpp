@@ -7,6 +7,7 @@
 
 namespace foliant::tests::servers {
 
+using platform::win32::from_bstr;
 using platform::win32::to_utf8;
 
 namespace {
@@ -47,7 +48,7 @@ std::string content(const VARIANT& variant) {
         case VT_R8:
             return " " + std::to_string(variant.dblVal);
         case VT_BSTR:
-            return " \"" + to_utf8(variant.bstrVal) + "\"";
+            return " \"" + from_bstr(variant.bstrVal) + "\"";
         case VT_BOOL:
             return variant.boolVal == VARIANT_FALSE ? " False" : " True";
         default:
