@@ -5,7 +5,7 @@
 #include <string>
 
 #include "automation/error.h"
-#include "platform/win32/profile_listener.h"
+#include "platform/win32/listening_window.h"
 #include "platform/win32/text.h"
 #include "platform/win32/windows_platform.h"
 
@@ -233,7 +233,7 @@ TEST_F(WindowsPorts, APrinterOfTheProfileBecomesTheDefaultAndEveryWindowIsTold) 
     EXPECT_EQ(ports.printers.profile_entry("PrinterPorts", "Adobe PDF"), "winspool,Ne00:,15,45");
     EXPECT_EQ(ports.printers.profile_entry("PrinterPorts", "Nowhere"), "");
     EXPECT_EQ(ports.printers.profile_entry("PrinterPorts", ""), "");
-    const ProfileListener other_program;
+    const ListeningWindow other_program;
     ports.printers.write_profile_entry("windows", "Device", "Adobe PDF,winspool,Ne00:");
     ports.printers.announce_profile_change("windows");
     EXPECT_EQ(other_program.heard(), "windows;");

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <tlhelp32.h>
 
+#include "platform/win32/text.h"
 #include "windows/servers/classes.h"
 
 namespace foliant::tests::clients {
@@ -14,6 +15,17 @@ std::wstring in_system_folder(const wchar_t* name) {
     std::array<wchar_t, MAX_PATH> folder{};
     GetSystemDirectoryW(folder.data(), MAX_PATH);
     return std::wstring(folder.data()) + L"\\" + name;
+}
+
+std::wstring in_temporary_folder(const wchar_t* name) {
+    std::array<wchar_t, MAX_PATH> folder{};
+    GetTempPathW(MAX_PATH, folder.data());
+    return std::wstring(folder.data()) + name;
+}
+
+void copy(const std::wstring& from, const std::wstring& to) {
+    if (CopyFileW(from.c_str(), to.c_str(), FALSE) == 0)
+        throw std::runtime_error("cannot copy to " + platform::win32::to_utf8(to));
 }
 
 bool runs(const wchar_t* program) {
@@ -45,16 +57,24 @@ bool stops(Question&& question) {
 
 }  // namespace
 
-RegisteredComponent::RegisteredComponent() : sender_(in_system_folder(L"quorixsend.exe")) {
-    if (FAILED(library_.register_server())) throw std::runtime_error("Foliant.dll cannot be registered");
-    if (CopyFileW(QUORIXSEND_EXE, sender_.c_str(), FALSE) == 0)
-        throw std::runtime_error("quorixsend.exe cannot be copied");
+RegisteredComponent::RegisteredComponent(Sender sender) : folder_(in_temporary_folder(L"foliant library")) {
+    CreateDirectoryW(folder_.c_str(), nullptr);
+    const std::wstring library = folder_ + L"\\Foliant.dll";
+    copy(com::Component::path(), library);
+    if (sender == Sender::in_system_folder) sender_ = in_system_folder(L"quorixsend.exe");
+    if (sender == Sender::beside_library) sender_ = folder_ + L"\\quorixsend.exe";
+    if (!sender_.empty()) copy(QUORIXSEND_EXE, sender_);
+    library_.emplace(library);
+    if (FAILED(library_->register_server())) throw std::runtime_error("Foliant.dll cannot be registered");
 }
 
 RegisteredComponent::~RegisteredComponent() {
     senders_end();
+    library_->unregister_server();
+    library_.reset();
     DeleteFileW(sender_.c_str());
-    library_.unregister_server();
+    DeleteFileW((folder_ + L"\\Foliant.dll").c_str());
+    RemoveDirectoryW(folder_.c_str());
 }
 
 bool senders_end() {

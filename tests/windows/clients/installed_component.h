@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "windows/com/component.h"
@@ -7,24 +8,28 @@
 
 namespace foliant::tests::clients {
 
-/// Foliant as a user has it, for as long as this lives: Foliant.dll registered, quorixsend.exe in the
-/// system's folder.
+/// Where quorixsend.exe is.
+enum class Sender { in_system_folder, beside_library, nowhere };
+
+/// Foliant as a user has it, for as long as this lives: Foliant.dll, in a folder of its own, is registered.
 class RegisteredComponent {
   public:
-    RegisteredComponent();
+    explicit RegisteredComponent(Sender sender = Sender::in_system_folder);
     RegisteredComponent(const RegisteredComponent&) = delete;
     RegisteredComponent& operator=(const RegisteredComponent&) = delete;
     ~RegisteredComponent();
 
   private:
-    com::Component library_;
-    std::wstring sender_;
+    std::wstring folder_;
+    std::wstring sender_;  ///< its path; empty when there is none
+    std::optional<com::Component> library_;
 };
 
 /// The same with recorded hosts under the identifiers of Word and Distiller.
 class InstalledComponent {
   public:
-    explicit InstalledComponent(servers::Kind hosts) : hosts_(hosts, true) {}
+    explicit InstalledComponent(servers::Kind hosts, Sender sender = Sender::in_system_folder)
+        : hosts_(hosts, true), component_(sender) {}
     ~InstalledComponent() { hosts_end(); }
 
     /// What hosts have recorded that never learned whose they were.

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/win32/profile_listener.h"
+#include "platform/win32/listening_window.h"
 #include "platform/win32/text.h"
 #include "windows/servers/record.h"
 
@@ -11,7 +11,7 @@ namespace foliant::tests::printers {
 namespace {
 
 using platform::win32::to_utf16;
-using platform::win32::test::ProfileListener;
+using platform::win32::test::ListeningWindow;
 
 constexpr const wchar_t* settings_of_the_client = L"Software\\Wine\\AppDefaults\\printer_client.exe";
 
@@ -36,7 +36,7 @@ class DefaultPrinter : public testing::Test {
     /// One call: what was asked of the printers, the sections that windows were told of, and the default
     /// printer afterwards.
     static std::string set_default_printer(const std::string& name) {
-        const ProfileListener other_program;
+        const ListeningWindow other_program;
         std::wstring command = L"\"" PRINTER_CLIENT L"\" \"" + to_utf16(name) + L"\"";
         STARTUPINFOW startup{};
         startup.cb = sizeof startup;

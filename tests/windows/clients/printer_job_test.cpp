@@ -1,0 +1,123 @@
+// What surrounds printing to a PDF printer, through the registered component and on real windows: the message
+// when there is no sender, and the Acrobat window that is to be closed.
+
+#include <gtest/gtest.h>
+
+#include "platform/win32/listening_window.h"
+#include "platform/win32/text.h"
+#include "windows/clients/client_run.h"
+#include "windows/clients/installed_component.h"
+#include "windows/sender/sender_process.h"
+
+namespace foliant::tests::clients {
+namespace {
+
+using platform::win32::to_utf8;
+using platform::win32::test::ListeningWindow;
+using sender::win32::test::SenderProcess;
+using servers::Kind;
+
+constexpr char member[] = "CreatePDFfromWord2";
+constexpr char closing[] = "CreatePDFfromWord2, closing Acrobat";
+
+/// What a call comes to when all goes well, whatever becomes of Acrobat.
+std::string expected_of_a_good_call() {
+    return without(expected("CreatePDFfromWord2.txt"), "window ");
+}
+
+class ClosingAcrobat : public testing::Test {
+  protected:
+    static void make_call(const char* what) {
+        EXPECT_EQ(without(ClientRun(Client::late_bound, what, "acrobat").result(), "window "),
+                  expected_of_a_good_call());
+    }
+
+    InstalledComponent component_{Kind::in_process};
+};
+
+TEST_F(ClosingAcrobat, ClosesTheWindowThatShowsTheNewPdf) {
+    const ListeningWindow other(L"Adobe Acrobat - [other.pdf]");
+    const ListeningWindow acrobat(L"Adobe Acrobat - [OUT.pdf]");
+    make_call(closing);
+    EXPECT_EQ(acrobat.heard(), "close;");
+    EXPECT_EQ(other.heard(), "");
+}
+
+TEST_F(ClosingAcrobat, ClosesTheWindowOfAcrobatProfessional) {
+    const ListeningWindow acrobat(L"Adobe Acrobat Professional - [out.pdf]");
+    make_call(closing);
+    EXPECT_EQ(acrobat.heard(), "close;");
+}
+
+TEST_F(ClosingAcrobat, IsNotDoneUnlessAskedFor) {
+    const ListeningWindow acrobat(L"Adobe Acrobat - [out.pdf]");
+    make_call(member);
+    EXPECT_EQ(acrobat.heard(), "");
+}
+
+/// The installation is one for whose senders the command lines name the system's folder, whatever else is
+/// there.
+TEST(WithoutSenderInTheSystemFolder, AnOtherOneIsNotStarted) {
+    const InstalledComponent component(Kind::in_process, Sender::beside_library);
+    const std::string result = ClientRun(Client::late_bound, member, "beside").result();
+    EXPECT_NE(result.find("error 800A0035 Foliant: Cannot start a program: File not found.\n"),
+              std::string::npos)
+        << result;
+    EXPECT_EQ(result.find("PrintOut"), std::string::npos) << result;
+    EXPECT_NE(result.find("release Document\nWord.Application.Quit() METHOD|GET\nrelease Word.Application\n"),
+              std::string::npos)
+        << result;
+}
+
+BOOL CALLBACK add_text(HWND window, LPARAM texts) {
+    wchar_t text[400]{};
+    GetWindowTextW(window, text, 400);
+    if (text[0] != 0) *reinterpret_cast<std::string*>(texts) += to_utf8(std::wstring_view(text)) + "\n";
+    return TRUE;
+}
+
+/// The texts of a window and of what is in it, a line each.
+std::string texts_of(HWND window) {
+    std::string texts;
+    add_text(window, reinterpret_cast<LPARAM>(&texts));
+    EnumChildWindows(window, add_text, reinterpret_cast<LPARAM>(&texts));
+    return texts;
+}
+
+HWND wait_for_window(const wchar_t* caption) {
+    constexpr int rounds = 600;
+    constexpr DWORD pause_ms = 50;
+    HWND window = nullptr;
+    for (int i = 0; i < rounds && window == nullptr; ++i) {
+        Sleep(pause_ms);
+        window = FindWindowW(nullptr, caption);
+    }
+    return window;
+}
+
+/// Senders of the test's own stand for the person who reads the message and answers the dialogs.
+TEST(WithoutAnySender, AMessageSaysSoAndTheDialogsWaitForAPerson) {
+    const InstalledComponent component(Kind::in_process, Sender::nowhere);
+    ClientRun run(Client::late_bound, member, "nowhere");
+    const HWND message = wait_for_window(L"File QUORIXSEND.EXE not found");
+    ASSERT_NE(message, nullptr);
+    EXPECT_EQ(
+        texts_of(message),
+        "File QUORIXSEND.EXE not found\n"
+        "OK\n"
+        "Error! Can't find file QUORIXSEND.EXE. Please copy this file into the same path as QUORIX.OCX or "
+        "into your Window's System Directory.\n");
+    EXPECT_NE(GetWindowLongPtrW(message, GWL_EXSTYLE) & WS_EX_TOPMOST, 0) << "for the whole system";
+    SenderProcess reads("file quorixsend.exe not found~Button~~0~0~");
+    EXPECT_EQ(reads.wait(), 0);
+    SenderProcess names_the_file("save pdf file as~Edit~" + to_utf8(ClientRun::folder_of("nowhere")) +
+                                 "out.pdf~0~0~");
+    SenderProcess reads_the_notice("adobe pdf - security~Button~~0~0~");
+    EXPECT_EQ(without(run.result(), "window "), expected_of_a_good_call());
+    EXPECT_EQ(names_the_file.wait(), 0);
+    EXPECT_EQ(reads_the_notice.wait(), 0);
+    EXPECT_TRUE(run.has(L"out.pdf"));
+}
+
+}  // namespace
+}  // namespace foliant::tests::clients
