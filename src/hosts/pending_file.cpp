@@ -8,6 +8,9 @@
 #include <system_error>
 
 namespace foliant::hosts {
+
+using posix::FileDescriptor;
+
 namespace {
 
 constexpr mode_t new_file_rights = 0666;  // less the umask

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string_view>
 
-#include "hosts/file_descriptor.h"
+#include "posix/file_descriptor.h"
 
 namespace foliant::hosts {
 
@@ -48,7 +48,7 @@ class PendingFile {
 
     std::filesystem::path target_;
     std::filesystem::path hidden_;  ///< its name so far; empty while it has none
-    FileDescriptor file_;
+    posix::FileDescriptor file_;
 };
 
 }  // namespace foliant::hosts

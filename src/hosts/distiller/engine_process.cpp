@@ -15,6 +15,9 @@
 #include "hosts/distiller/distill_error.h"
 
 namespace foliant::hosts::distiller {
+
+using posix::FileDescriptor;
+
 namespace {
 
 constexpr int kAskEvery = 50;  // ms

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "hosts/distiller/engine/protocol.h"
-#include "hosts/file_descriptor.h"
+#include "posix/file_descriptor.h"
 
 namespace foliant::hosts::distiller {
 
@@ -39,7 +39,7 @@ class EngineProcess {
     void read_more();
 
     pid_t process_ = -1;
-    FileDescriptor records_;
+    posix::FileDescriptor records_;
     bool at_end_ = false;
     int batches_ = 0;
     std::string unfinished_;

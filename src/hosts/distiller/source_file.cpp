@@ -10,9 +10,12 @@
 
 #include "hosts/distiller/distill_error.h"
 #include "hosts/distiller/driver_file.h"
-#include "hosts/file_descriptor.h"
+#include "posix/file_descriptor.h"
 
 namespace foliant::hosts::distiller {
+
+using posix::FileDescriptor;
+
 namespace {
 
 constexpr std::size_t kSampleBytes = 32768;

@@ -5,10 +5,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "platform/local/descriptor.h"
 #include "platform/local/system_error.h"
+#include "posix/file_descriptor.h"
 
 namespace foliant::platform::local {
+
+using posix::FileDescriptor;
 
 using automation::RuntimeError;
 
@@ -48,7 +50,7 @@ RuntimeError of_new_entry(int code) noexcept {
 
 class LocalText : public TextFile {
   public:
-    LocalText(Descriptor file, std::string path) : file_(std::move(file)), path_(std::move(path)) {}
+    LocalText(FileDescriptor file, std::string path) : file_(std::move(file)), path_(std::move(path)) {}
     ~LocalText() override {
         try {
             close();
@@ -82,7 +84,7 @@ class LocalText : public TextFile {
 
     [[noreturn]] void fail() const { throw system_error(of_storage(errno), "write", path_, errno); }
 
-    Descriptor file_;
+    FileDescriptor file_;
     std::string path_;
     std::string waiting_;
 };
@@ -123,7 +125,7 @@ void LocalFiles::make_folder(const std::string& path) {
 std::unique_ptr<TextFile> LocalFiles::create_text(const std::string& path) {
     if (path.empty() || holds_nul(path))
         throw system_error(RuntimeError::path_file_access, "write", path, EINVAL);
-    Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
+    FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
     if (!file) throw system_error(of_new_entry(errno), "write", path, errno);
     return std::make_unique<LocalText>(std::move(file), path);
 }

@@ -11,6 +11,8 @@
 
 namespace foliant::platform::local {
 
+using posix::FileDescriptor;
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -22,8 +24,8 @@ constexpr std::size_t name_length = 14;
 
 /// Locks the file of that name in the open folder; nothing when somebody else has it or it was removed
 /// meanwhile.
-Descriptor lock_in(int folder, int open_flags) noexcept {
-    Descriptor lock(::openat(folder, lock_name, open_flags | O_RDWR | O_NOFOLLOW | O_CLOEXEC, 0600));
+FileDescriptor lock_in(int folder, int open_flags) noexcept {
+    FileDescriptor lock(::openat(folder, lock_name, open_flags | O_RDWR | O_NOFOLLOW | O_CLOEXEC, 0600));
     struct stat held {};
     if (!lock || ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0 || ::fstat(lock.get(), &held) != 0 ||
         held.st_nlink == 0) {
@@ -32,8 +34,8 @@ Descriptor lock_in(int folder, int open_flags) noexcept {
     return lock;
 }
 
-Descriptor open_folder(const fs::path& path) noexcept {
-    return Descriptor(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+FileDescriptor open_folder(const fs::path& path) noexcept {
+    return FileDescriptor(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
 /// The lock goes last: as long as something is left, it marks the folder as one to be removed.
@@ -49,11 +51,11 @@ void remove_with_lock_last(const fs::path& folder) {
 }
 
 void remove_if_dead(const fs::path& path) {
-    const Descriptor folder = open_folder(path);
+    const FileDescriptor folder = open_folder(path);
     struct stat status {};
     if (!folder || ::fstat(folder.get(), &status) != 0 || status.st_uid != ::geteuid()) return;
     // The lock is held until all is gone, so that of two sweepers only one is at work here.
-    if (const Descriptor lock = lock_in(folder.get(), 0)) remove_with_lock_last(path);
+    if (const FileDescriptor lock = lock_in(folder.get(), 0)) remove_with_lock_last(path);
 }
 
 }  // namespace
@@ -74,7 +76,7 @@ bool PrivateFolder::try_to_make(const fs::path& parent) {
                                 : automation::RuntimeError::permission_denied;
         throw system_error(number, "make a temporary folder in", parent.string(), errno);
     }
-    const Descriptor folder = open_folder(made);
+    const FileDescriptor folder = open_folder(made);
     lock_ = lock_in(folder.get(), O_CREAT);
     if (!lock_) {
         const int code = errno;

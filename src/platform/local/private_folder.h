@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <sys/types.h>
 
-#include "platform/local/descriptor.h"
+#include "posix/file_descriptor.h"
 
 namespace foliant::platform::local {
 
@@ -39,7 +39,7 @@ class PrivateFolder {
     bool try_to_make(const std::filesystem::path& parent);
 
     std::filesystem::path path_;
-    Descriptor lock_;
+    posix::FileDescriptor lock_;
     pid_t owner_;
 };
 

@@ -12,6 +12,8 @@
 
 namespace foliant::platform::local {
 
+using posix::FileDescriptor;
+
 namespace fs = std::filesystem;
 using automation::RuntimeError;
 
@@ -45,7 +47,7 @@ void write_all(int descriptor, std::string_view content, const fs::path& file) {
 class Draft {
   public:
     explicit Draft(const fs::path& target) : target_(target), name_(target.string() + ".XXXXXX") {
-        file_ = Descriptor(::mkostemp(name_.data(), O_CLOEXEC));
+        file_ = FileDescriptor(::mkostemp(name_.data(), O_CLOEXEC));
         if (!file_) fail("write beside", target_, errno);
     }
     ~Draft() {
@@ -64,7 +66,7 @@ class Draft {
   private:
     fs::path target_;
     std::string name_;
-    Descriptor file_;
+    FileDescriptor file_;
 };
 
 }  // namespace
@@ -78,7 +80,7 @@ std::optional<struct stat> settings_file_status(const fs::path& file) {
 
 std::optional<std::string> read_settings_file(const fs::path& file) {
     // Something else than a file, a pipe for one, must not make the reader wait.
-    const Descriptor open(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const FileDescriptor open(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!open && (errno == ENOENT || errno == ENOTDIR)) return std::nullopt;
     if (!open) fail("read the settings file", file, errno);
     std::string content;
@@ -95,7 +97,7 @@ std::optional<std::string> read_settings_file(const fs::path& file) {
 SettingsLock::SettingsLock(const fs::path& file) {
     make_folder_for(file);
     const fs::path lock_file = file.string() + ".lock";
-    lock_ = Descriptor(::open(lock_file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    lock_ = FileDescriptor(::open(lock_file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
     if (!lock_) fail("lock", lock_file, errno);
     while (::flock(lock_.get(), LOCK_EX) != 0) {
         if (errno != EINTR) fail("lock", lock_file, errno);

@@ -5,7 +5,7 @@
 #include <string>
 #include <sys/stat.h>
 
-#include "platform/local/descriptor.h"
+#include "posix/file_descriptor.h"
 
 namespace foliant::platform::local {
 
@@ -26,7 +26,7 @@ class SettingsLock {
     explicit SettingsLock(const std::filesystem::path& file);
 
   private:
-    Descriptor lock_;
+    posix::FileDescriptor lock_;
 };
 
 /// Replaces the content in one step: readers see the old content or the new one, after a crash too. A new
