@@ -12,15 +12,15 @@ namespace {
 
 using Fault = CommandError::Fault;
 
-constexpr char kSeparator = '~';
-constexpr std::size_t kFields = 5;
-constexpr std::string_view kTick = "{LM}";
-constexpr std::string_view kDismiss = "{LME}";
-constexpr std::string_view kAfterOne = "^1";
-constexpr std::string_view kSettingsDialog = "password security - settings";
-constexpr std::string_view kProgram = "quorixsend";
+constexpr char separator = '~';
+constexpr std::size_t field_count = 5;
+constexpr std::string_view tick_token = "{LM}";
+constexpr std::string_view dismiss_token = "{LME}";
+constexpr std::string_view after_one_suffix = "^1";
+constexpr std::string_view settings_dialog = "password security - settings";
+constexpr std::string_view sender_program = "quorixsend";
 
-constexpr std::array<std::pair<std::string_view, ControlClass>, 3> kClasses{{
+constexpr std::array<std::pair<std::string_view, ControlClass>, 3> control_classes{{
     {"Edit", ControlClass::edit},
     {"Button", ControlClass::button},
     {"RichEdit20W", ControlClass::rich_edit},
@@ -44,7 +44,7 @@ std::string_view trimmed(std::string_view tail) {
 
 /// Takes the first field, and the "~" behind it, off `rest`, which holds one.
 std::string_view take_first(std::string_view& rest) {
-    const std::size_t end = rest.find(kSeparator);
+    const std::size_t end = rest.find(separator);
     const std::string_view field = rest.substr(0, end);
     rest.remove_prefix(end + 1);
     return field;
@@ -53,7 +53,7 @@ std::string_view take_first(std::string_view& rest) {
 /// Takes the last field, and the "~" behind it, off `rest`, which ends with one.
 std::string_view take_last(std::string_view& rest) {
     rest.remove_suffix(1);
-    const std::size_t before = rest.rfind(kSeparator);
+    const std::size_t before = rest.rfind(separator);
     const std::size_t begin = before == std::string_view::npos ? 0 : before + 1;
     const std::string_view field = rest.substr(begin);
     rest = rest.substr(0, begin);
@@ -61,7 +61,7 @@ std::string_view take_last(std::string_view& rest) {
 }
 
 ControlClass read_class(std::string_view field) {
-    for (const auto& [name, control] : kClasses)
+    for (const auto& [name, control] : control_classes)
         if (same_text(name, field)) return control;
     throw CommandError(Fault::unknown_class, "\"" + std::string(field) +
                                                  "\" is no control class that can be acted on; "
@@ -76,17 +76,17 @@ bool read_flag(std::string_view field, char name) {
 
 void check_action(const Command& command) {
     if (command.control != ControlClass::button) return;
-    if (command.text.empty() || command.text == kTick || command.text == kDismiss) return;
+    if (command.text.empty() || command.text == tick_token || command.text == dismiss_token) return;
     throw CommandError(Fault::unknown_action,
                        "a Button takes no text but {LM} or {LME}, or none for the default button.");
 }
 
 void check_shape(std::string_view tail) {
     if (tail.empty()) throw CommandError(Fault::empty, "it is empty.");
-    if (tail.back() != kSeparator)
+    if (tail.back() != separator)
         throw CommandError(Fault::not_terminated, "it does not end with \"~\" and may have been cut short.");
-    const auto fields = static_cast<std::size_t>(std::count(tail.begin(), tail.end(), kSeparator));
-    if (fields < kFields)
+    const auto fields = static_cast<std::size_t>(std::count(tail.begin(), tail.end(), separator));
+    if (fields < field_count)
         throw CommandError(Fault::too_few_fields, "it has " + std::to_string(fields) +
                                                       (fields == 1 ? " field" : " fields") +
                                                       " where five are needed.");
@@ -95,10 +95,10 @@ void check_shape(std::string_view tail) {
 /// Where the program's name, found as a whole file name at or after `from`, ends: at a blank or at the end
 /// of the line. Nothing when it does not occur.
 std::optional<std::size_t> end_of_program(const std::string& lower_line, std::size_t from) {
-    for (std::size_t at = lower_line.find(kProgram, from); at != std::string::npos;
-         at = lower_line.find(kProgram, at + 1)) {
+    for (std::size_t at = lower_line.find(sender_program, from); at != std::string::npos;
+         at = lower_line.find(sender_program, at + 1)) {
         if (at > 0 && lower_line[at - 1] != '\\' && lower_line[at - 1] != '/') continue;
-        std::size_t end = at + kProgram.size();
+        std::size_t end = at + sender_program.size();
         if (lower_line.compare(end, 4, ".exe") == 0) end += 4;
         if (end == lower_line.size() || lower_line[end] == ' ') return end;
     }
@@ -110,7 +110,7 @@ std::size_t end_of_unquoted_path(std::string_view line) {
     std::optional<std::size_t> end = end_of_program(lower, 0);
     if (!end) return std::min(line.find(' '), line.size());
     while (const auto next = end_of_program(lower, *end)) {
-        if (lower.find(kSeparator, *end) < *next) break;
+        if (lower.find(separator, *end) < *next) break;
         end = next;
     }
     return *end;
@@ -119,7 +119,7 @@ std::size_t end_of_unquoted_path(std::string_view line) {
 }  // namespace
 
 std::string_view class_name(ControlClass control) {
-    const auto* row = std::find_if(kClasses.begin(), kClasses.end(),
+    const auto* row = std::find_if(control_classes.begin(), control_classes.end(),
                                    [&](const auto& candidate) { return candidate.second == control; });
     return row->first;
 }
@@ -132,17 +132,17 @@ CommandError::CommandError(Fault fault, const std::string& problem)
 
 Action Command::action() const {
     if (control == ControlClass::button) {
-        if (text == kTick) return Action::tick_option;
-        return text == kDismiss ? Action::dismiss_notice : Action::press_default;
+        if (text == tick_token) return Action::tick_option;
+        return text == dismiss_token ? Action::dismiss_notice : Action::press_default;
     }
-    const bool after_one = same_text(caption, kSettingsDialog) && text.ends_with(kAfterOne);
+    const bool after_one = same_text(caption, settings_dialog) && text.ends_with(after_one_suffix);
     return after_one ? Action::enter_option_text : Action::enter_text;
 }
 
 std::string Command::entry() const {
     if (control == ControlClass::button) return {};
     if (action() != Action::enter_option_text) return text;
-    return text.substr(0, text.size() - kAfterOne.size());
+    return text.substr(0, text.size() - after_one_suffix.size());
 }
 
 Command parse(std::string_view tail) {

@@ -14,10 +14,10 @@ using testing::Each;
 using testing::ElementsAre;
 using namespace std::chrono_literals;
 
-constexpr auto kSave = "save pdf file as~Edit~/out/a.pdf~0~0~";
-constexpr auto kNotice = "adobe acrobat~Button~~0~0~";
-constexpr auto kOption = "password security - settings~Edit~abc^1~0~1~";
-constexpr auto kTick = "password security - settings~Button~{LM}~0~1~";
+constexpr auto save_command = "save pdf file as~Edit~/out/a.pdf~0~0~";
+constexpr auto notice_command = "adobe acrobat~Button~~0~0~";
+constexpr auto option_command = "password security - settings~Edit~abc^1~0~1~";
+constexpr auto tick = "password security - settings~Button~{LM}~0~1~";
 
 Timing at_once() {
     Timing timing;
@@ -27,7 +27,7 @@ Timing at_once() {
 
 TEST(Sender, ActsInOneStepWhereDialogsAreCompleteWhenShown) {
     Desktop desktop;
-    Sender sender(parse(kSave), at_once());
+    Sender sender(parse(save_command), at_once());
     EXPECT_EQ(sender.step(desktop), Progress::waiting);
     desktop.show(save_dialog());
     EXPECT_EQ(sender.step(desktop), Progress::acted);
@@ -37,7 +37,7 @@ TEST(Sender, ActsInOneStepWhereDialogsAreCompleteWhenShown) {
 
 TEST(Sender, ActsOnce) {
     Desktop desktop;
-    Sender sender(parse(kSave), at_once());
+    Sender sender(parse(save_command), at_once());
     desktop.show(save_dialog());
     desktop.show(save_dialog());
     EXPECT_EQ(sender.step(desktop), Progress::acted);
@@ -49,14 +49,14 @@ TEST(Sender, ActsOnce) {
 TEST(Sender, RunsUntilItHasActed) {
     Desktop desktop;
     desktop.show_at(30s, save_dialog());
-    EXPECT_EQ(Sender(parse(kSave)).run(desktop), ExitCode::acted);
+    EXPECT_EQ(Sender(parse(save_command)).run(desktop), ExitCode::acted);
     EXPECT_EQ(desktop.now(), 30200ms);
 }
 
 TEST(Sender, GivesUpAfterTenMinutes) {
     Desktop desktop;
     desktop.show(open_dialog());
-    EXPECT_EQ(Sender(parse(kSave)).run(desktop), ExitCode::given_up);
+    EXPECT_EQ(Sender(parse(save_command)).run(desktop), ExitCode::given_up);
     EXPECT_EQ(desktop.now(), 10min);
     EXPECT_EQ(desktop.transcript(), "");
 }
@@ -65,16 +65,16 @@ TEST(Sender, LooksOnceEvenWithoutTime) {
     Desktop desktop;
     Timing timing = at_once();
     timing.limit = 0ms;
-    EXPECT_EQ(Sender(parse(kSave), timing).step(desktop), Progress::given_up);
+    EXPECT_EQ(Sender(parse(save_command), timing).step(desktop), Progress::given_up);
     desktop.show(save_dialog());
-    EXPECT_EQ(Sender(parse(kSave), timing).step(desktop), Progress::acted);
+    EXPECT_EQ(Sender(parse(save_command), timing).step(desktop), Progress::acted);
 }
 
 TEST(Sender, StaysGivenUp) {
     Desktop desktop;
     Timing timing = at_once();
     timing.limit = 1s;
-    Sender sender(parse(kSave), timing);
+    Sender sender(parse(save_command), timing);
     EXPECT_EQ(sender.run(desktop), ExitCode::given_up);
     desktop.show(save_dialog());
     EXPECT_EQ(sender.step(desktop), Progress::given_up);
@@ -86,7 +86,7 @@ TEST(Sender, LeavesADialogTimeToFillItselfIn) {
     const WindowId dialog = desktop.show(save_dialog());
     desktop.set_visible(dialog, false);
     desktop.at(1s, [&] { desktop.set_visible(dialog, true); });
-    EXPECT_EQ(Sender(parse(kSave)).run(desktop), ExitCode::acted);
+    EXPECT_EQ(Sender(parse(save_command)).run(desktop), ExitCode::acted);
     EXPECT_EQ(desktop.now(), 1200ms);
 }
 
@@ -96,7 +96,7 @@ TEST(Sender, ComparesCaptionsWholeAndWithoutCase) {
     desktop.show(Dialog("My Save PDF File As").edit().default_button("Save"));
     desktop.show(Dialog("").edit().default_button("Save"));
     desktop.show_at(1s, Dialog("SAVE pdf FILE as").edit().default_button("Save"));
-    EXPECT_EQ(Sender(parse(kSave)).run(desktop), ExitCode::acted);
+    EXPECT_EQ(Sender(parse(save_command)).run(desktop), ExitCode::acted);
     EXPECT_EQ(desktop.transcript(),
               "1200  SAVE pdf FILE as: Edit 1 now holds \"/out/a.pdf\"\n1200  SAVE pdf FILE as: Enter\n");
 }
@@ -105,7 +105,7 @@ TEST(Sender, WaitsForAControlThatComesLater) {
     Desktop desktop;
     const WindowId dialog = desktop.show(Dialog("Save PDF File As").disabled_edit().default_button("Save"));
     desktop.at(2s, [&] { desktop.set_control_enabled(dialog, "Edit 1", true); });
-    EXPECT_EQ(Sender(parse(kSave)).run(desktop), ExitCode::acted);
+    EXPECT_EQ(Sender(parse(save_command)).run(desktop), ExitCode::acted);
     EXPECT_EQ(desktop.transcript(),
               "2000  Save PDF File As: Edit 1 now holds \"/out/a.pdf\"\n2000  Save PDF File As: Enter\n");
 }
@@ -115,7 +115,7 @@ TEST(Sender, EntersAgainWhenTheButtonWasNotReady) {
     const WindowId dialog = desktop.show(save_dialog());
     desktop.set_control_enabled(dialog, "Save", false);
     desktop.at(300ms, [&] { desktop.set_control_enabled(dialog, "Save", true); });
-    EXPECT_EQ(Sender(parse(kSave)).run(desktop), ExitCode::acted);
+    EXPECT_EQ(Sender(parse(save_command)).run(desktop), ExitCode::acted);
     EXPECT_EQ(desktop.transcript(), R"(200  Save PDF File As: Edit 1 now holds "/out/a.pdf"
 300  Save PDF File As: Edit 1 now holds "/out/a.pdf"
 300  Save PDF File As: Enter
@@ -126,7 +126,7 @@ TEST(Sender, LooksPastAMainWindowThatBearsTheCaption) {
     Desktop desktop;
     desktop.show(notice());
     desktop.show(Dialog("Adobe Acrobat").edit().button("Previous page").button("Next page"));
-    EXPECT_EQ(Sender(parse(kNotice)).run(desktop), ExitCode::acted);
+    EXPECT_EQ(Sender(parse(notice_command)).run(desktop), ExitCode::acted);
     EXPECT_EQ(desktop.transcript(), "200  Adobe Acrobat: button \"OK\" is pressed\n");
 }
 
@@ -135,7 +135,7 @@ TEST(Sender, LeavesAWindowAloneThatADialogBlocks) {
     const WindowId blocked = desktop.show(save_dialog());
     desktop.set_enabled(blocked, false);
     desktop.at(1s, [&] { desktop.set_enabled(blocked, true); });
-    EXPECT_EQ(Sender(parse(kSave)).run(desktop), ExitCode::acted);
+    EXPECT_EQ(Sender(parse(save_command)).run(desktop), ExitCode::acted);
     EXPECT_EQ(desktop.now(), 1200ms);
 }
 
@@ -143,14 +143,14 @@ TEST(Sender, TakesTheTopmostDialogFirst) {
     Desktop desktop;
     desktop.show(Dialog("Adobe Acrobat").default_button("below"));
     desktop.show(Dialog("Adobe Acrobat").default_button("above"));
-    EXPECT_EQ(Sender(parse(kNotice)).run(desktop), ExitCode::acted);
+    EXPECT_EQ(Sender(parse(notice_command)).run(desktop), ExitCode::acted);
     EXPECT_EQ(desktop.transcript(), "200  Adobe Acrobat: button \"above\" is pressed\n");
 }
 
 TEST(Sender, EndsAtOnceWithFlagBZero) {
     Desktop desktop;
     desktop.show(notice().closing_takes(3s));
-    EXPECT_EQ(Sender(parse(kNotice)).run(desktop), ExitCode::acted);
+    EXPECT_EQ(Sender(parse(notice_command)).run(desktop), ExitCode::acted);
     EXPECT_EQ(desktop.transcript(), "200  Adobe Acrobat: button \"OK\" is pressed\n");
 }
 
@@ -183,7 +183,7 @@ TEST(Sender, TakesAHiddenDialogForAClosedOne) {
 TEST(Sender, EndsWithTheTickThoughTheDialogStaysOpen) {
     Desktop desktop;
     desktop.show(password_settings());
-    EXPECT_EQ(Sender(parse(kTick)).run(desktop), ExitCode::acted);
+    EXPECT_EQ(Sender(parse(tick)).run(desktop), ExitCode::acted);
     EXPECT_EQ(desktop.now(), 200ms);
     EXPECT_FALSE(desktop.is_empty());
 }
@@ -191,7 +191,7 @@ TEST(Sender, EndsWithTheTickThoughTheDialogStaysOpen) {
 TEST(Sender, TicksAgainWhenTheTickWasOverlooked) {
     Desktop desktop;
     desktop.show(password_settings().overlooks_a_tick());
-    EXPECT_EQ(Sender(parse(kTick)).run(desktop), ExitCode::acted);
+    EXPECT_EQ(Sender(parse(tick)).run(desktop), ExitCode::acted);
     EXPECT_EQ(
         desktop.transcript(),
         "300  Password Security - Settings: box \"Re&quire a password to open the document\" is ticked\n");
@@ -200,8 +200,8 @@ TEST(Sender, TicksAgainWhenTheTickWasOverlooked) {
 TEST(Sender, WaitsForTheOptionToBeTicked) {
     Desktop desktop;
     desktop.show_at(0s, password_settings());
-    std::vector<Sender> edit = senders_for({kOption});
-    desktop.at(60s, [&] { Sender(parse(kTick), at_once()).step(desktop); });
+    std::vector<Sender> edit = senders_for({option_command});
+    desktop.at(60s, [&] { Sender(parse(tick), at_once()).step(desktop); });
     EXPECT_THAT(play(desktop, edit), ElementsAre(Progress::acted));
     EXPECT_EQ(desktop.transcript(),
               R"(60000  Password Security - Settings: box "Re&quire a password to open the document" is ticked
@@ -213,7 +213,7 @@ TEST(Sender, WaitsForTheOptionToBeTicked) {
 TEST(Sender, LeavesATickedOptionToItsOwnSenderForTwoSeconds) {
     Desktop desktop;
     desktop.show(password_settings(true));
-    EXPECT_EQ(Sender(parse(kOption)).run(desktop), ExitCode::acted);
+    EXPECT_EQ(Sender(parse(option_command)).run(desktop), ExitCode::acted);
     EXPECT_EQ(desktop.transcript(), R"(2000  Password Security - Settings: Edit 1 now holds "abc"
 2000  Password Security - Settings: Enter
 )");
@@ -222,7 +222,7 @@ TEST(Sender, LeavesATickedOptionToItsOwnSenderForTwoSeconds) {
 TEST(Sender, SharesTwoDialogsWithAnotherOfTheSameCaption) {
     Desktop desktop;
     desktop.show(notice().closing_takes(1s).then([](Desktop& next) { next.show(notice()); }));
-    std::vector<Sender> senders = senders_for({kNotice, "adobe acrobat~Button~{LME}~0~1~"});
+    std::vector<Sender> senders = senders_for({notice_command, "adobe acrobat~Button~{LME}~0~1~"});
     EXPECT_THAT(play(desktop, senders), Each(Progress::acted));
     EXPECT_EQ(desktop.transcript(), R"(200  Adobe Acrobat: button "OK" is pressed
 1200  Adobe Acrobat: has closed
@@ -233,7 +233,7 @@ TEST(Sender, SharesTwoDialogsWithAnotherOfTheSameCaption) {
 TEST(Sender, WaitsForItsOwnDialogWhenAnotherHasAnsweredThisOne) {
     Desktop desktop;
     desktop.show(save_dialog().closing_takes(5s));
-    std::vector<Sender> senders = senders_for({kSave, kSave});
+    std::vector<Sender> senders = senders_for({save_command, save_command});
     EXPECT_THAT(play(desktop, senders), ElementsAre(Progress::acted, Progress::given_up));
     EXPECT_EQ(desktop.deeds(), R"(Save PDF File As: Edit 1 now holds "/out/a.pdf"
 Save PDF File As: Enter
@@ -243,7 +243,7 @@ Save PDF File As: has closed
 
 TEST(Sender, DoesNothingWhenSteppedFromWithinItsOwnCall) {
     Desktop desktop;
-    Sender sender(parse(kSave), at_once());
+    Sender sender(parse(save_command), at_once());
     desktop.show(save_dialog());
     int inner_steps = 0;
     desktop.before_call = [&](int) {

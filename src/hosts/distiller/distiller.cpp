@@ -40,9 +40,9 @@ void require_readable_options(const fs::path& file) {
 }
 
 ProtectPdf load_protector(const fs::path& folder) {
-    const fs::path library = folder / kProtectorLibrary;
+    const fs::path library = folder / protector_library;
     void* const handle = ::dlopen(library.c_str(), RTLD_NOW | RTLD_LOCAL);  // stays for the jobs to come
-    void* const function = handle != nullptr ? ::dlsym(handle, kProtectorSymbol) : nullptr;
+    void* const function = handle != nullptr ? ::dlsym(handle, protector_symbol) : nullptr;
     if (function == nullptr) {
         throw DistillError(std::string("Cannot protect the PDF: ") + ::dlerror() +
                            ". Install the package libqpdf29, or convert without security.");
@@ -52,12 +52,12 @@ ProtectPdf load_protector(const fs::path& folder) {
 
 /// A full disk shows here at the latest: the interpreter does not look at what its writes return.
 void require_complete_pdf(const PendingFile& file, const DistillJob& job) {
-    constexpr off_t kTrailerBytes = 64;
+    constexpr off_t trailer_bytes = 64;
     const off_t size = ::lseek(file.descriptor(), 0, SEEK_END);
-    std::string ends(static_cast<std::size_t>(kTrailerBytes), '\0');
+    std::string ends(static_cast<std::size_t>(trailer_bytes), '\0');
     const auto got =
-        size < kTrailerBytes ? 0 : ::pread(file.descriptor(), ends.data(), ends.size(), size - kTrailerBytes);
-    if (got == static_cast<ssize_t>(kTrailerBytes) && ends.find("%%EOF") != std::string::npos) return;
+        size < trailer_bytes ? 0 : ::pread(file.descriptor(), ends.data(), ends.size(), size - trailer_bytes);
+    if (got == static_cast<ssize_t>(trailer_bytes) && ends.find("%%EOF") != std::string::npos) return;
     const bool full = disk_is_full(job.output_pdf.parent_path());
     throw DistillError("Cannot write the PDF " + job.output_pdf.string() + ": " +
                        (full ? "the disk is full. Free some space there, or choose another folder."
@@ -76,7 +76,7 @@ void protect(ProtectPdf function, const PendingFile& plain, const PendingFile& l
 /// Runs the engine on a workspace until the plain PDF is in `output`.
 void run_engine(const fs::path& program, const Workspace& workspace, const PendingFile& output, JobRun& run,
                 Progress& progress, const DistillJob& job) {
-    EngineProcess process(program, engine::kDistillCommand, workspace.folder(), output.descriptor());
+    EngineProcess process(program, engine::distill_command, workspace.folder(), output.descriptor());
     bool cancelled = false;
     const auto give_up = [&] { return cancelled = cancelled || progress.cancelled(); };
     while (const auto record = process.next(give_up))
@@ -94,7 +94,7 @@ void convert(const fs::path& engine_folder, const DistillJob& job, Progress& pro
     JobRun run(job, source, progress, pages);
     run.report_percent(0);
 
-    const auto program = engine_folder / engine::kProgram;
+    const auto program = engine_folder / engine::engine_program;
     if (job.security) {
         const ProtectPdf protector = load_protector(engine_folder);
         const PendingFile plain(workspace.folder() / "plain.pdf");
@@ -145,8 +145,8 @@ DistillResult Distiller::distill(const DistillJob& wanted, Progress& progress) c
 }
 
 std::string Distiller::engine_version() const {
-    const auto program = engine_folder_ / engine::kProgram;
-    EngineProcess process(program, engine::kVersionCommand, "/", STDERR_FILENO);
+    const auto program = engine_folder_ / engine::engine_program;
+    EngineProcess process(program, engine::version_command, "/", STDERR_FILENO);
     const auto record = process.next([] { return false; });
     const std::string how_it_ended = process.wait_for_end();
     if (!record) throw DistillError("The Distiller engine does not run: " + how_it_ended + ".");

@@ -20,11 +20,11 @@ using automation::Value;
 
 namespace {
 
-constexpr std::int32_t kFail = static_cast<std::int32_t>(0x80004005U);  // E_FAIL
+constexpr std::int32_t unspecified_failure = static_cast<std::int32_t>(0x80004005U);  // E_FAIL
 
-constexpr std::int16_t kMade = 1;
-constexpr std::int16_t kInvalidArgument = 0;
-constexpr std::int16_t kFailed = -1;
+constexpr std::int16_t job_made = 1;
+constexpr std::int16_t job_invalid = 0;
+constexpr std::int16_t job_failed = -1;
 
 /// Reads or writes a flag; raises what automation raises for a wrong use of a property.
 Value reach_flag(bool& flag, Access access, const Arguments& arguments) {
@@ -105,15 +105,15 @@ std::int16_t DistillerObject::convert(const Arguments& arguments, bool with_secu
     job.output_pdf = automation::to_text(arguments[1].value);
     job.job_options_file = automation::to_text(arguments[2].value);
     job.private_folder = machine_.private_folder();
-    if (job.input_ps.empty() || job.output_pdf.empty()) return kInvalidArgument;
+    if (job.input_ps.empty() || job.output_pdf.empty()) return job_invalid;
     if (with_security) job.security = security_settings(machine_);
 
     const automation::ObjectPtr alive = shared_from_this();  // a listener may let go of the object
     Relay relay(*this);
     const DistillResult result = distiller_.distill(job, relay);
-    if (result.succeeded) return kMade;
-    if (sinks_.empty()) throw Error(kFail, "Acrobat Distiller", result.error);
-    return kFailed;
+    if (result.succeeded) return job_made;
+    if (sinks_.empty()) throw Error(unspecified_failure, "Acrobat Distiller", result.error);
+    return job_failed;
 }
 
 }  // namespace foliant::hosts::distiller

@@ -5,7 +5,7 @@
 namespace foliant::hosts::distiller {
 namespace {
 
-constexpr std::array<std::string_view, 7> kPrologue = {
+constexpr std::array<std::string_view, 7> prologue = {
     "/prun { /mysave save def", "dup = flush", "RunFile", "clear cleardictstack",
     "mysave restore",           "} def",       "",
 };
@@ -32,12 +32,12 @@ bool is_plain_string(std::string_view text) {
 }
 
 std::optional<std::string> path_of_run_line(std::string_view line) {
-    constexpr std::string_view kOpen = "(";
-    constexpr std::string_view kClose = ") prun";
-    if (line.size() <= kOpen.size() + kClose.size()) return std::nullopt;
-    if (!line.starts_with(kOpen) || !line.ends_with(kClose)) return std::nullopt;
-    line.remove_prefix(kOpen.size());
-    line.remove_suffix(kClose.size());
+    constexpr std::string_view before_name = "(";
+    constexpr std::string_view after_name = ") prun";
+    if (line.size() <= before_name.size() + after_name.size()) return std::nullopt;
+    if (!line.starts_with(before_name) || !line.ends_with(after_name)) return std::nullopt;
+    line.remove_prefix(before_name.size());
+    line.remove_suffix(after_name.size());
     if (!is_plain_string(line)) return std::nullopt;
     return std::string(line);
 }
@@ -45,11 +45,11 @@ std::optional<std::string> path_of_run_line(std::string_view line) {
 }  // namespace
 
 bool may_be_driver(std::string_view head) {
-    return head.starts_with(kPrologue.front());
+    return head.starts_with(prologue.front());
 }
 
 std::optional<std::vector<std::string>> files_of_driver(std::string_view text) {
-    for (const std::string_view expected : kPrologue) {
+    for (const std::string_view expected : prologue) {
         if (take_line(text) != expected) return std::nullopt;
     }
     std::vector<std::string> paths;

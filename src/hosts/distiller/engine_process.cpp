@@ -20,12 +20,12 @@ using posix::FileDescriptor;
 
 namespace {
 
-constexpr int kAskEvery = 50;  // ms
+constexpr int ask_every_ms = 50;
 // Waking up for every page of a long job costs more than the pages' own records. After some records, which a
 // short job never reaches, they are collected.
-constexpr int kLivelyBatches = 30;
-constexpr std::chrono::milliseconds kPause{5};
-constexpr int kLowestFreeDescriptor = 10;  // above those that the engine is given
+constexpr int lively_batches = 30;
+constexpr std::chrono::milliseconds pause_time{5};
+constexpr int lowest_free_descriptor = 10;  // above those that the engine is given
 
 DistillError cannot_start(const std::filesystem::path& program, int error_number) {
     return DistillError("Cannot start the Distiller engine " + program.string() + ": " +
@@ -38,7 +38,7 @@ std::vector<std::string> engine_environment() {
     // Memory is taken in few large steps, which saves a tenth of a short job's time.
     std::vector<std::string> variables = {
         "LC_ALL=C.UTF-8",
-        std::string("TMPDIR=") + engine::kScratchFolder,
+        std::string("TMPDIR=") + engine::scratch_folder,
         "GLIBC_TUNABLES=glibc.malloc.top_pad=16777216:glibc.malloc.trim_threshold=1073741824",
     };
     for (const char* name :
@@ -75,9 +75,9 @@ class SpawnPlan {
         ::posix_spawn_file_actions_addchdir_np(&actions_, folder.c_str());
         ::posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
         ::posix_spawn_file_actions_addopen(&actions_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-        ::posix_spawn_file_actions_adddup2(&actions_, records, engine::kRecordDescriptor);
-        ::posix_spawn_file_actions_adddup2(&actions_, output, engine::kOutputDescriptor);
-        ::posix_spawn_file_actions_addclosefrom_np(&actions_, engine::kOutputDescriptor + 1);
+        ::posix_spawn_file_actions_adddup2(&actions_, records, engine::record_descriptor);
+        ::posix_spawn_file_actions_adddup2(&actions_, output, engine::output_descriptor);
+        ::posix_spawn_file_actions_addclosefrom_np(&actions_, engine::output_descriptor + 1);
     }
 
     /// A group of its own, so that Ctrl-C reaches the caller only, who then ends the job in order.
@@ -107,17 +107,17 @@ class SpawnPlan {
 
 /// A copy of a descriptor whose number cannot be one of those that the engine is given.
 FileDescriptor high_copy(int descriptor) {
-    return FileDescriptor(::fcntl(descriptor, F_DUPFD_CLOEXEC, kLowestFreeDescriptor));
+    return FileDescriptor(::fcntl(descriptor, F_DUPFD_CLOEXEC, lowest_free_descriptor));
 }
 
 std::string describe_end(int status) {
-    constexpr int kLoaderFailed = 127;
+    constexpr int loader_failed = 127;
     if (WIFSIGNALED(status)) {
         return std::string("the Distiller engine died of ") + ::strsignal(WTERMSIG(status)) +
                "; the file may be damaged";
     }
     if (WEXITSTATUS(status) == 0) return {};
-    if (WEXITSTATUS(status) == kLoaderFailed) {
+    if (WEXITSTATUS(status) == loader_failed) {
         return "Ghostscript's library could not be loaded; install the package libgs10";
     }
     return "the Distiller engine ended with status " + std::to_string(WEXITSTATUS(status));
@@ -150,9 +150,9 @@ EngineProcess::~EngineProcess() {
 std::optional<EngineRecord> EngineProcess::next(const std::function<bool()>& give_up) {
     while (waiting_.empty()) {
         if (at_end_ || give_up()) return std::nullopt;
-        if (batches_ > kLivelyBatches) std::this_thread::sleep_for(kPause);
+        if (batches_ > lively_batches) std::this_thread::sleep_for(pause_time);
         pollfd readable{records_.get(), POLLIN, 0};
-        if (::poll(&readable, 1, kAskEvery) > 0) read_more();
+        if (::poll(&readable, 1, ask_every_ms) > 0) read_more();
     }
     EngineRecord record = std::move(waiting_.front());
     waiting_.pop_front();

@@ -15,7 +15,7 @@
 namespace foliant::hosts::distiller {
 namespace {
 
-constexpr std::array<std::string_view, 2> kClasses = {
+constexpr std::array<std::string_view, 2> distiller_classes = {
     "{1CD675B2-ECD1-11D1-B976-00600802DB86}",  // notifies its listeners
     "{FC403250-51F5-4E1B-AC8C-ED9C5E551B9B}",  // also applies security
 };
@@ -27,17 +27,17 @@ automation::Error cannot_create(const std::string& reason) {
 /// The engine programs lie beside this library. Its own address tells where: that of a function which the
 /// program might have as well could be the program's.
 Distiller local_distiller() {
-    static constexpr char kInThisLibrary = 0;
+    static constexpr char in_this_library = 0;
     Dl_info info = {};
-    ::dladdr(&kInThisLibrary, &info);
+    ::dladdr(&in_this_library, &info);
     return Distiller(std::filesystem::absolute(info.dli_fname).parent_path() / "distiller");
 }
 
 /// Both classes are one here: each has all the members and notifications of the other.
 automation::ObjectPtr create(std::string_view class_name, Machine& machine) {
-    const bool known = std::any_of(kClasses.begin(), kClasses.end(), [class_name](std::string_view name) {
-        return automation::equal_ignoring_case(class_name, name);
-    });
+    const bool known = std::any_of(
+        distiller_classes.begin(), distiller_classes.end(),
+        [class_name](std::string_view name) { return automation::equal_ignoring_case(class_name, name); });
     if (!known) throw cannot_create("there is no class " + std::string(class_name) + ".");
     return std::make_shared<DistillerObject>(local_distiller(), machine);
 }
@@ -50,11 +50,11 @@ std::string engine_version() {
     }
 }
 
-constexpr Module kModule = {engine_version, create};
+constexpr Module distiller_module = {engine_version, create};
 
 }  // namespace
 }  // namespace foliant::hosts::distiller
 
 extern "C" __attribute__((visibility("default"))) const foliant::hosts::Module* foliant_host_module() {
-    return &foliant::hosts::distiller::kModule;
+    return &foliant::hosts::distiller::distiller_module;
 }

@@ -8,21 +8,21 @@
 namespace foliant::hosts::distiller {
 namespace {
 
-constexpr std::string_view kKey = R"(Software\Adobe\Acrobat Distiller\6.0\Security)";
+constexpr std::string_view security_key = R"(Software\Adobe\Acrobat Distiller\6.0\Security)";
 
 std::string password(const Machine& machine, std::string_view name) {
-    return machine.setting(kKey, name).value_or("");
+    return machine.setting(security_key, name).value_or("");
 }
 
 bool permission(const Machine& machine, std::string_view name, bool otherwise) {
-    const auto text = machine.setting(kKey, name);
+    const auto text = machine.setting(security_key, name);
     if (!text) return otherwise;
     if (*text == "1") return true;
     if (*text == "0") return false;
     throw automation::Error(automation::RuntimeError::type_mismatch,
                             "The Distiller security setting " + std::string(name) + " is \"" + *text +
-                                "\". Set it to 1 (allowed) or 0 (not allowed) under " + std::string(kKey) +
-                                ".");
+                                "\". Set it to 1 (allowed) or 0 (not allowed) under " +
+                                std::string(security_key) + ".");
 }
 
 }  // namespace

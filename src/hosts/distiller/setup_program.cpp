@@ -8,12 +8,12 @@ namespace foliant::hosts::distiller {
 namespace {
 
 std::string hexadecimal(std::string_view bytes) {
-    constexpr std::string_view kDigits = "0123456789abcdef";
+    constexpr std::string_view digits = "0123456789abcdef";
     std::string text;
     for (const char c : bytes) {
         const auto byte = static_cast<unsigned char>(c);
-        text += kDigits[byte >> 4];
-        text += kDigits[byte & 15];
+        text += digits[byte >> 4];
+        text += digits[byte & 15];
     }
     return text;
 }
@@ -22,7 +22,7 @@ std::string hexadecimal(std::string_view bytes) {
 /// name for parts of one font; where they contradict each other it draws their characters as pictures, and
 /// the text is lost. From the second subset on a name gets the tag that PDF has for subsets, "AAAAAB+Name".
 /// What was seen is kept in global memory, out of reach of the save and restore around each file of a driver.
-constexpr const char* kTagSubsets = R"PS(
+constexpr const char* tag_subsets = R"PS(
 /seen currentglobal true setglobal 50 dict exch setglobal def
 /tagged {  % name number -> name
     exch dup length string cvs
@@ -54,7 +54,7 @@ std::string run_file() {
                "    //staged 1 index known {\n"
                "        //staged exch get\n"
                "        (") +
-           engine::kNowRunning +
+           engine::now_running +
            ") print dup print (\\n) print flush\n"
            "        //cairo 1 index known { userdict /definefont //definetagged put } if\n"
            "    } if\n"
@@ -73,7 +73,7 @@ std::string setup_program(const Source& source) {
         if (source.parts[i].made_by_cairo) cairo += name + " true\n";
     }
     std::string text =
-        "10 dict begin\n" + staged + ">> def\n" + cairo + ">> def\n" + kTagSubsets + run_file();
+        "10 dict begin\n" + staged + ">> def\n" + cairo + ">> def\n" + tag_subsets + run_file();
     if (source.main.made_by_cairo) text += "userdict /definefont //definetagged put\n";
     return text + "end\n";
 }

@@ -18,7 +18,7 @@ using posix::FileDescriptor;
 
 namespace {
 
-constexpr std::size_t kSampleBytes = 32768;
+constexpr std::size_t sample_bytes = 32768;
 
 DistillError cannot_read(const std::filesystem::path& path, const std::string& reason) {
     return DistillError("Cannot read the PostScript file " + path.string() + ": " + reason +
@@ -51,17 +51,17 @@ std::string read_at(const FileDescriptor& file, std::uintmax_t offset, std::size
 }
 
 bool begins_like_postscript(std::string_view head) {
-    constexpr std::array<std::string_view, 4> kOpenings = {
+    constexpr std::array<std::string_view, 4> openings = {
         "%!", "\x04%!", "\x1b%-12345X", "\xc5\xd0\xd3\xc6",  // plain, after end-of-job, printer job, DOS EPS
     };
-    return std::any_of(kOpenings.begin(), kOpenings.end(),
+    return std::any_of(openings.begin(), openings.end(),
                        [head](std::string_view opening) { return head.starts_with(opening); });
 }
 
 /// The interpreter would read a PDF as happily; a Distiller does not.
 bool is_pdf(std::string_view head) {
-    constexpr std::size_t kHeaderWindow = 1024;
-    return !head.starts_with("%!") && head.substr(0, kHeaderWindow).find("%PDF-") != std::string_view::npos;
+    constexpr std::size_t header_window = 1024;
+    return !head.starts_with("%!") && head.substr(0, header_window).find("%PDF-") != std::string_view::npos;
 }
 
 /// The lines of `text`, which may end in LF, CR or both, one by one until `visit` returns false.
@@ -76,9 +76,9 @@ void for_each_line(std::string_view text, Visit visit) {
 
 /// What follows "%%Pages:" in `line`, without leading blanks; none for any other line.
 std::optional<std::string_view> pages_comment(std::string_view line) {
-    constexpr std::string_view kKey = "%%Pages:";
-    if (!line.starts_with(kKey)) return std::nullopt;
-    line.remove_prefix(kKey.size());
+    constexpr std::string_view page_count_key = "%%Pages:";
+    if (!line.starts_with(page_count_key)) return std::nullopt;
+    line.remove_prefix(page_count_key.size());
     line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
     return line;
 }
@@ -91,13 +91,13 @@ std::optional<int> leading_count(std::string_view text) {
 }
 
 SourceFile describe(const std::filesystem::path& path, const FileDescriptor& file, std::uintmax_t bytes) {
-    const std::string head = read_at(file, 0, std::min<std::uintmax_t>(bytes, kSampleBytes), path);
+    const std::string head = read_at(file, 0, std::min<std::uintmax_t>(bytes, sample_bytes), path);
     if (is_pdf(head)) {
         throw DistillError("The file " + path.string() +
                            " is a PDF already, not PostScript. Give the PostScript file it was made from.");
     }
-    const auto tail_start = bytes > kSampleBytes ? bytes - kSampleBytes : 0;
-    const std::string tail = read_at(file, tail_start, kSampleBytes, path);
+    const auto tail_start = bytes > sample_bytes ? bytes - sample_bytes : 0;
+    const std::string tail = read_at(file, tail_start, sample_bytes, path);
     return {std::filesystem::absolute(path), bytes, declared_pages(head, tail), begins_like_postscript(head),
             head.find("\n%%Creator: cairo ") != std::string::npos};
 }
@@ -135,7 +135,7 @@ Source examine_source(const std::filesystem::path& input) {
 
     Source source;
     source.main = describe(input, file, bytes);
-    if (!may_be_driver(read_at(file, 0, kSampleBytes, input))) return source;
+    if (!may_be_driver(read_at(file, 0, sample_bytes, input))) return source;
     auto names = files_of_driver(read_at(file, 0, bytes, input));
     if (!names) return source;
 

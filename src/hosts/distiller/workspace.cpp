@@ -41,17 +41,17 @@ Workspace::~Workspace() {
 
 void Workspace::fill(const DistillJob& job, const Source& source) const {
     fs::create_directory(folder_ / "in");
-    fs::create_directory(folder_ / engine::kScratchFolder);
+    fs::create_directory(folder_ / engine::scratch_folder);
     fs::create_symlink(source.main.path, folder_ / engine::input_name(0));
     for (std::size_t i = 0; i < source.parts.size(); ++i) {
         fs::create_symlink(source.parts[i].path, folder_ / engine::input_name(i + 1));
     }
     if (!job.job_options_file.empty()) {
-        fs::create_symlink(fs::absolute(job.job_options_file), folder_ / engine::kOptionsFile);
+        fs::create_symlink(fs::absolute(job.job_options_file), folder_ / engine::options_file);
     }
-    fs::create_symlink("/proc/self/fd/" + std::to_string(engine::kOutputDescriptor),
-                       folder_ / engine::kOutputFile);
-    std::ofstream setup(folder_ / engine::kSetupFile, std::ios::binary);
+    fs::create_symlink("/proc/self/fd/" + std::to_string(engine::output_descriptor),
+                       folder_ / engine::output_file);
+    std::ofstream setup(folder_ / engine::setup_file, std::ios::binary);
     setup << setup_program(source);
     if (!setup.flush())
         throw fs::filesystem_error("writing failed", folder_, std::error_code(EIO, std::generic_category()));

@@ -14,7 +14,7 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-constexpr const char* kEndless = "%!\nshowpage (waiting) = flush { } loop\n";
+constexpr const char* endless = "%!\nshowpage (waiting) = flush { } loop\n";
 
 /// The processes whose current folder lies in `folder`.
 int processes_in(const std::filesystem::path& folder) {
@@ -38,7 +38,7 @@ class CancelledJob : public DistillerTest {};
 
 TEST_F(CancelledJob, StopsAProgramThatNeverEnds) {
     journal.cancel_when = [this] { return !journal.messages.empty(); };
-    const auto result = distill_text(kEndless);
+    const auto result = distill_text(endless);
     EXPECT_FALSE(result.succeeded);
     EXPECT_TRUE(result.cancelled);
     EXPECT_EQ(result.pages, 1);
@@ -53,7 +53,7 @@ TEST_F(CancelledJob, StopsWhenAListenerThrows) {
         void page_finished(int) override { throw std::runtime_error("enough"); }
     } thrower;
     DistillJob job;
-    job.input_ps = write("in.ps", kEndless);
+    job.input_ps = write("in.ps", endless);
     job.output_pdf = output;
     job.private_folder = scratch;
     EXPECT_THROW(distiller.distill(job, thrower), std::runtime_error);
@@ -74,14 +74,14 @@ TEST_F(CancelledJob, SaysHowAnEngineThatWasKilledEnded) {
         }
         return false;
     };
-    const auto result = distill_text(kEndless);
+    const auto result = distill_text(endless);
     EXPECT_FALSE(result.succeeded);
     EXPECT_FALSE(result.cancelled);
     EXPECT_NE(result.error.find("the Distiller engine died of Aborted"), std::string::npos) << result.error;
 }
 
 TEST_F(CancelledJob, LeavesNoEngineAndNoOutputWhenItsProcessIsKilled) {
-    const auto input = write("in.ps", kEndless);
+    const auto input = write("in.ps", endless);
     const pid_t caller = ::fork();
     if (caller == 0) {
         DistillJob job;

@@ -12,8 +12,8 @@ namespace {
 using automation::Value;
 using Lines = std::vector<std::string>;
 
-constexpr const char* kEventBound = "{1CD675B2-ECD1-11D1-B976-00600802DB86}";
-constexpr const char* kSecurityCapable = "{FC403250-51F5-4E1B-AC8C-ED9C5E551B9B}";
+constexpr const char* event_bound = "{1CD675B2-ECD1-11D1-B976-00600802DB86}";
+constexpr const char* security_capable = "{FC403250-51F5-4E1B-AC8C-ED9C5E551B9B}";
 
 /// A machine with nothing but a private folder and settings.
 class BareMachine : public Machine {
@@ -71,7 +71,7 @@ TEST_F(DistillerModule, NamesTheVersionOfItsEngine) {
 }
 
 TEST_F(DistillerModule, ConvertsAndNotifies) {
-    const Value object = module->create(kEventBound, machine);
+    const Value object = module->create(event_bound, machine);
     const auto listening = object.object().subscribe(notes);
     object.set("bShowWindow", false);
     object.set("bSpoolJobs", true);
@@ -86,7 +86,7 @@ TEST_F(DistillerModule, ConvertsAndNotifies) {
 }
 
 TEST_F(DistillerModule, NotifiesOfAFailedJobAndReturnsItsStatus) {
-    const Value object = module->create(kEventBound, machine);
+    const Value object = module->create(event_bound, machine);
     const auto listening = object.object().subscribe(notes);
     const std::string input = in_ps("%!\nfoo\n");
     EXPECT_EQ(object.call("FileToPDF", {input, output.string(), ""}), Value(std::int16_t{-1}));
@@ -95,7 +95,7 @@ TEST_F(DistillerModule, NotifiesOfAFailedJobAndReturnsItsStatus) {
 }
 
 TEST_F(DistillerModule, RaisesAFailureThatNobodyWouldHearOf) {
-    const Value object = module->create(kSecurityCapable, machine);
+    const Value object = module->create(security_capable, machine);
     const std::string input = in_ps("%!\nfoo\n");
     try {
         object.call("FileToPDF2", {input, output.string(), "", true});
@@ -108,7 +108,7 @@ TEST_F(DistillerModule, RaisesAFailureThatNobodyWouldHearOf) {
 }
 
 TEST_F(DistillerModule, RejectsAnEmptyPathByItsStatus) {
-    const Value object = module->create(kEventBound, machine);
+    const Value object = module->create(event_bound, machine);
     EXPECT_EQ(object.call("FileToPDF", {"", output.string(), ""}), Value(std::int16_t{0}));
     EXPECT_EQ(object.call("FileToPDF", {in_ps("%!\n"), "", ""}), Value(std::int16_t{0}));
 }
@@ -117,7 +117,7 @@ TEST_F(DistillerModule, ProtectsAsTheSettingsSay) {
     const std::string key = "Software\\Adobe\\Acrobat Distiller\\6.0\\Security|";
     machine.settings = {
         {key + "OpenPassword", "open"}, {key + "AllowCopying", "1"}, {key + "AllowPrinting", "0"}};
-    const Value object = module->create(kSecurityCapable, machine);
+    const Value object = module->create(security_capable, machine);
     EXPECT_EQ(object.call("FileToPDF2", {in_ps(plain_pages(1)), output.string(), "", true}),
               Value(std::int16_t{1}));
     const std::string facts = output_of("qpdf --password=open --show-encryption '" + output.string() + "'");
@@ -126,14 +126,14 @@ TEST_F(DistillerModule, ProtectsAsTheSettingsSay) {
 }
 
 TEST_F(DistillerModule, DoesNotProtectWhenItIsNotAskedTo) {
-    const Value object = module->create(kSecurityCapable, machine);
+    const Value object = module->create(security_capable, machine);
     object.call("FileToPDF2", {in_ps(plain_pages(1)), output.string(), "", false});
     EXPECT_FALSE(facts_of(output).encrypted);
 }
 
 TEST_F(DistillerModule, RefusesAPermissionThatIsNeitherGivenNorDenied) {
     machine.settings = {{"Software\\Adobe\\Acrobat Distiller\\6.0\\Security|AllowCopying", "maybe"}};
-    const Value object = module->create(kSecurityCapable, machine);
+    const Value object = module->create(security_capable, machine);
     try {
         object.call("FileToPDF2", {in_ps(plain_pages(1)), output.string(), "", true});
         FAIL() << "nothing was raised";
@@ -157,7 +157,7 @@ TEST_F(DistillerModule, LivesUntilItsJobHasEndedEvenWhenAListenerLetsGo) {
         std::unique_ptr<automation::Subscription> listening;
     } sink;
     const long before = automation::Object::live_objects();
-    sink.object = module->create(kEventBound, machine);
+    sink.object = module->create(event_bound, machine);
     sink.listening = sink.object.object().subscribe(sink);
     automation::Object& object = sink.object.object();
     object.invoke(automation::Access::call, "FileToPDF", {in_ps(plain_pages(1)), output.string(), ""});
@@ -166,7 +166,7 @@ TEST_F(DistillerModule, LivesUntilItsJobHasEndedEvenWhenAListenerLetsGo) {
 }
 
 TEST_F(DistillerModule, HasItsMembersInAnyCaseAndNoOthers) {
-    const Value object = module->create(kEventBound, machine);
+    const Value object = module->create(event_bound, machine);
     object.set("BSHOWWINDOW", std::int16_t{-1});
     EXPECT_EQ(object.get("bshowwindow"), Value(true));
     const auto raised = [&](const std::function<void()>& action) {

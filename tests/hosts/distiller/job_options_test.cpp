@@ -6,7 +6,7 @@ namespace foliant::hosts::distiller {
 namespace {
 
 /// A picture of 600 x 600 pixels in a square of two inches: 300 pixels an inch.
-constexpr const char* kPicture =
+constexpr const char* picture =
     "%!\ngsave 100 100 translate 144 144 scale /DeviceRGB setcolorspace\n"
     "<< /ImageType 1 /Width 600 /Height 600 /BitsPerComponent 8 /Decode [0 1 0 1 0 1] /ImageMatrix [600 0 0 "
     "600 0 0]\n"
@@ -14,7 +14,7 @@ constexpr const char* kPicture =
 
 /// In the shape of the settings files that Distiller itself saves: all kinds of keys, most of them strange
 /// here.
-constexpr const char* kSavedSettings = R"(<<
+constexpr const char* saved_settings = R"(<<
   /ASCII85EncodePages false
   /AutoRotatePages /PageByPage
   /CalRGBProfile (sRGB IEC61966-2.1)
@@ -115,11 +115,11 @@ class JobOptions : public DistillerTest {
 };
 
 TEST_F(JobOptions, SetTheResolutionOfPictures) {
-    ASSERT_TRUE(distill_text(kPicture).succeeded);
+    ASSERT_TRUE(distill_text(picture).succeeded);
     EXPECT_EQ(picture_resolution(), 300) << "without options";
     ASSERT_TRUE(distill_with("<< /DownsampleColorImages true /ColorImageResolution 100 "
                              "/ColorImageDownsampleThreshold 1.0 >> setdistillerparams",
-                             kPicture)
+                             picture)
                     .succeeded);
     EXPECT_EQ(picture_resolution(), 100);
 }
@@ -155,7 +155,7 @@ TEST_F(JobOptions, SetThePageSize) {
 }
 
 TEST_F(JobOptions, MayBeAFileThatDistillerSaved) {
-    const auto result = distill_with(kSavedSettings, kPicture);
+    const auto result = distill_with(saved_settings, picture);
     ASSERT_TRUE(result.succeeded) << result.error;
     EXPECT_EQ(picture_resolution(), 72);
     EXPECT_EQ(facts_of(output).version, "1.3");

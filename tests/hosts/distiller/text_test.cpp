@@ -8,10 +8,10 @@ class TextOfPdf : public DistillerTest {
   protected:
     /// Ligatures may come as the characters of their own that Unicode has for them; a search finds both.
     bool says(const std::string& words) const {
-        constexpr std::string_view kLigature = "\xEF\xAC\x81";
+        constexpr std::string_view ligature = "\xEF\xAC\x81";
         std::string text = text_of_output();
-        for (auto at = text.find(kLigature); at != std::string::npos; at = text.find(kLigature)) {
-            text.replace(at, kLigature.size(), "fi");
+        for (auto at = text.find(ligature); at != std::string::npos; at = text.find(ligature)) {
+            text.replace(at, ligature.size(), "fi");
         }
         return text.find(words) != std::string::npos;
     }

@@ -16,7 +16,7 @@ namespace {
 /// Without -dNOPAUSE the interpreter waits for the return key after each page that went out, whatever the
 /// document does to showpage, EndPage or setpagedevice. The key is ours to press: that is how pages are seen,
 /// at no cost. This keeps it from asking for the key in words.
-constexpr const char* kPauseSilently = "-dNOPAGEPROMPT";
+constexpr const char* pause_silently = "-dNOPAGEPROMPT";
 
 /// What the interpreter says about every font it looks for. A substitution, which changes the document, is
 /// told.
@@ -32,8 +32,8 @@ struct ReportLine {
     std::string_view opening;
     Record record;
 };
-constexpr std::array<ReportLine, 4> kReportLines = {{
-    {kNowRunning, Record::running},
+constexpr std::array<ReportLine, 4> report_lines = {{
+    {now_running, Record::running},
     {"\x01"
      "error ",
      Record::error},
@@ -70,9 +70,9 @@ void Interpreter::start() {
         "-P-",  // nothing of the interpreter's own is looked for in the current folder
         "-dSAFER",
         "--permit-file-read=in/*",
-        kPauseSilently,
+        pause_silently,
         "-sDEVICE=pdfwrite",
-        std::string("-sOutputFile=") + kOutputFile,
+        std::string("-sOutputFile=") + output_file,
     };
     std::vector<char*> pointers;
     pointers.reserve(arguments.size());
@@ -125,9 +125,9 @@ int Interpreter::on_stderr(void* self, const char* text, int size) {
 
 void Interpreter::take_output_line(std::string_view line) {
     const auto report =
-        std::find_if(kReportLines.begin(), kReportLines.end(),
+        std::find_if(report_lines.begin(), report_lines.end(),
                      [line](const ReportLine& known) { return line.starts_with(known.opening); });
-    if (report == kReportLines.end()) {
+    if (report == report_lines.end()) {
         if (started_ && !is_font_noise(line)) send(Record::line, line);
         return;
     }

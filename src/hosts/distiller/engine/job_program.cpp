@@ -7,7 +7,7 @@ namespace {
 
 /// Defines `FoliantRun`: (file) FoliantRun. Operators are bound and everything else is taken by value, so
 /// that it works whatever the document has redefined.
-constexpr const char* kRunAndReport = R"PS(
+constexpr const char* run_and_report = R"PS(
 10 dict begin
 /errors $error def
 /character 1 string def
@@ -68,7 +68,7 @@ end
 }  // namespace
 
 std::string setup_program() {
-    return std::string(kRunAndReport) + "(" + kSetupFile + ") run\n";
+    return std::string(run_and_report) + "(" + setup_file + ") run\n";
 }
 
 std::string running_program(std::string_view file) {

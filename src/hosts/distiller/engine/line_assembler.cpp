@@ -3,13 +3,13 @@
 namespace foliant::hosts::distiller::engine {
 namespace {
 
-constexpr std::size_t kLongestLine = 4096;  // a document may print without ever ending a line
+constexpr std::size_t longest_line = 4096;  // a document may print without ever ending a line
 
 }  // namespace
 
 void LineAssembler::add(std::string_view piece) {
     for (const char c : piece) {
-        if (c == '\n' || line_.size() == kLongestLine) pass_on();
+        if (c == '\n' || line_.size() == longest_line) pass_on();
         if (c != '\n') line_ += c;
     }
 }

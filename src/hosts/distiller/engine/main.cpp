@@ -20,7 +20,7 @@
 namespace foliant::hosts::distiller::engine {
 namespace {
 
-constexpr rlim_t kMostMemory = rlim_t{4} << 30;  // bytes; real documents stay far below, memory hogs do not
+constexpr rlim_t most_memory = rlim_t{4} << 30;  // bytes; real documents stay far below, memory hogs do not
 
 /// "10.00.0"; the library gives 10000.
 std::string version() {
@@ -48,7 +48,7 @@ void restrict_this_process(long parent) {
     ::signal(SIGXFSZ, SIG_IGN);  // a file that grows too large is an error to report, not a death
     lower_limit(RLIMIT_CORE, 0);
 #ifndef __SANITIZE_ADDRESS__  // which reserves terabytes
-    lower_limit(RLIMIT_AS, kMostMemory);
+    lower_limit(RLIMIT_AS, most_memory);
 #endif
 }
 
@@ -59,8 +59,8 @@ bool exists(const char* path) {
 void distill() {
     Interpreter interpreter;
     bool well = interpreter.run(setup_program());
-    if (well && exists(kOptionsFile)) {
-        well = interpreter.run(running_program(kOptionsFile));
+    if (well && exists(options_file)) {
+        well = interpreter.run(running_program(options_file));
         if (well && !interpreter.has_quit()) send(Record::options_set, "");
     }
     if (well && !interpreter.has_quit()) well = interpreter.run(running_program(input_name(0)));
@@ -81,7 +81,7 @@ int main(int argc, char** argv) {
         return EXIT_FAILURE;
     }
     engine::restrict_this_process(std::strtol(argv[2], nullptr, 10));
-    if (std::string_view(argv[1]) == engine::kVersionCommand) {
+    if (std::string_view(argv[1]) == engine::version_command) {
         engine::send(engine::Record::done, engine::version());
     } else {
         engine::distill();

@@ -7,26 +7,26 @@
 /// the engine writes while it works.
 namespace foliant::hosts::distiller::engine {
 
-inline constexpr const char* kProgram = "ghostscript-engine";
-inline constexpr const char* kVersionCommand = "version";  ///< one record `done`, "10.00.0"
-inline constexpr const char* kDistillCommand = "distill";  ///< the job that the current folder holds
+inline constexpr const char* engine_program = "ghostscript-engine";
+inline constexpr const char* version_command = "version";  ///< one record `done`, "10.00.0"
+inline constexpr const char* distill_command = "distill";  ///< the job that the current folder holds
 
-inline constexpr const char* kOptionsFile = "in/options";
-inline constexpr const char* kSetupFile = "in/setup";
-inline constexpr const char* kScratchFolder = "scratch";
-inline constexpr const char* kOutputFile = "out.pdf";
+inline constexpr const char* options_file = "in/options";
+inline constexpr const char* setup_file = "in/setup";
+inline constexpr const char* scratch_folder = "scratch";
+inline constexpr const char* output_file = "out.pdf";
 
 /// 0 is the input, 1 and up the files that a driver names.
 inline std::string input_name(std::size_t index) {
     return "in/" + std::to_string(index);
 }
 
-inline constexpr int kRecordDescriptor = 3;
-inline constexpr int kOutputDescriptor = 4;
+inline constexpr int record_descriptor = 3;
+inline constexpr int output_descriptor = 4;
 
 /// A line of the interpreter's output that begins so is meant for the engine, not for people. A document that
 /// prints one fools its own progress or its own error text, nothing else.
-inline constexpr const char* kNowRunning = "\x01running ";
+inline constexpr const char* now_running = "\x01running ";
 
 /// A record is one of these letters, a text, and a zero byte.
 enum class Record : char {

@@ -8,7 +8,7 @@
 namespace foliant::hosts::distiller::engine {
 namespace {
 
-constexpr int kHighestExpected = 63;  // the interpreter has a dozen files open
+constexpr int highest_expected = 63;  // the interpreter has a dozen files open
 
 }  // namespace
 
@@ -34,8 +34,8 @@ bool ReadingPosition::is_the_file(int descriptor) const {
 }
 
 void ReadingPosition::find_descriptor() {
-    descriptor_ = kOutputDescriptor;
-    while (++descriptor_ <= kHighestExpected) {
+    descriptor_ = output_descriptor;
+    while (++descriptor_ <= highest_expected) {
         if (is_the_file(descriptor_)) return;
     }
     descriptor_ = -1;

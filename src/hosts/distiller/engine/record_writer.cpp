@@ -13,7 +13,7 @@ void send(Record kind, std::string_view text) {
     record += '\0';
     std::string_view rest = record;
     while (!rest.empty()) {
-        const auto written = ::write(kRecordDescriptor, rest.data(), rest.size());
+        const auto written = ::write(record_descriptor, rest.data(), rest.size());
         if (written < 0 && errno == EINTR) continue;
         if (written < 0) std::_Exit(EXIT_FAILURE);
         rest.remove_prefix(static_cast<std::size_t>(written));

@@ -17,11 +17,11 @@ std::string random_password() {
     if (::getrandom(bytes.data(), bytes.size(), 0) != static_cast<ssize_t>(bytes.size())) {
         throw std::system_error(errno, std::generic_category(), "no random owner password");
     }
-    constexpr const char* kDigits = "0123456789abcdef";
+    constexpr const char* digits = "0123456789abcdef";
     std::string text;
     for (const unsigned char byte : bytes) {
-        text += kDigits[byte >> 4];
-        text += kDigits[byte & 15];
+        text += digits[byte >> 4];
+        text += digits[byte & 15];
     }
     return text;
 }

@@ -14,7 +14,7 @@ using ProtectPdf = void (*)(const std::filesystem::path& plain, const std::files
                             const Security& security);
 
 /// The library's file, in the engine folder, and the name under which it exports a `ProtectPdf`.
-inline constexpr const char* kProtectorLibrary = "qpdf-protector.so";
-inline constexpr const char* kProtectorSymbol = "foliant_protect_pdf";
+inline constexpr const char* protector_library = "qpdf-protector.so";
+inline constexpr const char* protector_symbol = "foliant_protect_pdf";
 
 }  // namespace foliant::hosts::distiller
