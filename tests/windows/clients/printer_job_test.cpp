@@ -55,9 +55,8 @@ TEST_F(ClosingAcrobat, IsNotDoneUnlessAskedFor) {
     EXPECT_EQ(acrobat.heard(), "");
 }
 
-/// The installation is one for whose senders the command lines name the system's folder, whatever else is
-/// there.
-TEST(WithoutSenderInTheSystemFolder, AnOtherOneIsNotStarted) {
+/// The command lines of this job name the system's folder, wherever else a sender may lie.
+TEST(WithoutSenderInTheSystemFolder, TheOneBesideTheLibraryIsNotStarted) {
     const InstalledComponent component(Kind::in_process, Sender::beside_library);
     const std::string result = ClientRun(Client::late_bound, member, "beside").result();
     EXPECT_NE(result.find("error 800A0035 Foliant: Cannot start a program: File not found.\n"),
