@@ -83,22 +83,23 @@ std::string texts_of(HWND window) {
     return texts;
 }
 
-HWND wait_for_window(const wchar_t* caption) {
+/// A message box is shown once all that is in it has been made.
+HWND wait_until_shown(const wchar_t* caption) {
     constexpr int rounds = 600;
     constexpr DWORD pause_ms = 50;
-    HWND window = nullptr;
-    for (int i = 0; i < rounds && window == nullptr; ++i) {
+    for (int i = 0; i < rounds; ++i) {
+        const HWND window = FindWindowW(nullptr, caption);
+        if (window != nullptr && IsWindowVisible(window) != FALSE) return window;
         Sleep(pause_ms);
-        window = FindWindowW(nullptr, caption);
     }
-    return window;
+    return nullptr;
 }
 
 /// Senders of the test's own stand for the person who reads the message and answers the dialogs.
 TEST(WithoutAnySender, AMessageSaysSoAndTheDialogsWaitForAPerson) {
     const InstalledComponent component(Kind::in_process, Sender::nowhere);
     ClientRun run(Client::late_bound, member, "nowhere");
-    const HWND message = wait_for_window(L"File QUORIXSEND.EXE not found");
+    const HWND message = wait_until_shown(L"File QUORIXSEND.EXE not found");
     ASSERT_NE(message, nullptr);
     EXPECT_EQ(
         texts_of(message),
