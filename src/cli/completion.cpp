@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "cli/member_command.h"
 #include "cli/option_names.h"
 #include "core/members.h"
 #include "core/parameter_help.h"

@@ -1,7 +1,6 @@
 #include "cli/manual.h"
 
 #include "cli/exit_codes.h"
-#include "cli/member_command.h"
 #include "cli/option_names.h"
 #include "core/members.h"
 #include "core/parameter_help.h"

@@ -120,10 +120,6 @@ bool is_list(const core::Member& member, const Parameter& parameter) {
 
 }  // namespace
 
-bool is_made_by_the_command(const Parameter& parameter) {
-    return parameter.type == ValueType::object;
-}
-
 MemberCommand::MemberCommand(CLI::App& command, const core::Member& member) : member_(member) {
     const auto parameters = member.parameters();
     // Two lists in a row could not be told apart; then each follows its option.

@@ -40,8 +40,4 @@ class MemberCommand {
     std::map<std::string_view, std::unique_ptr<Given>> given_;
 };
 
-/// Whether the command line leaves that parameter to the program (the transfer control, which it makes
-/// itself).
-bool is_made_by_the_command(const core::Parameter& parameter);
-
 }  // namespace foliant::cli

@@ -41,4 +41,8 @@ std::string placeholder(std::string_view parameter) {
     return text;
 }
 
+bool is_made_by_the_command(const core::Parameter& parameter) {
+    return parameter.type == core::ValueType::object;
+}
+
 }  // namespace foliant::cli

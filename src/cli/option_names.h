@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/member.h"
+
 /// `foliant`: the class as a command. Parses, calls, shows progress and results; owns no step of any member.
 namespace foliant::cli {
 
@@ -12,5 +14,8 @@ std::string option_name(std::string_view parameter);
 
 /// "PDF_FILE" for "strPDFFile", as help texts show a value.
 std::string placeholder(std::string_view parameter);
+
+/// Whether a parameter has no option, because the program makes its value itself: the transfer control.
+bool is_made_by_the_command(const core::Parameter& parameter);
 
 }  // namespace foliant::cli

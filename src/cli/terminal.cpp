@@ -1,6 +1,6 @@
 #include "cli/terminal.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/Error.hpp>
 #include <cstdio>
 #include <memory>
 #include <termios.h>
