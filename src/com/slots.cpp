@@ -7,12 +7,14 @@
 
 #include "com/build_pdf_object.h"
 #include "com/conversion.h"
+#include "core/member_table.h"
 #include "core/members.h"
 
 namespace foliant::com {
 namespace {
 
 using core::Member;
+using core::member_table;
 using core::members;
 using core::ValueType;
 
@@ -51,14 +53,14 @@ struct Native<ValueType::object> {
 
 /// The type of a parameter in the slot's function.
 template <std::size_t Slot, std::size_t Index>
-using Parameter = std::conditional_t<members[Slot].parameter_storage[Index].by_reference,
-                                     typename Native<members[Slot].parameter_storage[Index].type>::Kind*,
-                                     typename Native<members[Slot].parameter_storage[Index].type>::Kind>;
+using Parameter = std::conditional_t<member_table[Slot].parameter_storage[Index].by_reference,
+                                     typename Native<member_table[Slot].parameter_storage[Index].type>::Kind*,
+                                     typename Native<member_table[Slot].parameter_storage[Index].type>::Kind>;
 
 /// An argument as a late-bound caller would have sent it; it borrows what it holds.
 template <std::size_t Slot, std::size_t Index>
 VARIANT borrowed(Parameter<Slot, Index> argument) noexcept {
-    constexpr const core::Parameter& parameter = members[Slot].parameter_storage[Index];
+    constexpr const core::Parameter& parameter = member_table[Slot].parameter_storage[Index];
     VARIANT variant{};
     if constexpr (parameter.by_reference) {
         variant.vt = VT_BYREF | variant_type(parameter.type);
@@ -96,8 +98,8 @@ struct SlotFunction<Slot, std::index_sequence<Index...>> {
 
 template <std::size_t Slot>
 const void* slot_function() noexcept {
-    using Function = SlotFunction<Slot, std::make_index_sequence<members[Slot].parameter_count>>;
-    if constexpr (members[Slot].result.has_value()) {
+    using Function = SlotFunction<Slot, std::make_index_sequence<member_table[Slot].parameter_count>>;
+    if constexpr (member_table[Slot].result.has_value()) {
         return reinterpret_cast<const void*>(&Function::with_result);
     } else {
         return reinterpret_cast<const void*>(&Function::without_result);

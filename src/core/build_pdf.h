@@ -26,9 +26,10 @@ inline constexpr std::string_view not_available_ending = " is not available in t
 /// The class that clients create: every member is one self-contained sequence on the caller's thread, which
 /// releases every outside object that it created before it returns.
 ///
-/// Names, parameter order and types are the interface that existing clients call; `members.h` adds numbers,
-/// defaults and what is optional. A reference parameter may be written to. Failures are `automation::Error`
-/// with the source "Foliant". Members that this version does not have yet raise 445 and do nothing.
+/// Names, parameter order and types are the interface that existing clients call; `member_table.h` adds
+/// numbers, defaults and what is optional. A reference parameter may be written to. Failures are
+/// `automation::Error` with the source "Foliant". Members that this version does not have yet raise 445 and
+/// do nothing.
 class BuildPDF {
   public:
     /// Reads the settings (see session::Session). `events` receives the component's events by name, on the

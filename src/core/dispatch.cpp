@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "automation/error.h"
+#include "core/member_table.h"
 #include "core/members.h"
 #include "session/errors.h"
 
@@ -33,11 +34,12 @@ constexpr int compare(std::string_view a, std::string_view b) noexcept {
 }
 
 constexpr auto rows_by_name = [] {
-    std::array<std::size_t, members.size()> rows{};
+    std::array<std::size_t, member_count> rows{};
     for (std::size_t i = 0; i < rows.size(); ++i)
         rows[i] = i;
-    std::sort(rows.begin(), rows.end(),
-              [](std::size_t a, std::size_t b) { return compare(members[a].name, members[b].name) < 0; });
+    std::sort(rows.begin(), rows.end(), [](std::size_t a, std::size_t b) {
+        return compare(member_table[a].name, member_table[b].name) < 0;
+    });
     return rows;
 }();
 
