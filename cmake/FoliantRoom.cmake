@@ -26,9 +26,20 @@ if(FOLIANT_SANITIZE)
   target_link_options(foliant_settings INTERFACE -fsanitize=address,undefined)
 endif()
 
-# foliant_room(NAME SOURCES ... KNOWS rooms...)
+# Sets `result` to the sources of the current folder but those named: a new file is found by the next build.
+function(foliant_sources result)
+  file(GLOB found CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} *.cpp)
+  list(REMOVE_ITEM found ${ARGN})
+  set(${result} ${found} PARENT_SCOPE)
+endfunction()
+
+# foliant_room(NAME EXCEPT sources... KNOWS rooms...): all sources of the current folder but those excepted, or SOURCES
+# where one folder holds several rooms.
 function(foliant_room name)
-  cmake_parse_arguments(room "" "" "SOURCES;KNOWS" ${ARGN})
+  cmake_parse_arguments(room "" "" "EXCEPT;SOURCES;KNOWS" ${ARGN})
+  if(NOT room_SOURCES)
+    foliant_sources(room_SOURCES ${room_EXCEPT})
+  endif()
   add_library(foliant_${name} STATIC ${room_SOURCES})
   target_link_libraries(foliant_${name} PUBLIC foliant_settings)
   foreach(known IN LISTS room_KNOWS)
@@ -42,9 +53,13 @@ function(foliant_own_prefix target)
   set_target_properties(${target} PROPERTIES CROSSCOMPILING_EMULATOR "${emulator}")
 endfunction()
 
-# foliant_test(NAME SOURCES ... KNOWS rooms... LINKS targets...): one test program, its tests found by CTest.
+# foliant_test(NAME EXCEPT sources... KNOWS rooms... LINKS targets...): one test program of all sources of the current
+# folder but those excepted, or of SOURCES where several programs share a folder. CTest finds its tests.
 function(foliant_test name)
-  cmake_parse_arguments(test "" "" "SOURCES;KNOWS;LINKS;LABELS" ${ARGN})
+  cmake_parse_arguments(test "" "" "EXCEPT;SOURCES;KNOWS;LINKS;LABELS" ${ARGN})
+  if(NOT test_SOURCES)
+    foliant_sources(test_SOURCES ${test_EXCEPT})
+  endif()
   add_executable(${name} ${test_SOURCES})
   set_target_properties(${name} PROPERTIES ENABLE_EXPORTS ON)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
