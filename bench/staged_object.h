@@ -5,7 +5,7 @@
 
 #include "automation/object.h"
 #include "core/build_pdf.h"
-#include "platform/stage/cast.h"
+#include "platform/stage/cast/cast.h"
 #include "platform/stage/stage.h"
 
 namespace foliant::bench {

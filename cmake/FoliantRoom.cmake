@@ -26,19 +26,25 @@ if(FOLIANT_SANITIZE)
   target_link_options(foliant_settings INTERFACE -fsanitize=address,undefined)
 endif()
 
-# Sets `result` to the sources of the current folder but those named: a new file is found by the next build.
+# foliant_sources(RESULT FOLDERS folders... EXCEPT sources...): sets RESULT to the sources of the current folder, and of
+# those folders below it, but those excepted. A new file is found by the next build.
 function(foliant_sources result)
-  file(GLOB found CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} *.cpp)
-  list(REMOVE_ITEM found ${ARGN})
+  cmake_parse_arguments(sources "" "" "FOLDERS;EXCEPT" ${ARGN})
+  set(patterns *.cpp)
+  foreach(folder IN LISTS sources_FOLDERS)
+    list(APPEND patterns ${folder}/*.cpp)
+  endforeach()
+  file(GLOB found CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} ${patterns})
+  list(REMOVE_ITEM found ${sources_EXCEPT})
   set(${result} ${found} PARENT_SCOPE)
 endfunction()
 
-# foliant_room(NAME EXCEPT sources... KNOWS rooms...): all sources of the current folder but those excepted, or SOURCES
-# where one folder holds several rooms.
+# foliant_room(NAME FOLDERS folders... EXCEPT sources... KNOWS rooms...): all sources of the current folder, and of those
+# folders below it, but those excepted, or SOURCES where one folder holds several rooms.
 function(foliant_room name)
-  cmake_parse_arguments(room "" "" "EXCEPT;SOURCES;KNOWS" ${ARGN})
+  cmake_parse_arguments(room "" "" "FOLDERS;EXCEPT;SOURCES;KNOWS" ${ARGN})
   if(NOT room_SOURCES)
-    foliant_sources(room_SOURCES ${room_EXCEPT})
+    foliant_sources(room_SOURCES FOLDERS ${room_FOLDERS} EXCEPT ${room_EXCEPT})
   endif()
   add_library(foliant_${name} STATIC ${room_SOURCES})
   target_link_libraries(foliant_${name} PUBLIC foliant_settings)
@@ -53,12 +59,13 @@ function(foliant_own_prefix target)
   set_target_properties(${target} PROPERTIES CROSSCOMPILING_EMULATOR "${emulator}")
 endfunction()
 
-# foliant_test(NAME EXCEPT sources... KNOWS rooms... LINKS targets...): one test program of all sources of the current
-# folder but those excepted, or of SOURCES where several programs share a folder. CTest finds its tests.
+# foliant_test(NAME FOLDERS folders... EXCEPT sources... KNOWS rooms... LINKS targets...): one test program of all sources
+# of the current folder, and of those folders below it, but those excepted, or of SOURCES where several programs share a
+# folder. CTest finds its tests.
 function(foliant_test name)
-  cmake_parse_arguments(test "" "" "EXCEPT;SOURCES;KNOWS;LINKS;LABELS" ${ARGN})
+  cmake_parse_arguments(test "" "" "FOLDERS;EXCEPT;SOURCES;KNOWS;LINKS;LABELS" ${ARGN})
   if(NOT test_SOURCES)
-    foliant_sources(test_SOURCES ${test_EXCEPT})
+    foliant_sources(test_SOURCES FOLDERS ${test_FOLDERS} EXCEPT ${test_EXCEPT})
   endif()
   add_executable(${name} ${test_SOURCES})
   set_target_properties(${name} PROPERTIES ENABLE_EXPORTS ON)

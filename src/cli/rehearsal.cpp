@@ -8,7 +8,7 @@
 #include "cli/report.h"
 #include "core/dispatch.h"
 #include "core/parameter_help.h"
-#include "platform/stage/cast.h"
+#include "platform/stage/cast/cast.h"
 #include "platform/stage/stage.h"
 #include "session/session.h"
 

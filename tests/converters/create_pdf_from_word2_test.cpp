@@ -21,10 +21,10 @@ TEST_F(CreatePDFfromWord2, AnswersTheDialogsBeforePrintingAndWaitsForThePdf) {
         length C:\in\letter.doc -> 1000
         create Word.Application
         Word.Application.Documents
-        Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
         Word.Application.DisplayAlerts = Integer(0)
-        Document.PageSetup
-        PageSetup.Orientation = Integer(0)
+        Word.Document.PageSetup
+        Word.PageSetup.Orientation = Integer(0)
         Word.Application.ActivePrinter -> "Office printer"
         Word.Application.ActivePrinter = "Adobe PDF"
         length C:\out\Letter.PDF -> not found
@@ -32,7 +32,7 @@ TEST_F(CreatePDFfromWord2, AnswersTheDialogsBeforePrintingAndWaitsForThePdf) {
         length C:\WINDOWS\system32\quorixsend.exe -> 1000
         start (hidden) C:\WINDOWS\system32\quorixsend.exe save pdf file as~Edit~C:\out\Letter.PDF~0~0~
         start (hidden) C:\WINDOWS\system32\quorixsend.exe adobe pdf - security~Button~~0~0~
-        Document.PrintOut()
+        Word.Document.PrintOut()
         sleep 2000 ms
         pump messages
         length C:\out\Letter.PDF -> 1000
@@ -41,8 +41,8 @@ TEST_F(CreatePDFfromWord2, AnswersTheDialogsBeforePrintingAndWaitsForThePdf) {
         length C:\out\Letter.PDF -> 1000
         Word.Application.ActivePrinter = "Office printer"
         Word.Application.DisplayAlerts = Integer(-1)
-        Document.Close(False)
-        release Document
+        Word.Document.Close(False)
+        release Word.Document
         Word.Application.Quit()
         release Word.Application
     )");
@@ -58,7 +58,7 @@ TEST_F(CreatePDFfromWord2, DeletesTheOldPdfBeforeTheSendersStart) {
         length C:\WINDOWS\system32\quorixsend.exe -> 1000
         start (hidden) C:\WINDOWS\system32\quorixsend.exe save pdf file as~Edit~C:\out\Letter.PDF~0~0~
         start (hidden) C:\WINDOWS\system32\quorixsend.exe adobe pdf - security~Button~~0~0~
-        Document.PrintOut()
+        Word.Document.PrintOut()
         sleep 2000 ms
         pump messages
         length C:\out\Letter.PDF -> 1000
@@ -67,8 +67,8 @@ TEST_F(CreatePDFfromWord2, DeletesTheOldPdfBeforeTheSendersStart) {
         length C:\out\Letter.PDF -> 1000
         Word.Application.ActivePrinter = "Office printer"
         Word.Application.DisplayAlerts = Integer(-1)
-        Document.Close(False)
-        release Document
+        Word.Document.Close(False)
+        release Word.Document
         Word.Application.Quit()
         release Word.Application
     )");
@@ -77,15 +77,14 @@ TEST_F(CreatePDFfromWord2, DeletesTheOldPdfBeforeTheSendersStart) {
 TEST_F(CreatePDFfromWord2, PrintsARangeOfPagesWithoutNamingAFile) {
     job.pages = "2-4";
     call();
-    EXPECT_EQ(stage.lines().at(14), "Document.PrintOut(Range:=Integer(4), Pages:=\"2-4\")");
+    EXPECT_EQ(stage.lines().at(14), "Word.Document.PrintOut(Range:=Integer(4), Pages:=\"2-4\")");
     stage.clear_journal();
     job.pages = "  ";
     call();
-    EXPECT_NE(stage.journal().find("\nDocument.PrintOut()\n"), std::string::npos);
+    EXPECT_NE(stage.journal().find("\nWord.Document.PrintOut()\n"), std::string::npos);
 }
 
 TEST_F(CreatePDFfromWord2, ClosesAcrobatsWindowOnRequestBeforeWordIsRestored) {
-    stage.windows["Adobe Acrobat Professional - [Letter.pdf]"] = 3000;
     call(true);
     tests::expect_text(after_preparation(), R"(
         length C:\out\Letter.PDF -> not found
@@ -93,7 +92,7 @@ TEST_F(CreatePDFfromWord2, ClosesAcrobatsWindowOnRequestBeforeWordIsRestored) {
         length C:\WINDOWS\system32\quorixsend.exe -> 1000
         start (hidden) C:\WINDOWS\system32\quorixsend.exe save pdf file as~Edit~C:\out\Letter.PDF~0~0~
         start (hidden) C:\WINDOWS\system32\quorixsend.exe adobe pdf - security~Button~~0~0~
-        Document.PrintOut()
+        Word.Document.PrintOut()
         sleep 2000 ms
         pump messages
         length C:\out\Letter.PDF -> 1000
@@ -103,11 +102,11 @@ TEST_F(CreatePDFfromWord2, ClosesAcrobatsWindowOnRequestBeforeWordIsRestored) {
         pump messages
         find window "adobe acrobat - [letter.pdf]" -> none
         find window "adobe acrobat professional - [letter.pdf]" -> found
-        send WM_CLOSE (0, "0") to "Adobe Acrobat Professional - [Letter.pdf]"
+        send WM_CLOSE (0, "0") to "Adobe Acrobat Professional - [Letter.PDF]"
         Word.Application.ActivePrinter = "Office printer"
         Word.Application.DisplayAlerts = Integer(-1)
-        Document.Close(False)
-        release Document
+        Word.Document.Close(False)
+        release Word.Document
         Word.Application.Quit()
         release Word.Application
     )");
@@ -115,17 +114,14 @@ TEST_F(CreatePDFfromWord2, ClosesAcrobatsWindowOnRequestBeforeWordIsRestored) {
 
 TEST_F(CreatePDFfromWord2, WithoutAnAcrobatWindowItEndsNormallyAfterTheSearch) {
     stage.pump_takes = 8000;
+    have_the_printer_write("C:\\out\\Letter.PDF");
     call(true);
     EXPECT_EQ(stage.lines().back(), "release Word.Application");
 }
 
 TEST_F(CreatePDFfromWord2, PrintsAlsoWhenTheSenderIsMissing) {
     stage.files.erase("C:\\WINDOWS\\system32\\quorixsend.exe");
-    // Somebody types the name into the dialog.
-    stage.when("Document.PrintOut", [](platform::stage::StageObject& document, const automation::Arguments&) {
-        document.stage().put_file("C:\\out\\Letter.PDF");
-        return automation::Value();
-    });
+    have_the_printer_write("C:\\out\\Letter.PDF");  // somebody types the name into the dialog
     call();
     tests::expect_text(
         after_preparation(),
@@ -136,7 +132,7 @@ TEST_F(CreatePDFfromWord2, PrintsAlsoWhenTheSenderIsMissing) {
         "message box \"Error! Can't find file QUORIXSEND.EXE. Please copy this file into the same "
         "path as QUORIX.OCX or into your Window's System Directory.\", title \"File QUORIXSEND.EXE "
         "not found\", style 4144\n"
-        "Document.PrintOut()\n"
+        "Word.Document.PrintOut()\n"
         "sleep 2000 ms\n"
         "pump messages\n"
         "length C:\\out\\Letter.PDF -> 1000\n"
@@ -145,8 +141,8 @@ TEST_F(CreatePDFfromWord2, PrintsAlsoWhenTheSenderIsMissing) {
         "length C:\\out\\Letter.PDF -> 1000\n"
         "Word.Application.ActivePrinter = \"Office printer\"\n"
         "Word.Application.DisplayAlerts = Integer(-1)\n"
-        "Document.Close(False)\n"
-        "release Document\n"
+        "Word.Document.Close(False)\n"
+        "release Word.Document\n"
         "Word.Application.Quit()\n"
         "release Word.Application\n");
 }
@@ -162,8 +158,8 @@ TEST_F(CreatePDFfromWord2, ASenderOnlyBesideTheLibraryIsFileNotFoundAndWordIsQui
         length C:\WINDOWS\system32\quorixsend.exe -> not found
         length C:\Temp\quorixsend.exe -> 1000
         start (hidden) C:\WINDOWS\system32\quorixsend.exe save pdf file as~Edit~C:\out\Letter.PDF~0~0~
-        Document.Close(False)
-        release Document
+        Word.Document.Close(False)
+        release Word.Document
         Word.Application.Quit()
         release Word.Application
         raise 53 from Foliant: File not found
@@ -171,7 +167,7 @@ TEST_F(CreatePDFfromWord2, ASenderOnlyBesideTheLibraryIsFileNotFoundAndWordIsQui
 }
 
 TEST_F(CreatePDFfromWord2, ClosesTheDocumentAndQuitsWordWhenPrintingFails) {
-    make_word_fail_in("Document.PrintOut");
+    make_word_fail_in("Word.Document.PrintOut");
     call();
     tests::expect_text(after_preparation(), R"(
         length C:\out\Letter.PDF -> not found
@@ -179,9 +175,9 @@ TEST_F(CreatePDFfromWord2, ClosesTheDocumentAndQuitsWordWhenPrintingFails) {
         length C:\WINDOWS\system32\quorixsend.exe -> 1000
         start (hidden) C:\WINDOWS\system32\quorixsend.exe save pdf file as~Edit~C:\out\Letter.PDF~0~0~
         start (hidden) C:\WINDOWS\system32\quorixsend.exe adobe pdf - security~Button~~0~0~
-        Document.PrintOut()
-        Document.Close(False)
-        release Document
+        Word.Document.PrintOut()
+        Word.Document.Close(False)
+        release Word.Document
         Word.Application.Quit()
         release Word.Application
         raise -2147352567 from Foliant: Word cannot do that.

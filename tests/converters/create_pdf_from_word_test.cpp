@@ -31,15 +31,15 @@ TEST_F(CreatePDFfromWord, PrintsToATemporaryFileQuitsWordAndHasDistillerConvert)
         length C:\in\letter.doc -> 1000
         create Word.Application
         Word.Application.Documents
-        Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
         Word.Application.DisplayAlerts = Integer(0)
-        Document.PageSetup
-        PageSetup.Orientation = Integer(0)
+        Word.Document.PageSetup
+        Word.PageSetup.Orientation = Integer(0)
         Word.Application.ActivePrinter -> "Office printer"
         Word.Application.ActivePrinter = "Adobe PDF"
         look for 13387663 in the current folder
         length C:\Temp\13387663.ps -> not found
-        Document.PrintOut(Outputfilename:="C:\Temp\13387663.ps")
+        Word.Document.PrintOut(Outputfilename:="C:\Temp\13387663.ps")
         sleep 2000 ms
         pump messages
         length C:\Temp\13387663.ps -> 1000
@@ -48,8 +48,8 @@ TEST_F(CreatePDFfromWord, PrintsToATemporaryFileQuitsWordAndHasDistillerConvert)
         length C:\Temp\13387663.ps -> 1000
         Word.Application.ActivePrinter = "Office printer"
         Word.Application.DisplayAlerts = Integer(-1)
-        Document.Close(False)
-        release Document
+        Word.Document.Close(False)
+        release Word.Document
         Word.Application.Quit()
         release Word.Application
         length C:\out\letter.pdf -> not found
@@ -71,21 +71,21 @@ TEST_F(CreatePDFfromWord, PrintsToATemporaryFileQuitsWordAndHasDistillerConvert)
 TEST_F(CreatePDFfromWord, PrintsTheRangeOfPagesThatIsNamed) {
     job.pages = "1-3,5";
     call();
-    EXPECT_EQ(
-        stage.lines().at(11),
-        "Document.PrintOut(Outputfilename:=\"C:\\Temp\\13387663.ps\", Range:=Integer(4), Pages:=\"1-3,5\")");
+    EXPECT_EQ(stage.lines().at(11),
+              "Word.Document.PrintOut(Outputfilename:=\"C:\\Temp\\13387663.ps\", Range:=Integer(4), "
+              "Pages:=\"1-3,5\")");
 }
 
 TEST_F(CreatePDFfromWord, PassesTheRangeUntrimmedAndTakesBlanksForNone) {
     job.pages = " 2 ";
     call();
-    EXPECT_EQ(
-        stage.lines().at(11),
-        "Document.PrintOut(Outputfilename:=\"C:\\Temp\\13387663.ps\", Range:=Integer(4), Pages:=\" 2 \")");
+    EXPECT_EQ(stage.lines().at(11),
+              "Word.Document.PrintOut(Outputfilename:=\"C:\\Temp\\13387663.ps\", Range:=Integer(4), "
+              "Pages:=\" 2 \")");
     stage.clear_journal();
     job.pages = "  ";
     call();
-    EXPECT_EQ(stage.lines().at(11), "Document.PrintOut(Outputfilename:=\"C:\\Temp\\90360397.ps\")");
+    EXPECT_EQ(stage.lines().at(11), "Word.Document.PrintOut(Outputfilename:=\"C:\\Temp\\90360397.ps\")");
 }
 
 TEST_F(CreatePDFfromWord, DeletesATemporaryFileOfThatNameBeforePrinting) {
@@ -96,7 +96,7 @@ TEST_F(CreatePDFfromWord, DeletesATemporaryFileOfThatNameBeforePrinting) {
         look for 13387663 in the current folder
         length C:\Temp\13387663.ps -> 1000
         delete C:\Temp\13387663.ps
-        Document.PrintOut(Outputfilename:="C:\Temp\13387663.ps")
+        Word.Document.PrintOut(Outputfilename:="C:\Temp\13387663.ps")
     )");
 }
 
@@ -124,7 +124,7 @@ TEST_F(CreatePDFfromWord, DeletesTheOldPdfOnlyAfterWordWasQuit) {
 
 TEST_F(CreatePDFfromWord, TheOldPdfStaysWhenPrintingFails) {
     stage.put_file("C:\\out\\letter.pdf");
-    make_word_fail_in("Document.PrintOut");
+    make_word_fail_in("Word.Document.PrintOut");
     call();
     EXPECT_EQ(stage.journal().find("delete"), std::string::npos);
 }
@@ -216,23 +216,23 @@ TEST_F(CreatePDFfromWord, TheTemporaryFileStaysWhenDistillerFails) {
 }
 
 TEST_F(CreatePDFfromWord, ClosesTheDocumentAndQuitsWordWhenPrintingFails) {
-    make_word_fail_in("Document.PrintOut");
+    make_word_fail_in("Word.Document.PrintOut");
     call();
     expect_journal(R"(
         length C:\in\letter.doc -> 1000
         create Word.Application
         Word.Application.Documents
-        Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
         Word.Application.DisplayAlerts = Integer(0)
-        Document.PageSetup
-        PageSetup.Orientation = Integer(0)
+        Word.Document.PageSetup
+        Word.PageSetup.Orientation = Integer(0)
         Word.Application.ActivePrinter -> "Office printer"
         Word.Application.ActivePrinter = "Adobe PDF"
         look for 13387663 in the current folder
         length C:\Temp\13387663.ps -> not found
-        Document.PrintOut(Outputfilename:="C:\Temp\13387663.ps")
-        Document.Close(False)
-        release Document
+        Word.Document.PrintOut(Outputfilename:="C:\Temp\13387663.ps")
+        Word.Document.Close(False)
+        release Word.Document
         Word.Application.Quit()
         release Word.Application
         raise -2147352567 from Foliant: Word cannot do that.
@@ -240,7 +240,7 @@ TEST_F(CreatePDFfromWord, ClosesTheDocumentAndQuitsWordWhenPrintingFails) {
 }
 
 TEST_F(CreatePDFfromWord, WaitsWithoutEndForAFileThatWordNeverWrites) {
-    stage.answer("Document.PrintOut", Value());
+    stage.answer("Word.Document.PrintOut", Value());
     int rounds = 0;
     stage.on_pump = [&] {
         if (++rounds == 1000) throw Error(RuntimeError::internal_error, "the test has seen enough");

@@ -18,14 +18,14 @@ TEST_F(CreatePSfromWord, PrintsToTheCallersFileAndInvolvesNoDistiller) {
         length C:\in\letter.doc -> 1000
         create Word.Application
         Word.Application.Documents
-        Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
         Word.Application.DisplayAlerts = Integer(0)
-        Document.PageSetup
-        PageSetup.Orientation = Integer(0)
+        Word.Document.PageSetup
+        Word.PageSetup.Orientation = Integer(0)
         Word.Application.ActivePrinter -> "Office printer"
         Word.Application.ActivePrinter = "Adobe PDF"
         length C:\out\letter.ps -> not found
-        Document.PrintOut(Outputfilename:="C:\out\letter.ps")
+        Word.Document.PrintOut(Outputfilename:="C:\out\letter.ps")
         sleep 2000 ms
         pump messages
         length C:\out\letter.ps -> 1000
@@ -34,8 +34,8 @@ TEST_F(CreatePSfromWord, PrintsToTheCallersFileAndInvolvesNoDistiller) {
         length C:\out\letter.ps -> 1000
         Word.Application.ActivePrinter = "Office printer"
         Word.Application.DisplayAlerts = Integer(-1)
-        Document.Close(False)
-        release Document
+        Word.Document.Close(False)
+        release Word.Document
         Word.Application.Quit()
         release Word.Application
     )");
@@ -50,33 +50,33 @@ TEST_F(CreatePSfromWord, DeletesTheOldFileAfterThePreparationAndBeforePrinting) 
         Word.Application.ActivePrinter = "Adobe PDF"
         length C:\out\letter.ps -> 1000
         delete C:\out\letter.ps
-        Document.PrintOut(Outputfilename:="C:\out\letter.ps")
+        Word.Document.PrintOut(Outputfilename:="C:\out\letter.ps")
     )");
 }
 
 TEST_F(CreatePSfromWord, PageRangesOfBlanksPrintTheWholeDocument) {
     job.pages = "   ";
     call();
-    EXPECT_EQ(stage.lines().at(10), "Document.PrintOut(Outputfilename:=\"C:\\out\\letter.ps\")");
+    EXPECT_EQ(stage.lines().at(10), "Word.Document.PrintOut(Outputfilename:=\"C:\\out\\letter.ps\")");
 }
 
 TEST_F(CreatePSfromWord, QuitsWordWhenPrintingFails) {
-    make_word_fail_in("Document.PrintOut");
+    make_word_fail_in("Word.Document.PrintOut");
     call();
     expect_journal(R"(
         length C:\in\letter.doc -> 1000
         create Word.Application
         Word.Application.Documents
-        Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
         Word.Application.DisplayAlerts = Integer(0)
-        Document.PageSetup
-        PageSetup.Orientation = Integer(0)
+        Word.Document.PageSetup
+        Word.PageSetup.Orientation = Integer(0)
         Word.Application.ActivePrinter -> "Office printer"
         Word.Application.ActivePrinter = "Adobe PDF"
         length C:\out\letter.ps -> not found
-        Document.PrintOut(Outputfilename:="C:\out\letter.ps")
-        Document.Close(False)
-        release Document
+        Word.Document.PrintOut(Outputfilename:="C:\out\letter.ps")
+        Word.Document.Close(False)
+        release Word.Document
         Word.Application.Quit()
         release Word.Application
         raise -2147352567 from Foliant: Word cannot do that.

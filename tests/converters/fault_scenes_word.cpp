@@ -21,7 +21,7 @@ void put_document_and_old_output(Stage& stage) {
 
 /// Whoever answers the printer's dialog, the sender or a person, the PDF is written; then Acrobat shows it.
 void have_the_printer_write_the_pdf(Stage& stage) {
-    stage.when("Document.PrintOut", [](StageObject& document, const Arguments&) {
+    stage.when("Word.Document.PrintOut", [](StageObject& document, const Arguments&) {
         document.stage().put_file("C:\\out\\letter.pdf");
         document.stage().windows["Adobe Acrobat Professional - [letter.pdf]"] = 0;
         return Value();
@@ -42,40 +42,40 @@ FaultScene create_pdf_from_word() {
         fails: create Word.Application
             raise the failure
         fails: Word.Application.Documents
-        fails: Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        fails: Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
             Word.Application.Quit()
             release Word.Application
             raise the failure
         fails: Word.Application.DisplayAlerts = Integer(0)
-            Document.Close(False)
-            release Document
+            Word.Document.Close(False)
+            release Word.Document
             Word.Application.Quit()
             release Word.Application
             raise the failure
-        fails: Document.PageSetup
+        fails: Word.Document.PageSetup
             go on, but
-            - PageSetup.Orientation = Integer(0)
-        fails: PageSetup.Orientation = Integer(0)
+            - Word.PageSetup.Orientation = Integer(0)
+        fails: Word.PageSetup.Orientation = Integer(0)
             go on
-        fails: Document.Sections(Integer(1))
-        fails: Sections.Footers(Integer(1))
-        fails: Footers.PageNumbers
-        fails: PageNumbers.Add(PageNumberAlignment:=Integer(1), FirstPage:=False)
+        fails: Word.Document.Sections(Integer(1))
+        fails: Word.Sections.Footers(Integer(1))
+        fails: Word.Footers.PageNumbers
+        fails: Word.PageNumbers.Add(PageNumberAlignment:=Integer(1), FirstPage:=False)
         fails: Word.Application.ActivePrinter
         fails: Word.Application.ActivePrinter = "Adobe PDF"
-            Document.Close(False)
-            release Document
+            Word.Document.Close(False)
+            release Word.Document
             Word.Application.Quit()
             release Word.Application
             raise the failure
         fails: look for 13387663 in the current folder
         fails: length C:\Temp\13387663.ps
             go on
-        fails: Document.PrintOut(Outputfilename:="C:\Temp\13387663.ps")
+        fails: Word.Document.PrintOut(Outputfilename:="C:\Temp\13387663.ps")
         fails: sleep 2000 ms
         fails: pump messages
-            Document.Close(False)
-            release Document
+            Word.Document.Close(False)
+            release Word.Document
             Word.Application.Quit()
             release Word.Application
             raise the failure
@@ -88,9 +88,9 @@ FaultScene create_pdf_from_word() {
         fails: length C:\Temp\13387663.ps
         fails: Word.Application.ActivePrinter = "Office printer"
         fails: Word.Application.DisplayAlerts = Integer(-1)
-        fails: Document.Close(False)
-            Document.Close(False)
-            release Document
+        fails: Word.Document.Close(False)
+            Word.Document.Close(False)
+            release Word.Document
             Word.Application.Quit()
             release Word.Application
             raise the failure
@@ -127,36 +127,36 @@ FaultScene create_pdf_from_word_with_security() {
         fails: create Word.Application
             raise the failure
         fails: Word.Application.Documents
-        fails: Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        fails: Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
             Word.Application.Quit()
             release Word.Application
             raise the failure
         fails: Word.Application.DisplayAlerts = Integer(0)
-            Document.Close(False)
-            release Document
+            Word.Document.Close(False)
+            release Word.Document
             Word.Application.Quit()
             release Word.Application
             raise the failure
-        fails: Document.PageSetup
+        fails: Word.Document.PageSetup
             go on, but
-            - PageSetup.Orientation = Integer(0)
-        fails: PageSetup.Orientation = Integer(0)
+            - Word.PageSetup.Orientation = Integer(0)
+        fails: Word.PageSetup.Orientation = Integer(0)
             go on
         fails: Word.Application.ActivePrinter
         fails: Word.Application.ActivePrinter = "Adobe PDF"
-            Document.Close(False)
-            release Document
+            Word.Document.Close(False)
+            release Word.Document
             Word.Application.Quit()
             release Word.Application
             raise the failure
         fails: look for 13387663 in the current folder
         fails: length C:\Temp\13387663.ps
             go on
-        fails: Document.PrintOut(Outputfilename:="C:\Temp\13387663.ps")
+        fails: Word.Document.PrintOut(Outputfilename:="C:\Temp\13387663.ps")
         fails: sleep 2000 ms
         fails: pump messages
-            Document.Close(False)
-            release Document
+            Word.Document.Close(False)
+            release Word.Document
             Word.Application.Quit()
             release Word.Application
             raise the failure
@@ -169,9 +169,9 @@ FaultScene create_pdf_from_word_with_security() {
         fails: length C:\Temp\13387663.ps
         fails: Word.Application.ActivePrinter = "Office printer"
         fails: Word.Application.DisplayAlerts = Integer(-1)
-        fails: Document.Close(False)
-            Document.Close(False)
-            release Document
+        fails: Word.Document.Close(False)
+            Word.Document.Close(False)
+            release Word.Document
             Word.Application.Quit()
             release Word.Application
             raise the failure
@@ -211,29 +211,29 @@ FaultScene create_pdf_from_word2() {
         fails: create Word.Application
             raise the failure
         fails: Word.Application.Documents
-        fails: Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        fails: Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
             Word.Application.Quit()
             release Word.Application
             raise the failure
         fails: Word.Application.DisplayAlerts = Integer(0)
-            Document.Close(False)
-            release Document
+            Word.Document.Close(False)
+            release Word.Document
             Word.Application.Quit()
             release Word.Application
             raise the failure
-        fails: Document.PageSetup
+        fails: Word.Document.PageSetup
             go on, but
-            - PageSetup.Orientation = Integer(0)
-        fails: PageSetup.Orientation = Integer(0)
+            - Word.PageSetup.Orientation = Integer(0)
+        fails: Word.PageSetup.Orientation = Integer(0)
             go on
-        fails: Document.Sections(Integer(1))
-        fails: Sections.Headers(Integer(1))
-        fails: Headers.PageNumbers
-        fails: PageNumbers.Add(PageNumberAlignment:=Integer(1), FirstPage:=False)
+        fails: Word.Document.Sections(Integer(1))
+        fails: Word.Sections.Headers(Integer(1))
+        fails: Word.Headers.PageNumbers
+        fails: Word.PageNumbers.Add(PageNumberAlignment:=Integer(1), FirstPage:=False)
         fails: Word.Application.ActivePrinter
         fails: Word.Application.ActivePrinter = "Adobe PDF"
-            Document.Close(False)
-            release Document
+            Word.Document.Close(False)
+            release Word.Document
             Word.Application.Quit()
             release Word.Application
             raise the failure
@@ -241,8 +241,8 @@ FaultScene create_pdf_from_word2() {
             go on, but
             - delete C:\out\letter.pdf
         fails: delete C:\out\letter.pdf
-            Document.Close(False)
-            release Document
+            Word.Document.Close(False)
+            release Word.Document
             Word.Application.Quit()
             release Word.Application
             raise the failure
@@ -262,11 +262,11 @@ FaultScene create_pdf_from_word2() {
             + message box "Error! Can't find file QUORIXSEND.EXE. Please copy this file into the same path as QUORIX.OCX or into your Window's System Directory.", title "File QUORIXSEND.EXE not found", style 4144
         fails: start (hidden) C:\WINDOWS\system32\quorixsend.exe save pdf file as~Edit~C:\out\letter.pdf~0~0~
         fails: start (hidden) C:\WINDOWS\system32\quorixsend.exe adobe pdf - security~Button~~0~0~
-        fails: Document.PrintOut()
+        fails: Word.Document.PrintOut()
         fails: sleep 2000 ms
         fails: pump messages
-            Document.Close(False)
-            release Document
+            Word.Document.Close(False)
+            release Word.Document
             Word.Application.Quit()
             release Word.Application
             raise the failure
@@ -283,9 +283,9 @@ FaultScene create_pdf_from_word2() {
         fails: send WM_CLOSE (0, "0") to "Adobe Acrobat Professional - [letter.pdf]"
         fails: Word.Application.ActivePrinter = "Office printer"
         fails: Word.Application.DisplayAlerts = Integer(-1)
-        fails: Document.Close(False)
-            Document.Close(False)
-            release Document
+        fails: Word.Document.Close(False)
+            Word.Document.Close(False)
+            release Word.Document
             Word.Application.Quit()
             release Word.Application
             raise the failure
@@ -305,35 +305,35 @@ FaultScene create_ps_from_word() {
         fails: create Word.Application
             raise the failure
         fails: Word.Application.Documents
-        fails: Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        fails: Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
             Word.Application.Quit()
             release Word.Application
             raise the failure
         fails: Word.Application.DisplayAlerts = Integer(0)
-            Document.Close(False)
-            release Document
+            Word.Document.Close(False)
+            release Word.Document
             Word.Application.Quit()
             release Word.Application
             raise the failure
-        fails: Document.PageSetup
+        fails: Word.Document.PageSetup
             go on, but
-            - PageSetup.Orientation = Integer(0)
-        fails: PageSetup.Orientation = Integer(0)
+            - Word.PageSetup.Orientation = Integer(0)
+        fails: Word.PageSetup.Orientation = Integer(0)
             go on
         fails: Word.Application.ActivePrinter
         fails: Word.Application.ActivePrinter = "Adobe PDF"
-            Document.Close(False)
-            release Document
+            Word.Document.Close(False)
+            release Word.Document
             Word.Application.Quit()
             release Word.Application
             raise the failure
         fails: length C:\out\letter.ps
             go on
-        fails: Document.PrintOut(Outputfilename:="C:\out\letter.ps", Range:=Integer(4), Pages:="2")
+        fails: Word.Document.PrintOut(Outputfilename:="C:\out\letter.ps", Range:=Integer(4), Pages:="2")
         fails: sleep 2000 ms
         fails: pump messages
-            Document.Close(False)
-            release Document
+            Word.Document.Close(False)
+            release Word.Document
             Word.Application.Quit()
             release Word.Application
             raise the failure
@@ -346,9 +346,9 @@ FaultScene create_ps_from_word() {
         fails: length C:\out\letter.ps
         fails: Word.Application.ActivePrinter = "Office printer"
         fails: Word.Application.DisplayAlerts = Integer(-1)
-        fails: Document.Close(False)
-            Document.Close(False)
-            release Document
+        fails: Word.Document.Close(False)
+            Word.Document.Close(False)
+            release Word.Document
             Word.Application.Quit()
             release Word.Application
             raise the failure

@@ -7,7 +7,7 @@
 
 #include "converters/fault_scenes.h"
 #include "core/members.h"
-#include "platform/stage/cast.h"
+#include "platform/stage/cast/cast.h"
 #include "support/staged_session.h"
 
 namespace foliant::converters {

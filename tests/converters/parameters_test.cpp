@@ -6,7 +6,7 @@
 
 #include "core/build_pdf.h"
 #include "core/dispatch.h"
-#include "platform/stage/cast.h"
+#include "platform/stage/cast/cast.h"
 #include "support/staged_session.h"
 
 namespace foliant::converters {
@@ -98,13 +98,13 @@ TEST_F(Parameters, OfCreatePDFfromWordReachWordAndDistiller) {
     tests::expect_text(
         lines_with({"Open", "Orientation", "ers(", ".Add", "ActivePrinter", "PrintOut", "Distiller."}),
         R"(
-        Documents.Open("C:\in\letter.doc", PasswordDocument:="open", WritePasswordDocument:="write")
-        PageSetup.Orientation = Integer(1)
-        Sections.Footers(Integer(1))
-        PageNumbers.Add(PageNumberAlignment:=Integer(2), FirstPage:=True)
+        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="open", WritePasswordDocument:="write")
+        Word.PageSetup.Orientation = Integer(1)
+        Word.Sections.Footers(Integer(1))
+        Word.PageNumbers.Add(PageNumberAlignment:=Integer(2), FirstPage:=True)
         Word.Application.ActivePrinter -> "Office printer"
         Word.Application.ActivePrinter = "My printer"
-        Document.PrintOut(Outputfilename:="C:\Temp\13387663.ps", Range:=Integer(4), Pages:="2-3")
+        Word.Document.PrintOut(Outputfilename:="C:\Temp\13387663.ps", Range:=Integer(4), Pages:="2-3")
         Word.Application.ActivePrinter = "Office printer"
         SecureDistiller.bShowWindow = True
         SecureDistiller.bSpoolJobs = False
@@ -123,14 +123,14 @@ TEST_F(Parameters, OfCreatePDFfromWord2ReachWordTheSenderAndAcrobat) {
     tests::expect_text(lines_with({"Open", "Orientation", "ers(", ".Add", "ActivePrinter", "save pdf",
                                    "PrintOut", "WM_CLOSE"}),
                        R"(
-        Documents.Open("C:\in\letter.doc", PasswordDocument:="open", WritePasswordDocument:="write")
-        PageSetup.Orientation = Integer(0)
-        Sections.Headers(Integer(1))
-        PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=False)
+        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="open", WritePasswordDocument:="write")
+        Word.PageSetup.Orientation = Integer(0)
+        Word.Sections.Headers(Integer(1))
+        Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=False)
         Word.Application.ActivePrinter -> "Office printer"
         Word.Application.ActivePrinter = "My printer"
         start (hidden) C:\WINDOWS\system32\quorixsend.exe save pdf file as~Edit~C:\out\letter.pdf~0~0~
-        Document.PrintOut(Range:=Integer(4), Pages:="2-3")
+        Word.Document.PrintOut(Range:=Integer(4), Pages:="2-3")
         send WM_CLOSE (0, "0") to "Adobe Acrobat - [letter.pdf]"
         Word.Application.ActivePrinter = "Office printer"
     )");
@@ -144,13 +144,13 @@ TEST_F(Parameters, OfCreatePSfromWordReachWord) {
           named("blnPageNumberInHeader", false), named("lngPageNumberAlignment", std::int32_t{0}),
           named("blnFirstPage", true), named("strDistiller", "My printer")});
     tests::expect_text(lines_with({"Open", "Orientation", "ers(", ".Add", "ActivePrinter", "PrintOut"}), R"(
-        Documents.Open("C:\in\letter.doc", PasswordDocument:="open", WritePasswordDocument:="write")
-        PageSetup.Orientation = Integer(1)
-        Sections.Footers(Integer(1))
-        PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=True)
+        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="open", WritePasswordDocument:="write")
+        Word.PageSetup.Orientation = Integer(1)
+        Word.Sections.Footers(Integer(1))
+        Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=True)
         Word.Application.ActivePrinter -> "Office printer"
         Word.Application.ActivePrinter = "My printer"
-        Document.PrintOut(Outputfilename:="C:\out\letter.ps", Range:=Integer(4), Pages:="2-3")
+        Word.Document.PrintOut(Outputfilename:="C:\out\letter.ps", Range:=Integer(4), Pages:="2-3")
         Word.Application.ActivePrinter = "Office printer"
     )");
 }
@@ -159,11 +159,11 @@ TEST_F(Parameters, ThatAreLeftOutNumberNothingAndPrintAllPagesInPortrait) {
     call("CreatePSfromWord",
          {named("strPSFile", "C:\\out\\letter.ps"), named("strWordDocument", "C:\\in\\letter.doc")});
     tests::expect_text(lines_with({"Open", "Orientation", "ers(", ".Add", "ActivePrinter", "PrintOut"}), R"(
-        Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
-        PageSetup.Orientation = Integer(0)
+        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        Word.PageSetup.Orientation = Integer(0)
         Word.Application.ActivePrinter -> "Office printer"
         Word.Application.ActivePrinter = "Adobe PDF"
-        Document.PrintOut(Outputfilename:="C:\out\letter.ps")
+        Word.Document.PrintOut(Outputfilename:="C:\out\letter.ps")
         Word.Application.ActivePrinter = "Office printer"
     )");
 }
@@ -173,7 +173,7 @@ TEST_F(Parameters, TheAlignmentOfPageNumbersIsCentredWhenItIsLeftOut) {
          {named("strPSFile", "C:\\out\\letter.ps"), named("strWordDocument", "C:\\in\\letter.doc"),
           named("blnPageNumberInFooter", true)});
     tests::expect_text(lines_with({".Add"}),
-                       "PageNumbers.Add(PageNumberAlignment:=Integer(1), FirstPage:=False)");
+                       "Word.PageNumbers.Add(PageNumberAlignment:=Integer(1), FirstPage:=False)");
 }
 
 TEST_F(Parameters, ABlankPrinterIsFilledInByThePostScriptMembersOnly) {

@@ -19,11 +19,21 @@ class WordMember : public tests::StagedSession {
         job.document = "C:\\in\\letter.doc";
     }
 
-    /// Word fails in that member, "Document.PrintOut", as real hosts do: with an HRESULT and its own name.
+    /// Word fails in that member, "Word.Document.PrintOut", as real hosts do: with an HRESULT and its own
+    /// name.
     void make_word_fail_in(const std::string& class_and_member) {
         using namespace platform::stage;
         stage.when(class_and_member, [](StageObject&, const automation::Arguments&) -> automation::Value {
             throw automation::Error(-2147352567, "Microsoft Word", "Word cannot do that.");
+        });
+    }
+
+    /// The printer writes that file, whoever answers its dialog, and no window of Acrobat opens.
+    void have_the_printer_write(const std::string& target) {
+        using namespace platform::stage;
+        stage.when("Word.Document.PrintOut", [target](StageObject& document, const automation::Arguments&) {
+            document.stage().put_file(target);
+            return automation::Value();
         });
     }
 

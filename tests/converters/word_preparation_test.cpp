@@ -22,7 +22,7 @@ class WordPreparation : public WordMember {
         job.number_alignment = alignment;
         call();
         const std::string journal = stage.journal();
-        const std::size_t begin = journal.find("PageNumbers.Add(");
+        const std::size_t begin = journal.find("Word.PageNumbers.Add(");
         stage.clear_journal();
         return journal.substr(begin, journal.find('\n', begin) - begin);
     }
@@ -52,22 +52,22 @@ TEST_F(WordPreparation, EveryOptionReachesWordInOrder) {
         length C:\in\letter.doc -> 1000
         create Word.Application
         Word.Application.Documents
-        Documents.Open("C:\in\letter.doc", PasswordDocument:="open me", WritePasswordDocument:="change me")
+        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="open me", WritePasswordDocument:="change me")
         Word.Application.DisplayAlerts = Integer(0)
-        Document.PageSetup
-        PageSetup.Orientation = Integer(1)
-        Document.Sections(Integer(1))
-        Sections.Footers(Integer(1))
-        Footers.PageNumbers
-        PageNumbers.Add(PageNumberAlignment:=Integer(2), FirstPage:=True)
-        Document.Sections(Integer(1))
-        Sections.Headers(Integer(1))
-        Headers.PageNumbers
-        PageNumbers.Add(PageNumberAlignment:=Integer(2), FirstPage:=True)
+        Word.Document.PageSetup
+        Word.PageSetup.Orientation = Integer(1)
+        Word.Document.Sections(Integer(1))
+        Word.Sections.Footers(Integer(1))
+        Word.Footers.PageNumbers
+        Word.PageNumbers.Add(PageNumberAlignment:=Integer(2), FirstPage:=True)
+        Word.Document.Sections(Integer(1))
+        Word.Sections.Headers(Integer(1))
+        Word.Headers.PageNumbers
+        Word.PageNumbers.Add(PageNumberAlignment:=Integer(2), FirstPage:=True)
         Word.Application.ActivePrinter -> "Office printer"
         Word.Application.ActivePrinter = "My printer"
         length C:\out\letter.ps -> not found
-        Document.PrintOut(Outputfilename:="C:\out\letter.ps", Range:=Integer(4), Pages:="1-3,5")
+        Word.Document.PrintOut(Outputfilename:="C:\out\letter.ps", Range:=Integer(4), Pages:="1-3,5")
         sleep 2000 ms
         pump messages
         length C:\out\letter.ps -> 1000
@@ -76,28 +76,28 @@ TEST_F(WordPreparation, EveryOptionReachesWordInOrder) {
         length C:\out\letter.ps -> 1000
         Word.Application.ActivePrinter = "Office printer"
         Word.Application.DisplayAlerts = Integer(-1)
-        Document.Close(False)
-        release Document
+        Word.Document.Close(False)
+        release Word.Document
         Word.Application.Quit()
         release Word.Application
     )");
 }
 
 TEST_F(WordPreparation, AnOrientationThatCannotBeSetIsPassedOver) {
-    make_word_fail_in("PageSetup.Orientation");
+    make_word_fail_in("Word.PageSetup.Orientation");
     call();
     expect_journal(R"(
         length C:\in\letter.doc -> 1000
         create Word.Application
         Word.Application.Documents
-        Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
         Word.Application.DisplayAlerts = Integer(0)
-        Document.PageSetup
-        PageSetup.Orientation = Integer(0)
+        Word.Document.PageSetup
+        Word.PageSetup.Orientation = Integer(0)
         Word.Application.ActivePrinter -> "Office printer"
         Word.Application.ActivePrinter = "Adobe PDF"
         length C:\out\letter.ps -> not found
-        Document.PrintOut(Outputfilename:="C:\out\letter.ps")
+        Word.Document.PrintOut(Outputfilename:="C:\out\letter.ps")
         sleep 2000 ms
         pump messages
         length C:\out\letter.ps -> 1000
@@ -106,27 +106,27 @@ TEST_F(WordPreparation, AnOrientationThatCannotBeSetIsPassedOver) {
         length C:\out\letter.ps -> 1000
         Word.Application.ActivePrinter = "Office printer"
         Word.Application.DisplayAlerts = Integer(-1)
-        Document.Close(False)
-        release Document
+        Word.Document.Close(False)
+        release Word.Document
         Word.Application.Quit()
         release Word.Application
     )");
 }
 
 TEST_F(WordPreparation, ADocumentWithoutPageSetupIsPrintedAllTheSame) {
-    make_word_fail_in("Document.PageSetup");
+    make_word_fail_in("Word.Document.PageSetup");
     call();
-    EXPECT_EQ(stage.lines().at(5), "Document.PageSetup");
+    EXPECT_EQ(stage.lines().at(5), "Word.Document.PageSetup");
     EXPECT_EQ(stage.lines().at(6), "Word.Application.ActivePrinter -> \"Office printer\"");
     EXPECT_EQ(stage.lines().back(), "release Word.Application");
 }
 
 TEST_F(WordPreparation, AnyAlignmentButLeftAndRightIsCentred) {
-    EXPECT_EQ(numbering_for(0), "PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=False)");
-    EXPECT_EQ(numbering_for(2), "PageNumbers.Add(PageNumberAlignment:=Integer(2), FirstPage:=False)");
+    EXPECT_EQ(numbering_for(0), "Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=False)");
+    EXPECT_EQ(numbering_for(2), "Word.PageNumbers.Add(PageNumberAlignment:=Integer(2), FirstPage:=False)");
     for (const std::int32_t alignment : {1, 7, -1, 3, 65536, 2147483647}) {
         EXPECT_EQ(numbering_for(alignment),
-                  "PageNumbers.Add(PageNumberAlignment:=Integer(1), FirstPage:=False)")
+                  "Word.PageNumbers.Add(PageNumberAlignment:=Integer(1), FirstPage:=False)")
             << alignment;
     }
 }
@@ -138,18 +138,18 @@ TEST_F(WordPreparation, NumbersGoIntoTheHeaderAloneWhenOnlyThatIsWished) {
         length C:\in\letter.doc -> 1000
         create Word.Application
         Word.Application.Documents
-        Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
         Word.Application.DisplayAlerts = Integer(0)
-        Document.PageSetup
-        PageSetup.Orientation = Integer(0)
-        Document.Sections(Integer(1))
-        Sections.Headers(Integer(1))
-        Headers.PageNumbers
-        PageNumbers.Add(PageNumberAlignment:=Integer(1), FirstPage:=False)
+        Word.Document.PageSetup
+        Word.PageSetup.Orientation = Integer(0)
+        Word.Document.Sections(Integer(1))
+        Word.Sections.Headers(Integer(1))
+        Word.Headers.PageNumbers
+        Word.PageNumbers.Add(PageNumberAlignment:=Integer(1), FirstPage:=False)
         Word.Application.ActivePrinter -> "Office printer"
         Word.Application.ActivePrinter = "Adobe PDF"
         length C:\out\letter.ps -> not found
-        Document.PrintOut(Outputfilename:="C:\out\letter.ps")
+        Word.Document.PrintOut(Outputfilename:="C:\out\letter.ps")
         sleep 2000 ms
         pump messages
         length C:\out\letter.ps -> 1000
@@ -158,8 +158,8 @@ TEST_F(WordPreparation, NumbersGoIntoTheHeaderAloneWhenOnlyThatIsWished) {
         length C:\out\letter.ps -> 1000
         Word.Application.ActivePrinter = "Office printer"
         Word.Application.DisplayAlerts = Integer(-1)
-        Document.Close(False)
-        release Document
+        Word.Document.Close(False)
+        release Word.Document
         Word.Application.Quit()
         release Word.Application
     )");
@@ -192,14 +192,14 @@ TEST_F(WordPreparation, APrinterThatWordDoesNotKnowIsRaisedAfterWordWasQuit) {
         length C:\in\letter.doc -> 1000
         create Word.Application
         Word.Application.Documents
-        Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
         Word.Application.DisplayAlerts = Integer(0)
-        Document.PageSetup
-        PageSetup.Orientation = Integer(0)
+        Word.Document.PageSetup
+        Word.PageSetup.Orientation = Integer(0)
         Word.Application.ActivePrinter -> "Office printer"
         Word.Application.ActivePrinter = "Lost printer"
-        Document.Close(False)
-        release Document
+        Word.Document.Close(False)
+        release Word.Document
         Word.Application.Quit()
         release Word.Application
         raise -2147352567 from Foliant: There is no such printer.
@@ -217,13 +217,13 @@ TEST_F(WordPreparation, AWordThatIsNotInstalledIsError429) {
 }
 
 TEST_F(WordPreparation, ADocumentThatDoesNotOpenQuitsWordAndClosesNothing) {
-    make_word_fail_in("Documents.Open");
+    make_word_fail_in("Word.Documents.Open");
     call();
     expect_journal(R"(
         length C:\in\letter.doc -> 1000
         create Word.Application
         Word.Application.Documents
-        Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
         Word.Application.Quit()
         release Word.Application
         raise -2147352567 from Foliant: Word cannot do that.
@@ -231,23 +231,23 @@ TEST_F(WordPreparation, ADocumentThatDoesNotOpenQuitsWordAndClosesNothing) {
 }
 
 TEST_F(WordPreparation, PageNumbersThatCannotBeAddedAreAFailure) {
-    make_word_fail_in("PageNumbers.Add");
+    make_word_fail_in("Word.PageNumbers.Add");
     job.number_in_footer = true;
     call();
     expect_journal(R"(
         length C:\in\letter.doc -> 1000
         create Word.Application
         Word.Application.Documents
-        Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
+        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
         Word.Application.DisplayAlerts = Integer(0)
-        Document.PageSetup
-        PageSetup.Orientation = Integer(0)
-        Document.Sections(Integer(1))
-        Sections.Footers(Integer(1))
-        Footers.PageNumbers
-        PageNumbers.Add(PageNumberAlignment:=Integer(1), FirstPage:=False)
-        Document.Close(False)
-        release Document
+        Word.Document.PageSetup
+        Word.PageSetup.Orientation = Integer(0)
+        Word.Document.Sections(Integer(1))
+        Word.Sections.Footers(Integer(1))
+        Word.Footers.PageNumbers
+        Word.PageNumbers.Add(PageNumberAlignment:=Integer(1), FirstPage:=False)
+        Word.Document.Close(False)
+        release Word.Document
         Word.Application.Quit()
         release Word.Application
         raise -2147352567 from Foliant: Word cannot do that.
@@ -255,13 +255,13 @@ TEST_F(WordPreparation, PageNumbersThatCannotBeAddedAreAFailure) {
 }
 
 TEST_F(WordPreparation, AFailingCloseAtTheEndIsTriedAgainBeforeWordIsQuit) {
-    make_word_fail_in("Document.Close");
+    make_word_fail_in("Word.Document.Close");
     call();
     const tests::Lines end(stage.lines().end() - 6, stage.lines().end());
     tests::expect_text(end, R"(
-        Document.Close(False)
-        Document.Close(False)
-        release Document
+        Word.Document.Close(False)
+        Word.Document.Close(False)
+        release Word.Document
         Word.Application.Quit()
         release Word.Application
         raise -2147352567 from Foliant: Word cannot do that.
@@ -273,8 +273,8 @@ TEST_F(WordPreparation, AFailingQuitAtTheEndIsTriedAgain) {
     call();
     const tests::Lines end(stage.lines().end() - 6, stage.lines().end());
     tests::expect_text(end, R"(
-        Document.Close(False)
-        release Document
+        Word.Document.Close(False)
+        release Word.Document
         Word.Application.Quit()
         Word.Application.Quit()
         release Word.Application
@@ -283,7 +283,7 @@ TEST_F(WordPreparation, AFailingQuitAtTheEndIsTriedAgain) {
 }
 
 TEST_F(WordPreparation, AWordThatOpensNothingIsQuit) {
-    stage.answer("Documents.Open", automation::ObjectPtr());
+    stage.answer("Word.Documents.Open", automation::ObjectPtr());
     call();
     const tests::Lines end(stage.lines().end() - 3, stage.lines().end());
     tests::expect_text(end, R"(
@@ -300,8 +300,8 @@ TEST_F(WordPreparation, APrinterNameThatIsNoTextIsATypeMismatch) {
     call();
     const tests::Lines end(stage.lines().end() - 5, stage.lines().end());
     tests::expect_text(end, R"(
-        Document.Close(False)
-        release Document
+        Word.Document.Close(False)
+        release Word.Document
         Word.Application.Quit()
         release Word.Application
         raise 13 from Foliant: Type mismatch

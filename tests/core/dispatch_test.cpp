@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/members.h"
-#include "platform/stage/cast.h"
+#include "platform/stage/cast/cast.h"
 #include "platform/stage/stage.h"
 
 namespace foliant::core {

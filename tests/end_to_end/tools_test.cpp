@@ -48,11 +48,22 @@ TEST(Rehearsal, ShowsTheStepsAndTakesNone) {
     shop.write("letter.pdf", "old");
     const Finished call = shop.foliant({"rehearse", "CreatePDFfromWord", "letter.pdf", "letter.docx"});
     EXPECT_EQ(call.exit_code, 0) << call.errors;
-    EXPECT_NE(call.output.find("Documents.Open(\"letter.docx\""), std::string::npos) << call.output;
+    EXPECT_NE(call.output.find("Word.Documents.Open(\"letter.docx\""), std::string::npos) << call.output;
     EXPECT_NE(call.output.find("delete letter.pdf\n"), std::string::npos) << call.output;
     EXPECT_EQ(shop.read("letter.pdf"), "old");
     EXPECT_EQ(shop.foliant({"rehearse", "CreatePDFfromWord", "a.pdf", "none.docx"}).exit_code, 3);
     EXPECT_TRUE(shop.is_clean_soon()) << shop.leftovers();
+}
+
+TEST(Rehearsal, EndsWhereTheCallWaitsForAcrobatsWindow) {
+    const Workshop shop;
+    shop.write("letter.docx", "not looked into");
+    const Finished call =
+        shop.foliant({"rehearse", "CreatePDFfromWord2", "letter.pdf", "letter.docx", "--close-acrobat"});
+    EXPECT_EQ(call.exit_code, 0) << call.errors;
+    EXPECT_NE(call.output.find("send WM_CLOSE (0, \"0\") to \"Adobe Acrobat Professional - [letter.pdf]\"\n"),
+              std::string::npos)
+        << call.output;
 }
 
 TEST(Command, SaysWhatIsWrongWithItsUse) {

@@ -7,7 +7,7 @@
 #include "automation/error.h"
 #include "automation/object.h"
 #include "core/dispatch.h"
-#include "platform/stage/cast.h"
+#include "platform/stage/cast/cast.h"
 #include "session/errors.h"
 #include "support/staged_session.h"
 

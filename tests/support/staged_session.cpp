@@ -2,7 +2,7 @@
 
 #include "automation/describe.h"
 #include "automation/error.h"
-#include "platform/stage/cast.h"
+#include "platform/stage/cast/cast.h"
 
 namespace foliant::tests {
 

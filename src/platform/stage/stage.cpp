@@ -57,6 +57,15 @@ void Stage::answer(const std::string& class_and_member, Value value) {
          [value = std::move(value)](StageObject&, const automation::Arguments&) { return value; });
 }
 
+void Stage::answer_object(const std::string& class_and_member, const std::string& name) {
+    when(class_and_member,
+         [name](StageObject& self, const automation::Arguments&) { return self.stage().make_object(name); });
+}
+
+void Stage::when_program_starts(std::function<void(const std::string&)> listener) {
+    program_listeners_.push_back(std::move(listener));
+}
+
 void Stage::call_class(const std::string& class_name, const std::string& name) {
     class_names_[class_name] = name;
 }

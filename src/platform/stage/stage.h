@@ -60,17 +60,20 @@ class Stage {
     // What the world answers.
 
     /// What `class_name.member` does, for get, call and set alike. Without a script a get answers an object
-    /// named after the member, and a call answers nothing.
+    /// named after the application and the member, "Word.Documents", and a call answers nothing.
     void when(const std::string& class_and_member, Behaviour behaviour);
     /// `class_name.member` answers that value.
     void answer(const std::string& class_and_member, automation::Value value);
+    /// `class_name.member` answers a new object of that name each time, "Word.Document".
+    void answer_object(const std::string& class_and_member, const std::string& name);
     /// Gives a class another name in the journal, "Distiller" for a class identifier.
     void call_class(const std::string& class_name, const std::string& name);
     /// Classes that are not installed; creating one of them raises 429.
     std::set<std::string> missing_classes;
     /// The name of a class in the journal.
     std::string name_of_class(const std::string& class_name) const;
-    /// An object of the stage, as a call of a scripted host returns it.
+    /// An object of the stage, as a call of a scripted host returns it, named after its application and its
+    /// kind: "Word.Document".
     automation::ObjectPtr make_object(const std::string& name);
 
     std::map<std::string, StagedFile> files;
@@ -86,8 +89,8 @@ class Stage {
     std::string library_folder = "C:\\Program Files\\Foliant";
     /// Programs that can be started, by path.
     std::set<std::string> programs;
-    /// Called with the command line of each started program; may be empty.
-    std::function<void(const std::string&)> on_program;
+    /// Has somebody more told the command line of each program that starts.
+    void when_program_starts(std::function<void(const std::string& command_line)> listener);
 
     /// Captions of top-level windows, with the time at which they appear.
     std::map<std::string, std::uint64_t> windows;
@@ -144,6 +147,7 @@ class Stage {
 
   private:
     friend class StageObject;
+    friend class StagePrograms;
 
     /// The error with which the action that is being done is to fail, nullptr when it is not to.
     const automation::Error* failure_of_this_action() const noexcept;
@@ -153,6 +157,7 @@ class Stage {
     std::vector<std::string> lines_;
     std::map<std::string, Behaviour> behaviours_;
     std::map<std::string, std::string> class_names_;
+    std::vector<std::function<void(const std::string&)>> program_listeners_;
     long actions_ = 0;
     long failing_action_ = 0;
     automation::Error failure_{0, "", ""};

@@ -34,6 +34,10 @@ StageObject::~StageObject() {
     if (owned_) stage_.note("release " + name_);
 }
 
+std::string StageObject::name_of(std::string_view member) const {
+    return name_.substr(0, name_.find('.')) + "." + std::string(member);
+}
+
 Value StageObject::invoke(Access access, std::string_view member, const Arguments& arguments) {
     const std::string path = name_ + "." + std::string(member);
     const auto found = stage_.behaviours_.find(path);
@@ -53,7 +57,7 @@ Value StageObject::invoke(Access access, std::string_view member, const Argument
     }
     stage_.act(path + (arguments.empty() ? "" : "(" + describe(arguments) + ")"));
     const Value answer = found == stage_.behaviours_.end()
-                             ? Value(std::make_shared<StageObject>(stage_, std::string(member), false))
+                             ? Value(std::make_shared<StageObject>(stage_, name_of(member), false))
                              : found->second(*this, arguments);
     if (!answer.holds<automation::ObjectPtr>()) stage_.extend_last_line(" -> " + describe(answer));
     return answer;

@@ -10,9 +10,9 @@ namespace foliant::platform::stage {
 
 /// A scripted automation object. Every access is an action of its stage and a line of the journal:
 ///
-///     Word.Application.DisplayAlerts = Integer(0)      a property was set
-///     Word.Application.ActivePrinter -> "HP"           a property was read, with what it answered
-///     Document.PrintOut(Outputfilename:="C:\1.ps")     a method was called
+///     Word.Application.DisplayAlerts = Integer(0)        a property was set
+///     Word.Application.ActivePrinter -> "HP"             a property was read, with what it answered
+///     Word.Document.PrintOut(Outputfilename:="C:\1.ps")  a method was called
 class StageObject : public automation::Object {
   public:
     /// When `owned`, letting the last reference go writes a "release" line; objects that are only passed
@@ -27,11 +27,16 @@ class StageObject : public automation::Object {
     /// Raises a notification of this object; those who subscribed get it at once.
     void notify(std::string_view event, const std::vector<automation::Value>& arguments);
 
+    /// The class name of an object that was created; the application and the member or kind of one that was
+    /// got from another: "Word.Documents".
     const std::string& name() const noexcept { return name_; }
     Stage& stage() const noexcept { return stage_; }
 
   private:
     class Listening;
+
+    /// The name of an object that this one answers for a member: its own up to the first dot, and the member.
+    std::string name_of(std::string_view member) const;
 
     Stage& stage_;
     std::string name_;

@@ -147,7 +147,8 @@ void StagePrograms::start(const std::string& command_line, WindowStyle style) {
             return command_line == program || command_line.starts_with(program + " ");
         });
     if (!known) throw Error(RuntimeError::file_not_found);
-    if (stage_.on_program) stage_.on_program(command_line);
+    for (const auto& listener : stage_.program_listeners_)
+        listener(command_line);
 }
 
 std::optional<std::string> StageShell::special_folder(std::intptr_t owner, std::int32_t folder) {

@@ -7,7 +7,7 @@
 #include "automation/error.h"
 #include "platform/local/local_machine.h"
 #include "platform/local/temporary_folder.h"
-#include "platform/stage/cast.h"
+#include "platform/stage/cast/cast.h"
 
 namespace foliant::platform::local::test {
 namespace {

@@ -1,7 +1,7 @@
 // The usual machine: its hosts do on stage what the real ones would, so that the members find what they wait
 // for.
 
-#include "platform/stage/cast.h"
+#include "platform/stage/cast/cast.h"
 
 #include <gtest/gtest.h>
 
@@ -30,6 +30,10 @@ class Cast : public testing::Test {
         return Value(world.servers.create("Word.Application")).get("Documents").call("Open", {"a.doc"});
     }
 
+    void start_sender(const std::string& command) {
+        world.programs.start(stage.system_folder + "\\quorixsend.exe " + command, WindowStyle::hidden);
+    }
+
     Stage stage;
     Platform world = stage.platform();
 };
@@ -40,11 +44,69 @@ TEST_F(Cast, WordPrintsToTheFileThatItIsGiven) {
 }
 
 TEST_F(Cast, WordPrintsToTheFileThatTheSenderTypedIntoTheSaveDialog) {
-    const std::string sender = stage.system_folder + "\\quorixsend.exe";
-    world.programs.start(sender + " save pdf file as~Edit~C:\\out\\a.pdf~0~0~", WindowStyle::hidden);
-    world.programs.start(sender + " adobe pdf - security~Button~~0~0~", WindowStyle::hidden);
+    start_sender("save pdf file as~Edit~C:\\out\\a.pdf~0~0~");
+    start_sender("adobe pdf - security~Button~~0~0~");
     EXPECT_FALSE(exists("C:\\out\\a.pdf"));
     open_document().call("PrintOut");
+    EXPECT_TRUE(exists("C:\\out\\a.pdf"));
+}
+
+TEST_F(Cast, ThePrinterWritesNothingUntilItsDialogIsAnswered) {
+    const auto files = stage.files.size();
+    open_document().call("PrintOut");
+    EXPECT_EQ(stage.files.size(), files);
+}
+
+TEST_F(Cast, AcrobatShowsWhatThePrinterMade) {
+    start_sender("save pdf file as~Edit~C:\\out\\a.pdf~0~0~");
+    EXPECT_EQ(world.windows.find_window("adobe acrobat professional - [a.pdf]"), 0);
+    open_document().call("PrintOut");
+    EXPECT_NE(world.windows.find_window("adobe acrobat professional - [a.pdf]"), 0);
+}
+
+TEST_F(Cast, AcrobatOpensADocumentOfThreePagesInEveryWay) {
+    const Value application = world.servers.create("AcroExch.App");
+    const Value document = world.servers.create("AcroExch.PDDoc");
+    EXPECT_EQ(document.call("Open", {"a.pdf"}), Value(true));
+    EXPECT_EQ(document.call("GetNumPages"), Value(std::int32_t{3}));
+    const Value viewer = document.call("OpenAVDoc", {""});
+    EXPECT_EQ(viewer.call("IsValid"), Value(true));
+    EXPECT_EQ(viewer.call("GetPDDoc").call("GetNumPages"), Value(std::int32_t{3}));
+    EXPECT_EQ(application.call("GetActiveDoc").call("GetPDDoc").call("GetNumPages"), Value(std::int32_t{3}));
+}
+
+TEST_F(Cast, AcrobatWritesWhatItSaves) {
+    const Value document = world.servers.create("AcroExch.PDDoc");
+    EXPECT_EQ(document.call("Create"), Value(true));
+    EXPECT_EQ(document.call("Save", {std::int16_t{1}, "C:\\out\\a.pdf"}), Value(true));
+    EXPECT_TRUE(exists("C:\\out\\a.pdf"));
+}
+
+TEST_F(Cast, AcrobatReadsTwoWordsOnALetterPage) {
+    const Value document = world.servers.create("AcroExch.PDDoc");
+    const Value size = document.call("AcquirePage", {std::int32_t{0}}).call("GetSize");
+    EXPECT_EQ(size.get("x"), Value(std::int16_t{612}));
+    EXPECT_EQ(size.get("y"), Value(std::int16_t{792}));
+    const Value rectangle = world.servers.create("AcroExch.Rect");
+    const Value text = document.call("CreateTextSelect", {std::int32_t{0}, rectangle});
+    ASSERT_EQ(text.call("GetNumText"), Value(std::int32_t{2}));
+    EXPECT_EQ(text.call("GetText", {std::int32_t{0}}), Value("two "));
+    EXPECT_EQ(text.call("GetText", {std::int32_t{1}}), Value("words\r\n"));
+}
+
+TEST_F(Cast, AcrobatShowsTheWebPageWhoseAddressTheSenderTyped) {
+    start_sender("create pdf from web page~Edit~http://here~0~1~");
+    EXPECT_EQ(world.windows.find_window("adobe acrobat professional - [http://here/]"), 0);
+    Value(world.servers.create("AcroExch.App")).call("MenuItemExecute", {"Web2PDF:OpnURL"});
+    EXPECT_NE(world.windows.find_window("adobe acrobat professional - [http://here/]"), 0);
+}
+
+TEST_F(Cast, HostsHearOfTheSameSenders) {
+    start_sender("create pdf from web page~Edit~http://here~0~1~");
+    start_sender("save pdf file as~Edit~C:\\out\\a.pdf~0~0~");
+    Value(world.servers.create("AcroExch.App")).call("MenuItemExecute", {"Web2PDF:OpnURL"});
+    open_document().call("PrintOut");
+    EXPECT_NE(world.windows.find_window("adobe acrobat professional - [http://here/]"), 0);
     EXPECT_TRUE(exists("C:\\out\\a.pdf"));
 }
 

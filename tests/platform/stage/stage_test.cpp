@@ -56,7 +56,27 @@ TEST_F(StageJournal, TellsHowObjectsWereReached) {
         Word.Application.DisplayAlerts = Integer(0)
         Set Word.Application.Control = <object>
         Word.Application.Documents
-        Documents.Open("a.doc", True, Pages:="1-3", Long(4), <missing>)
+        Word.Documents.Open("a.doc", True, Pages:="1-3", Long(4), <missing>)
+    )");
+}
+
+TEST_F(StageJournal, NamesWhatAnObjectAnswersAfterTheApplication) {
+    const Value excel = world.servers.create("Excel.Application");
+    const Value word = world.servers.create("Word.Application");
+    stage.answer_object("Word.Documents.Open", "Word.Document");
+    const Value document = word.get("Documents").call("Open", {"a.doc"});
+    document.get("Sections", {std::int32_t{1}}).get("Headers").call("Clear");
+    excel.get("ActiveWorkbook").set("Saved", true);
+    expect_journal(R"(
+        create Excel.Application
+        create Word.Application
+        Word.Application.Documents
+        Word.Documents.Open("a.doc")
+        Word.Document.Sections(Long(1))
+        Word.Sections.Headers
+        Word.Headers.Clear()
+        Excel.Application.ActiveWorkbook
+        Excel.ActiveWorkbook.Saved = True
     )");
 }
 
@@ -337,9 +357,10 @@ TEST_F(StageWindowsTest, AreFoundByCaptionInAnyCaseFromTheirTimeOnUntilTheyAreCl
 TEST_F(StageProgramsTest, OnlyThoseThatAreThereStart) {
     stage.programs = {"C:\\s\\a.exe"};
     std::string heard;
-    stage.on_program = [&](const std::string& line) { heard = line; };
+    stage.when_program_starts([&](const std::string& line) { heard += "first " + line + "\n"; });
+    stage.when_program_starts([&](const std::string& line) { heard += "second " + line + "\n"; });
     world.programs.start("C:\\s\\a.exe open~Edit~", WindowStyle::hidden);
-    EXPECT_EQ(heard, "C:\\s\\a.exe open~Edit~");
+    EXPECT_EQ(heard, "first C:\\s\\a.exe open~Edit~\nsecond C:\\s\\a.exe open~Edit~\n");
     run([&] { world.programs.start("C:\\s\\a.exex", WindowStyle::hidden); });
     expect_journal(R"(
         start (hidden) C:\s\a.exe open~Edit~

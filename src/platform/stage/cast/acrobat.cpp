@@ -1,0 +1,76 @@
+#include "automation/coerce.h"
+#include "platform/stage/cast/cast.h"
+#include "platform/stage/cast/sender_command.h"
+#include "platform/stage/stage_object.h"
+
+namespace foliant::platform::stage {
+
+using automation::Arguments;
+using automation::Value;
+
+namespace {
+
+/// Web capture shows the page whose address was typed into its dialog.
+void cast_application(Stage& stage) {
+    const auto address = std::make_shared<std::string>();
+    stage.when_program_starts([address](const std::string& command_line) {
+        if (auto typed = typed_into("create pdf from web page", command_line)) *address = *typed;
+    });
+    stage.when("AcroExch.App.MenuItemExecute", [address](StageObject& self, const Arguments& arguments) {
+        if (automation::to_text(arguments.at(0).value) == "Web2PDF:OpnURL")
+            self.stage().windows["Adobe Acrobat Professional - [" + *address + "/]"] = self.stage().now;
+        return Value(true);
+    });
+    for (const char* member : {"Show", "Exit"})
+        stage.answer("AcroExch.App." + std::string(member), true);
+    stage.answer_object("AcroExch.App.GetActiveDoc", "AcroExch.AVDoc");
+}
+
+void cast_viewer_document(Stage& stage) {
+    for (const char* member : {"Open", "IsValid", "FindText", "PrintPages", "PrintPagesSilent", "Close"})
+        stage.answer("AcroExch.AVDoc." + std::string(member), true);
+    stage.answer_object("AcroExch.AVDoc.GetPDDoc", "AcroExch.PDDoc");
+}
+
+void cast_document(Stage& stage) {
+    for (const char* member : {"Open", "Create", "InsertPages", "SetInfo", "Close"})
+        stage.answer("AcroExch.PDDoc." + std::string(member), true);
+    stage.answer("AcroExch.PDDoc.SetFlags", std::int32_t{0});
+    stage.answer("AcroExch.PDDoc.GetNumPages", std::int32_t{3});
+    stage.answer_object("AcroExch.PDDoc.OpenAVDoc", "AcroExch.AVDoc");
+    stage.when("AcroExch.PDDoc.Save", [](StageObject& self, const Arguments& arguments) {
+        self.stage().put_file(automation::to_text(arguments.at(1).value));
+        return Value(true);
+    });
+}
+
+void cast_text(Stage& stage) {
+    stage.answer_object("AcroExch.PDDoc.AcquirePage", "AcroExch.PDPage");
+    stage.answer_object("AcroExch.PDPage.GetSize", "AcroExch.Point");
+    stage.answer("AcroExch.Point.x", std::int16_t{612});
+    stage.answer("AcroExch.Point.y", std::int16_t{792});
+    stage.answer_object("AcroExch.PDDoc.CreateTextSelect", "AcroExch.PDTextSelect");
+    stage.answer("AcroExch.PDTextSelect.GetNumText", std::int32_t{2});
+    stage.when("AcroExch.PDTextSelect.GetText", [](StageObject&, const Arguments& arguments) {
+        const bool first = automation::to_text(arguments.at(0).value) == "0";
+        return Value(first ? "two " : "words\r\n");
+    });
+}
+
+void cast_bookmark(Stage& stage) {
+    for (const char* member : {"GetByTitle", "SetTitle", "Perform"})
+        stage.answer("AcroExch.PDBookmark." + std::string(member), true);
+}
+
+}  // namespace
+
+void cast_acrobat(Stage& stage) {
+    stage.set_registry_text("HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\AcroExch.App\\AcrobatVersion", "", "6.0");
+    cast_application(stage);
+    cast_viewer_document(stage);
+    cast_document(stage);
+    cast_text(stage);
+    cast_bookmark(stage);
+}
+
+}  // namespace foliant::platform::stage

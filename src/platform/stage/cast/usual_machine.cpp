@@ -1,0 +1,15 @@
+#include "platform/stage/cast/cast.h"
+
+namespace foliant::platform::stage {
+
+void cast_usual_machine(Stage& stage) {
+    const std::string sender = stage.system_folder + stage.separator + "quorixsend.exe";
+    stage.put_file(sender);
+    stage.programs.insert(sender);
+    const std::shared_ptr<PdfPrinter> printer = cast_pdf_printer(stage);
+    cast_distiller(stage);
+    cast_acrobat(stage);
+    cast_word(stage, printer);
+}
+
+}  // namespace foliant::platform::stage
