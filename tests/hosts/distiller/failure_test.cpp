@@ -98,9 +98,9 @@ TEST_F(FailedJob, SaysWhichOutputFolderIsMissing) {
     DistillJob job;
     job.input_ps = write("in.ps", plain_pages(1));
     job.output_pdf = folder / "none" / "x.pdf";
-    EXPECT_EQ(distill(job).error, "Cannot write the PDF " + job.output_pdf.string() +
-                                      ": No such file or directory. Create the folder " +
-                                      (folder / "none").string() + " first.");
+    EXPECT_EQ(distill(job).error, "Cannot write the PDF " + job.output_pdf.string() + ": the folder " +
+                                      (folder / "none").string() +
+                                      " does not exist. Create it, or choose another one.");
 }
 
 TEST_F(FailedJob, NoticesThatNotAllCouldBeWritten) {

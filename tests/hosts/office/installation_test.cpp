@@ -1,9 +1,10 @@
-#include "hosts/office/installation.h"
+#include "hosts/office/engine/installation.h"
 
 #include <gtest/gtest.h>
 
-#include "hosts/office/profile.h"
+#include "hosts/office/engine/profile.h"
 #include "hosts/office/support.h"
+#include "hosts/office/word/word_error.h"
 
 namespace foliant::hosts::office {
 namespace {
@@ -25,7 +26,7 @@ TEST(OfficeProfile, LeavesOutTheDesktopsSettingsAndEveryExtension) {
 }
 
 TEST(OfficeProfile, SaysWhenItCannotBeWritten) {
-    const auto error = test::error_of([] { write_profile("/proc/office", office_folder()); });
+    const auto error = test::error_of([] { write_profile("/proc/office", office_folder(), microsoft_word); });
     EXPECT_EQ(error.number(), 75);
     EXPECT_NE(error.description().find("/proc/office"), std::string::npos) << error.description();
 }

@@ -1,14 +1,15 @@
-#include "hosts/office/page_range.h"
+#include "hosts/office/print/page_range.h"
 
 #include <gtest/gtest.h>
 
 #include "hosts/office/support.h"
+#include "hosts/office/word/word_error.h"
 
 namespace foliant::hosts::office {
 namespace {
 
 std::string read(const std::string& expression, int pages = 9) {
-    return format_page_runs(parse_page_range(expression, pages, "letter.docx"));
+    return format_page_runs(parse_page_range(expression, pages, "letter.docx", microsoft_word));
 }
 
 TEST(PageRange, ReadsPagesAndRuns) {

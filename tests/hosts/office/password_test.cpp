@@ -6,9 +6,9 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include "hosts/office/engine/uno_support.h"
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/support.h"
-#include "hosts/office/uno_support.h"
 
 namespace foliant::hosts::office {
 namespace {

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "hosts/office/pdf_reader.h"
-#include "hosts/office/pdf_to_postscript.h"
+#include "hosts/office/print/pdf_to_postscript.h"
 #include "hosts/office/support.h"
 
 namespace foliant::hosts::office {

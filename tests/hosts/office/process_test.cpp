@@ -5,9 +5,10 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "hosts/office/office_engine.h"
+#include "hosts/office/engine/start.h"
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/support.h"
+#include "hosts/office/word/word_error.h"
 
 namespace foliant::hosts::office {
 namespace {
@@ -23,8 +24,8 @@ void convert() {
 }
 
 TEST(OfficeProcess, IsStartedOnlyOnce) {
-    OfficeEngine& first = OfficeEngine::start(test::engine_folder());
-    EXPECT_EQ(&OfficeEngine::start("/nowhere"), &first);
+    const Office& first = start_office(test::engine_folder(), microsoft_word);
+    EXPECT_EQ(&start_office("/nowhere", microsoft_word), &first);
 }
 
 /// What the process does on each signal, by number.

@@ -1,12 +1,14 @@
 #include "hosts/office/support.h"
 
-#include "hosts/office/office_engine.h"
+#include "hosts/office/engine/start.h"
+#include "hosts/office/word/open_document.h"
+#include "hosts/office/word/word_error.h"
 
 namespace foliant::hosts::office::test {
 
 std::unique_ptr<TextDocument> open(const std::filesystem::path& path, const std::string& open_password,
                                    const std::string& write_password) {
-    return OfficeEngine::start(engine_folder()).open(path, open_password, write_password);
+    return open_document(start_office(engine_folder(), microsoft_word), path, open_password, write_password);
 }
 
 }  // namespace foliant::hosts::office::test

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "hosts/office/scratch.h"
-#include "hosts/office/text_document.h"
+#include "hosts/office/word/text_document.h"
 
 namespace foliant::hosts::office::test {
 

@@ -1,0 +1,35 @@
+# A stand-in host is a module, hosts/<name>.so beside the command, around a room that its tests link directly.
+
+set(FOLIANT_HOSTS_FOLDER ${CMAKE_BINARY_DIR}/hosts)
+
+# foliant_host(NAME FOLDERS folders... EXCEPT sources... KNOWS rooms... LINKS targets... RUN_PATH folders...): the room
+# foliant_NAME of all sources in the current folder and in FOLDERS but those excepted, and the module of
+# host_module.cpp over it. RUN_PATH is where the engine's libraries lie, when that is not where every program finds
+# them. Links to UNO, to an engine ... are for the room alone.
+function(foliant_host name)
+  cmake_parse_arguments(host "" "" "FOLDERS;EXCEPT;KNOWS;LINKS;RUN_PATH" ${ARGN})
+  foliant_sources(sources host_module.cpp ${host_EXCEPT})
+  foreach(folder IN LISTS host_FOLDERS)
+    file(GLOB found CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} ${folder}/*.cpp)
+    list(APPEND sources ${found})
+  endforeach()
+  list(REMOVE_ITEM sources ${host_EXCEPT} "")
+  foliant_room(${name} SOURCES ${sources} KNOWS automation hosts ${host_KNOWS})
+  target_link_libraries(foliant_${name} PRIVATE ${host_LINKS} PUBLIC ${CMAKE_DL_LIBS})
+
+  add_library(foliant_host_${name} MODULE host_module.cpp)
+  set_target_properties(foliant_host_${name} PROPERTIES OUTPUT_NAME ${name} PREFIX ""
+                        LIBRARY_OUTPUT_DIRECTORY ${FOLIANT_HOSTS_FOLDER})
+  target_link_libraries(foliant_host_${name} PRIVATE foliant_${name})
+  foliant_run_path(foliant_host_${name} ${host_RUN_PATH})
+  install(TARGETS foliant_host_${name} LIBRARY DESTINATION lib/foliant/hosts)
+  set_property(GLOBAL APPEND PROPERTY FOLIANT_HOSTS ${name})
+endfunction()
+
+# foliant_run_path(TARGET folders...): where a program or module looks for libraries besides the usual places; the same
+# in the build folder as installed. An entry that is empty or relative would be the folder that a user happens to be
+# in, and whoever puts a library there would have his code run.
+function(foliant_run_path target)
+  set_target_properties(${target} PROPERTIES BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "${ARGN}"
+                        INSTALL_RPATH_USE_LINK_PATH OFF)
+endfunction()

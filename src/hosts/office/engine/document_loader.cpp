@@ -1,0 +1,73 @@
+#include "hosts/office/engine/document_loader.h"
+
+#include <com/sun/star/document/MacroExecMode.hpp>
+#include <com/sun/star/document/UpdateDocMode.hpp>
+#include <com/sun/star/frame/Desktop.hpp>
+#include <com/sun/star/lang/XServiceInfo.hpp>
+
+#include "hosts/office/engine/load_interaction.h"
+#include "hosts/office/engine/process_guard.h"
+#include "hosts/office/engine/uno_support.h"
+
+namespace foliant::hosts::office {
+
+namespace {
+
+using css::lang::XComponent;
+using css::uno::Reference;
+
+css::uno::Sequence<css::beans::PropertyValue> load_arguments(const ImportFilter& filter,
+                                                             const Reference<LoadInteraction>& interaction) {
+    using css::task::XInteractionHandler;
+    return uno_sequence<css::beans::PropertyValue>({
+        uno_argument("Hidden", true),
+        uno_argument("ReadOnly", true),
+        uno_argument("FilterName", to_uno(filter.name)),
+        uno_argument("FilterOptions", to_uno(filter.options)),
+        uno_argument("MacroExecutionMode", css::document::MacroExecMode::NEVER_EXECUTE),
+        uno_argument("UpdateDocMode", css::document::UpdateDocMode::NO_UPDATE),
+        uno_argument("InteractionHandler", Reference<XInteractionHandler>(interaction.get())),
+    });
+}
+
+automation::Error password_error(const std::filesystem::path& path, bool given,
+                                 const Application& application) {
+    return application.error(
+        application.wrong_password,
+        path.string() + (given ? ": the password is incorrect. Give the open password that "
+                                 "belongs to this document."
+                               : " is encrypted. Give its open password."));
+}
+
+automation::Error load_error(const std::filesystem::path& path, const std::string& reason,
+                             const Application& application) {
+    return application.error(application.file_corrupted,
+                             path.string() + " cannot be opened: it seems to be damaged" +
+                                 (reason.empty() ? "" : " (" + reason + ")") + ". Use another copy.");
+}
+
+}  // namespace
+
+std::unique_ptr<LoadedDocument> load_document(const Office& office, const std::filesystem::path& path,
+                                              const ImportFilter& filter, const Passwords& passwords,
+                                              const Application& application) {
+    const CallGuard call(office.temporary_folder);
+    const StandStill from_the_beginning;
+    const Reference<LoadInteraction> interaction(new LoadInteraction(passwords));
+    Reference<XComponent> document;
+    std::string reason;
+    try {
+        document = css::frame::Desktop::create(office.context)
+                       ->loadComponentFromURL(file_url(path), to_uno("_blank"), 0,
+                                              load_arguments(filter, interaction));
+    } catch (const css::uno::Exception& exception) {
+        reason = from_uno(exception.Message);
+    }
+    if (!document.is() && interaction->password_was_asked())
+        throw password_error(path, !passwords.open.empty(), application);
+    if (!document.is()) throw load_error(path, reason, application);
+    return std::unique_ptr<LoadedDocument>(
+        new LoadedDocument{{}, document, path, office.temporary_folder, application});
+}
+
+}  // namespace foliant::hosts::office

@@ -1,0 +1,110 @@
+#include "hosts/office/engine/start.h"
+
+#include <com/sun/star/container/XSet.hpp>
+#include <com/sun/star/ucb/UniversalContentBroker.hpp>
+#include <dlfcn.h>
+#include <rtl/bootstrap.hxx>
+#include <stdexcept>
+
+#include "hosts/missing_engine.h"
+#include "hosts/office/engine/installation.h"
+#include "hosts/office/engine/office.h"
+#include "hosts/office/engine/process_guard.h"
+#include "hosts/office/engine/profile.h"
+#include "hosts/office/engine/stand_still.h"
+#include "hosts/office/engine/uno_support.h"
+
+namespace foliant::hosts::office {
+
+namespace {
+
+using css::uno::Reference;
+using css::uno::UNO_QUERY;
+using css::uno::XComponentContext;
+using Context = Reference<XComponentContext>;
+
+/// LibreOfficeKit's own entry point: installation folder, profile URL; an office object or null.
+using StartHook = void*(const char*, const char*);
+using ContextFunction = Context();
+
+/// Why LibreOffice cannot be used.
+struct Unusable : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+template <typename Function>
+Function* function_of(void* library, const char* name) {
+    if (void* address = dlsym(library, name)) return reinterpret_cast<Function*>(address);
+    throw Unusable(std::string("its library has no function ") + name);
+}
+
+void* load_library() {
+    const std::filesystem::path library = office_folder() / "program/libmergedlo.so";
+    // libmswordlo and its like resolve their symbols from this one through their own dependencies.
+    if (void* handle = dlopen(library.c_str(), RTLD_LAZY | RTLD_LOCAL)) return handle;
+    throw Unusable(dlerror());
+}
+
+/// Takes services away that no conversion needs and no document should reach.
+void strip(const Context& context) {
+    // Documents may refer to anything; without these nothing can be fetched, whatever asks for it.
+    const auto broker = css::ucb::UniversalContentBroker::create(context);
+    for (const char* scheme : {"http", "https", "ftp", "vnd.sun.star.webdav", "vnd.sun.star.webdavs", "smb"})
+        if (const auto provider = broker->queryContentProvider(to_uno(std::string(scheme) + "://localhost/"));
+            provider.is())
+            broker->deregisterContentProvider(provider, to_uno(scheme));
+    // Checking signatures starts gpg processes and makes a key database for every document.
+    const Reference<css::container::XSet> services(context->getServiceManager(), UNO_QUERY);
+    try {
+        services->remove(css::uno::Any(to_uno("com.sun.star.security.DocumentDigitalSignatures")));
+    } catch (const css::container::NoSuchElementException&) {
+        // A LibreOffice built without it.
+    }
+}
+
+Context start_engine(const std::filesystem::path& private_folder, const Application& application) {
+    const std::filesystem::path profile = private_folder / "office";
+    write_profile(profile, office_folder(), application);
+    void* library = load_library();
+    auto* start = function_of<StartHook>(library, "libreofficekit_hook_2");
+    // Not part of LibreOfficeKit, which knows no page styles; hence the mangled name.
+    auto* process_context =
+        function_of<ContextFunction>(library, "_ZN10comphelper26getProcessComponentContextEv");
+    rtl::Bootstrap::set(to_uno("CONFIGURATION_LAYERS"), to_uno(configuration_layers(office_folder())));
+    // Else every start looks for extensions in the installation, and as root writes there.
+    const std::string none = from_uno(file_url(private_folder / "extensions"));
+    for (const char* folder : {"BUNDLED_EXTENSIONS", "UNO_SHARED_PACKAGES", "UNO_SHARED_PACKAGES_CACHE"})
+        rtl::Bootstrap::set(to_uno(folder), to_uno(none));
+    const std::string program = (office_folder() / "program").string();
+    if (!start(program.c_str(), from_uno(file_url(profile)).c_str())) throw Unusable("its start failed");
+    Context context = process_context();
+    if (!context.is()) throw Unusable("it has no component context");
+    StandStill::prepare(library);
+    strip(context);
+    return context;
+}
+
+}  // namespace
+
+const Office& start_office(const std::filesystem::path& private_folder, const Application& application) {
+    static const Office* office = nullptr;  // never destroyed: LibreOffice's threads outlive static objects
+    if (office) return *office;
+    const auto unusable = [&](const std::string& reason) {
+        return missing_engine(application.name, "LibreOffice in " + office_folder().string(), reason,
+                              "libreoffice-writer-nogui");
+    };
+    const std::filesystem::path folder = std::filesystem::absolute(private_folder);
+    try {
+        if (!std::filesystem::exists(office_folder() / "program/libmergedlo.so"))
+            throw Unusable("it is not installed there");
+        const StartGuard start(folder);  // ends last, when the handlers are the program's own again
+        const CallGuard call(folder);
+        return *(office = new Office{start_engine(folder, application), folder});
+    } catch (const Unusable& reason) {
+        throw unusable(reason.what());
+    } catch (const css::uno::Exception& exception) {
+        throw unusable(from_uno(exception.Message));
+    }
+}
+
+}  // namespace foliant::hosts::office

@@ -1,0 +1,95 @@
+#include "hosts/office/print/pdf_export.h"
+
+#include <com/sun/star/frame/XStorable.hpp>
+#include <com/sun/star/io/XOutputStream.hpp>
+#include <cppuhelper/implbase1.hxx>
+
+#include "hosts/office/engine/uno_support.h"
+
+namespace foliant::hosts::office {
+
+namespace {
+
+using css::beans::PropertyValue;
+using css::uno::Reference;
+using css::uno::Sequence;
+
+/// Collects what LibreOffice writes.
+class MemoryStream : public cppu::WeakImplHelper1<css::io::XOutputStream> {
+  public:
+    const std::string& bytes() const noexcept { return bytes_; }
+
+    void SAL_CALL writeBytes(const Sequence<sal_Int8>& data) override {
+        bytes_.append(reinterpret_cast<const char*>(data.getConstArray()),
+                      static_cast<std::size_t>(data.getLength()));
+    }
+    void SAL_CALL flush() override {}
+    void SAL_CALL closeOutput() override {}
+
+  private:
+    std::string bytes_;
+};
+
+enum class Transparency { kept, flattened };
+
+Sequence<PropertyValue> pdf_options(const std::string& pages, PdfUse use, Transparency transparency) {
+    std::vector<PropertyValue> options = {
+        uno_argument("ExportFormFields", false),  // a printed form is filled in with a pen
+        uno_argument("IsSkipEmptyPages", false),  // page numbers of the range count them
+    };
+    if (!pages.empty()) options.push_back(uno_argument("PageRange", to_uno(pages)));
+    if (transparency == Transparency::flattened) {
+        // PDF/A-1 knows none: LibreOffice then draws what lies behind into what is transparent.
+        constexpr sal_Int32 pdf_a_1b = 1;
+        options.push_back(uno_argument("SelectPdfVersion", pdf_a_1b));
+    }
+    if (use == PdfUse::postscript) {
+        options.push_back(uno_argument("EmbedStandardFonts", true));
+        // Distiller's job options decide what becomes of pictures, and not twice.
+        for (const auto& [name, value] :
+             {std::pair("UseLosslessCompression", true), std::pair("ReduceImageResolution", false),
+              std::pair("UseTaggedPDF", false), std::pair("ExportBookmarks", false),
+              std::pair("ExportNotes", false)})
+            options.push_back(uno_argument(name, value));
+    }
+    return uno_sequence(options);
+}
+
+/// Whether a PDF of LibreOffice's uses transparency, or hides in compressed objects whether it does.
+bool may_be_transparent(std::string_view pdf) {
+    for (const std::string_view sign : {"/SMask", "/CA ", "/ca ", "/Transparency", "/ObjStm"})
+        if (pdf.find(sign) != std::string_view::npos) return true;
+    return false;
+}
+
+std::string export_once(const LoadedDocument& document, const Sequence<PropertyValue>& options) {
+    const Reference<MemoryStream> stream(new MemoryStream);
+    const auto arguments = uno_sequence<PropertyValue>({
+        uno_argument("FilterName", to_uno("writer_pdf_Export")),
+        uno_argument("FilterData", options),
+        uno_argument("OutputStream", Reference<css::io::XOutputStream>(stream.get())),
+    });
+    Reference<css::frame::XStorable>(document.component, css::uno::UNO_QUERY_THROW)
+        ->storeToURL(to_uno("private:stream"), arguments);
+    // LibreOffice collects the PDF in a temporary file and does not always notice when that gets full.
+    constexpr std::size_t tail = 32;
+    const std::string& bytes = stream->bytes();
+    if (bytes.size() < tail || bytes.find("%%EOF", bytes.size() - tail) == std::string::npos)
+        throw document.application.error(
+            automation::RuntimeError::disk_full,
+            "The PDF was cut short. Probably the disk of the temporary folder is full.");
+    return bytes;
+}
+
+}  // namespace
+
+std::string export_to_pdf(const LoadedDocument& document, const std::string& pages, PdfUse use) {
+    std::string pdf = export_once(document, pdf_options(pages, use, Transparency::kept));
+    // PostScript knows no transparency. Few documents use any, and flattening comes with tags for every word,
+    // which take as long as all the rest.
+    if (use == PdfUse::postscript && may_be_transparent(pdf))
+        pdf = export_once(document, pdf_options(pages, use, Transparency::flattened));
+    return pdf;
+}
+
+}  // namespace foliant::hosts::office

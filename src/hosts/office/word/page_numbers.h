@@ -1,0 +1,11 @@
+#pragma once
+
+#include "hosts/office/word/page_styles.h"
+#include "hosts/office/word/text_document.h"
+
+namespace foliant::hosts::office {
+
+/// Adds a page number to the first section (see TextDocument::add_page_number).
+void add_number(const DocumentModel& document, PageBand band, NumberAlignment alignment, bool on_first_page);
+
+}  // namespace foliant::hosts::office

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "hosts/machine.h"
+#include "hosts/office/word/text_document.h"
+
+namespace foliant::hosts::office {
+
+struct Office;
+
+/// One running Word: what its application object and its documents share.
+struct RunningWord {
+    const Office& office;
+    Machine& machine;
+    std::string active_printer;
+    std::int32_t display_alerts = -1;  ///< kept, without effect: this Word asks nothing
+    std::vector<std::weak_ptr<TextDocument>> documents;
+    bool has_quit = false;
+};
+
+}  // namespace foliant::hosts::office
