@@ -54,6 +54,11 @@ TEST(BadDocument, IsNoiseUnderTheNameOfAText) {
     expect_refusal("noise.txt", 5151, "of no known kind");
 }
 
+TEST(BadDocument, IsWhatOnlyLooksLikeAnOldFormat) {
+    expect_refusal("half_mac.doc", 5151, "of no known kind");
+    expect_refusal("control.doc", 5151, "of no known kind");
+}
+
 TEST(BadDocument, IsPlainTextUnderTheNameOfADocument) {
     expect_refusal("prose.docx", 5151, "it holds plain text");
 }

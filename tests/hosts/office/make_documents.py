@@ -205,6 +205,25 @@ def write_content_documents(folder):
     write_macro_odt(folder / "macro.odt")
 
 
+def write_old_word(path, mark, version, text):
+    """A document of Word for Windows before 6: a header that says where the text lies, and the text."""
+    start, content = 0x200, text.encode("cp1252")
+    header = bytearray(start)
+    struct.pack_into("<HHHH", header, 0, mark, version, 0x2006, 0x409)
+    struct.pack_into("<II", header, 0x18, start, start + len(content))
+    struct.pack_into("<I", header, 0x34, len(content))
+    path.write_bytes(bytes(header) + content + bytes(512))
+
+
+def write_old_documents(folder):
+    write_old_word(folder / "word2.doc", 0xA5DB, 45, "Words of Word 2.\rAnd more.\r")
+    write_old_word(folder / "word1.doc", 0xA59B, 33, "Words of Word 1.\r")
+    # What begins like a document of Word for the Mac and is none.
+    (folder / "half_mac.doc").write_bytes(bytes([0xFE, 0x37, 0, 0x23]) + bytes((i * 73 + 41) % 251 for i in range(900)))
+    # What some take for an early WordPerfect, because that has no mark.
+    (folder / "control.doc").write_bytes(bytes([0xBE, 0x31, 1, 2, 3]) + b"Words between control codes.\x0d" * 9)
+
+
 def write_bad_documents(folder):
     good = (folder / "one.docx").read_bytes()
     (folder / "empty.docx").write_bytes(b"")
@@ -227,6 +246,7 @@ def main():
     folder.mkdir(parents=True, exist_ok=True)
     write_layout_documents(folder)
     write_content_documents(folder)
+    write_old_documents(folder)
     write_bad_documents(folder)
 
 

@@ -47,6 +47,11 @@ TEST(OpenDocument, ReadsTextUnderAnOldName) {
     EXPECT_EQ(printed("old.doc"), "Plain words under an old name.");
 }
 
+TEST(OpenDocument, ReadsWordForWindowsBefore6) {
+    EXPECT_EQ(printed("word2.doc"), "Words of Word 2. / And more.");
+    EXPECT_EQ(printed("word1.doc"), "Words of Word 1.");
+}
+
 TEST(OpenDocument, GoesByContentNotByName) {
     const test::Scratch folder;
     std::filesystem::copy(test::document("one.docx"), folder / "one.doc");

@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <com/sun/star/container/XNameAccess.hpp>
+#include <com/sun/star/document/XTypeDetection.hpp>
 #include <com/sun/star/io/XInputStream.hpp>
 #include <com/sun/star/lang/XMultiComponentFactory.hpp>
 #include <com/sun/star/ucb/SimpleFileAccess.hpp>
 #include <cstring>
 #include <fstream>
+#include <optional>
 #include <set>
 
 #include "automation/text.h"
@@ -21,6 +23,7 @@ namespace {
 using css::container::XNameAccess;
 using css::uno::Reference;
 using css::uno::UNO_QUERY;
+using css::uno::UNO_QUERY_THROW;
 using css::uno::XComponentContext;
 using Context = Reference<XComponentContext>;
 
@@ -164,6 +167,47 @@ ImportFilter compound_file_filter(const std::filesystem::path& path, const Conte
     return {has("0Table") || has("1Table") ? "MS Word 97" : "MS WinWord 6.0", ""};
 }
 
+/// The properties of a type or a filter, as LibreOffice's registry of them holds them.
+std::string registry_property(const Reference<XNameAccess>& registry, const rtl::OUString& name,
+                              std::string_view property) {
+    css::uno::Sequence<css::beans::PropertyValue> properties;
+    registry->getByName(name) >>= properties;
+    rtl::OUString text;
+    for (sal_Int32 i = 0; i < properties.getLength(); ++i)
+        if (properties.getConstArray()[i].Name == to_uno(property))
+            properties.getConstArray()[i].Value >>= text;
+    return from_uno(text);
+}
+
+/// Word for Windows 1 and 2 and WordPerfect by their first bytes; Word for DOS and for the Mac, Write, Works
+/// ...: whatever else LibreOffice knows by its content to be a text document. The file's name is kept from
+/// it, which would make it see one in anything, and its opinion on WordPerfect is not asked: a version
+/// without a mark of its own is seen in noise.
+std::optional<ImportFilter> old_format_filter(std::string_view start, const std::filesystem::path& path,
+                                              const Context& office) {
+    for (const std::string_view mark : {"\xDB\xA5", "\x9B\xA5", "\x9C\xA5"})
+        if (start.starts_with(mark)) return ImportFilter{"MS WinWord 5", ""};
+    if (start.starts_with("\xFFWPC")) return ImportFilter{"WordPerfect", ""};
+    const auto manager = office->getServiceManager();
+    const Reference<css::document::XTypeDetection> detection(
+        manager->createInstanceWithContext(to_uno("com.sun.star.document.TypeDetection"), office),
+        UNO_QUERY_THROW);
+    const auto content = css::ucb::SimpleFileAccess::create(office)->openFileRead(file_url(path));
+    auto descriptor = uno_sequence<css::beans::PropertyValue>(
+        {uno_argument("URL", to_uno("private:stream")), uno_argument("InputStream", content)});
+    const rtl::OUString type = detection->queryTypeByDescriptor(descriptor, true);
+    if (type.isEmpty()) return {};
+    const std::string filter =
+        registry_property(Reference<XNameAccess>(detection, UNO_QUERY_THROW), type, "PreferredFilter");
+    if (filter.empty() || filter.starts_with("Text") || filter == "WordPerfect") return {};
+    const Reference<XNameAccess> filters(
+        manager->createInstanceWithContext(to_uno("com.sun.star.document.FilterFactory"), office),
+        UNO_QUERY_THROW);
+    if (registry_property(filters, to_uno(filter), "DocumentService") != "com.sun.star.text.TextDocument")
+        return {};
+    return ImportFilter{filter, ""};
+}
+
 ImportFilter markup_or_text_filter(const std::filesystem::path& path, std::string_view bytes) {
     const std::string extension = extension_of(path);
     const std::string_view start = skip_start(bytes);
@@ -195,7 +239,10 @@ ImportFilter import_filter(const std::filesystem::path& path, const Office& offi
         return compound_file_filter(path, office.context);
     if (start.starts_with("{\\rtf")) return {"Rich Text Format", ""};
     if (start.starts_with("%PDF-")) throw not_a_document(path, "it is a PDF file");
-    if (!is_text(start)) throw not_a_document(path, "its content is of no known kind");
+    if (!is_text(start)) {
+        if (const auto filter = old_format_filter(start, path, office.context)) return *filter;
+        throw not_a_document(path, "its content is of no known kind");
+    }
     return markup_or_text_filter(path, start);
 }
 
