@@ -4,9 +4,9 @@
 
 #include "automation/coerce.h"
 #include "automation/text.h"
-#include "converters/lists.h"
 #include "engines/printer_job.h"
 #include "session/errors.h"
+#include "session/lists.h"
 
 namespace foliant::converters {
 
@@ -31,7 +31,7 @@ void write_driver_file(const Session& session, const std::string& driver_file, c
     const auto driver = session.outside().files.create_text(driver_file);
     for (const std::string_view line : driver_prologue)
         driver->write_line(line);
-    for_each_item(inputs, [&](const Value& item) {
+    session::for_each_item<std::int16_t>(inputs, [&](const Value& item) {
         session.outside().clock.pump_messages();
         const std::string path = automation::to_text(item);
         if (session.FileExists(path)) driver->write_line(driver_line(path));
