@@ -1,7 +1,7 @@
 #include "engines/distiller_job.h"
 
 #include "engines/event_relay.h"
-#include "session/errors.h"
+#include "session/acrobat_versions.h"
 
 namespace foliant::engines {
 
@@ -23,7 +23,7 @@ class RelaySubscription : public automation::Subscription {
 }  // namespace
 
 bool applies_security(const session::Session& session, bool wished) noexcept {
-    return wished && session.acrobat_version_number() > 5.0;
+    return wished && session::acrobat_is_newer_than_5(session);
 }
 
 void DistillerJob::run(const std::string& input_postscript, const std::string& output_pdf,

@@ -2,6 +2,7 @@
 
 #include "automation/coerce.h"
 #include "automation/error.h"
+#include "session/acrobat_versions.h"
 #include "session/errors.h"
 #include "session/registry_access.h"
 
@@ -28,7 +29,8 @@ Session::Session(const platform::Platform& platform, automation::EventSink& even
     // The key names 6.0 whatever Acrobat is installed: that is where every later one registers its printer,
     // too.
     printer_name_ = read_default_value("SOFTWARE\\Adobe\\Acrobat Distiller\\6.0\\PrinterName");
-    if (printer_name_.empty()) printer_name_ = acrobat_version_ == "6.0" ? "Adobe PDF" : "Acrobat Distiller";
+    if (printer_name_.empty())
+        printer_name_ = acrobat_is_exactly_6_0(*this) ? "Adobe PDF" : "Acrobat Distiller";
     ignoring_errors([&] {
         temp_file_path_ = with_separator(platform_.shell.library_folder(), platform_.files.separator());
     });
