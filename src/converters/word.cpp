@@ -3,6 +3,7 @@
 #include "automation/coerce.h"
 #include "automation/text.h"
 #include "automation/value.h"
+#include "engines/acrobat_windows.h"
 #include "engines/printer_job.h"
 #include "session/errors.h"
 

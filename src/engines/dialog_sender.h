@@ -24,15 +24,20 @@ struct SenderCommand {
     char flag_b = '0';
 };
 
+/// The Windows system folder, as the special-folder lookup gives it.
+std::string system_folder(const session::Session& session);
+
 /// The folder that holds the window sender, without a trailing separator unless it is a drive root: the
 /// system folder first, then the library's own. Nothing when it is in neither.
 std::optional<std::string> locate_sender(const session::Session& session);
 
-/// The Windows system folder, as the special-folder lookup gives it.
-std::string system_folder(const session::Session& session);
+/// The same for those who have looked up the system folder already.
+std::optional<std::string> locate_sender(const session::Session& session, const std::string& system);
 
-/// Whether the sender lies in that folder.
-bool sender_is_in(const session::Session& session, const std::string& folder);
+/// The folder that holds the window sender, for members that cannot do without. Raises the component's error
+/// when it is in neither of the two.
+std::string require_sender(const session::Session& session);
+std::string require_sender(const session::Session& session, const std::string& system);
 
 /// Starts the sender from `folder` hidden and does not wait for it. Raises what starting raises (53 when the
 /// program is not there).

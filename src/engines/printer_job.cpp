@@ -2,7 +2,7 @@
 
 #include "automation/text.h"
 #include "engines/dialog_sender.h"
-#include "session/errors.h"
+#include "session/acrobat_versions.h"
 #include "session/registry_access.h"
 
 namespace foliant::engines {
@@ -15,10 +15,12 @@ namespace {
 constexpr std::uint32_t ok_exclamation_system_modal = 4144;
 constexpr std::uint32_t host_starts_writing_ms = 2000;
 constexpr std::uint32_t file_holds_still_ms = 1000;
-constexpr float acrobat_window_seconds = 15;
 
-void start_save_dialog_sender(const Session& session, const std::string& folder, const std::string& target) {
-    start_sender(session, folder, {"save pdf file as", "Edit", target});
+// A sender in the library's own folder counts as present, yet this job starts it from the system folder:
+// installations rely on its command lines always naming that one.
+
+void start_save_dialog_sender(const Session& session, const std::string& system, const std::string& target) {
+    start_sender(session, system, {"save pdf file as", "Edit", target});
 }
 
 }  // namespace
@@ -27,16 +29,13 @@ void choose_printer(const Session& session, std::string& strDistiller) {
     if (trim_blanks(strDistiller).empty()) strDistiller = session.PrinterName();
 }
 
-bool pdf_writer_asks_for_file(const Session& session) noexcept {
-    return session.acrobat_version_number() > 5.0;
+void override_pdf_writer(const Session& session, std::string& strPDFWriter) {
+    if (session::acrobat_is_newer_than_5(session)) strPDFWriter = session.PrinterName();
 }
 
 void choose_pdf_writer(const Session& session, std::string& strPDFWriter, const std::string& target) {
-    if (pdf_writer_asks_for_file(session)) {
-        strPDFWriter = session.PrinterName();
-    } else {
-        write_pdf_writer_target(session, target);
-    }
+    if (session::acrobat_is_5_or_older(session)) write_pdf_writer_target(session, target);
+    override_pdf_writer(session, strPDFWriter);
 }
 
 void write_pdf_writer_target(const Session& session, const std::string& target) {
@@ -52,30 +51,32 @@ void write_pdf_writer_target(const Session& session, const std::string& target) 
 }
 
 void answer_printer_dialogs(const Session& session, const std::string& target) {
-    const std::string folder = system_folder(session);
-    if (!sender_is_in(session, folder) && !sender_is_in(session, session.outside().shell.library_folder())) {
+    const std::string system = system_folder(session);
+    if (!locate_sender(session, system)) {
         session.outside().windows.message_box(std::string(sender_missing_text),
                                               "File QUORIXSEND.EXE not found", ok_exclamation_system_modal);
         return;
     }
-    // A sender in the library's own folder counts as present, yet it is started from the system folder:
-    // installations rely on the command lines of this job always naming that folder.
-    start_save_dialog_sender(session, folder, target);
-    start_sender(session, folder, {"adobe pdf - security", "Button", ""});
+    start_save_dialog_sender(session, system, target);
+    start_sender(session, system, {"adobe pdf - security", "Button", ""});
 }
 
 void answer_save_dialog(const Session& session, const std::string& target) {
-    const std::string folder = system_folder(session);
-    if (!sender_is_in(session, folder) && !sender_is_in(session, session.outside().shell.library_folder())) {
-        throw session::component_error(std::string(sender_missing_text));
-    }
-    start_save_dialog_sender(session, folder, target);
+    answer_save_dialog(session, target, system_folder(session));
 }
 
-void wait_for_file(const Session& session, const std::string& path) {
+void answer_save_dialog(const Session& session, const std::string& target, const std::string& system) {
+    require_sender(session, system);
+    start_save_dialog_sender(session, system, target);
+}
+
+void let_host_start_writing(const Session& session) {
+    session.outside().clock.settle(host_starts_writing_ms);
+}
+
+void wait_until_complete(const Session& session, const std::string& path) {
     auto& clock = session.outside().clock;
     auto& files = session.outside().files;
-    clock.settle(host_starts_writing_ms);
     while (true) {
         clock.pump_messages();
         if (!session.FileExists(path)) continue;
@@ -85,27 +86,9 @@ void wait_for_file(const Session& session, const std::string& path) {
     }
 }
 
-std::string acrobat_caption_key(const std::string& target, char separator) {
-    const std::string name = automation::to_lower(automation::file_name_part(target, separator));
-    // With no dot there is nothing up to and including one.
-    const std::size_t through_first_dot = name.find('.') + 1;
-    return "[" + name.substr(0, through_first_dot) + "pdf]";
-}
-
-void close_acrobat_window(const Session& session, const std::string& target) {
-    auto& clock = session.outside().clock;
-    auto& windows = session.outside().windows;
-    const std::string key = acrobat_caption_key(target, session.outside().files.separator());
-    const float deadline = clock.seconds_since_midnight() + acrobat_window_seconds;
-    while (clock.seconds_since_midnight() <= deadline) {
-        clock.pump_messages();
-        for (const char* viewer : {"adobe acrobat - ", "adobe acrobat professional - "}) {
-            if (const auto window = windows.find_window(viewer + key); window > 0) {
-                windows.close_window(window, "0");
-                return;
-            }
-        }
-    }
+void wait_for_file(const Session& session, const std::string& path) {
+    let_host_start_writing(session);
+    wait_until_complete(session, path);
 }
 
 }  // namespace foliant::engines

@@ -1,4 +1,5 @@
 #include "converters/fault_scenes.h"
+#include "engines/acrobat_windows.h"
 #include "engines/printer_job.h"
 
 namespace foliant::converters {

@@ -47,6 +47,38 @@ TEST_F(DialogSender, InNeitherFolderIsMissing) {
     EXPECT_EQ(locate_sender(session()), std::nullopt);
 }
 
+TEST_F(DialogSender, ASystemFolderThatIsKnownIsNotLookedUpAgain) {
+    put_sender_in("C:\\Program Files\\Foliant");
+    EXPECT_EQ(locate_sender(session(), "D:\\system"), "C:\\Program Files\\Foliant");
+    EXPECT_EQ(require_sender(session(), "D:\\system"), "C:\\Program Files\\Foliant");
+    expect_journal(R"(
+        length D:\system\quorixsend.exe -> not found
+        length C:\Program Files\Foliant\quorixsend.exe -> 1000
+        length D:\system\quorixsend.exe -> not found
+        length C:\Program Files\Foliant\quorixsend.exe -> 1000
+    )");
+}
+
+TEST_F(DialogSender, WhoRequiresItIsToldTheFolderThatItIsIn) {
+    put_sender_in("C:\\Program Files\\Foliant");
+    EXPECT_EQ(require_sender(session()), "C:\\Program Files\\Foliant");
+    expect_journal(R"(
+        special folder 37 (owner 100)
+        length C:\WINDOWS\system32\quorixsend.exe -> not found
+        length C:\Program Files\Foliant\quorixsend.exe -> 1000
+    )");
+}
+
+TEST_F(DialogSender, WhoRequiresItInVainRaisesTheComponentsError) {
+    run([&] { require_sender(session()); });
+    expect_journal(
+        "special folder 37 (owner 100)\n"
+        "length C:\\WINDOWS\\system32\\quorixsend.exe -> not found\n"
+        "length C:\\Program Files\\Foliant\\quorixsend.exe -> not found\n"
+        "raise -2147467008 from Foliant: Error! Can't find file QUORIXSEND.EXE. Please copy this file into "
+        "the same path as QUORIX.OCX or into your Window's System Directory.\n");
+}
+
 TEST_F(DialogSender, IsStartedHiddenAndItsFieldsEachEndInATilde) {
     put_sender_in("C:\\WINDOWS\\system32");
     start_sender(session(), "C:\\WINDOWS\\system32", {"open", "Edit", "C:\\Docs\\report.pdf"});

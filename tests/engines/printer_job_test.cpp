@@ -49,7 +49,6 @@ TEST_F(PdfWriter, FromAcrobatSixOnIsReplacedByThePdfPrinterWhateverWasPassed) {
     choose_pdf_writer(session(), name, target);
     EXPECT_EQ(name, "Adobe PDF");
     EXPECT_EQ(stage.journal(), "");
-    EXPECT_TRUE(pdf_writer_asks_for_file(session()));
 }
 
 TEST_F(PdfWriter, UpToAcrobatFiveIsToldItsFileThroughTheRegistry) {
@@ -63,7 +62,6 @@ TEST_F(PdfWriter, UpToAcrobatFiveIsToldItsFileThroughTheRegistry) {
         write value "PDFFilename" of HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter: type 1 C:\out\Report.PDF\0
         close key HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter
     )");
-    EXPECT_FALSE(pdf_writer_asks_for_file(session()));
 }
 
 TEST_F(PdfWriter, ItsKeyIsMadeWithEveryLevelWhenItIsMissing) {
@@ -79,6 +77,20 @@ TEST_F(PdfWriter, ItsKeyIsMadeWithEveryLevelWhenItIsMissing) {
         write value "PDFFilename" of HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter: type 1 C:\out\Report.PDF\0
         close key HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter
     )");
+}
+
+TEST_F(PdfWriter, WhoTellsItItsFileLaterOnlyHasThePrinterChosen) {
+    std::string name = "My PDFWriter";
+    override_pdf_writer(session(), name);
+    EXPECT_EQ(name, "Adobe PDF");
+}
+
+TEST_F(PdfWriter, UpToAcrobatFiveItsNameStaysAndNothingElseIsDone) {
+    register_acrobat("5.0");
+    std::string name = "My PDFWriter";
+    override_pdf_writer(session(), name);
+    EXPECT_EQ(name, "My PDFWriter");
+    EXPECT_EQ(stage.journal(), "");
 }
 
 // Answering the dialogs.
@@ -150,7 +162,35 @@ TEST_F(PdfWriter, WithoutASenderTheComponentsErrorIsRaisedAndNoBoxShown) {
         "the same path as QUORIX.OCX or into your Window's System Directory.\n");
 }
 
+TEST_F(PdfWriter, ASystemFolderThatIsKnownIsNotLookedUpAgain) {
+    move_sender_to("D:\\system");
+    answer_save_dialog(session(), target, "D:\\system");
+    expect_journal(R"(
+        length D:\system\quorixsend.exe -> 1000
+        start (hidden) D:\system\quorixsend.exe save pdf file as~Edit~C:\out\Report.PDF~0~0~
+    )");
+}
+
 // Waiting for the file.
+
+TEST_F(PrinterJob, AHostThatHasJustPrintedIsGivenTwoSeconds) {
+    let_host_start_writing(session());
+    expect_journal(R"(
+        sleep 2000 ms
+    )");
+}
+
+TEST_F(PrinterJob, AWaitWithoutThatPauseLooksAtOnce) {
+    stage.files[target].lengths = {500};
+    wait_until_complete(session(), target);
+    expect_journal(R"(
+        pump messages
+        length C:\out\Report.PDF -> 500
+        length C:\out\Report.PDF -> 500
+        sleep 1000 ms
+        length C:\out\Report.PDF -> 500
+    )");
+}
 
 TEST_F(PrinterJob, AFileThatHoldsStillForASecondIsComplete) {
     stage.files[target].lengths = {500};
@@ -237,91 +277,6 @@ TEST_F(PrinterJob, ALengthThatCannotBeReadAfterTheFileWasSeenIsAFailure) {
         length C:\out\Report.PDF -> fails
         raise 70 from : Permission denied
     )");
-}
-
-// Closing Acrobat's window.
-
-TEST_F(PrinterJob, TheCaptionKeyIsTheLowerCaseNameUpToItsFirstDot) {
-    EXPECT_EQ(acrobat_caption_key("C:\\Out\\Report.PDF", '\\'), "[report.pdf]");
-    EXPECT_EQ(acrobat_caption_key("Report.PDF", '\\'), "[report.pdf]");
-    EXPECT_EQ(acrobat_caption_key("C:\\Out\\q1.sales.pdf", '\\'), "[q1.pdf]");
-    EXPECT_EQ(acrobat_caption_key("C:\\Out.dir\\report", '\\'), "[pdf]");
-    EXPECT_EQ(acrobat_caption_key("C:\\Out\\.pdf", '\\'), "[.pdf]");
-    EXPECT_EQ(acrobat_caption_key("/out/Report.PDF", '/'), "[report.pdf]");
-}
-
-TEST_F(PrinterJob, TheViewersWindowIsClosedWhenItIsFound) {
-    stage.windows["Adobe Acrobat - [Report.pdf]"] = 0;
-    close_acrobat_window(session(), target);
-    expect_journal(R"(
-        pump messages
-        find window "adobe acrobat - [report.pdf]" -> found
-        send WM_CLOSE (0, "0") to "Adobe Acrobat - [Report.pdf]"
-    )");
-}
-
-TEST_F(PrinterJob, TheProfessionalEditionIsLookedForSecond) {
-    stage.windows["Adobe Acrobat Professional - [Report.pdf]"] = 0;
-    close_acrobat_window(session(), target);
-    expect_journal(R"(
-        pump messages
-        find window "adobe acrobat - [report.pdf]" -> none
-        find window "adobe acrobat professional - [report.pdf]" -> found
-        send WM_CLOSE (0, "0") to "Adobe Acrobat Professional - [Report.pdf]"
-    )");
-}
-
-TEST_F(PrinterJob, OneWindowIsClosedWhenBothAreThere) {
-    stage.windows["Adobe Acrobat - [Report.pdf]"] = 0;
-    stage.windows["Adobe Acrobat Professional - [Report.pdf]"] = 0;
-    close_acrobat_window(session(), target);
-    EXPECT_TRUE(stage.windows.contains("Adobe Acrobat Professional - [Report.pdf]"));
-    EXPECT_FALSE(stage.windows.contains("Adobe Acrobat - [Report.pdf]"));
-}
-
-TEST_F(PrinterJob, TheSearchEndsSilentlyAfterFifteenSeconds) {
-    stage.pump_takes = 5000;
-    run([&] { close_acrobat_window(session(), target); });
-    // The last round begins when exactly fifteen seconds have passed, which is not past the deadline.
-    expect_journal(R"(
-        pump messages
-        find window "adobe acrobat - [report.pdf]" -> none
-        find window "adobe acrobat professional - [report.pdf]" -> none
-        pump messages
-        find window "adobe acrobat - [report.pdf]" -> none
-        find window "adobe acrobat professional - [report.pdf]" -> none
-        pump messages
-        find window "adobe acrobat - [report.pdf]" -> none
-        find window "adobe acrobat professional - [report.pdf]" -> none
-        pump messages
-        find window "adobe acrobat - [report.pdf]" -> none
-        find window "adobe acrobat professional - [report.pdf]" -> none
-    )");
-}
-
-TEST_F(PrinterJob, AWindowThatComesLateIsClosed) {
-    stage.pump_takes = 1000;
-    stage.windows["Adobe Acrobat - [Report.pdf]"] = 14000;
-    close_acrobat_window(session(), target);
-    EXPECT_EQ(stage.now, 14000U);
-    EXPECT_TRUE(stage.windows.empty());
-}
-
-TEST_F(PrinterJob, ATargetWithTwoDotsIsNeverFound) {
-    stage.pump_takes = 1000;
-    stage.windows["Adobe Acrobat - [q1.sales.pdf]"] = 0;
-    close_acrobat_window(session(), "C:\\out\\q1.sales.pdf");
-    EXPECT_EQ(stage.now, 16000U);
-    EXPECT_FALSE(stage.windows.empty());
-}
-
-TEST_F(PrinterJob, ASearchOverMidnightRunsOnUntilTheWindowComes) {
-    stage.midnight_offset_seconds = 86395;
-    stage.pump_takes = 1000;
-    stage.windows["Adobe Acrobat - [Report.pdf]"] = 3'600'000;
-    close_acrobat_window(session(), target);
-    EXPECT_EQ(stage.now, 3'600'000U);
-    EXPECT_TRUE(stage.windows.empty());
 }
 
 }  // namespace
