@@ -4,6 +4,7 @@
 #include "automation/text.h"
 #include "automation/value.h"
 #include "engines/acrobat_windows.h"
+#include "engines/host_program.h"
 #include "engines/printer_job.h"
 #include "session/errors.h"
 
@@ -13,6 +14,7 @@ using automation::Arguments;
 using automation::named;
 using automation::trim_blanks;
 using automation::Value;
+using engines::HostProgram;
 using session::Session;
 
 namespace {
@@ -22,28 +24,6 @@ constexpr std::int16_t alerts_all = -1;
 constexpr std::int16_t first_section = 1;
 constexpr std::int16_t primary = 1;
 constexpr std::int16_t print_range_of_pages = 4;
-
-/// The Word that a member drives: the application, and the document once it is open.
-struct WordHost {
-    Value application;
-    Value document;
-
-    /// The normal end. A call that fails leaves its object set, and the error trap calls it again.
-    void close_and_quit() {
-        document.call("Close", {false});
-        document = {};
-        application.call("Quit");
-        application = {};
-    }
-
-    /// The end in the error trap.
-    void let_go() noexcept {
-        if (document != Value()) session::ignoring_errors([&] { document.call("Close", {false}); });
-        document = {};
-        if (application != Value()) session::ignoring_errors([&] { application.call("Quit"); });
-        application = {};
-    }
-};
 
 void set_orientation(const Value& document, bool landscape) {
     // A document whose page setup cannot be changed is converted all the same.
@@ -63,7 +43,7 @@ void add_page_number(const Value& document, const char* headers_or_footers, cons
                       named("FirstPage", job.number_on_first_page)});
 }
 
-void open_document(const Session& session, const WordJob& job, WordHost& word) {
+void open_document(const Session& session, const WordJob& job, HostProgram& word) {
     word.application = session.outside().servers.create("Word.Application");
     word.document = word.application.get("Documents")
                         .call("Open", {job.document, named("PasswordDocument", job.password),
@@ -75,14 +55,14 @@ void open_document(const Session& session, const WordJob& job, WordHost& word) {
 }
 
 /// Points Word, and only Word, at the printer; returns the printer that it had.
-std::string choose_active_printer(const Session& session, const WordJob& job, const WordHost& word) {
+std::string choose_active_printer(const Session& session, const WordJob& job, const HostProgram& word) {
     std::string former = automation::to_text(word.application.get("ActivePrinter"));
     const bool blank = trim_blanks(job.printer).empty();
     word.application.set("ActivePrinter", blank ? session.PrinterName() : job.printer);
     return former;
 }
 
-void print_document(const WordHost& word, const WordJob& job, Arguments arguments) {
+void print_document(const HostProgram& word, const WordJob& job, Arguments arguments) {
     if (!trim_blanks(job.pages).empty()) {
         arguments.push_back(named("Range", print_range_of_pages));
         arguments.push_back(named("Pages", job.pages));
@@ -90,10 +70,10 @@ void print_document(const WordHost& word, const WordJob& job, Arguments argument
     word.document.call("PrintOut", arguments);
 }
 
-void restore_and_quit(const std::string& former_printer, WordHost& word) {
+void restore_and_quit(const std::string& former_printer, HostProgram& word) {
     word.application.set("ActivePrinter", former_printer);
     word.application.set("DisplayAlerts", alerts_all);
-    word.close_and_quit();
+    word.close_and_quit({false});
 }
 
 }  // namespace
@@ -101,7 +81,7 @@ void restore_and_quit(const std::string& former_printer, WordHost& word) {
 void CreatePDFfromWord(Session& session, const std::string& strPDFFile, const WordJob& job,
                        const engines::DistillerOptions& options) {
     session.require_file(job.document);
-    WordHost word;
+    HostProgram word;
     engines::DistillerJob distiller(session);
     session::with_error_trap(
         [&] {
@@ -117,7 +97,7 @@ void CreatePDFfromWord(Session& session, const std::string& strPDFFile, const Wo
             session.outside().files.remove(postscript);
         },
         [&] {
-            word.let_go();
+            word.let_go({false});
             distiller.release();
         });
 }
@@ -125,7 +105,7 @@ void CreatePDFfromWord(Session& session, const std::string& strPDFFile, const Wo
 void CreatePDFfromWord2(Session& session, const std::string& strPDFFile, const WordJob& job,
                         bool blnCloseAcrobat) {
     session.require_file(job.document);
-    WordHost word;
+    HostProgram word;
     session::with_error_trap(
         [&] {
             open_document(session, job, word);
@@ -137,12 +117,12 @@ void CreatePDFfromWord2(Session& session, const std::string& strPDFFile, const W
             if (blnCloseAcrobat) engines::close_acrobat_window(session, strPDFFile);
             restore_and_quit(former_printer, word);
         },
-        [&] { word.let_go(); });
+        [&] { word.let_go({false}); });
 }
 
 void CreatePSfromWord(Session& session, const std::string& strPSFile, const WordJob& job) {
     session.require_file(job.document);
-    WordHost word;
+    HostProgram word;
     session::with_error_trap(
         [&] {
             open_document(session, job, word);
@@ -152,7 +132,7 @@ void CreatePSfromWord(Session& session, const std::string& strPSFile, const Word
             engines::wait_for_file(session, strPSFile);
             restore_and_quit(former_printer, word);
         },
-        [&] { word.let_go(); });
+        [&] { word.let_go({false}); });
 }
 
 }  // namespace foliant::converters
