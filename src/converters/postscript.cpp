@@ -22,19 +22,21 @@ constexpr std::string_view driver_prologue[] = {
     "mysave restore",           "} def",       "",
 };
 
-std::string driver_line(std::string path) {
-    std::replace(path.begin(), path.end(), '\\', '/');
+/// What separates folders is "/" to the interpreter; where it is that already, a "\" is a letter like others.
+std::string driver_line(std::string path, char separator) {
+    std::replace(path.begin(), path.end(), separator, '/');
     return "(" + path + ") prun";
 }
 
 void write_driver_file(const Session& session, const std::string& driver_file, const Value& inputs) {
-    const auto driver = session.outside().files.create_text(driver_file);
+    platform::Files& files = session.outside().files;
+    const auto driver = files.create_text(driver_file, platform::TextPurpose::scratch);
     for (const std::string_view line : driver_prologue)
         driver->write_line(line);
     session::for_each_item<std::int16_t>(inputs, [&](const Value& item) {
         session.outside().clock.pump_messages();
         const std::string path = automation::to_text(item);
-        if (session.FileExists(path)) driver->write_line(driver_line(path));
+        if (session.FileExists(path)) driver->write_line(driver_line(path, files.separator()));
     });
     driver->close();
 }

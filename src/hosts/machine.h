@@ -41,6 +41,13 @@ class Machine {
     /// ended, however it ends, and is then removed with everything in it.
     virtual std::filesystem::path private_folder() const = 0;
 
+    /// The lines of the text that the call which uses this host has written for it under that path. Nothing
+    /// for any other path, whatever file is there: only such a text comes from the library itself, and is
+    /// trusted.
+    virtual std::optional<std::vector<std::string>> scratch_text(const std::string& /*path*/) const {
+        return std::nullopt;
+    }
+
     /// Whether a printer of that name exists; case matters, as it does for the spooler.
     virtual bool has_printer(std::string_view name) const = 0;
     /// Whether that printer is the built-in PDF printer, which asks for its output file in a dialog.

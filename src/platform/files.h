@@ -20,6 +20,12 @@ class TextFile {
     virtual void close() = 0;
 };
 
+/// Whom a text file is for.
+enum class TextPurpose {
+    result,   ///< the user, under the path that was asked for
+    scratch,  ///< a host, until the same call removes it again
+};
+
 /// Files and folders by path. Failures are run-time errors: 53 file not found, 70 permission denied, 75
 /// path/file access, 76 path not found.
 class Files {
@@ -43,8 +49,10 @@ class Files {
     /// parent is missing or the path makes no sense.
     virtual void make_folder(const std::string& path) = 0;
 
-    /// Makes or empties a text file and opens it for writing.
-    virtual std::unique_ptr<TextFile> create_text(const std::string& path) = 0;
+    /// Makes or empties a text file and opens it for writing. Where hosts are asked for the way to a scratch
+    /// text, it need be no file: what counts is that they find it under `path`, and that `length` and
+    /// `remove` of that path mean it until it is removed.
+    virtual std::unique_ptr<TextFile> create_text(const std::string& path, TextPurpose purpose) = 0;
 };
 
 }  // namespace foliant::platform

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace foliant::hosts::distiller {
 
@@ -21,6 +22,9 @@ struct Security {
 /// One PostScript file to turn into one PDF. Relative paths start at the process's current folder.
 struct DistillJob {
     std::filesystem::path input_ps;
+    /// The lines of the multi-file driver that the calling member wrote under the name `input_ps`, where it
+    /// did: then nothing of that name is read. Only such a driver may name files for the document to run.
+    std::optional<std::vector<std::string>> driver = {};
     std::filesystem::path output_pdf;             ///< replaced when it exists, untouched when the job fails
     std::filesystem::path job_options_file = {};  ///< PostScript run before the input; empty: the defaults
     std::optional<Security> security = {};        ///< empty: the PDF is not protected

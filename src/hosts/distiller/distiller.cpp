@@ -87,7 +87,8 @@ void run_engine(const fs::path& program, const Workspace& workspace, const Pendi
 }
 
 void convert(const fs::path& engine_folder, const DistillJob& job, Progress& progress, int& pages) {
-    const Source source = examine_source(job.input_ps);
+    const Source source =
+        job.driver ? examine_driver(job.input_ps, *job.driver) : examine_source(job.input_ps);
     require_readable_options(job.job_options_file);
     PendingFile output(job.output_pdf);
     const Workspace workspace(job, source);

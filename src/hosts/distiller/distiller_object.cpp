@@ -102,6 +102,7 @@ void DistillerObject::notify(std::string_view event, const std::vector<Value>& a
 std::int16_t DistillerObject::convert(const Arguments& arguments, bool with_security) {
     DistillJob job;
     job.input_ps = automation::to_text(arguments[0].value);
+    job.driver = machine_.scratch_text(job.input_ps.string());
     job.output_pdf = automation::to_text(arguments[1].value);
     job.job_options_file = automation::to_text(arguments[2].value);
     job.private_folder = machine_.private_folder();

@@ -1,6 +1,11 @@
 #include "hosts/distiller/driver_file.h"
 
+#include <algorithm>
 #include <array>
+#include <string_view>
+
+#include "hosts/distiller/distill_error.h"
+#include "hosts/distiller/postscript_string.h"
 
 namespace foliant::hosts::distiller {
 namespace {
@@ -10,56 +15,35 @@ constexpr std::array<std::string_view, 7> prologue = {
     "mysave restore",           "} def",       "",
 };
 
-/// Takes one ended line off the front of `text`; none when no line end is left.
-std::optional<std::string_view> take_line(std::string_view& text) {
-    const auto end = text.find('\n');
-    if (end == std::string_view::npos) return std::nullopt;
-    std::string_view line = text.substr(0, end);
-    text.remove_prefix(end + 1);
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    return line;
-}
-
-/// True when PostScript reads `text` between parentheses as exactly these bytes.
-bool is_plain_string(std::string_view text) {
-    int depth = 0;
-    for (const char c : text) {
-        if (c == '\\' || c == '\r' || c == '\0') return false;
-        if (c == '(') ++depth;
-        if (c == ')' && --depth < 0) return false;
+std::string path_of_run_line(std::string_view line) {
+    constexpr std::string_view before_path = "(";
+    constexpr std::string_view after_path = ") prun";
+    if (line.size() <= before_path.size() + after_path.size() || !line.starts_with(before_path) ||
+        !line.ends_with(after_path)) {
+        throw DistillError("The multi-file driver has a line that names no file: " + std::string(line));
     }
-    return depth == 0;
-}
-
-std::optional<std::string> path_of_run_line(std::string_view line) {
-    constexpr std::string_view before_name = "(";
-    constexpr std::string_view after_name = ") prun";
-    if (line.size() <= before_name.size() + after_name.size()) return std::nullopt;
-    if (!line.starts_with(before_name) || !line.ends_with(after_name)) return std::nullopt;
-    line.remove_prefix(before_name.size());
-    line.remove_suffix(after_name.size());
-    if (!is_plain_string(line)) return std::nullopt;
+    line.remove_prefix(before_path.size());
+    line.remove_suffix(after_path.size());
     return std::string(line);
 }
 
 }  // namespace
 
-bool may_be_driver(std::string_view head) {
-    return head.starts_with(prologue.front());
+std::vector<std::string> files_of_driver(const std::vector<std::string>& lines) {
+    if (lines.size() < prologue.size() || !std::equal(prologue.begin(), prologue.end(), lines.begin()))
+        throw DistillError("The multi-file driver does not begin with the definition of prun.");
+    std::vector<std::string> paths;
+    std::transform(lines.begin() + prologue.size(), lines.end(), std::back_inserter(paths), path_of_run_line);
+    return paths;
 }
 
-std::optional<std::vector<std::string>> files_of_driver(std::string_view text) {
-    for (const std::string_view expected : prologue) {
-        if (take_line(text) != expected) return std::nullopt;
-    }
-    std::vector<std::string> paths;
-    while (!text.empty()) {
-        const auto line = take_line(text);
-        auto path = line ? path_of_run_line(*line) : std::nullopt;
-        if (!path) return std::nullopt;
-        paths.push_back(std::move(*path));
-    }
-    return paths;
+std::string driver_program(const std::vector<std::string>& paths) {
+    std::string text;
+    for (const std::string_view line : prologue)
+        text.append(line) += '\n';
+    for (const std::string& path : paths)
+        text += postscript_string(path) + " prun\n";
+    return text;
 }
 
 }  // namespace foliant::hosts::distiller

@@ -88,9 +88,7 @@ const SourceFile& JobRun::running_source() const {
 }
 
 std::string JobRun::file_at_fault() const {
-    const SourceFile& file = running_source();
-    if (&file == &source_.main) return file.path.string();
-    return file.path.string() + " (named by " + source_.main.path.string() + ")";
+    return running_source().path.string();
 }
 
 std::string JobRun::postscript_error() const {
@@ -121,6 +119,10 @@ std::string JobRun::advice() const {
     if (error_name_ == "ioerror") {
         return "Check that the file is complete, and that the disks of " + job_.output_pdf.string() +
                " and " + job_.private_folder.string() + " are in order.";
+    }
+    if (error_name_ == "invalidfileaccess") {
+        return "A document may not use other files of this machine. To put several PostScript files into one "
+               "PDF, name them to CreatePDFfromMultiPS.";
     }
     if (!running_source().looks_like_postscript) {
         return "It does not begin with %! as PostScript does; check that it is PostScript.";

@@ -1,22 +1,10 @@
 #include "hosts/distiller/setup_program.h"
 
-#include <string_view>
-
 #include "hosts/distiller/engine/protocol.h"
+#include "hosts/distiller/postscript_string.h"
 
 namespace foliant::hosts::distiller {
 namespace {
-
-std::string hexadecimal(std::string_view bytes) {
-    constexpr std::string_view digits = "0123456789abcdef";
-    std::string text;
-    for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        text += digits[byte >> 4];
-        text += digits[byte & 15];
-    }
-    return text;
-}
 
 /// Cairo cuts a font into subsets and gives all of them the font's name. The interpreter takes fonts of one
 /// name for parts of one font; where they contradict each other it draws their characters as pictures, and
@@ -46,18 +34,17 @@ constexpr const char* tag_subsets = R"PS(
 } bind def
 )PS";
 
-/// Distiller's RunFile takes any path; here it takes those that the driver names, and what else it is given
-/// meets the sandbox. It says which file is running, so that progress can follow.
+/// Distiller's RunFile takes any path; here it takes those that the driver names, and refuses others. It says
+/// which file is running, so that progress can follow.
 std::string run_file() {
     return std::string(
                "userdict /RunFile {\n"
-               "    //staged 1 index known {\n"
-               "        //staged exch get\n"
-               "        (") +
+               "    //staged 1 index known not { /RunFile cvx /invalidfileaccess signalerror } if\n"
+               "    //staged exch get\n"
+               "    (") +
            engine::now_running +
            ") print dup print (\\n) print flush\n"
-           "        //cairo 1 index known { userdict /definefont //definetagged put } if\n"
-           "    } if\n"
+           "    //cairo 1 index known { userdict /definefont //definetagged put } if\n"
            "    run\n"
            "} bind put\n";
 }
@@ -69,7 +56,7 @@ std::string setup_program(const Source& source) {
     std::string cairo = "/cairo <<\n";
     for (std::size_t i = 0; i < source.parts.size(); ++i) {
         const std::string name = "(" + engine::input_name(i + 1) + ")";
-        staged += "<" + hexadecimal(source.part_names[i]) + "> " + name + "\n";
+        staged += postscript_string(source.part_names[i]) + " " + name + "\n";
         if (source.parts[i].made_by_cairo) cairo += name + " true\n";
     }
     std::string text =

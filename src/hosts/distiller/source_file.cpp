@@ -130,19 +130,24 @@ std::vector<SourceFile> Source::measured_files() const {
 Source examine_source(const std::filesystem::path& input) {
     struct stat status = {};
     const FileDescriptor file = open_ordinary_file(input, status);
-    const auto bytes = static_cast<std::uintmax_t>(status.st_size);
-    if (bytes == 0) throw cannot_read(input, "it is empty");
-
+    if (status.st_size == 0) throw cannot_read(input, "it is empty");
     Source source;
-    source.main = describe(input, file, bytes);
-    if (!may_be_driver(read_at(file, 0, sample_bytes, input))) return source;
-    auto names = files_of_driver(read_at(file, 0, bytes, input));
-    if (!names) return source;
+    source.main = describe(input, file, static_cast<std::uintmax_t>(status.st_size));
+    return source;
+}
 
-    source.part_names = std::move(*names);
-    for (const std::string& name : source.part_names) {
-        const FileDescriptor part = open_ordinary_file(name, status);
-        source.parts.push_back(describe(name, part, static_cast<std::uintmax_t>(status.st_size)));
+Source examine_driver(const std::filesystem::path& name, const std::vector<std::string>& lines) {
+    Source source;
+    source.is_driver = true;
+    source.main.path = std::filesystem::absolute(name);
+    source.part_names = files_of_driver(lines);
+    if (source.part_names.empty())
+        throw DistillError(
+            "There is nothing to convert: none of the PostScript files exists. Check their names.");
+    for (const std::string& part : source.part_names) {
+        struct stat status = {};
+        const FileDescriptor file = open_ordinary_file(part, status);
+        source.parts.push_back(describe(part, file, static_cast<std::uintmax_t>(status.st_size)));
     }
     return source;
 }

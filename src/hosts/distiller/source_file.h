@@ -18,9 +18,11 @@ struct SourceFile {
     bool made_by_cairo = false;          ///< as its comments say
 };
 
-/// The input of a job. A driver's own text runs nothing itself: `parts` are the files it names, in order.
+/// The input of a job. A driver is no file: `main` is but its name, and `parts` are the files that it runs,
+/// in order.
 struct Source {
     SourceFile main;
+    bool is_driver = false;
     std::vector<SourceFile> parts;
     std::vector<std::string> part_names;  ///< of `parts`, as the driver writes them
 
@@ -28,9 +30,13 @@ struct Source {
     std::vector<SourceFile> measured_files() const;
 };
 
-/// Looks at an input and, where it is a driver, at everything it names. Throws DistillError for a file that
-/// is missing, unreadable, no ordinary file, or a PDF, and for an empty input.
+/// Looks at an input. Throws DistillError for a file that is missing, unreadable, no ordinary file, empty, or
+/// a PDF.
 Source examine_source(const std::filesystem::path& input);
+
+/// Looks at everything that a driver of this name and with these lines runs. Throws DistillError for lines
+/// that are no driver, for one that runs nothing, and for files as above; an empty one is taken.
+Source examine_driver(const std::filesystem::path& name, const std::vector<std::string>& lines);
 
 /// The page count that the comments of a PostScript file declare. `head` is its first bytes and `tail` its
 /// last; they may overlap. None where nothing, nonsense or a negative number is declared.

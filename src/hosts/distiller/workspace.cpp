@@ -5,6 +5,7 @@
 #include <string>
 
 #include "hosts/distiller/distill_error.h"
+#include "hosts/distiller/driver_file.h"
 #include "hosts/distiller/engine/protocol.h"
 #include "hosts/distiller/setup_program.h"
 
@@ -42,7 +43,11 @@ Workspace::~Workspace() {
 void Workspace::fill(const DistillJob& job, const Source& source) const {
     fs::create_directory(folder_ / "in");
     fs::create_directory(folder_ / engine::scratch_folder);
-    fs::create_symlink(source.main.path, folder_ / engine::input_name(0));
+    if (source.is_driver) {
+        write_file(engine::input_name(0), driver_program(source.part_names));
+    } else {
+        fs::create_symlink(source.main.path, folder_ / engine::input_name(0));
+    }
     for (std::size_t i = 0; i < source.parts.size(); ++i) {
         fs::create_symlink(source.parts[i].path, folder_ / engine::input_name(i + 1));
     }
@@ -51,10 +56,16 @@ void Workspace::fill(const DistillJob& job, const Source& source) const {
     }
     fs::create_symlink("/proc/self/fd/" + std::to_string(engine::output_descriptor),
                        folder_ / engine::output_file);
-    std::ofstream setup(folder_ / engine::setup_file, std::ios::binary);
-    setup << setup_program(source);
-    if (!setup.flush())
-        throw fs::filesystem_error("writing failed", folder_, std::error_code(EIO, std::generic_category()));
+    write_file(engine::setup_file, setup_program(source));
+}
+
+void Workspace::write_file(const std::string& name, const std::string& content) const {
+    std::ofstream file(folder_ / name, std::ios::binary);
+    file << content;
+    if (!file.flush()) {
+        throw fs::filesystem_error("writing failed", folder_ / name,
+                                   std::error_code(EIO, std::generic_category()));
+    }
 }
 
 }  // namespace foliant::hosts::distiller

@@ -11,7 +11,7 @@ namespace foliant::hosts::distiller {
 /// The folder that the engine works in. Everything that the document may read is linked into it under a name
 /// of ours, so that no character of a user's path ever means something in a permission or in PostScript.
 ///
-///     in/0         the input
+///     in/0         the input; a driver written anew
 ///     in/1 ...     the files that a driver names, in its order
 ///     in/options   the job-options file, where there is one
 ///     in/setup     the setup program
@@ -29,6 +29,7 @@ class Workspace {
 
   private:
     void fill(const DistillJob& job, const Source& source) const;
+    void write_file(const std::string& name, const std::string& content) const;
 
     std::filesystem::path folder_;
 };

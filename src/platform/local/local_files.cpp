@@ -17,6 +17,7 @@ using automation::RuntimeError;
 namespace {
 
 constexpr std::size_t piece = 65536;
+constexpr std::string_view line_end = "\r\n";
 
 /// The system would stop at the NUL, and reach another file than the one named.
 bool holds_nul(const std::string& path) noexcept {
@@ -48,6 +49,13 @@ RuntimeError of_new_entry(int code) noexcept {
     return is_refusal(code) ? RuntimeError::permission_denied : of_storage(code);
 }
 
+std::int64_t length_of(const ScratchTexts::Lines& lines) {
+    std::size_t bytes = 0;
+    for (const std::string& line : lines)
+        bytes += line.size() + line_end.size();
+    return static_cast<std::int64_t>(bytes);
+}
+
 class LocalText : public TextFile {
   public:
     LocalText(FileDescriptor file, std::string path) : file_(std::move(file)), path_(std::move(path)) {}
@@ -60,7 +68,7 @@ class LocalText : public TextFile {
 
     void write_line(std::string_view line) override {
         waiting_ += line;
-        waiting_ += "\r\n";
+        waiting_ += line_end;
         if (waiting_.size() >= piece) write_waiting();
     }
 
@@ -92,6 +100,7 @@ class LocalText : public TextFile {
 }  // namespace
 
 std::int64_t LocalFiles::length(const std::string& path) {
+    if (const ScratchTexts::Lines* const scratch = scratch_text(path)) return length_of(*scratch);
     struct stat status {};
     if (holds_nul(path) || ::stat(path.c_str(), &status) != 0) {
         const int code = holds_nul(path) ? ENOENT : errno;
@@ -111,6 +120,7 @@ bool LocalFiles::exists_in_current_folder(const std::string& name) {
 }
 
 void LocalFiles::remove(const std::string& path) {
+    if (scratch_texts_.remove(path)) return;
     if (holds_nul(path)) throw system_error(RuntimeError::file_not_found, "delete", path, ENOENT);
     if (::unlink(path.c_str()) != 0) throw system_error(of_existing_file(errno), "delete", path, errno);
 }
@@ -122,9 +132,10 @@ void LocalFiles::make_folder(const std::string& path) {
     }
 }
 
-std::unique_ptr<TextFile> LocalFiles::create_text(const std::string& path) {
+std::unique_ptr<TextFile> LocalFiles::create_text(const std::string& path, TextPurpose purpose) {
     if (path.empty() || holds_nul(path))
         throw system_error(RuntimeError::path_file_access, "write", path, EINVAL);
+    if (purpose == TextPurpose::scratch) return scratch_texts_.create(path);
     FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
     if (!file) throw system_error(of_new_entry(errno), "write", path, errno);
     return std::make_unique<LocalText>(std::move(file), path);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/files.h"
+#include "platform/local/scratch_texts.h"
 
 namespace foliant::platform::local {
 
@@ -22,10 +23,18 @@ class LocalFiles : public Files {
     /// Raises 70 when the parent may not be written to, 61 when the disk is full.
     void make_folder(const std::string& path) override;
 
-    /// Raises 76 when the folder is missing, 75 for a folder or an empty path, 70 when it may not be written,
-    /// 61 when the disk is full. Lines are kept back and written in larger pieces, so a full disk may show at
-    /// `close` only.
-    std::unique_ptr<TextFile> create_text(const std::string& path) override;
+    /// A result raises 76 when the folder is missing, 75 for a folder or an empty path, 70 when it may not be
+    /// written, 61 when the disk is full. Lines are kept back and written in larger pieces, so a full disk
+    /// may show at `close` only. A scratch text touches nothing on the disk.
+    std::unique_ptr<TextFile> create_text(const std::string& path, TextPurpose purpose) override;
+
+    /// What `create_text` was asked for under that path as scratch, line by line; null when it was not.
+    const ScratchTexts::Lines* scratch_text(const std::string& path) const {
+        return scratch_texts_.find(path);
+    }
+
+  private:
+    ScratchTexts scratch_texts_;
 };
 
 }  // namespace foliant::platform::local

@@ -92,6 +92,11 @@ void LocalMachine::run_sender(std::string_view tail) {
     }
 }
 
+std::optional<std::vector<std::string>> LocalMachine::scratch_text(const std::string& path) const {
+    const ScratchTexts::Lines* const lines = files_.scratch_text(path);
+    return lines == nullptr ? std::nullopt : std::optional(*lines);
+}
+
 void LocalMachine::print(std::string_view printer, const fs::path& pdf, std::string_view title) {
     printers_.print(printer, pdf, title);
 }

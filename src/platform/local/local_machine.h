@@ -65,6 +65,7 @@ class LocalMachine : public hosts::Machine {
 
     // What hosts ask for.
     std::filesystem::path private_folder() const override { return private_folder_.path(); }
+    std::optional<std::vector<std::string>> scratch_text(const std::string& path) const override;
     bool has_printer(std::string_view name) const override { return printers_.has(name); }
     bool is_pdf_printer(std::string_view name) const override { return printers_.is_pdf_printer(name); }
     std::string default_printer() const override { return printers_.default_name(); }

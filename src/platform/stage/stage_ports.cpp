@@ -89,7 +89,7 @@ void StageFiles::make_folder(const std::string& path) {
     stage_.folders.insert(folder);
 }
 
-std::unique_ptr<TextFile> StageFiles::create_text(const std::string& path) {
+std::unique_ptr<TextFile> StageFiles::create_text(const std::string& path, TextPurpose) {
     stage_.act("create text file " + path);
     stage_.put_file(path);
     return std::make_unique<StagedText>(stage_, path);

@@ -43,7 +43,7 @@ class StageFiles : public Files {
     bool exists_in_current_folder(const std::string& name) override;
     void remove(const std::string& path) override;
     void make_folder(const std::string& path) override;
-    std::unique_ptr<TextFile> create_text(const std::string& path) override;
+    std::unique_ptr<TextFile> create_text(const std::string& path, TextPurpose purpose) override;
 
   private:
     Stage& stage_;

@@ -147,7 +147,7 @@ void WindowsFiles::make_folder(const std::string& path) {
     throw file_error(of_new_entry(code), "make the folder", path, code);
 }
 
-std::unique_ptr<TextFile> WindowsFiles::create_text(const std::string& path) {
+std::unique_ptr<TextFile> WindowsFiles::create_text(const std::string& path, TextPurpose) {
     if (!names_one_entry(path))
         throw file_error(RuntimeError::path_file_access, "write", path, ERROR_INVALID_NAME);
     const std::wstring wide = to_utf16(path);

@@ -13,7 +13,7 @@ class WindowsFiles : public Files {
     bool exists_in_current_folder(const std::string& name) override;
     void remove(const std::string& path) override;
     void make_folder(const std::string& path) override;
-    std::unique_ptr<TextFile> create_text(const std::string& path) override;
+    std::unique_ptr<TextFile> create_text(const std::string& path, TextPurpose purpose) override;
 };
 
 }  // namespace foliant::platform::win32

@@ -2,65 +2,50 @@
 
 #include <gtest/gtest.h>
 
+#include "hosts/distiller/distill_error.h"
+
 namespace foliant::hosts::distiller {
 namespace {
 
-const std::string prologue =
-    "/prun { /mysave save def\r\n"
-    "dup = flush\r\n"
-    "RunFile\r\n"
-    "clear cleardictstack\r\n"
-    "mysave restore\r\n"
-    "} def\r\n"
-    "\r\n";
+using Lines = std::vector<std::string>;
 
-using Paths = std::vector<std::string>;
+Lines driver(const Lines& run_lines) {
+    Lines lines = {"/prun { /mysave save def", "dup = flush", "RunFile", "clear cleardictstack",
+                   "mysave restore",           "} def",       ""};
+    lines.insert(lines.end(), run_lines.begin(), run_lines.end());
+    return lines;
+}
 
 TEST(DriverFile, NamesItsFilesInOrder) {
-    EXPECT_EQ(files_of_driver(prologue + "(/in/a.ps) prun\r\n(/in/b.ps) prun\r\n"),
-              (Paths{"/in/a.ps", "/in/b.ps"}));
+    EXPECT_EQ(files_of_driver(driver({"(/in/a.ps) prun", "(/in/b.ps) prun"})),
+              (Lines{"/in/a.ps", "/in/b.ps"}));
 }
 
 TEST(DriverFile, MayNameNothing) {
-    EXPECT_EQ(files_of_driver(prologue), Paths{});
+    EXPECT_EQ(files_of_driver(driver({})), Lines{});
 }
 
-TEST(DriverFile, MayHaveUnixLineEnds) {
-    EXPECT_EQ(files_of_driver("/prun { /mysave save def\ndup = flush\nRunFile\nclear cleardictstack\n"
-                              "mysave restore\n} def\n\n(a.ps) prun\n"),
-              Paths{"a.ps"});
+TEST(DriverFile, NamesOneFileALineWhateverIsInTheName) {
+    for (const char* name : {"C:/My Files/\xC3\xA9t\xC3\xA9 (2).ps", "a)b.ps", "(((", "a\\141.ps", "100%d.ps",
+                             "a.ps) prun\r\n(/etc/passwd", "a.ps) prun (/etc/passwd", "\n", "<2f>", "% x"}) {
+        EXPECT_EQ(files_of_driver(driver({"(" + std::string(name) + ") prun"})), Lines{name}) << name;
+    }
 }
 
-TEST(DriverFile, KeepsBlanksAccentsAndBalancedParenthesesOfPaths) {
-    EXPECT_EQ(files_of_driver(prologue + "(C:/My Files/\xC3\xA9t\xC3\xA9 (2).ps) prun\r\n"),
-              Paths{"C:/My Files/\xC3\xA9t\xC3\xA9 (2).ps"});
+TEST(DriverFile, IsTheDefinitionOfPrunAndLinesThatRunAFileAndNothingElse) {
+    EXPECT_THROW(files_of_driver({}), DistillError);
+    EXPECT_THROW(files_of_driver({"%!", "(/in/a.ps) prun"}), DistillError);
+    EXPECT_THROW(files_of_driver(driver({"(/in/a.ps) prun", "showpage"})), DistillError);
+    EXPECT_THROW(files_of_driver(driver({"", "(/in/a.ps) prun"})), DistillError);
+    EXPECT_THROW(files_of_driver(driver({" (/in/a.ps) prun"})), DistillError);
+    EXPECT_THROW(files_of_driver(driver({"() prun"})), DistillError);
 }
 
-TEST(DriverFile, IsNoDriverWhenAPathEndsItsStringEarly) {
-    EXPECT_FALSE(files_of_driver(prologue + "(/in/a) (/etc/passwd) prun\r\n"));
-    EXPECT_FALSE(files_of_driver(prologue + "(/in/a).ps) prun\r\n"));
-    EXPECT_FALSE(files_of_driver(prologue + "(/in/(a.ps) prun\r\n"));
-}
-
-TEST(DriverFile, IsNoDriverWithAnEscapeInAPath) {
-    EXPECT_FALSE(files_of_driver(prologue + "(/in/\\141.ps) prun\r\n"));
-}
-
-TEST(DriverFile, IsNoDriverWithAForeignLineAnywhere) {
-    EXPECT_FALSE(files_of_driver("%!\r\n" + prologue + "(/in/a.ps) prun\r\n"));
-    EXPECT_FALSE(files_of_driver(prologue + "(/in/a.ps) prun\r\nshowpage\r\n"));
-    EXPECT_FALSE(files_of_driver(prologue + "\r\n(/in/a.ps) prun\r\n"));
-    EXPECT_FALSE(files_of_driver(prologue + "(/in/a.ps) prun (/in/b.ps) prun\r\n"));
-    EXPECT_FALSE(files_of_driver(prologue + " (/in/a.ps) prun\r\n"));
-}
-
-TEST(DriverFile, IsNoDriverWithAnUnfinishedLastLine) {
-    EXPECT_FALSE(files_of_driver(prologue + "(/in/a.ps) prun"));
-    EXPECT_FALSE(files_of_driver(prologue.substr(0, prologue.size() - 2)));
-}
-
-TEST(DriverFile, IsNoDriverWithAnEmptyPath) {
-    EXPECT_FALSE(files_of_driver(prologue + "() prun\r\n"));
+TEST(DriverProgram, HoldsNoCharacterOfAPath) {
+    EXPECT_EQ(
+        driver_program({"a)\n.ps", "b"}),
+        "/prun { /mysave save def\ndup = flush\nRunFile\nclear cleardictstack\nmysave restore\n} def\n\n"
+        "<61290a2e7073> prun\n<62> prun\n");
 }
 
 }  // namespace

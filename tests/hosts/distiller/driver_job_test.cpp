@@ -10,12 +10,11 @@ using Lines = std::vector<std::string>;
 
 class DriverJob : public DistillerTest {
   protected:
+    /// The driver as a file, as another program or a user could have made it.
     std::filesystem::path write_driver(const Lines& paths) const {
-        std::string text =
-            "/prun { /mysave save def\r\ndup = flush\r\nRunFile\r\nclear cleardictstack\r\nmysave "
-            "restore\r\n} def\r\n\r\n";
-        for (const std::string& path : paths)
-            text += "(" + path + ") prun\r\n";
+        std::string text;
+        for (const std::string& line : driver_lines(paths))
+            text += line + "\r\n";
         return write("out.ps", text);
     }
 };
@@ -24,7 +23,7 @@ TEST_F(DriverJob, MakesOnePdfOfAllFilesInOrder) {
     const auto a = write("a.ps", plain_pages(2));
     const auto b =
         write("b.ps", "%!\n/Times-Roman findfont 12 scalefont setfont 72 72 moveto (last) show showpage\n");
-    const auto result = distill(write_driver({a.string(), b.string()}));
+    const auto result = distill_driver({a.string(), b.string()});
     ASSERT_TRUE(result.succeeded) << result.error;
     EXPECT_EQ(facts_of(output).pages, 3);
     const std::string text = text_of_output();
@@ -37,13 +36,13 @@ TEST_F(DriverJob, MakesOnePdfOfAllFilesInOrder) {
 TEST_F(DriverJob, CountsPercentOverAllFiles) {
     const auto a = write("a.ps", "%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\nshowpage\n");
     const auto b = write("b.ps", "%!PS-Adobe-3.0\n%%Pages: 3\n%%EndComments\nshowpage showpage showpage\n");
-    ASSERT_TRUE(distill(write_driver({a.string(), b.string()})).succeeded);
+    ASSERT_TRUE(distill_driver({a.string(), b.string()}).succeeded);
     EXPECT_EQ(journal.percents, (std::vector<int>{0, 25, 50, 75, 99, 100}));
 }
 
 TEST_F(DriverJob, CountsPercentByThePlaceInAllFiles) {
     const auto big = write("big.ps", plain_pages(1000));
-    ASSERT_TRUE(distill(write_driver({big.string(), big.string()})).succeeded) << "the same file twice";
+    ASSERT_TRUE(distill_driver({big.string(), big.string()}).succeeded) << "the same file twice";
     EXPECT_TRUE(std::is_sorted(journal.percents.begin(), journal.percents.end()));
     const auto end_of_first = std::find(journal.lines.begin(), journal.lines.end(), "page 1000");
     const auto percent = std::find_if(std::make_reverse_iterator(end_of_first), journal.lines.rend(),
@@ -57,14 +56,14 @@ TEST_F(DriverJob, StartsEachFileClean) {
         write("b.ps",
               "%!\ncount 0 ne { (operands left) = } if\n"
               "/x where { pop (x left) = } if /showpage2 where { pop (definition left) = } if showpage\n");
-    ASSERT_TRUE(distill(write_driver({a.string(), b.string()})).succeeded);
+    ASSERT_TRUE(distill_driver({a.string(), b.string()}).succeeded);
     EXPECT_EQ(journal.messages, (Lines{a.string(), b.string()}));
 }
 
 TEST_F(DriverJob, RunsPathsWithBlanksAccentsAndParentheses) {
     const auto a = write("two words (2).ps", plain_pages(1));
     const auto b = write("\xC3\xA9t\xC3\xA9.ps", plain_pages(1));
-    const auto result = distill(write_driver({a.string(), b.string()}));
+    const auto result = distill_driver({a.string(), b.string()});
     EXPECT_TRUE(result.succeeded) << result.error;
     EXPECT_EQ(journal.messages, (Lines{a.string(), b.string()}));
 }
@@ -72,51 +71,91 @@ TEST_F(DriverJob, RunsPathsWithBlanksAccentsAndParentheses) {
 TEST_F(DriverJob, RunsRelativePathsFromTheCurrentFolder) {
     const auto before = std::filesystem::current_path();
     write("a.ps", plain_pages(1));
-    const auto driver = write_driver({"a.ps"});
     std::filesystem::current_path(folder);
-    const auto result = distill(driver);
+    const auto result = distill_driver({"a.ps"});
     std::filesystem::current_path(before);
     EXPECT_TRUE(result.succeeded) << result.error;
 }
 
 TEST_F(DriverJob, RunsAThousandFiles) {
     const auto a = write("a.ps", "%!\nshowpage\n");
-    const auto result = distill(write_driver(Lines(1000, a.string())));
+    const auto result = distill_driver(Lines(1000, a.string()));
     EXPECT_TRUE(result.succeeded) << result.error;
     EXPECT_EQ(result.pages, 1000);
 }
 
-TEST_F(DriverJob, FailsWithoutFilesForItHasNoPages) {
-    const auto result = distill(write_driver({}));
+TEST_F(DriverJob, FailsWithoutFiles) {
+    const auto result = distill_driver({});
     EXPECT_FALSE(result.succeeded);
-    EXPECT_NE(result.error.find("it has no pages"), std::string::npos);
+    EXPECT_EQ(result.error,
+              "There is nothing to convert: none of the PostScript files exists. Check their names.");
 }
 
 TEST_F(DriverJob, NamesTheFileThatFailed) {
     const auto a = write("a.ps", plain_pages(2));
     const auto b = write("b.ps", "%!\nfoo\n");
-    const auto driver = write_driver({a.string(), b.string()});
-    EXPECT_EQ(distill(driver).error, "Cannot turn " + b.string() + " (named by " + driver.string() +
-                                         ") into a PDF: PostScript error undefined in foo, after page 2. "
-                                         "Correct the file, or print the document to it again.");
+    EXPECT_EQ(distill_driver({a.string(), b.string()}).error,
+              "Cannot turn " + b.string() +
+                  " into a PDF: PostScript error undefined in foo, after page 2. "
+                  "Correct the file, or print the document to it again.");
     EXPECT_FALSE(std::filesystem::exists(output));
 }
 
 TEST_F(DriverJob, NamesAFileThatIsMissing) {
-    EXPECT_EQ(distill(write_driver({"/nowhere/a.ps"})).error,
+    EXPECT_EQ(distill_driver({"/nowhere/a.ps"}).error,
               "Cannot read the PostScript file /nowhere/a.ps: No such file or directory. Check the name and "
               "the file.");
 }
 
-TEST_F(DriverJob, GrantsNothingWhenTheFileIsNotExactlyADriver) {
+TEST_F(DriverJob, RunsFilesOfAnyName) {
+    Lines names;
+    for (const char* name : {"a)b.ps", "((.ps", "new\nline.ps", "cr\r\n) prun.ps", "back\\141slash.ps",
+                             "100%d.ps", "%pipe%true.ps", "<2f>.ps", "\x1b[31m.ps", "*", "-dNOSAFER"}) {
+        names.push_back(write(name, plain_pages(1)).string());
+    }
+    const auto result = distill_driver(names);
+    EXPECT_TRUE(result.succeeded) << result.error;
+    EXPECT_EQ(result.pages, static_cast<int>(names.size()));
+}
+
+TEST_F(DriverJob, TakesNoFileFromInsideOfAName) {
+    const auto secret = write("secret.ps", "%!\n(secret told) = flush showpage\n");
+    const std::string sly = "a.ps) prun\r\n(" + secret.string();
+    const auto result = distill_driver({sly});
+    EXPECT_FALSE(result.succeeded);
+    EXPECT_NE(result.error.find("No such file or directory"), std::string::npos) << result.error;
+    EXPECT_EQ(std::count(journal.messages.begin(), journal.messages.end(), "secret told"), 0);
+}
+
+TEST_F(DriverJob, ReadsNothingUnderTheDriversOwnName) {
     const auto a = write("a.ps", plain_pages(1));
-    auto driver = write_driver({a.string()});
-    EXPECT_TRUE(distill(driver).succeeded);
-    journal = {};
-    std::ofstream(driver, std::ios::app) << "% one more line\r\n";
+    write("out.ps", "%!\n(a stranger's file) = showpage showpage\n");
+    const auto result = distill_driver({a.string()});
+    EXPECT_EQ(result.pages, 1) << result.error;
+    EXPECT_EQ(journal.messages, Lines{a.string()});
+}
+
+/// A file that looks like a driver, to the letter, is a document like any other.
+TEST_F(DriverJob, TrustsNoFileThatLooksLikeADriver) {
+    const auto a = write("a.ps", "secret_word showpage\n");
+    const auto driver = write_driver({a.string()});
     const auto result = distill(driver);
     EXPECT_FALSE(result.succeeded);
-    EXPECT_NE(result.error.find("invalidfileaccess in"), std::string::npos) << result.error;
+    EXPECT_EQ(result.error,
+              "Cannot turn " + driver.string() +
+                  " into a PDF: PostScript error invalidfileaccess in RunFile, before the first page "
+                  "was finished. A document may not use other files of this machine. To put several "
+                  "PostScript files into one PDF, name them to CreatePDFfromMultiPS.");
+    for (const std::string& line : journal.lines)
+        EXPECT_EQ(line.find("secret_word"), std::string::npos) << line;
+}
+
+TEST_F(DriverJob, LetsADocumentRunNoMoreThanTheDriverNames) {
+    const auto secret = write("secret.ps", "(secret told) = flush\n");
+    const auto a =
+        write("a.ps", "%!\n{ (" + secret.string() + ") RunFile } stopped { (DENIED) = flush } if showpage\n");
+    EXPECT_TRUE(distill_driver({a.string()}).succeeded);
+    EXPECT_EQ(journal.messages, (Lines{a.string(), "DENIED"}));
 }
 
 }  // namespace

@@ -73,6 +73,13 @@ DistillResult DistillerTest::distill_text(std::string_view postscript, const fs:
     return distill(write("in.ps", postscript), job_options);
 }
 
+DistillResult DistillerTest::distill_driver(const std::vector<std::string>& paths) {
+    DistillJob job;
+    job.input_ps = folder / "out.ps";
+    job.driver = driver_lines(paths);
+    return distill(job);
+}
+
 std::string DistillerTest::text_of_output() const {
     return output_of("pdftotext -enc UTF-8 '" + output.string() + "' -");
 }
@@ -89,6 +96,16 @@ PdfFacts facts_of(const fs::path& path, const std::string& password) {
     QPDF pdf;
     pdf.processFile(path.c_str(), password.c_str());
     return {static_cast<int>(pdf.getAllPages().size()), pdf.getPDFVersion(), pdf.isEncrypted()};
+}
+
+std::vector<std::string> driver_lines(const std::vector<std::string>& paths) {
+    std::vector<std::string> lines = {
+        "/prun { /mysave save def", "dup = flush", "RunFile", "clear cleardictstack",
+        "mysave restore",           "} def",       "",
+    };
+    for (const std::string& path : paths)
+        lines.push_back("(" + path + ") prun");
+    return lines;
 }
 
 std::string plain_pages(int count) {

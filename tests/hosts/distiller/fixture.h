@@ -55,6 +55,9 @@ class DistillerTest : public testing::Test {
     DistillResult distill_text(std::string_view postscript, const std::filesystem::path& job_options = {});
     DistillResult distill(DistillJob job);
 
+    /// The same for a driver that was written to run these files.
+    DistillResult distill_driver(const std::vector<std::string>& paths);
+
     /// What the output says, page by page, as `pdftotext` reads it.
     std::string text_of_output() const;
     std::vector<std::string> files_in(const std::filesystem::path& folder) const;
@@ -73,6 +76,9 @@ struct PdfFacts {
     bool encrypted = false;
 };
 PdfFacts facts_of(const std::filesystem::path& pdf, const std::string& password = {});
+
+/// The multi-file driver of these files, line by line.
+std::vector<std::string> driver_lines(const std::vector<std::string>& paths);
 
 /// PostScript with so many pages, each saying its number, without any structure comments.
 std::string plain_pages(int count);

@@ -21,6 +21,10 @@ class BareMachine : public Machine {
     explicit BareMachine(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
     std::filesystem::path private_folder() const override { return folder_; }
+    std::optional<std::vector<std::string>> scratch_text(const std::string& path) const override {
+        const auto found = scratch_texts.find(path);
+        return found == scratch_texts.end() ? std::nullopt : std::optional(found->second);
+    }
     bool has_printer(std::string_view) const override { return false; }
     bool is_pdf_printer(std::string_view) const override { return false; }
     std::string default_printer() const override { return {}; }
@@ -33,6 +37,7 @@ class BareMachine : public Machine {
     }
 
     std::map<std::string, std::string> settings;
+    std::map<std::string, std::vector<std::string>> scratch_texts;
 
   private:
     std::filesystem::path folder_;
@@ -111,6 +116,16 @@ TEST_F(DistillerModule, RejectsAnEmptyPathByItsStatus) {
     const Value object = module->create(event_bound, machine);
     EXPECT_EQ(object.call("FileToPDF", {"", output.string(), ""}), Value(std::int16_t{0}));
     EXPECT_EQ(object.call("FileToPDF", {in_ps("%!\n"), "", ""}), Value(std::int16_t{0}));
+}
+
+TEST_F(DistillerModule, TakesADriverFromTheMachineAndNotFromTheDisk) {
+    const std::string driver = (folder / "book.ps").string();
+    const std::string part = in_ps(plain_pages(2));
+    const Value object = module->create(event_bound, machine);
+    machine.scratch_texts[driver] = driver_lines({part});
+    EXPECT_EQ(object.call("FileToPDF", {driver, output.string(), ""}), Value(std::int16_t{1}));
+    EXPECT_EQ(facts_of(output).pages, 2);
+    EXPECT_FALSE(std::filesystem::exists(driver));
 }
 
 TEST_F(DistillerModule, ProtectsAsTheSettingsSay) {

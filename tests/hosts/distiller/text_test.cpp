@@ -91,11 +91,7 @@ TEST_F(TextThroughCairo, IsAllThereAfterAnotherRound) {
 TEST_F(TextThroughCairo, IsAllThereWhenFilesHaveDifferentPartsOfOneFont) {
     const auto a = cairo_postscript("a.ps", "/rcaron /ccaron /ecaron /zcaron /ncaron");
     const auto b = cairo_postscript("b.ps", "/dcaron /tcaron /rcaron /Lslash /lslash");
-    const auto driver = write(
-        "all.ps",
-        "/prun { /mysave save def\ndup = flush\nRunFile\nclear cleardictstack\nmysave restore\n} def\n\n(" +
-            a.string() + ") prun\n(" + b.string() + ") prun\n");
-    const auto result = distill(driver);
+    const auto result = distill_driver({a.string(), b.string()});
     ASSERT_TRUE(result.succeeded) << result.error;
     EXPECT_EQ(result.pages, 2);
     expect_words("\xC5\x99\xC4\x8D\xC4\x9B\xC5\xBE\xC5\x88");

@@ -70,7 +70,7 @@ TEST_F(LocalFilesTest, ANameDoesNotEndAtANulThatItHolds) {
     const std::string sly = folder / "a.pdf\0.txt"s;
     EXPECT_TRUE(failure([&] { files.length(sly); }).starts_with("53 "));
     EXPECT_TRUE(failure([&] { files.remove(sly); }).starts_with("53 "));
-    EXPECT_TRUE(failure([&] { files.create_text(sly); }).starts_with("75 "));
+    EXPECT_TRUE(failure([&] { files.create_text(sly, TextPurpose::result); }).starts_with("75 "));
     EXPECT_TRUE(failure([&] { files.make_folder(folder / "b\0c"s); }).starts_with("76 "));
     EXPECT_TRUE(fs::exists(folder / "a.pdf"));
     EXPECT_FALSE(fs::exists(folder / "b"));
@@ -103,15 +103,16 @@ TEST_F(LocalFilesTest, AFolderCannotBeMadeWhereAFileIs) {
 }
 
 TEST_F(LocalFilesTest, ATextCannotBeWrittenOverAFolderOrIntoNone) {
-    EXPECT_TRUE(failure([&] { files.create_text(folder.path()); }).starts_with("75 "));
-    EXPECT_TRUE(failure([&] { files.create_text(""); }).starts_with("75 "));
+    EXPECT_TRUE(failure([&] { files.create_text(folder.path(), TextPurpose::result); }).starts_with("75 "));
+    EXPECT_TRUE(failure([&] { files.create_text("", TextPurpose::result); }).starts_with("75 "));
+    EXPECT_TRUE(failure([&] { files.create_text("", TextPurpose::scratch); }).starts_with("75 "));
     EXPECT_EQ(
-        failure([&] { files.create_text(folder / "missing/a.ps"); }),
+        failure([&] { files.create_text(folder / "missing/a.ps", TextPurpose::result); }),
         "76 Path not found: cannot write " + (folder / "missing/a.ps") + " (No such file or directory).");
 }
 
 TEST_F(LocalFilesTest, AFullDiskRaises61AtCloseAtTheLatest) {
-    const auto file = files.create_text("/dev/full");
+    const auto file = files.create_text("/dev/full", TextPurpose::result);
     file->write_line("short lines are kept back");
     EXPECT_EQ(failure([&] { file->close(); }),
               "61 Disk full: cannot write /dev/full (No space left on device).");
@@ -119,7 +120,7 @@ TEST_F(LocalFilesTest, AFullDiskRaises61AtCloseAtTheLatest) {
 }
 
 TEST_F(LocalFilesTest, AFullDiskShowsWhileALongTextIsWritten) {
-    const auto file = files.create_text("/dev/full");
+    const auto file = files.create_text("/dev/full", TextPurpose::result);
     EXPECT_TRUE(failure([&] {
                     for (int i = 0; i < 100; ++i)
                         file->write_line(std::string(1000, 'x'));
@@ -127,7 +128,7 @@ TEST_F(LocalFilesTest, AFullDiskShowsWhileALongTextIsWritten) {
 }
 
 TEST_F(LocalFilesTest, DestroyingATextWithWhatCannotBeWrittenIsSilent) {
-    EXPECT_NO_THROW(files.create_text("/dev/full")->write_line("lost"));
+    EXPECT_NO_THROW(files.create_text("/dev/full", TextPurpose::result)->write_line("lost"));
 }
 
 TEST_F(LocalFilesTest, AFileThatGrowsOverItsLimitIsAFullDiskToo) {
@@ -136,7 +137,7 @@ TEST_F(LocalFilesTest, AFileThatGrowsOverItsLimitIsAFullDiskToo) {
     ::getrlimit(RLIMIT_FSIZE, &before);
     const rlimit tight{1000, before.rlim_max};
     ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &tight), 0);
-    const auto file = files.create_text(folder / "a.txt");
+    const auto file = files.create_text(folder / "a.txt", TextPurpose::result);
     file->write_line(std::string(5000, 'x'));
     const std::string told = failure([&] { file->close(); });
     ::setrlimit(RLIMIT_FSIZE, &before);
@@ -146,7 +147,7 @@ TEST_F(LocalFilesTest, AFileThatGrowsOverItsLimitIsAFullDiskToo) {
 
 TEST_F(LocalFilesTest, ManyLinesArriveInOrder) {
     std::string expected;
-    const auto file = files.create_text(folder / "a.txt");
+    const auto file = files.create_text(folder / "a.txt", TextPurpose::result);
     for (int i = 0; i < 20000; ++i) {
         file->write_line("line " + std::to_string(i));
         expected += "line " + std::to_string(i) + "\r\n";
@@ -179,7 +180,7 @@ TEST_F(LocalFilesTest, AFolderWithoutRightsRaises70) {
         ASSERT_EQ(::chmod(folder.path().c_str(), 0555), 0);
     }
     const std::string removing = failure([&] { files.remove(folder / "a"); });
-    const std::string writing = failure([&] { files.create_text(folder / "b"); });
+    const std::string writing = failure([&] { files.create_text(folder / "b", TextPurpose::result); });
     const std::string making = failure([&] { files.make_folder(folder / "c"); });
     ASSERT_EQ(::seteuid(::getuid()), 0);
     ::chmod(folder.path().c_str(), 0700);

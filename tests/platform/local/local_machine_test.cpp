@@ -62,6 +62,17 @@ TEST_F(LocalMachineTest, TheSenderIsInTheSystemFolderAndNotInTheLibrarysOwn) {
     EXPECT_FALSE(engines::sender_is_in(session, ports.shell.library_folder()));
 }
 
+TEST_F(LocalMachineTest, AHostFindsTheScratchTextOfACallAndNoOtherFile) {
+    write_file(folder / "users.ps", "%!");
+    const auto text = ports.files.create_text(folder / "book.ps", TextPurpose::scratch);
+    text->write_line("(a.ps) prun");
+    text->close();
+    EXPECT_EQ(machine.scratch_text(folder / "book.ps"), std::vector<std::string>{"(a.ps) prun"});
+    EXPECT_EQ(machine.scratch_text(folder / "users.ps"), std::nullopt);
+    ports.files.remove(folder / "book.ps");
+    EXPECT_EQ(machine.scratch_text(folder / "book.ps"), std::nullopt);
+}
+
 // The whole printer-based job on a host that, like a real one, blocks in the printer's dialog.
 TEST_F(LocalMachineTest, APrinterJobAnswersTheDialogOfAHostAndClosesTheViewer) {
     const session::Session session(ports, events);

@@ -108,7 +108,7 @@ TYPED_TEST(PortContract, AFolderIsMadeOnceAndOnlyBelowOneThatExists) {
 }
 
 TYPED_TEST(PortContract, ATextFileHoldsItsLinesEachWithCarriageReturnAndLineFeed) {
-    const auto file = this->ports.files.create_text(this->world.path("driver.ps"));
+    const auto file = this->ports.files.create_text(this->world.path("driver.ps"), TextPurpose::result);
     file->write_line("%!PS");
     file->write_line("");
     file->write_line("(caf\xC3\xA9) show");
@@ -117,9 +117,21 @@ TYPED_TEST(PortContract, ATextFileHoldsItsLinesEachWithCarriageReturnAndLineFeed
 }
 
 TYPED_TEST(PortContract, ATextFileIsEmptiedWhenItIsMadeAgain) {
-    this->ports.files.create_text(this->world.path("a.txt"))->write_line("long first content");
-    this->ports.files.create_text(this->world.path("a.txt"))->write_line("b");
+    this->ports.files.create_text(this->world.path("a.txt"), TextPurpose::result)
+        ->write_line("long first content");
+    this->ports.files.create_text(this->world.path("a.txt"), TextPurpose::result)->write_line("b");
     EXPECT_EQ(this->world.content("a.txt"), "b\r\n");
+}
+
+TYPED_TEST(PortContract, AScratchTextIsThereUnderItsPathUntilItIsRemoved) {
+    const std::string path = this->world.path("book.ps");
+    const auto text = this->ports.files.create_text(path, TextPurpose::scratch);
+    text->write_line("%!PS");
+    text->close();
+    EXPECT_GT(this->ports.files.length(path), 0);
+    this->ports.files.remove(path);
+    EXPECT_EQ(error_of([&] { this->ports.files.length(path); }), 53);
+    EXPECT_EQ(error_of([&] { this->ports.files.remove(path); }), 53);
 }
 
 TYPED_TEST(PortContract, AnInstalledAcrobatIsFoundInTheRegistryInAnyCase) {

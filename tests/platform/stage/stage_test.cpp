@@ -166,7 +166,7 @@ TEST_F(StageFailures, WhatFailsHasNoEffect) {
     stage.fail_actions_from(1, Error(RuntimeError::permission_denied));
     run([&] { world.files.remove("C:\\a.ps"); });
     run([&] { world.clock.sleep(1000); });
-    run([&] { world.files.create_text("C:\\b.ps"); });
+    run([&] { world.files.create_text("C:\\b.ps", TextPurpose::result); });
     run([&] { world.files.make_folder("C:\\c"); });
     stage.fail_actions_from(0, Error(RuntimeError::permission_denied));
     EXPECT_EQ(world.files.length("C:\\a.ps"), 1000);
@@ -291,7 +291,7 @@ TEST_F(StageFilesTest, ARealFileIsSeenUntilItIsDeletedOnStage) {
 
 TEST_F(StageFilesTest, WrittenLinesAreToldAndKept) {
     {
-        const auto text = world.files.create_text("C:\\book.ps");
+        const auto text = world.files.create_text("C:\\book.ps", TextPurpose::result);
         text->write_line("(C:/in/a.ps) prun");
         text->write_line("");
         text->close();
@@ -306,7 +306,7 @@ TEST_F(StageFilesTest, WrittenLinesAreToldAndKept) {
 }
 
 TEST_F(StageFilesTest, AFileThatNobodyClosedIsClosedWhenItIsLetGo) {
-    { const auto text = world.files.create_text("C:\\book.ps"); }
+    { const auto text = world.files.create_text("C:\\book.ps", TextPurpose::result); }
     expect_journal(R"(
         create text file C:\book.ps
         close C:\book.ps

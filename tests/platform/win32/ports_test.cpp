@@ -58,7 +58,9 @@ class WindowsPorts : public testing::Test {
 
     std::string path(const std::string& name) const { return folder_ + "\\" + name; }
 
-    void write(const std::string& name) { ports.files.create_text(path(name))->write_line("text"); }
+    void write(const std::string& name) {
+        ports.files.create_text(path(name), TextPurpose::result)->write_line("text");
+    }
 
     std::string content(const std::string& name) {
         const HANDLE file =
@@ -91,7 +93,7 @@ TEST_F(WindowsPorts, AFileThatAnotherHoldsHasALengthAndCannotBeDeleted) {
         CreateFileA(path("held.pdf").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     EXPECT_EQ(ports.files.length(path("held.pdf")), 6);
     EXPECT_EQ(error_of([&] { ports.files.remove(path("held.pdf")); }), 70);
-    EXPECT_EQ(error_of([&] { ports.files.create_text(path("held.pdf")); }), 70);
+    EXPECT_EQ(error_of([&] { ports.files.create_text(path("held.pdf"), TextPurpose::result); }), 70);
     CloseHandle(held);
     ports.files.remove(path("held.pdf"));
     EXPECT_EQ(error_of([&] { ports.files.remove(path("held.pdf")); }), 53);
@@ -109,14 +111,14 @@ TEST_F(WindowsPorts, AFolderIsMadeOnceAndOnlyBelowOneThatExists) {
 
 TEST_F(WindowsPorts, ATextFileIsEmptiedAndHoldsItsLinesInTheCodePage) {
     write("driver.ps");
-    const auto file = ports.files.create_text(path("driver.ps"));
+    const auto file = ports.files.create_text(path("driver.ps"), TextPurpose::result);
     file->write_line("%!PS");
     file->write_line("");
     file->write_line("(caf\xC3\xA9 \xD0\x94) show");
     file->close();
     EXPECT_EQ(content("driver.ps"), "%!PS\r\n\r\n(caf\xE9 ?) show\r\n");
-    EXPECT_EQ(error_of([&] { ports.files.create_text(path("nowhere\\a.txt")); }), 76);
-    EXPECT_EQ(error_of([&] { ports.files.create_text(""); }), 75);
+    EXPECT_EQ(error_of([&] { ports.files.create_text(path("nowhere\\a.txt"), TextPurpose::result); }), 76);
+    EXPECT_EQ(error_of([&] { ports.files.create_text("", TextPurpose::result); }), 75);
 }
 
 TEST_F(WindowsPorts, ABareNameIsLookedForInTheCurrentFolder) {

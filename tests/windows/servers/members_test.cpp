@@ -52,7 +52,7 @@ class Members : public testing::TestWithParam<Setting> {
     }
 
     void write(const char* name, std::initializer_list<const char*> lines) {
-        const auto file = ports_.files.create_text(path(name));
+        const auto file = ports_.files.create_text(path(name), platform::TextPurpose::result);
         for (const char* line : lines)
             file->write_line(line);
     }
