@@ -39,7 +39,7 @@ inline constexpr std::size_t most_parameters = 24;
 /// One member of the interface.
 struct Member {
     /// Calls the member. `arguments` has one value per parameter, in order, `Missing` where the caller gave
-    /// none; by- reference parameters are written back into it, also when the member fails. Returns the
+    /// none. By-reference parameters are written back into it, also when the member fails. Returns the
     /// result, if there is one.
     using Call = automation::Value (*)(BuildPDF& object, const Member& self,
                                        std::span<automation::Value> arguments);
@@ -86,6 +86,9 @@ constexpr ParameterEntry optional(std::string_view name, const char* text) {
 
 namespace detail {
 
+/// Raises 445, which names the member.
+[[noreturn]] void raise_not_available(const Member& member);
+
 /// The value that an optional parameter starts with when it is left out, or the coerced argument.
 template <class T>
 T argument_for(const Parameter& parameter, const automation::Value& given) {
@@ -120,9 +123,12 @@ struct Signature<Method> {
         }
     }
 
+    /// A member that is not available takes its arguments as it will, and raises 445; its function is not
+    /// called, and need not be there.
+    template <bool Available>
     static automation::Value call(BuildPDF& object, const Member& self,
                                   std::span<automation::Value> arguments) {
-        return call_with(object, self, arguments, std::index_sequence_for<Args...>());
+        return call_with<Available>(object, self, arguments, std::index_sequence_for<Args...>());
     }
 
   private:
@@ -148,14 +154,16 @@ struct Signature<Method> {
         [[maybe_unused]] std::span<automation::Value> arguments_;
     };
 
-    template <std::size_t... I>
-    static automation::Value call_with(BuildPDF& object, const Member& self,
+    template <bool Available, std::size_t... I>
+    static automation::Value call_with([[maybe_unused]] BuildPDF& object, const Member& self,
                                        [[maybe_unused]] std::span<automation::Value> arguments,
                                        std::index_sequence<I...>) {
         [[maybe_unused]] const auto parameters = self.parameters();
         Locals locals{argument_for<std::remove_cvref_t<Args>>(parameters[I], arguments[I])...};
         const WriteBack<I...> write_back(locals, arguments);
-        if constexpr (std::is_void_v<Result>) {
+        if constexpr (!Available) {
+            raise_not_available(self);
+        } else if constexpr (std::is_void_v<Result>) {
             (object.*Method)(static_cast<Args>(std::get<I>(locals))...);
             return {};
         } else {
@@ -174,25 +182,39 @@ consteval std::string_view function_name() {
 
 }  // namespace detail
 
+/// A row of the table, which is a member of this version unless `later` says otherwise.
+template <auto Method>
+struct Row {
+    Member columns;
+
+    consteval operator Member() const { return with_call<true>(); }
+
+    template <bool Available>
+    consteval Member with_call() const {
+        Member member = columns;
+        member.call = &detail::Signature<Method>::template call<Available>;
+        member.available = Available;
+        return member;
+    }
+};
+
 /// Makes a row of the table. A row that does not fit the function it names does not compile.
 template <auto Method>
-consteval Member row(int slot, std::uint32_t dispid, MemberKind kind, std::string_view name,
-                     std::string_view help, std::initializer_list<ParameterEntry> entries) {
+consteval Row<Method> row(int slot, std::uint32_t dispid, MemberKind kind, std::string_view name,
+                          std::string_view help, std::initializer_list<ParameterEntry> entries) {
     using Signature = detail::Signature<Method>;
     std::string_view function = detail::function_name<Method>();
     if (kind != MemberKind::method) function.remove_prefix(std::string_view("get_").size());
     if (function != name) throw "the row names another function";
     if (entries.size() != Signature::count)
         throw "the row has another number of parameters than the function";
-    Member member{slot,
-                  static_cast<std::int32_t>(dispid),
-                  kind,
-                  name,
-                  help,
-                  {},
-                  entries.size(),
-                  Signature::result(),
-                  &Signature::call};
+    Member member{.slot = slot,
+                  .dispid = static_cast<std::int32_t>(dispid),
+                  .kind = kind,
+                  .name = name,
+                  .help = help,
+                  .parameter_count = entries.size(),
+                  .result = Signature::result()};
     std::size_t index = 0;
     for (const ParameterEntry& entry : entries) {
         member.parameter_storage[index] = {entry.name, Signature::types[index],
@@ -200,13 +222,14 @@ consteval Member row(int slot, std::uint32_t dispid, MemberKind kind, std::strin
                                            entry.default_value};
         ++index;
     }
-    return member;
+    return {member};
 }
 
-/// Marks the row of a member that a later version brings.
-consteval Member later(Member member) {
-    member.available = false;
-    return member;
+/// Marks the row of a member that a later version brings: calling it raises 445. Its function is declared,
+/// and defined when the member comes.
+template <auto Method>
+consteval Member later(Row<Method> row) {
+    return row.template with_call<false>();
 }
 
 template <std::size_t N>

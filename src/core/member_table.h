@@ -4,6 +4,7 @@
 
 #include "core/build_pdf.h"
 #include "core/member.h"
+#include "core/members.h"
 
 namespace foliant::core {
 
@@ -15,7 +16,7 @@ namespace foliant::core {
 /// Every member of the interface in slot order (slot 0 follows the seven slots that any dispatch interface has).
 /// `later` marks those that this version does not have yet.
 /// Types and passing of the parameters come from the C++ signature that a row names, so they stand nowhere twice.
-inline constexpr std::array member_table{
+inline constexpr std::array<Member, member_count> member_table{
     row<&BuildPDF::SetDefPrinter>(0, 0x60030000, MemberKind::method, "SetDefPrinter",
         "Makes a printer the default printer of the user.",
         {required("strPrinter")}),
