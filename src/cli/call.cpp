@@ -2,8 +2,8 @@
 
 #include "automation/coerce.h"
 #include "cli/exit_codes.h"
+#include "cli/named_files.h"
 #include "core/dispatch.h"
-#include "core/parameter_help.h"
 #include "session/errors.h"
 
 namespace foliant::cli {
@@ -29,18 +29,6 @@ class Recorder : public automation::EventSink {
     automation::EventSink& next_;
 };
 
-/// The file that the member was asked to make, "" when it makes none.
-std::string output_file(const core::Member& member, const automation::Arguments& arguments) {
-    for (const automation::Argument& argument : arguments) {
-        const auto place = core::find_parameter(member, argument.name);
-        if (place &&
-            core::parameter_role(member, member.parameters()[*place]) == core::ParameterRole::output_file) {
-            return automation::to_text(argument.value);
-        }
-    }
-    return {};
-}
-
 const ReceivedEvent* find_event(const Outcome& outcome, std::string_view name) {
     for (const ReceivedEvent& event : outcome.events) {
         if (event.name == name) return &event;
@@ -64,17 +52,26 @@ std::optional<Error> unnoticed_failure(const core::Member& member, const Outcome
         }
         return host_error(description);
     }
-    const std::string output = output_file(member, outcome.arguments);
-    if (output.empty()) return std::nullopt;
+    const auto output = output_of(member, outcome.arguments);
+    if (!output) return std::nullopt;
     try {
-        platform.files.length(output);
+        platform.files.length(output->path);
         return std::nullopt;
     } catch (const Error&) {
-        return host_error("The host program reported success, but " + output + " was not made.");
+        return not_made(output->path);
     }
 }
 
 }  // namespace
+
+void fail(Outcome& outcome, Error error) {
+    outcome.exit_code = exit_code_for(error);
+    outcome.error = std::move(error);
+}
+
+Error not_made(const std::string& output) {
+    return host_error("The host program reported success, but " + output + " was not made.");
+}
 
 Outcome call_member(const Request& request, const platform::Platform& platform,
                     automation::EventSink& watcher) {
@@ -87,11 +84,12 @@ Outcome call_member(const Request& request, const platform::Platform& platform,
         const bool property = request.member->kind == core::MemberKind::property_get;
         outcome.result = core::invoke(object, request.member->dispid, property ? Access::get : Access::call,
                                       outcome.arguments);
-        outcome.error = unnoticed_failure(*request.member, outcome, platform);
+        if (auto failure = unnoticed_failure(*request.member, outcome, platform)) {
+            fail(outcome, std::move(*failure));
+        }
     } catch (...) {
-        outcome.error = automation::current_error();
+        fail(outcome, automation::current_error());
     }
-    if (outcome.error) outcome.exit_code = exit_code_for(*outcome.error);
     return outcome;
 }
 

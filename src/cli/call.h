@@ -27,6 +27,12 @@ struct Outcome {
     int exit_code = 0;
 };
 
+/// Makes an outcome a failure, with its exit code.
+void fail(Outcome& outcome, automation::Error error);
+
+/// The failure of a host program that says it is done and has made no file.
+automation::Error not_made(const std::string& output);
+
 /// Calls the member of a request on a new `BuildPDF`. `watcher` is told every event as it happens; it may be
 /// the one that shows progress.
 ///

@@ -56,6 +56,7 @@ std::string family_of(const Member& member) {
 void add_call_options(CLI::App& app, CallOptions& options) {
     app.add_flag("--json", options.json, "print result, by-reference values, events and error as JSON");
     app.add_flag("-q,--quiet", options.quiet, "no progress and no closing line; errors still show");
+    app.add_flag("--no-clobber", options.no_clobber, "replace no file that exists");
     app.add_option("--timeout", options.timeout_seconds, "end the call after that many seconds [no limit]")
         ->type_name("SECONDS")
         ->check(CLI::NonNegativeNumber);

@@ -25,6 +25,7 @@ const std::vector<Word>& common_options() {
     static const std::vector<Word> options{
         {"--json", "print the outcome as JSON"},
         {"--quiet", "no progress"},
+        {"--no-clobber", "replace no file that exists"},
         {"--timeout", "end the call after that many seconds", true},
         {"--temp-path", "folder for temporary files", true},
         {"--help", "explain the options"},

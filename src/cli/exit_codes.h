@@ -9,16 +9,17 @@ namespace foliant::cli {
 /// How the command ends. Scripts rely on these: they never change.
 enum ExitCode : int {
     exit_success = 0,
-    exit_failure = 1,  ///< anything that has no code of its own, such as an output that cannot be written
-    exit_usage = 2,    ///< the command line was wrong; nothing was done
+    exit_failure = 1,         ///< anything that has no code of its own, such as a full disk
+    exit_usage = 2,           ///< the command line was wrong, or would have cost a file; nothing was done
     exit_missing_input = 3,   ///< an input file does not exist; nothing was done
     exit_missing_engine = 4,  ///< the engine behind a host program is not installed
     exit_host_failure =
         5,  ///< a host program failed: a wrong password, a broken document, a failed Distiller job
-    exit_not_available = 6,  ///< this version does not have that member yet
-    exit_time_limit = 124,   ///< --timeout ended the call
-    exit_interrupted = 130,  ///< Ctrl-C
-    exit_terminated = 143,   ///< ended from outside (SIGTERM, SIGHUP)
+    exit_not_available = 6,   ///< this version does not have that member yet
+    exit_time_limit = 124,    ///< --timeout ended the call
+    exit_memory_limit = 125,  ///< --memory ended the call
+    exit_interrupted = 130,   ///< Ctrl-C
+    exit_terminated = 143,    ///< ended from outside (SIGTERM, SIGHUP)
 };
 
 /// One line of the table that --help and the manual show.
@@ -28,8 +29,8 @@ struct ExitCodeHelp {
 };
 inline constexpr ExitCodeHelp exit_code_table[] = {
     {exit_success, "success"},
-    {exit_failure, "a failure without a code of its own, such as an output that cannot be written"},
-    {exit_usage, "the command line was wrong; nothing was done"},
+    {exit_failure, "a failure without a code of its own, such as a full disk"},
+    {exit_usage, "the command line was wrong, or would have cost a file; nothing was done"},
     {exit_missing_input, "an input file does not exist; nothing was done"},
     {exit_missing_engine, "the engine behind a host program is not installed"},
     {exit_host_failure, "a host program failed (wrong password, broken document, failed Distiller job)"},

@@ -1,18 +1,15 @@
-#include <csignal>
 #include <filesystem>
 #include <iostream>
 #include <system_error>
-#include <unistd.h>
 
 #include "automation/error.h"
-#include "cli/call.h"
 #include "cli/completion.h"
 #include "cli/exit_codes.h"
 #include "cli/manual.h"
-#include "cli/progress.h"
+#include "cli/output_guard.h"
 #include "cli/rehearsal.h"
 #include "cli/report.h"
-#include "cli/supervisor.h"
+#include "cli/supervised_call.h"
 #include "cli/terminal.h"
 #include "cli/tools.h"
 #include "platform/local/local_machine.h"
@@ -34,58 +31,6 @@ platform::local::LocalOptions local_options() {
     return options;
 }
 
-/// Makes the call and reports it; this runs in the worker.
-int work(const Request& request, LocalMachine& machine) {
-    const bool talkative = !request.options.quiet && isatty(STDERR_FILENO) == 1;
-    cli::ProgressBar bar(talkative ? &std::cerr : nullptr);
-    const cli::Outcome outcome = cli::call_member(request, machine.platform(), bar);
-    bar.finish();
-    std::cout << (request.options.json ? cli::json_report(*request.member, outcome)
-                                       : cli::result_text(outcome));
-    if (outcome.error) {
-        std::cerr << cli::error_text(*outcome.error);
-    } else if (talkative) {
-        std::cerr << cli::closing_line(*request.member, outcome, machine.platform());
-    }
-    if (!std::cout.flush()) {
-        std::cerr << "foliant: the result could not be written to standard output\n";
-        return outcome.error ? outcome.exit_code : cli::exit_failure;
-    }
-    return outcome.exit_code;
-}
-
-/// Reports a call that did not end by itself.
-int conclude(const Request& request, int exit_code, const std::string& description) {
-    const automation::Error error(automation::RuntimeError::internal_error, description);
-    if (request.options.json) std::cout << cli::json_error(*request.member, error, exit_code);
-    std::cerr << cli::error_text(error);
-    return exit_code;
-}
-
-int call(const Request& request, LocalMachine& machine) {
-    const cli::Ending ending =
-        cli::run_supervised([&] { return work(request, machine); }, request.options.timeout_seconds,
-                            [&] { machine.remove_private_folder(); });
-    const std::string member(request.member->name);
-    switch (ending.kind) {
-        case cli::Ending::Kind::timed_out:
-            return conclude(request, cli::exit_time_limit,
-                            member +
-                                " had not ended when the time limit was over, and was stopped. "
-                                "Give it more time with --timeout, or none to wait without a limit.");
-        case cli::Ending::Kind::interrupted:
-            return conclude(request, ending.code == SIGINT ? cli::exit_interrupted : cli::exit_terminated,
-                            member + " was interrupted.");
-        case cli::Ending::Kind::crashed:
-            return conclude(request, cli::exit_host_failure,
-                            "An engine crashed (signal " + std::to_string(ending.code) + ") during " +
-                                member + ". The document may be damaged.");
-        case cli::Ending::Kind::finished:
-            break;
-    }
-    return ending.code;
-}
-
 int run(const Request& request) {
     switch (request.action) {
         case Request::Action::completion:
@@ -100,8 +45,10 @@ int run(const Request& request) {
     LocalMachine machine(local_options());
     switch (request.action) {
         case Request::Action::call:
-            return call(request, machine);
+            return cli::call_supervised(request, machine);
         case Request::Action::rehearse:
+            if (const auto refused = cli::refusal(request))
+                return cli::report_failure(request, cli::exit_usage, *refused);
             return cli::rehearse(request, machine.platform(), std::cout, std::cerr);
         case Request::Action::hosts:
             return cli::show_hosts(machine);

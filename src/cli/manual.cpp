@@ -31,7 +31,7 @@ std::string synopsis_of(const Member& member) {
     std::string text = ".B foliant " + std::string(member.name) + "\n";
     for (const Parameter& parameter : member.parameters()) {
         if (stands_alone(member, parameter) && !is_made_by_the_command(parameter)) {
-            const bool list = core::parameter_role(member, parameter) == core::ParameterRole::list;
+            const bool list = core::is_list(core::parameter_role(member, parameter));
             text += ".I " + placeholder(parameter.name) + (list ? " ...\n" : "\n");
         }
     }
@@ -77,9 +77,15 @@ constexpr const char* head =
     "in order or behind the option of their name; every option also has the parameter's exact name. Results "
     "go to\n"
     "standard output, progress and errors to standard error.\n"
+    ".PP\n"
+    "An output that is also an input, that is of another kind than the member writes, or that is no ordinary "
+    "file\n"
+    "is refused before anything is done. What stood under its name comes back when the call fails or is "
+    "interrupted.\n"
     ".SH OPTIONS\n"
     ".TP\n.B \\-\\-json\nPrint result, by\\-reference values, events and error as one JSON object.\n"
     ".TP\n.BR \\-q , \\-\\-quiet\nNo progress and no closing line.\n"
+    ".TP\n.B \\-\\-no\\-clobber\nReplace no file that exists.\n"
     ".TP\n.BI \\-\\-timeout \" SECONDS\"\nEnd the call after that time.\n"
     ".TP\n.BI \\-\\-temp\\-path \" FOLDER\"\nFolder for temporary files; otherwise a private one that is "
     "removed.\n"

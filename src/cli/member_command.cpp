@@ -115,7 +115,7 @@ std::string first_line_of(const std::string& path) {
 }
 
 bool is_list(const core::Member& member, const Parameter& parameter) {
-    return core::parameter_role(member, parameter) == ParameterRole::list;
+    return core::is_list(core::parameter_role(member, parameter));
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <cctype>
 
+#include "core/parameter_help.h"
+
 namespace foliant::cli {
 namespace {
 
@@ -39,6 +41,17 @@ std::string placeholder(std::string_view parameter) {
     for (char& c : text)
         c = c == '-' ? '_' : static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
     return text;
+}
+
+std::string usage_line(const core::Member& member) {
+    std::string line = "foliant " + std::string(member.name);
+    for (const core::Parameter& parameter : member.parameters()) {
+        if (parameter.optional || is_made_by_the_command(parameter)) continue;
+        const core::ParameterRole role = core::parameter_role(member, parameter);
+        if (role == core::ParameterRole::password) continue;
+        line += " " + placeholder(parameter.name) + (core::is_list(role) ? " ..." : "");
+    }
+    return line;
 }
 
 bool is_made_by_the_command(const core::Parameter& parameter) {

@@ -15,6 +15,9 @@ std::string option_name(std::string_view parameter);
 /// "PDF_FILE" for "strPDFFile", as help texts show a value.
 std::string placeholder(std::string_view parameter);
 
+/// How a member is called with what it needs: "foliant CreatePDFfromMultiPS PDF_FILE PS_FILES ...".
+std::string usage_line(const core::Member& member);
+
 /// Whether a parameter has no option, because the program makes its value itself: the transfer control.
 bool is_made_by_the_command(const core::Parameter& parameter);
 

@@ -4,10 +4,8 @@
 
 #include "automation/coerce.h"
 #include "cli/call.h"
-#include "cli/exit_codes.h"
+#include "cli/named_files.h"
 #include "cli/report.h"
-#include "core/dispatch.h"
-#include "core/parameter_help.h"
 #include "platform/stage/cast/cast.h"
 #include "platform/stage/stage.h"
 #include "session/session.h"
@@ -36,17 +34,6 @@ class EventLines : public automation::EventSink {
 class Silence : public automation::EventSink {
     void notify(std::string_view, std::span<const Value>) override {}
 };
-
-std::vector<std::string> passwords_of(const Request& request) {
-    std::vector<std::string> passwords;
-    for (const automation::Argument& argument : request.arguments) {
-        const auto place = core::find_parameter(*request.member, argument.name);
-        const core::Parameter& parameter = request.member->parameters()[*place];
-        if (core::parameter_role(*request.member, parameter) != core::ParameterRole::password) continue;
-        if (std::string text = automation::to_text(argument.value); !text.empty()) passwords.push_back(text);
-    }
-    return passwords;
-}
 
 std::string without_passwords(std::string line, const std::vector<std::string>& passwords) {
     for (const std::string& password : passwords) {
@@ -86,7 +73,7 @@ int rehearse(const Request& request, const platform::Platform& platform, std::os
              std::ostream& errors) {
     Stage stage;
     cast_like(stage, platform);
-    const std::vector<std::string> passwords = passwords_of(request);
+    const std::vector<std::string> passwords = passwords_of(*request.member, request.arguments);
     EventLines lines(stage);
     const Outcome outcome = call_member(request, stage.platform(), lines);
     for (const std::string& line : stage.lines())

@@ -2,9 +2,11 @@
 
 #include <array>
 #include <cstdio>
+#include <iostream>
 #include <nlohmann/json.hpp>
 
 #include "automation/coerce.h"
+#include "cli/named_files.h"
 #include "core/dispatch.h"
 #include "core/parameter_help.h"
 
@@ -92,16 +94,11 @@ std::string closing_line(const core::Member& member, const Outcome& outcome,
     long pages = 0;
     for (const ReceivedEvent& event : outcome.events)
         pages += event.name == "PageNumber" ? 1 : 0;
-    for (const automation::Argument& argument : outcome.arguments) {
-        const core::Parameter& parameter = member.parameters()[*core::find_parameter(member, argument.name)];
-        if (core::parameter_role(member, parameter) != core::ParameterRole::output_file) continue;
-        const std::string path = automation::to_text(argument.value);
-        const std::string size = readable_size(platform.files.length(path));
-        const std::string count =
-            pages == 0 ? "" : std::to_string(pages) + (pages == 1 ? " page, " : " pages, ");
-        return "Wrote " + path + " (" + count + size + ")\n";
-    }
-    return {};
+    const auto output = output_of(member, outcome.arguments);
+    if (!output) return {};
+    const std::string size = readable_size(platform.files.length(output->path));
+    const std::string count = pages == 0 ? "" : std::to_string(pages) + (pages == 1 ? " page, " : " pages, ");
+    return "Wrote " + output->path + " (" + count + size + ")\n";
 }
 
 std::string json_report(const core::Member& member, const Outcome& outcome) {
@@ -120,6 +117,13 @@ std::string json_error(const core::Member& member, const automation::Error& erro
     outcome.error = error;
     outcome.exit_code = exit_code;
     return json_report(member, outcome);
+}
+
+int report_failure(const Request& request, int exit_code, const std::string& description) {
+    const automation::Error error(automation::RuntimeError::internal_error, description);
+    if (request.options.json) std::cout << json_error(*request.member, error, exit_code);
+    std::cerr << error_text(error);
+    return exit_code;
 }
 
 }  // namespace foliant::cli

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "cli/call.h"
+#include "cli/request.h"
 
 namespace foliant::cli {
 
@@ -23,5 +24,9 @@ std::string json_report(const core::Member& member, const Outcome& outcome);
 
 /// The same for a call that did not come to an end of its own.
 std::string json_error(const core::Member& member, const automation::Error& error, int exit_code);
+
+/// Reports a call that did not come to an end of its own, or never began, in the way that the request asks
+/// for. Returns the exit code.
+int report_failure(const Request& request, int exit_code, const std::string& description);
 
 }  // namespace foliant::cli

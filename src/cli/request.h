@@ -15,6 +15,7 @@ struct CallOptions {
     bool json = false;
     bool quiet = false;
     double timeout_seconds = 0;  ///< 0 is no limit
+    bool no_clobber = false;     ///< an output that exists is not replaced
     std::string temp_path;       ///< put into `TempFilePath` before the call; "" leaves it
 };
 

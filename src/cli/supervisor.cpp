@@ -1,10 +1,12 @@
 #include "cli/supervisor.h"
 
+#include <algorithm>
 #include <cerrno>
-#include <cmath>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
+#include <exception>
 #include <iostream>
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -12,8 +14,15 @@
 #include <thread>
 #include <unistd.h>
 
+#include "cli/memory_use.h"
+
 namespace foliant::cli {
+
+using Clock = std::chrono::steady_clock;
+
 namespace {
+
+constexpr std::chrono::milliseconds memory_look_every{100};
 
 sigset_t watched_signals() {
     sigset_t set;
@@ -33,51 +42,28 @@ void watch_for_orphanhood(const std::function<void()>& when_orphaned, pid_t supe
     std::thread([death, when_orphaned] {
         int signal = 0;
         sigwait(&death, &signal);
-        when_orphaned();
+        if (when_orphaned) when_orphaned();
         kill(0, SIGKILL);
     }).detach();
     prctl(PR_SET_PDEATHSIG, SIGTERM);
     if (getppid() != supervisor) raise(SIGTERM);
 }
 
-[[noreturn]] void run_worker(const std::function<int()>& work, const std::function<void()>& when_orphaned,
-                             const sigset_t& former_mask, pid_t supervisor) {
+[[noreturn]] void run_worker(const Work& work, const sigset_t& former_mask, pid_t supervisor) noexcept {
     setpgid(0, 0);
     sigprocmask(SIG_SETMASK, &former_mask, nullptr);
     // The terminal talks to the supervisor; it decides what an interrupt means.
     std::signal(SIGINT, SIG_IGN);
-    watch_for_orphanhood(when_orphaned, supervisor);
-    const int code = work();
+    // An exception that nobody catches, in a thread of an engine for example, is told by the supervisor in
+    // words of its own.
+    std::set_terminate([] { std::abort(); });
+    watch_for_orphanhood(work.when_orphaned, supervisor);
+    const int code = work.call();
     std::cout.flush();
     std::cerr.flush();
     std::fflush(nullptr);
     // Engines inside this process have static destructors that are better not run.
     _exit(code);
-}
-
-timespec remaining(const timespec& deadline) {
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    timespec left{deadline.tv_sec - now.tv_sec, deadline.tv_nsec - now.tv_nsec};
-    if (left.tv_nsec < 0) {
-        left.tv_nsec += 1'000'000'000;
-        --left.tv_sec;
-    }
-    if (left.tv_sec < 0) left = {0, 0};
-    return left;
-}
-
-timespec deadline_in(double seconds) {
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    const double whole = std::floor(seconds);
-    now.tv_sec += static_cast<time_t>(whole);
-    now.tv_nsec += static_cast<long>((seconds - whole) * 1e9);
-    if (now.tv_nsec >= 1'000'000'000) {
-        now.tv_nsec -= 1'000'000'000;
-        ++now.tv_sec;
-    }
-    return now;
 }
 
 void end_group(pid_t worker) {
@@ -87,10 +73,39 @@ void end_group(pid_t worker) {
     }
 }
 
-/// Waits for one of three: the worker's end, a signal to this process, the deadline.
-Ending supervise(pid_t worker, double timeout_seconds) {
+/// Waits until a watched signal comes or the time is over; the signal, or 0.
+int wait_for_signal(std::optional<Clock::time_point> until) {
     const sigset_t signals = watched_signals();
-    const timespec deadline = deadline_in(timeout_seconds);
+    int signal = 0;
+    if (until) {
+        const auto left = std::max(Clock::duration(0), *until - Clock::now());
+        const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(left);
+        const timespec time{seconds.count(), std::chrono::nanoseconds(left - seconds).count()};
+        signal = sigtimedwait(&signals, nullptr, &time);
+    } else {
+        signal = sigwaitinfo(&signals, nullptr);
+    }
+    return std::max(signal, 0);
+}
+
+/// When something has to be looked at, whether or not a signal comes.
+std::optional<Clock::time_point> next_look(const Limits& limits) {
+    if (limits.memory_bytes == 0) return limits.deadline;
+    const Clock::time_point look = Clock::now() + memory_look_every;
+    return limits.deadline ? std::min(look, *limits.deadline) : look;
+}
+
+/// The limit that was hit, if one was.
+std::optional<Ending> limit_hit(pid_t worker, const Limits& limits) {
+    if (limits.deadline && Clock::now() >= *limits.deadline) return Ending{Ending::Kind::timed_out, 0};
+    if (limits.memory_bytes > 0 && memory_use(worker, limits.memory_bytes) > limits.memory_bytes) {
+        return Ending{Ending::Kind::out_of_memory, 0};
+    }
+    return std::nullopt;
+}
+
+/// Waits for one of three: the worker's end, a signal to this process, a limit.
+Ending supervise(pid_t worker, const Limits& limits) {
     while (true) {
         int status = 0;
         if (waitpid(worker, &status, WNOHANG) == worker) {
@@ -98,44 +113,51 @@ Ending supervise(pid_t worker, double timeout_seconds) {
             if (WIFSIGNALED(status)) return {Ending::Kind::crashed, WTERMSIG(status)};
             return {Ending::Kind::finished, WEXITSTATUS(status)};
         }
-        int signal = 0;
-        if (timeout_seconds > 0) {
-            const timespec left = remaining(deadline);
-            signal = sigtimedwait(&signals, nullptr, &left);
-        } else {
-            signal = sigwaitinfo(&signals, nullptr);
-        }
-        if (signal < 0 && errno == EAGAIN) {
-            end_group(worker);
-            return {Ending::Kind::timed_out, 0};
-        }
-        if (signal > 0 && signal != SIGCHLD) {
-            end_group(worker);
-            return {Ending::Kind::interrupted, signal};
-        }
+        const int signal = wait_for_signal(next_look(limits));
+        if (signal == SIGCHLD) continue;
+        const auto ending =
+            signal > 0 ? Ending{Ending::Kind::interrupted, signal} : limit_hit(worker, limits);
+        if (!ending) continue;
+        end_group(worker);
+        return *ending;
     }
 }
 
+/// Keeps the watched signals from ending this process, as long as it lives.
+class HeldSignals {
+  public:
+    HeldSignals() {
+        const sigset_t signals = watched_signals();
+        sigprocmask(SIG_BLOCK, &signals, &former_);
+        // An ignored SIGCHLD, inherited from some parents, would take the worker's exit code away.
+        std::signal(SIGCHLD, SIG_DFL);
+    }
+    HeldSignals(const HeldSignals&) = delete;
+    HeldSignals& operator=(const HeldSignals&) = delete;
+    ~HeldSignals() { sigprocmask(SIG_SETMASK, &former_, nullptr); }
+
+    const sigset_t& former() const { return former_; }
+
+  private:
+    sigset_t former_{};
+};
+
 }  // namespace
 
-Ending run_supervised(const std::function<int()>& work, double timeout_seconds,
-                      const std::function<void()>& when_orphaned) {
-    const sigset_t signals = watched_signals();
-    sigset_t former;
-    sigprocmask(SIG_BLOCK, &signals, &former);
-    // An ignored SIGCHLD, inherited from some parents, would take the worker's exit code away.
-    std::signal(SIGCHLD, SIG_DFL);
+Ending run_supervised(const Work& work, const Limits& limits) {
+    const HeldSignals held;
+    if (work.prepare) work.prepare();
     const pid_t self = getpid();
     const pid_t worker = fork();
     if (worker < 0) {
         const int error = errno;
-        sigprocmask(SIG_SETMASK, &former, nullptr);
+        if (work.settle) work.settle({Ending::Kind::crashed, 0});
         throw std::system_error(error, std::generic_category(), "cannot start a process");
     }
-    if (worker == 0) run_worker(work, when_orphaned, former, self);
+    if (worker == 0) run_worker(work, held.former(), self);
     setpgid(worker, worker);
-    const Ending ending = supervise(worker, timeout_seconds);
-    sigprocmask(SIG_SETMASK, &former, nullptr);
+    const Ending ending = supervise(worker, limits);
+    if (work.settle) work.settle(ending);
     return ending;
 }
 

@@ -1,29 +1,49 @@
 #pragma once
 
+#include <chrono>
+#include <cstdint>
 #include <functional>
+#include <optional>
 
 namespace foliant::cli {
 
 /// How supervised work ended.
 struct Ending {
     enum class Kind {
-        finished,     ///< by itself; `code` is what it returned
-        timed_out,    ///< the time limit ended it
-        interrupted,  ///< a signal to the command ended it; `code` is the signal
-        crashed,      ///< a signal of its own ended it, as a crashing engine does; `code` is the signal
+        finished,       ///< by itself; `code` is what it returned
+        timed_out,      ///< the time limit ended it
+        out_of_memory,  ///< the memory limit ended it
+        interrupted,    ///< a signal to the command ended it; `code` is the signal
+        crashed,        ///< a signal of its own ended it, as a crashing engine does; `code` is the signal
     };
     Kind kind = Kind::finished;
     int code = 0;
 };
 
-/// Runs `work` in a process of its own, in a process group of its own, so that it can be ended wherever it
-/// is: by a time limit, by Ctrl-C, by the end of this process. Whatever happens, no process of that group is
-/// left.
+/// What a call may use up.
+struct Limits {
+    std::optional<std::chrono::steady_clock::time_point> deadline;
+    std::uint64_t memory_bytes = 0;  ///< of all its processes together; 0 is no limit
+};
+
+/// Work, and what goes with it.
+struct Work {
+    /// The work itself; it runs in the worker and returns the exit code, 0 to 255.
+    std::function<int()> call;
+    /// Runs in this process before there is a worker, when an interrupt no longer ends the command at once;
+    /// what it raises is raised. May be empty.
+    std::function<void()> prepare;
+    /// Runs in this process when no process of the work is left. May be empty.
+    std::function<void(const Ending&)> settle;
+    /// When this process is killed without a chance to settle anything, the worker calls this from a thread
+    /// of its own and ends. May be empty.
+    std::function<void()> when_orphaned;
+};
+
+/// Runs work in a process of its own, in a process group of its own, so that it can be ended wherever it is:
+/// by a limit, by Ctrl-C, by the end of this process. Whatever happens, no process of that group is left.
 ///
-/// `work` returns the exit code, 0 to 255. `timeout_seconds` 0 is no limit. When this process is killed
-/// without a chance to clean up, the working one calls `when_orphaned` from a thread of its own and ends.
 /// Raises std::system_error when no process can be made.
-Ending run_supervised(const std::function<int()>& work, double timeout_seconds,
-                      const std::function<void()>& when_orphaned);
+Ending run_supervised(const Work& work, const Limits& limits);
 
 }  // namespace foliant::cli

@@ -7,8 +7,12 @@
 namespace foliant::core {
 
 /// What a parameter means to the one who calls: a file that has to be there, one that is made, a secret, a
-/// list.
-enum class ParameterRole { plain, input_file, output_file, folder, password, list };
+/// list, a list of files that are read.
+enum class ParameterRole { plain, input_file, output_file, folder, password, list, file_list };
+
+constexpr bool is_list(ParameterRole role) noexcept {
+    return role == ParameterRole::list || role == ParameterRole::file_list;
+}
 
 /// Parameters of one name mean the same in every member, but for the files, which one member reads and
 /// another makes.

@@ -7,6 +7,7 @@
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
+#include <vector>
 
 namespace foliant::cli {
 namespace {
@@ -47,40 +48,43 @@ bool ends_soon(pid_t pid) {
     return false;
 }
 
+/// Work that only has a call, without limits.
+Ending run(const std::function<int()>& call) {
+    return run_supervised({call, {}, {}, {}}, {});
+}
+
+Limits ending_in(milliseconds time) {
+    return {std::chrono::steady_clock::now() + time, 0};
+}
+
 [[noreturn]] void wait_for_ever() {
     while (true)
         pause();
 }
 
 TEST(Supervisor, PassesOnTheExitCode) {
-    const Ending ending = run_supervised([] { return 42; }, 0, [] {});
+    const Ending ending = run([] { return 42; });
     EXPECT_EQ(ending.kind, Ending::Kind::finished);
     EXPECT_EQ(ending.code, 42);
 }
 
 TEST(Supervisor, TellsACrashFromAnExit) {
-    const Ending ending = run_supervised(
-        [] {
-            std::signal(SIGSEGV, SIG_DFL);
-            raise(SIGSEGV);
-            return 0;
-        },
-        0, [] {});
+    const Ending ending = run([] {
+        std::signal(SIGSEGV, SIG_DFL);
+        raise(SIGSEGV);
+        return 0;
+    });
     EXPECT_EQ(ending.kind, Ending::Kind::crashed);
     EXPECT_EQ(ending.code, SIGSEGV);
 }
 
 TEST(Supervisor, TheTimeLimitEndsTheWorkerAndItsChildren) {
     const std::string path = temporary_name("child");
-    const Ending ending = run_supervised(
-        [&]() -> int {
-            if (fork() == 0) {
-                write_pid(path);
-                wait_for_ever();
-            }
-            wait_for_ever();
-        },
-        0.5, [] {});
+    const auto call = [&]() -> int {
+        if (fork() == 0) write_pid(path);
+        wait_for_ever();
+    };
+    const Ending ending = run_supervised({call, {}, {}, {}}, ending_in(milliseconds(500)));
     EXPECT_EQ(ending.kind, Ending::Kind::timed_out);
     EXPECT_TRUE(ends_soon(read_pid(path)));
     unlink(path.c_str());
@@ -88,12 +92,10 @@ TEST(Supervisor, TheTimeLimitEndsTheWorkerAndItsChildren) {
 
 TEST(Supervisor, AnInterruptEndsTheWorkerAndIsTold) {
     const pid_t self = getpid();
-    const Ending ending = run_supervised(
-        [self]() -> int {
-            kill(self, SIGINT);
-            wait_for_ever();
-        },
-        0, [] {});
+    const Ending ending = run([self]() -> int {
+        kill(self, SIGINT);
+        wait_for_ever();
+    });
     EXPECT_EQ(ending.kind, Ending::Kind::interrupted);
     EXPECT_EQ(ending.code, SIGINT);
 }
@@ -103,12 +105,11 @@ TEST(Supervisor, AWorkerWhoseSupervisorIsKilledCleansUpAndEnds) {
     const std::string cleaned = temporary_name("cleaned");
     const pid_t supervisor = fork();
     if (supervisor == 0) {
-        run_supervised(
-            [&]() -> int {
-                write_pid(pid_file);
-                wait_for_ever();
-            },
-            0, [&] { write_pid(cleaned); });
+        const auto call = [&]() -> int {
+            write_pid(pid_file);
+            wait_for_ever();
+        };
+        run_supervised({call, {}, {}, [&] { write_pid(cleaned); }}, {});
         _exit(0);
     }
     const pid_t worker = read_pid(pid_file);
@@ -119,6 +120,82 @@ TEST(Supervisor, AWorkerWhoseSupervisorIsKilledCleansUpAndEnds) {
     EXPECT_TRUE(ends_soon(worker));
     unlink(pid_file.c_str());
     unlink(cleaned.c_str());
+}
+
+/// Writes to that much memory, in this process or divided among two, and then waits.
+[[noreturn]] void hold(std::size_t bytes, bool in_two) {
+    if (in_two) {
+        bytes /= 2;
+        fork();
+    }
+    std::vector<char> held(bytes, 'x');
+    wait_for_ever();
+}
+
+TEST(Supervisor, TheMemoryLimitCountsAllProcessesOfTheWork) {
+    constexpr std::size_t mebibyte = 1024 * 1024;
+    for (const bool in_two : {false, true}) {
+        const Work work{[in_two]() -> int { hold(200 * mebibyte, in_two); }, {}, {}, {}};
+        Limits limits = ending_in(std::chrono::seconds(30));
+        limits.memory_bytes = 150 * mebibyte;
+        EXPECT_EQ(run_supervised(work, limits).kind, Ending::Kind::out_of_memory) << in_two;
+    }
+}
+
+TEST(Supervisor, MemoryThatAForkSharesCountsOnce) {
+    constexpr std::size_t mebibyte = 1024 * 1024;
+    const auto call = [] {
+        const std::vector<char> held(100 * mebibyte, 'x');
+        const pid_t child = fork();
+        std::this_thread::sleep_for(milliseconds(400));
+        if (child == 0) _exit(0);
+        waitpid(child, nullptr, 0);
+        return static_cast<int>(held.front());
+    };
+    Limits limits;
+    limits.memory_bytes = 150 * mebibyte;
+    const Ending ending = run_supervised({call, {}, {}, {}}, limits);
+    EXPECT_EQ(ending.kind, Ending::Kind::finished);
+    EXPECT_EQ(ending.code, 'x');
+}
+
+TEST(Supervisor, PreparesBeforeTheWorkAndSettlesAfterItsEnd) {
+    std::string steps;
+    const Work work{[&] { return steps == "prepared " ? 0 : 1; },
+                    [&] { steps += "prepared "; },
+                    [&](const Ending& ending) { steps += "settled " + std::to_string(ending.code); },
+                    {}};
+    run_supervised(work, {});
+    EXPECT_EQ(steps, "prepared settled 0");
+}
+
+TEST(Supervisor, ASecondInterruptDoesNotStopTheSettling) {
+    const std::string settled = temporary_name("settled");
+    const pid_t supervisor = fork();
+    if (supervisor == 0) {
+        const pid_t own = getpid();
+        const auto call = [own]() -> int {
+            kill(own, SIGINT);
+            wait_for_ever();
+        };
+        const auto settle = [&](const Ending&) {
+            kill(own, SIGINT);
+            write_pid(settled);
+        };
+        run_supervised({call, {}, settle, {}}, {});
+        _exit(0);
+    }
+    waitpid(supervisor, nullptr, 0);
+    EXPECT_EQ(read_pid(settled), supervisor);
+    unlink(settled.c_str());
+}
+
+TEST(Supervisor, AnExceptionThatNobodyCatchesIsACrashWithoutATextOfItsOwn) {
+    testing::internal::CaptureStderr();
+    const Ending ending = run([]() -> int { throw std::runtime_error("lost"); });
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(ending.kind, Ending::Kind::crashed);
+    EXPECT_EQ(ending.code, SIGABRT);
 }
 
 }  // namespace

@@ -45,12 +45,12 @@ TEST(Settings, ABrokenStoreIsNamedAndKept) {
 TEST(Rehearsal, ShowsTheStepsAndTakesNone) {
     const Workshop shop;
     shop.write("letter.docx", "not looked into");
-    shop.write("letter.pdf", "old");
+    shop.write("letter.pdf", "%PDF-1.4 old");
     const Finished call = shop.foliant({"rehearse", "CreatePDFfromWord", "letter.pdf", "letter.docx"});
     EXPECT_EQ(call.exit_code, 0) << call.errors;
     EXPECT_NE(call.output.find("Word.Documents.Open(\"letter.docx\""), std::string::npos) << call.output;
     EXPECT_NE(call.output.find("delete letter.pdf\n"), std::string::npos) << call.output;
-    EXPECT_EQ(shop.read("letter.pdf"), "old");
+    EXPECT_EQ(shop.read("letter.pdf"), "%PDF-1.4 old");
     EXPECT_EQ(shop.foliant({"rehearse", "CreatePDFfromWord", "a.pdf", "none.docx"}).exit_code, 3);
     EXPECT_TRUE(shop.is_clean_soon()) << shop.leftovers();
 }

@@ -1,0 +1,64 @@
+#include "cli/named_files.h"
+
+#include "automation/coerce.h"
+#include "core/dispatch.h"
+#include "core/parameter_help.h"
+
+namespace foliant::cli {
+
+using automation::Value;
+using core::ParameterRole;
+
+namespace {
+
+/// Calls `action` with every argument that is one of the member's parameters, and its role.
+template <class Action>
+void for_each(const core::Member& member, const automation::Arguments& arguments, Action&& action) {
+    for (const automation::Argument& argument : arguments) {
+        const auto place = core::find_parameter(member, argument.name);
+        if (!place) continue;
+        const core::Parameter& parameter = member.parameters()[*place];
+        action(parameter, core::parameter_role(member, parameter), argument.value);
+    }
+}
+
+}  // namespace
+
+std::optional<NamedFile> output_of(const core::Member& member, const automation::Arguments& arguments) {
+    std::optional<NamedFile> output;
+    for_each(member, arguments,
+             [&](const core::Parameter& parameter, ParameterRole role, const Value& value) {
+                 if (role == ParameterRole::output_file) output = {&parameter, automation::to_text(value)};
+             });
+    return output;
+}
+
+std::vector<NamedFile> inputs_of(const core::Member& member, const automation::Arguments& arguments) {
+    std::vector<NamedFile> inputs;
+    for_each(member, arguments,
+             [&](const core::Parameter& parameter, ParameterRole role, const Value& value) {
+                 if (role == ParameterRole::input_file) {
+                     std::string path = automation::to_text(value);
+                     if (!path.empty() || !parameter.optional)
+                         inputs.push_back({&parameter, std::move(path)});
+                 } else if (role == ParameterRole::file_list) {
+                     const auto* list = value.if_holds<automation::ArrayPtr>();
+                     if (list == nullptr) return;
+                     for (const Value& item : (*list)->items)
+                         inputs.push_back({&parameter, automation::to_text(item)});
+                 }
+             });
+    return inputs;
+}
+
+std::vector<std::string> passwords_of(const core::Member& member, const automation::Arguments& arguments) {
+    std::vector<std::string> passwords;
+    for_each(member, arguments, [&](const core::Parameter&, ParameterRole role, const Value& value) {
+        if (role != ParameterRole::password) return;
+        if (std::string text = automation::to_text(value); !text.empty())
+            passwords.push_back(std::move(text));
+    });
+    return passwords;
+}
+
+}  // namespace foliant::cli

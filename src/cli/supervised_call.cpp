@@ -1,0 +1,123 @@
+#include "cli/supervised_call.h"
+
+#include <csignal>
+#include <iostream>
+#include <unistd.h>
+
+#include "automation/error.h"
+#include "cli/call.h"
+#include "cli/exit_codes.h"
+#include "cli/kept_file.h"
+#include "cli/named_files.h"
+#include "cli/output_guard.h"
+#include "cli/progress.h"
+#include "cli/report.h"
+#include "cli/supervisor.h"
+
+namespace foliant::cli {
+
+using automation::Error;
+using automation::RuntimeError;
+using platform::local::LocalMachine;
+
+namespace {
+
+int make_and_report(const Request& request, LocalMachine& machine, const KeptFile& kept) {
+    const bool talkative = !request.options.quiet && isatty(STDERR_FILENO) == 1;
+    ProgressBar bar(talkative ? &std::cerr : nullptr);
+    Outcome outcome = call_member(request, machine.platform(), bar);
+    if (!outcome.error && kept.is_in_place()) {
+        fail(outcome, not_made(output_of(*request.member, outcome.arguments)->path));
+    }
+    bar.finish();
+    std::cout << (request.options.json ? json_report(*request.member, outcome) : result_text(outcome));
+    if (outcome.error) {
+        std::cerr << error_text(*outcome.error);
+    } else if (talkative) {
+        std::cerr << closing_line(*request.member, outcome, machine.platform());
+    }
+    if (!std::cout.flush()) {
+        std::cerr << "foliant: the result could not be written to standard output\n";
+        return outcome.error ? outcome.exit_code : exit_failure;
+    }
+    return outcome.exit_code;
+}
+
+/// Makes the call and reports it; this runs in the worker.
+int work(const Request& request, LocalMachine& machine, const KeptFile& kept) {
+    try {
+        return make_and_report(request, machine, kept);
+    } catch (...) {
+        return report_failure(request, exit_failure, automation::current_error().description());
+    }
+}
+
+std::string crash_text(const std::string& member, int signal) {
+    if (signal == SIGKILL) {
+        return member + " was killed from outside (signal 9), as the system does when its memory is used up.";
+    }
+    return "An engine crashed (signal " + std::to_string(signal) + ") during " + member +
+           ". That is a fault of the engine, which the document has brought to light.";
+}
+
+int conclude(const Request& request, const Ending& ending) {
+    const std::string member(request.member->name);
+    switch (ending.kind) {
+        case Ending::Kind::timed_out:
+            return report_failure(request, exit_time_limit,
+                                  member +
+                                      " had not ended when the time limit was over, and was stopped. "
+                                      "Give it more time with --timeout, or none to wait without a limit.");
+        case Ending::Kind::out_of_memory:
+            return report_failure(request, exit_memory_limit,
+                                  member +
+                                      " needed more memory than it may have, and was stopped. "
+                                      "Give it more with --memory, or none to set no limit.");
+        case Ending::Kind::interrupted:
+            return report_failure(request, ending.code == SIGINT ? exit_interrupted : exit_terminated,
+                                  member + " was interrupted.");
+        case Ending::Kind::crashed:
+            return report_failure(request, exit_host_failure, crash_text(member, ending.code));
+        case Ending::Kind::finished:
+            break;
+    }
+    return ending.code;
+}
+
+Limits limits_of(const CallOptions& options) {
+    Limits limits;
+    if (options.timeout_seconds > 0) {
+        const std::chrono::duration<double> time(options.timeout_seconds);
+        limits.deadline = std::chrono::steady_clock::now() +
+                          std::chrono::duration_cast<std::chrono::steady_clock::duration>(time);
+    }
+    return limits;
+}
+
+}  // namespace
+
+int call_supervised(const Request& request, LocalMachine& machine) {
+    if (const auto refused = refusal(request)) return report_failure(request, exit_usage, *refused);
+    KeptFile kept;
+    Work plan;
+    plan.call = [&] { return work(request, machine, kept); };
+    plan.prepare = [&] {
+        if (const auto output = output_of(*request.member, request.arguments)) kept.keep(output->path);
+    };
+    plan.settle = [&](const Ending& ending) {
+        const bool succeeded = ending.kind == Ending::Kind::finished && ending.code == exit_success;
+        succeeded ? kept.drop() : kept.put_back();
+        machine.remove_private_folder();
+    };
+    plan.when_orphaned = [&] {
+        kept.put_back();
+        machine.remove_private_folder();
+    };
+    try {
+        return conclude(request, run_supervised(plan, limits_of(request.options)));
+    } catch (const Error& error) {
+        return report_failure(request, exit_usage, error.description());
+    }
+}
+
+}  // namespace foliant::cli

@@ -1,0 +1,139 @@
+#include "cli/kept_file.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "automation/error.h"
+
+namespace foliant::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Kept : public testing::Test {
+  protected:
+    Kept() {
+        folder = testing::TempDir() + "foliant-kept-" + std::to_string(getpid());
+        fs::create_directory(folder);
+        output = folder / "out.pdf";
+    }
+    ~Kept() override { fs::remove_all(folder); }
+
+    static void write(const fs::path& path, const std::string& content) { std::ofstream(path) << content; }
+    std::string read() const {
+        std::ostringstream content;
+        content << std::ifstream(output).rdbuf();
+        return content.str();
+    }
+    /// As a host does it: made under another name, then named.
+    void replace(const std::string& content) const {
+        fs::remove(output);
+        write(folder / "pending", content);
+        fs::rename(folder / "pending", output);
+    }
+    long files() const { return std::distance(fs::directory_iterator(folder), fs::directory_iterator()); }
+
+    fs::path folder;
+    fs::path output;
+    KeptFile kept;
+};
+
+TEST_F(Kept, ComesBackAsTheVeryFileThatItWas) {
+    write(output, "old");
+    fs::permissions(output, fs::perms::owner_read);
+    fs::create_hard_link(output, folder / "link");
+    kept.keep(output);
+    replace("new");
+    kept.put_back();
+    EXPECT_EQ(read(), "old");
+    EXPECT_EQ(fs::status(output).permissions(), fs::perms::owner_read);
+    EXPECT_TRUE(fs::equivalent(output, folder / "link"));
+    EXPECT_EQ(files(), 2);
+}
+
+TEST_F(Kept, ComesBackWhenNothingStandsInItsPlace) {
+    write(output, "old");
+    kept.keep(output);
+    fs::remove(output);
+    kept.put_back();
+    EXPECT_EQ(read(), "old");
+    EXPECT_EQ(files(), 1);
+}
+
+TEST_F(Kept, LeavesNothingBehindWhenItWasNeverReplaced) {
+    write(output, "old");
+    kept.keep(output);
+    EXPECT_TRUE(kept.is_in_place());
+    kept.put_back();
+    EXPECT_EQ(read(), "old");
+    EXPECT_EQ(files(), 1);
+}
+
+TEST_F(Kept, MakesWayForTheNewFile) {
+    write(output, "old");
+    kept.keep(output);
+    replace("new");
+    EXPECT_FALSE(kept.is_in_place());
+    kept.drop();
+    EXPECT_EQ(read(), "new");
+    EXPECT_EQ(files(), 1);
+}
+
+TEST_F(Kept, IsALinkWhenALinkStoodThere) {
+    write(folder / "v1.pdf", "old");
+    fs::create_symlink("v1.pdf", output);
+    kept.keep(output);
+    replace("new");
+    kept.put_back();
+    EXPECT_EQ(fs::read_symlink(output), "v1.pdf");
+    EXPECT_EQ(files(), 2);
+}
+
+TEST_F(Kept, IsNothingWhereNothingStood) {
+    kept.keep(output);
+    replace("new");
+    kept.put_back();
+    EXPECT_EQ(read(), "new");
+    EXPECT_EQ(files(), 1);
+}
+
+TEST_F(Kept, NamesOfAnyLengthAreKept) {
+    output = folder / std::string(255, 'x');
+    write(output, "old");
+    kept.keep(output);
+    replace("new");
+    kept.put_back();
+    EXPECT_EQ(read(), "old");
+    EXPECT_EQ(files(), 1);
+}
+
+TEST_F(Kept, ASecondCallForTheSameFileIsRefusedUntilTheFirstHasEnded) {
+    write(output, "old");
+    kept.keep(output);
+    KeptFile second;
+    try {
+        second.keep(output);
+        FAIL() << "two calls replace one file";
+    } catch (const automation::Error& error) {
+        EXPECT_NE(error.description().find("is being replaced by another call"), std::string::npos);
+    }
+    kept.put_back();
+    KeptFile third;
+    third.keep(output);
+    third.drop();
+}
+
+TEST_F(Kept, AFolderThatMayNotBeWrittenIsToldInTime) {
+    if (geteuid() == 0) GTEST_SKIP() << "the superuser may write anywhere";
+    write(output, "old");
+    fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
+    EXPECT_THROW(kept.keep(output), automation::Error);
+    fs::permissions(folder, fs::perms::owner_all);
+}
+
+}  // namespace
+}  // namespace foliant::cli

@@ -1,0 +1,158 @@
+#include "cli/output_guard.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace foliant::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Calls in a folder of their own, which is the current one meanwhile.
+class Guard : public testing::Test {
+  protected:
+    Guard() : former(fs::current_path()) {
+        folder = testing::TempDir() + "foliant-guard-" + std::to_string(getpid());
+        fs::create_directory(folder);
+        fs::current_path(folder);
+        write("letter.docx", "PK\x03\x04 a document");
+        write("memo.docx", "PK\x03\x04 another");
+        write("old.pdf", "%PDF-1.4\nold");
+        write("a.ps", "%!PS\nshowpage\n");
+        write("b.ps", "\x04%!PS\nshowpage\n");
+        write("notes.txt", "just text\n");
+        write("empty", "");
+    }
+    ~Guard() override {
+        fs::current_path(former);
+        fs::remove_all(folder);
+    }
+
+    static void write(const std::string& name, const std::string& content) {
+        std::ofstream(name, std::ios::binary) << content;
+    }
+
+    /// Why the call is refused, "" when it is not.
+    static std::string refused(const std::vector<std::string>& words) {
+        const Parsed parsed = parse(words, {});
+        if (!parsed.request) return parsed.error;
+        return refusal(*parsed.request).value_or("");
+    }
+
+    fs::path former;
+    fs::path folder;
+};
+
+const std::string word_order = "\nThe order is: foliant CreatePDFfromWord PDF_FILE WORD_DOCUMENT";
+
+TEST_F(Guard, AnOrdinaryCallPasses) {
+    EXPECT_EQ(refused({"CreatePDFfromWord", "new.pdf", "letter.docx"}), "");
+    EXPECT_EQ(refused({"CreatePDFfromWord", "old.pdf", "letter.docx"}), "");
+    EXPECT_EQ(refused({"CreatePDFfromMultiPS", "new.pdf", "a.ps", "b.ps", "none.ps"}), "");
+    EXPECT_EQ(refused({"CreatePSfromWord", "a.ps", "letter.docx"}), "");
+    EXPECT_EQ(refused({"CreatePSfromWord", "b.ps", "letter.docx"}), "");
+    EXPECT_EQ(refused({"PrinterName"}), "");
+}
+
+TEST_F(Guard, AnOutputThatIsTheInputIsRefusedByWhateverName) {
+    EXPECT_EQ(refused({"CreatePDFfromWord", "letter.docx", "letter.docx"}),
+              "letter.docx is both output and input; the call would destroy it." + word_order +
+                  "\nWith a pattern such as *.docx, the first file that it matches is taken for the output: "
+                  "write the output in front of it.");
+    fs::create_hard_link("letter.docx", "hard");
+    fs::create_symlink("letter.docx", "soft");
+    for (const std::string& name : {std::string("./letter.docx"), std::string("hard"), std::string("soft"),
+                                    (folder / "letter.docx").string()}) {
+        EXPECT_EQ(refused({"CreatePDFfromWord", name, "letter.docx"}).substr(0, name.size() + 37),
+                  name + " and letter.docx are the same file; t");
+        EXPECT_NE(refused({"CreatePDFfromWord", "letter.docx", name}), "");
+    }
+}
+
+TEST_F(Guard, AnyInputOfAListAndTheJobOptionsCountAsInputs) {
+    EXPECT_NE(refused({"CreatePSfromWord", "a.ps", "a.ps"}), "");
+    write("book.pdf", "%PDF-1.4");
+    EXPECT_NE(refused({"CreatePDFfromMultiPS", "book.pdf", "a.ps", "b.ps", "./book.pdf"}), "");
+    EXPECT_NE(refused({"CreatePDFfromPS", "book.pdf", "a.ps", "--job-options-file", "book.pdf"}), "");
+}
+
+TEST_F(Guard, AFileOfAnotherKindIsNotReplaced) {
+    EXPECT_EQ(refused({"CreatePDFfromWord", "notes.txt", "letter.docx"}),
+              "notes.txt exists and is not a PDF, so that CreatePDFfromWord does not replace it. Give the "
+              "output another name, or remove that file first." +
+                  word_order);
+    EXPECT_NE(refused({"CreatePDFfromPS", "b.ps", "a.ps"}), "");
+    EXPECT_NE(refused({"CreatePSfromWord", "old.pdf", "letter.docx"}), "");
+    EXPECT_NE(refused({"CreatePSfromWord", "notes.txt", "letter.docx"}), "");
+}
+
+TEST_F(Guard, APatternThatTookTheOutputsPlaceIsExplained) {
+    const std::string advice =
+        "\nWith a pattern such as *.docx, the first file that it matches is taken for the output";
+    EXPECT_NE(refused({"CreatePDFfromWord", "letter.docx", "memo.docx"}).find(advice), std::string::npos);
+    EXPECT_NE(refused({"CreatePDFfromMultiPS", "a.ps", "b.ps"}).find("pattern such as *.ps"),
+              std::string::npos);
+    EXPECT_EQ(refused({"CreatePDFfromWord", "letter.docx", "new.pdf"}).find("pattern"), std::string::npos);
+}
+
+TEST_F(Guard, AnEmptyFileMayBeReplacedByAnything) {
+    EXPECT_EQ(refused({"CreatePDFfromWord", "empty", "letter.docx"}), "");
+    EXPECT_EQ(refused({"CreatePSfromWord", "empty", "letter.docx"}), "");
+}
+
+TEST_F(Guard, OnlyOrdinaryFilesAreOutputs) {
+    fs::create_directory("folder");
+    ASSERT_EQ(mkfifo("pipe", 0600), 0);
+    EXPECT_EQ(refused({"CreatePDFfromWord", "folder", "letter.docx"}),
+              "folder is a folder. Name the file to make in it, such as folder/new.pdf." + word_order);
+    EXPECT_EQ(refused({"CreatePDFfromWord", "pipe", "letter.docx"}),
+              "pipe is a device or a pipe; the output has to be an ordinary file." + word_order);
+    for (const char* name : {"/dev/stdout", "/dev/null", "/dev/fd/1", "/proc/self/fd/1", "/dev/new.pdf"}) {
+        EXPECT_NE(refused({"CreatePDFfromWord", name, "letter.docx"}).find("is no place for files"),
+                  std::string::npos)
+            << name;
+    }
+}
+
+TEST_F(Guard, TheFolderOfTheOutputHasToBeThereAndWritable) {
+    EXPECT_EQ(refused({"CreatePDFfromWord", "nowhere/new.pdf", "letter.docx"}),
+              "nowhere/new.pdf cannot be written: there is no folder nowhere (No such file or directory).");
+    EXPECT_EQ(refused({"CreatePDFfromWord", "empty/new.pdf", "letter.docx"}),
+              "empty/new.pdf cannot be written: empty is no folder.");
+    if (geteuid() == 0) return;
+    EXPECT_EQ(refused({"CreatePDFfromWord", "/usr/new.pdf", "letter.docx"}),
+              "/usr/new.pdf cannot be written: /usr may not be written to (Permission denied).");
+}
+
+TEST_F(Guard, AnOutputNeedsAName) {
+    EXPECT_EQ(refused({"CreatePDFfromWord", "", "letter.docx"}),
+              "the name of the output is empty." + word_order);
+}
+
+TEST_F(Guard, NoClobberKeepsWhateverIsThere) {
+    EXPECT_EQ(refused({"CreatePDFfromWord", "new.pdf", "letter.docx", "--no-clobber"}), "");
+    const std::string kept = "old.pdf exists, and --no-clobber keeps it. Give the output another name.";
+    EXPECT_EQ(refused({"CreatePDFfromWord", "old.pdf", "letter.docx", "--no-clobber"}), kept);
+    EXPECT_NE(refused({"CreatePDFfromWord", "empty", "letter.docx", "--no-clobber"}), "");
+    fs::create_symlink("nowhere", "dangling");
+    EXPECT_NE(refused({"CreatePDFfromWord", "dangling", "letter.docx", "--no-clobber"}), "");
+}
+
+TEST_F(Guard, TheFolderForTemporaryFilesHasToBeThereOrToBeMade) {
+    EXPECT_EQ(refused({"TempFilePath", "--temp-path", "new"}), "");
+    EXPECT_EQ(refused({"TempFilePath", "--temp-path", "."}), "");
+    EXPECT_EQ(refused({"TempFilePath", "--temp-path", "a/b"}),
+              "--temp-path: a/b cannot be made (No such file or directory). Name a folder that is there, or "
+              "one whose parent is.");
+    EXPECT_EQ(refused({"TempFilePath", "--temp-path", "empty"}), "--temp-path: empty is no folder.");
+}
+
+TEST_F(Guard, AMemberOfALaterVersionSaysSoFirst) {
+    EXPECT_EQ(refused({"CreatePDFfromImageFile", "", "a.png"}), "");
+}
+
+}  // namespace
+}  // namespace foliant::cli
