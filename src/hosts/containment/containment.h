@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "hosts/containment/policy.h"
+
+namespace foliant::hosts::containment {
+
+/// What of a policy the kernel enforces, besides the limits, which every kernel does.
+struct Enforcement {
+    int landlock = 0;    ///< version of Landlock's interface: files, from 4 TCP, from 6 signals; 0: none
+    bool calls = false;  ///< system calls are filtered: processes, sockets, what changes the machine
+
+    bool operator==(const Enforcement&) const = default;
+};
+
+/// What this kernel can enforce. Changes nothing; takes microseconds.
+Enforcement offered() noexcept;
+
+/// Puts a policy into force for this process and all that it will start; there is no way back. To be called
+/// before the process has another thread, and before it sees a byte of a document. A second policy can only
+/// take more away.
+///
+/// Returns what is in force now: all that is offered. Throws std::system_error when the kernel refuses what
+/// it offers, and then the process must not go on.
+Enforcement apply(const Policy& policy);
+
+/// "Landlock (version 7), seccomp", "seccomp", or "nothing".
+std::string describe(const Enforcement& enforcement);
+
+}  // namespace foliant::hosts::containment
