@@ -46,9 +46,11 @@ TEST_F(DistillerJobTest, BindsEventsSetsBothFlagsConvertsAndLetsGo) {
 
 TEST_F(DistillerJobTest, BothFlagsAreWrittenAlsoWhenTheyAreFalseAndTheOptionsFileAlsoWhenEmpty) {
     convert({.show_window = false, .spool_jobs = true, .job_options_file = ""});
-    EXPECT_EQ(stage.lines().at(2), "Distiller.bShowWindow = False");
-    EXPECT_EQ(stage.lines().at(3), "Distiller.bSpoolJobs = True");
-    EXPECT_EQ(stage.lines().at(4), "Distiller.FileToPDF(\"C:\\in\\a.ps\", \"C:\\out\\a.pdf\", \"\")");
+    tests::expect_text(journal_between("bShowWindow", "FileToPDF"), R"(
+        Distiller.bShowWindow = False
+        Distiller.bSpoolJobs = True
+        Distiller.FileToPDF("C:\in\a.ps", "C:\out\a.pdf", "")
+    )");
 }
 
 TEST_F(DistillerJobTest, SecurityGoesToTheOtherDistillerWithoutEvents) {

@@ -1,6 +1,7 @@
 #include "support/difference.h"
 
 #include <algorithm>
+#include <gtest/gtest.h>
 
 namespace foliant::tests {
 namespace {
@@ -19,21 +20,6 @@ std::vector<std::vector<std::size_t>> common_rests(const Lines& expected, const 
 }
 
 }  // namespace
-
-Lines lines_of(std::string_view text) {
-    Lines lines;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        const std::string_view line = text.substr(0, end);
-        lines.emplace_back(line.substr(std::min(line.find_first_not_of(' '), line.size())));
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
-    while (!lines.empty() && lines.back().empty())
-        lines.pop_back();
-    lines.erase(lines.begin(), std::find_if(lines.begin(), lines.end(),
-                                            [](const std::string& line) { return !line.empty(); }));
-    return lines;
-}
 
 Lines difference(const Lines& expected, const Lines& actual) {
     const auto longest = common_rests(expected, actual);
@@ -54,11 +40,15 @@ Lines difference(const Lines& expected, const Lines& actual) {
     return shown;
 }
 
-std::string text_of(const Lines& lines) {
-    std::string text;
-    for (const std::string& line : lines)
-        text += line + "\n";
-    return text;
+void expect_lines(const Lines& actual, const Lines& expected, std::source_location place) {
+    if (expected == actual) return;
+    ADD_FAILURE_AT(place.file_name(), static_cast<int>(place.line()))
+        << "What was expected (-) and what happened (+):\n"
+        << text_of(difference(expected, actual));
+}
+
+void expect_text(const Lines& actual, std::string_view expected, std::source_location place) {
+    expect_lines(actual, lines_of(expected), place);
 }
 
 }  // namespace foliant::tests

@@ -1,22 +1,23 @@
 #pragma once
 
-#include <string>
+#include <source_location>
 #include <string_view>
-#include <vector>
+
+#include "support/lines.h"
 
 namespace foliant::tests {
-
-using Lines = std::vector<std::string>;
-
-/// The lines of a text without the blanks that they begin with, and without empty ones at both ends: so an
-/// expected journal can be indented like the code that it stands in.
-Lines lines_of(std::string_view text);
 
 /// All lines of both, in order: "- " before one that only `expected` has, "+ " before one that only `actual`
 /// has, two blanks before the others.
 Lines difference(const Lines& expected, const Lines& actual);
 
-/// Lines joined to a text, each ended by a line feed.
-std::string text_of(const Lines& lines);
+/// Compares lines with the expected ones as a whole; a failure shows both in one, line by line, at the place
+/// of the call.
+void expect_lines(const Lines& actual, const Lines& expected,
+                  std::source_location place = std::source_location::current());
+
+/// The same with a text, indented as you like.
+void expect_text(const Lines& actual, std::string_view expected,
+                 std::source_location place = std::source_location::current());
 
 }  // namespace foliant::tests

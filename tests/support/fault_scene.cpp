@@ -2,13 +2,10 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <ostream>
 
 #include "automation/error.h"
 #include "automation/object.h"
-#include "core/dispatch.h"
 #include "platform/stage/cast/cast.h"
-#include "session/errors.h"
 #include "support/staged_session.h"
 
 namespace foliant::tests {
@@ -28,7 +25,7 @@ Lines journal_of(const FaultScene& scene, long k, bool all_after = false) {
     Stage stage;
     EventsInJournal events(stage);
     platform::stage::cast_usual_machine(stage);
-    scene.arrange(stage);
+    if (scene.arrange) scene.arrange(stage);
     core::BuildPDF object(stage.platform(), events);
     stage.clear_journal();
     stage.fail_action(k, Error(-2147352567, "Word", "made to fail"));
@@ -52,24 +49,24 @@ std::string without_mark(const std::string& line) {
 }
 
 /// How a call with a failure ended, from the action that failed on.
-struct Ending {
+struct End {
     std::string action;
     Lines lines;
 };
 
-Ending ending_of(const Lines& failed, const Lines& undisturbed) {
+End end_of(const Lines& failed, const Lines& undisturbed) {
     const auto action = std::find_if(failed.begin(), failed.end(), is_marked);
-    Ending ending{without_mark(*action), {action + 1, failed.end()}};
+    End end{without_mark(*action), {action + 1, failed.end()}};
     if (failed.back() == the_failure) {
-        ending.lines.back() = "raise the failure";
+        end.lines.back() = "raise the failure";
     } else if (!failed.back().starts_with("raise ")) {
         const Lines usual(undisturbed.begin() + (action - failed.begin()) + 1, undisturbed.end());
-        Lines other = difference(usual, ending.lines);
+        Lines other = difference(usual, end.lines);
         std::erase_if(other, [](const std::string& line) { return line.starts_with("  "); });
-        ending.lines = {other.empty() ? "go on" : "go on, but"};
-        ending.lines.insert(ending.lines.end(), other.begin(), other.end());
+        end.lines = {other.empty() ? "go on" : "go on, but"};
+        end.lines.insert(end.lines.end(), other.begin(), other.end());
     }
-    return ending;
+    return end;
 }
 
 long count_actions(const FaultScene& scene) {
@@ -84,36 +81,33 @@ long count_actions(const FaultScene& scene) {
     return k - 1;
 }
 
+/// Whether those lines stand there.
+bool stand_at(const Lines& lines, std::size_t place, const Lines& wanted) {
+    return !wanted.empty() && wanted.size() <= lines.size() - place &&
+           std::equal(wanted.begin(), wanted.end(), lines.begin() + static_cast<std::ptrdiff_t>(place));
+}
+
+/// With the lines of every ending in place of its name, where `spelled_out`, else the other way round.
+Lines with_endings(const Lines& lines, const std::vector<Ending>& endings, bool spelled_out) {
+    Lines result;
+    for (std::size_t place = 0; place < lines.size();) {
+        Lines found{lines[place]};
+        Lines put = found;
+        for (const Ending& ending : endings) {
+            const Lines name{std::string(ending.name)};
+            const Lines its_lines = lines_of(ending.lines);
+            if (!stand_at(lines, place, spelled_out ? name : its_lines)) continue;
+            found = spelled_out ? name : its_lines;
+            put = spelled_out ? its_lines : name;
+            break;
+        }
+        result.insert(result.end(), put.begin(), put.end());
+        place += found.size();
+    }
+    return result;
+}
+
 }  // namespace
-
-void PrintTo(const FaultScene& scene, std::ostream* out) {
-    *out << scene.name;
-}
-
-FaultScene scene_of_member(std::string name, std::string_view member, automation::Access access,
-                           automation::Arguments arguments, std::function<void(Stage&)> arrange,
-                           std::string expected) {
-    const core::Member* row = core::find_member(core::find_dispid(member).value(), access);
-    const auto call = [row, access, arguments = std::move(arguments)](core::BuildPDF& object) {
-        automation::Arguments given = arguments;
-        core::invoke(object, row->dispid, access, given);
-    };
-    return {std::move(name), row, std::move(arrange), call, std::move(expected)};
-}
-
-FaultScene scene_of_member(std::string name, std::string_view member, automation::Arguments arguments,
-                           std::function<void(Stage&)> arrange, std::string expected) {
-    return scene_of_member(std::move(name), member, automation::Access::call, std::move(arguments),
-                           std::move(arrange), std::move(expected));
-}
-
-FaultScene scene_of_service(std::string name, std::function<void(const session::Session&)> steps,
-                            std::function<void(Stage&)> arrange, std::string expected) {
-    const auto call = [steps = std::move(steps)](core::BuildPDF& object) {
-        session::with_error_trap([&] { steps(object.session()); }, [] {});
-    };
-    return {std::move(name), nullptr, std::move(arrange), call, std::move(expected)};
-}
 
 Lines fault_report(const FaultScene& scene) {
     const Lines undisturbed = journal_of(scene, 0);
@@ -125,13 +119,21 @@ Lines fault_report(const FaultScene& scene) {
     const auto write_last_end = [&] { report.insert(report.end(), last_end.begin(), last_end.end()); };
     const long actions = count_actions(scene);
     for (long k = 1; k <= actions; ++k) {
-        const Ending ending = ending_of(journal_of(scene, k), undisturbed);
-        if (ending.lines != last_end) write_last_end();
-        last_end = ending.lines;
-        report.push_back("fails: " + ending.action);
+        const End end = end_of(journal_of(scene, k), undisturbed);
+        if (end.lines != last_end) write_last_end();
+        last_end = end.lines;
+        report.push_back("fails: " + end.action);
     }
     write_last_end();
     return report;
+}
+
+void expect_faults(const FaultScene& scene, const ExpectedFaults& expected, std::source_location place) {
+    Lines report = fault_report(scene);
+    if (!expected.from.empty()) report = lines_from(report, "fails: " + std::string(expected.from), place);
+    const Lines wanted = with_endings(lines_of(expected.report), expected.endings, true);
+    expect_lines(with_endings(report, expected.endings, false), with_endings(wanted, expected.endings, false),
+                 place);
 }
 
 void expect_failing_clean_up_to_hide_nothing(const FaultScene& scene) {

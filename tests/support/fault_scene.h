@@ -1,38 +1,39 @@
 #pragma once
 
 #include <functional>
-#include <iosfwd>
+#include <source_location>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "core/build_pdf.h"
 #include "core/member.h"
-#include "platform/stage/stage.h"
-#include "support/difference.h"
+#include "support/lines.h"
+#include "support/member_call.h"
 
 namespace foliant::tests {
+
+/// Lines that end many failures alike, under a name that reads as one of them: "let Word go".
+struct Ending {
+    std::string_view name;
+    std::string_view lines;  ///< indented as you like
+};
+
+/// What `fault_report` says about a scene, in a form that a reader can check line by line.
+struct ExpectedFaults {
+    std::vector<Ending> endings{};  ///< that the report may name
+    std::string_view from{};        ///< the action with whose failure it begins; "" for the first
+    std::string_view report{};
+};
 
 /// One call, on a usual machine that may have been changed for it, whose outside actions are made to fail one
 /// after the other.
 struct FaultScene {
     std::string name;                      ///< letters and digits, as in a test's name
     const core::Member* member = nullptr;  ///< the row of the table that it calls, nullptr for a service
-    std::function<void(platform::stage::Stage&)> arrange;
+    Arrange arrange{};
     std::function<void(core::BuildPDF&)> call;
-    std::string expected;  ///< what `fault_report` says about it; a reader can check it line by line
 };
-
-void PrintTo(const FaultScene& scene, std::ostream* out);
-
-/// A scene that calls a member by its name.
-FaultScene scene_of_member(std::string name, std::string_view member, automation::Access access,
-                           automation::Arguments arguments,
-                           std::function<void(platform::stage::Stage&)> arrange, std::string expected);
-FaultScene scene_of_member(std::string name, std::string_view member, automation::Arguments arguments,
-                           std::function<void(platform::stage::Stage&)> arrange, std::string expected);
-
-/// A scene of steps that several members share; they run inside an error trap, as they do in a member.
-FaultScene scene_of_service(std::string name, std::function<void(const session::Session&)> steps,
-                            std::function<void(platform::stage::Stage&)> arrange, std::string expected);
 
 /// Calls the scene once for each of its outside actions, which then fails, and says what came of it. Actions
 /// one after the other that lead to the same end stand together:
@@ -49,6 +50,10 @@ FaultScene scene_of_service(std::string name, std::function<void(const session::
 /// Expects of every call, with a failure or without, that it leaves no object alive and `objAdobeDistiller`
 /// empty.
 Lines fault_report(const FaultScene& scene);
+
+/// Compares the report about a scene with what is expected.
+void expect_faults(const FaultScene& scene, const ExpectedFaults& expected,
+                   std::source_location place = std::source_location::current());
 
 /// Calls the scene once for each of its outside actions, which then fails, and everything after it fails as
 /// well, with another error. Expects that what was raised before is raised again, after the same clean-up.

@@ -21,20 +21,17 @@ void run_noting_error(platform::stage::Stage& stage, const std::function<void()>
     }
 }
 
-void expect_text(const Lines& actual, std::string_view expected, std::source_location place) {
-    const Lines wanted = lines_of(expected);
-    if (wanted == actual) return;
-    ADD_FAILURE_AT(place.file_name(), static_cast<int>(place.line()))
-        << "What was expected (-) and what happened (+):\n"
-        << text_of(difference(wanted, actual));
-}
-
 void expect_journal(const platform::stage::Stage& stage, std::string_view expected,
                     std::source_location place) {
     expect_text(stage.lines(), expected, place);
 }
 
-StagedSession::StagedSession() {
+void register_acrobat(platform::stage::Stage& stage, const std::string& version) {
+    stage.set_registry_text("HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\AcroExch.App\\AcrobatVersion", "",
+                            version);
+}
+
+StagedTest::StagedTest() {
     platform::stage::cast_usual_machine(stage);
 }
 
@@ -44,11 +41,6 @@ session::Session& StagedSession::session() {
         stage.clear_journal();
     }
     return *session_;
-}
-
-void StagedSession::register_acrobat(const std::string& version) {
-    stage.set_registry_text("HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\AcroExch.App\\AcrobatVersion", "",
-                            version);
 }
 
 void StagedSession::run(const std::function<void()>& steps) {

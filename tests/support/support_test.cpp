@@ -1,12 +1,11 @@
 // The tests' own tools: a comparison that says nothing, or a fault test that overlooks what is left behind,
 // would make every test that uses them worthless.
 
-#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include "automation/error.h"
 #include "session/errors.h"
-#include "support/difference.h"
+#include "support/failures.h"
 #include "support/fault_scene.h"
 #include "support/staged_session.h"
 
@@ -14,33 +13,6 @@ namespace foliant::tests {
 namespace {
 
 using platform::stage::Stage;
-
-/// The messages of the expectations that steps do not meet.
-std::vector<std::string> failures_of(const std::function<void()>& steps) {
-    testing::TestPartResultArray results;
-    {
-        const testing::ScopedFakeTestPartResultReporter reporter(
-            testing::ScopedFakeTestPartResultReporter::INTERCEPT_ONLY_CURRENT_THREAD, &results);
-        steps();
-    }
-    std::vector<std::string> messages;
-    for (int i = 0; i < results.size(); ++i)
-        messages.emplace_back(results.GetTestPartResult(i).message());
-    return messages;
-}
-
-TEST(ExpectedText, MayBeIndentedAndSurroundedByEmptyLines) {
-    EXPECT_EQ(lines_of("\n    a\n      b c \n\n    d\n    "), (Lines{"a", "b c ", "", "d"}));
-    EXPECT_EQ(lines_of(""), Lines());
-    EXPECT_EQ(lines_of("a"), Lines{"a"});
-}
-
-TEST(Difference, ShowsEveryLineOfBothOnce) {
-    EXPECT_EQ(difference({"a", "b", "c"}, {"a", "x", "c", "d"}), (Lines{"  a", "- b", "+ x", "  c", "+ d"}));
-    EXPECT_EQ(difference({"a"}, {}), Lines{"- a"});
-    EXPECT_EQ(difference({}, {"a"}), Lines{"+ a"});
-    EXPECT_EQ(difference({}, {}), Lines());
-}
 
 TEST(ExpectJournal, SaysNothingWhenTheJournalIsAsExpected) {
     Stage stage;
@@ -62,7 +34,7 @@ FaultScene scene_with(std::function<void(core::BuildPDF&)> call) {
     const auto trapped = [call = std::move(call)](core::BuildPDF& object) {
         session::with_error_trap([&] { call(object); }, [] {});
     };
-    return {"Scene", nullptr, [](Stage&) {}, trapped, ""};
+    return {"Scene", nullptr, {}, trapped};
 }
 
 TEST(FaultReport, TellsWhatBecameOfEachFailureAndGroupsWhatEndsAlike) {
@@ -89,6 +61,63 @@ TEST(FaultReport, TellsWhatBecameOfEachFailureAndGroupsWhatEndsAlike) {
         fails: sleep 4 ms
             go on
     )");
+}
+
+/// A scene whose three actions end in one of two ways.
+FaultScene scene_with_endings() {
+    return scene_with([](core::BuildPDF& object) {
+        auto& clock = object.session().outside().clock;
+        const auto pump_if_it_fails = [&](std::uint32_t milliseconds, int times) {
+            try {
+                clock.sleep(milliseconds);
+            } catch (const automation::Error&) {
+                for (int i = 0; i < times; ++i)
+                    clock.pump_messages();
+                throw;
+            }
+        };
+        pump_if_it_fails(1, 2);
+        pump_if_it_fails(2, 3);
+        pump_if_it_fails(3, 2);
+    });
+}
+
+const std::vector<Ending> endings{{"pump twice", "pump messages\npump messages"}};
+
+TEST(ExpectedFaults, MayNameEndings) {
+    expect_faults(scene_with_endings(), {.endings = endings, .report = R"(
+        fails: sleep 1 ms
+            pump twice
+            raise the failure
+        fails: sleep 2 ms
+            pump twice
+            pump messages
+            raise the failure
+        fails: sleep 3 ms
+            pump messages
+            pump messages
+            raise the failure
+    )"});
+}
+
+TEST(ExpectedFaults, MayBeginAtOneOfTheActions) {
+    expect_faults(scene_with_endings(), {.endings = endings, .from = "sleep 3 ms", .report = R"(
+        fails: sleep 3 ms
+            pump twice
+            raise the failure
+    )"});
+    EXPECT_FALSE(failures_of([] { expect_faults(scene_with_endings(), {.from = "sleep 4 ms"}); }).empty());
+}
+
+TEST(ExpectedFaults, AreComparedByTheLinesOfTheirEndings) {
+    const ExpectedFaults wrong{.endings = {{"pump", "pump messages"}}, .from = "sleep 3 ms", .report = R"(
+        fails: sleep 3 ms
+            pump
+            raise the failure
+    )"};
+    EXPECT_EQ(failures_of([&] { expect_faults(scene_with_endings(), wrong); }),
+              std::vector<std::string>{"Failed\nWhat was expected (-) and what happened (+):\n"
+                                       "  fails: sleep 3 ms\n  pump\n+ pump\n  raise the failure\n"});
 }
 
 class IdleObject : public automation::Object {

@@ -2,29 +2,28 @@
 
 #include <gtest/gtest.h>
 
-#include "converters/word_member.h"
+#include "members/word/word_member.h"
 
-namespace foliant::converters {
+namespace foliant::members {
 namespace {
 
+using automation::named;
 using automation::Value;
 using platform::stage::StageObject;
 
 class WordPreparation : public WordMember {
   protected:
-    void call() {
-        run([&] { CreatePSfromWord(session(), "C:\\out\\letter.ps", job); });
-    }
+    WordPreparation()
+        : WordMember({.member = "CreatePSfromWord",
+                      .arrange = put_document,
+                      .arguments = {named("strPSFile", "C:\\out\\letter.ps"),
+                                    named("strWordDocument", "C:\\in\\letter.doc")}}) {}
 
     /// How Word is told to number the pages, when the caller asks for that alignment.
     std::string numbering_for(std::int32_t alignment) {
-        job.number_in_footer = true;
-        job.number_alignment = alignment;
-        call();
-        const std::string journal = stage.journal();
-        const std::size_t begin = journal.find("Word.PageNumbers.Add(");
         stage.clear_journal();
-        return journal.substr(begin, journal.find('\n', begin) - begin);
+        call({named("blnPageNumberInFooter", true), named("lngPageNumberAlignment", alignment)});
+        return line_with("Word.PageNumbers.Add");
     }
 };
 
@@ -38,16 +37,10 @@ TEST_F(WordPreparation, AMissingDocumentIsSaidBeforeWordIsStarted) {
 }
 
 TEST_F(WordPreparation, EveryOptionReachesWordInOrder) {
-    job.password = "open me";
-    job.write_password = "change me";
-    job.pages = "1-3,5";
-    job.landscape = true;
-    job.number_in_footer = true;
-    job.number_in_header = true;
-    job.number_alignment = 2;
-    job.number_on_first_page = true;
-    job.printer = "My printer";
-    call();
+    call({named("strPassword", "open me"), named("strWritePassword", "change me"), named("strPages", "1-3,5"),
+          named("blnLandscape", true), named("blnPageNumberInFooter", true),
+          named("blnPageNumberInHeader", true), named("lngPageNumberAlignment", std::int32_t{2}),
+          named("blnFirstPage", true), named("strDistiller", "My printer")});
     expect_journal(R"(
         length C:\in\letter.doc -> 1000
         create Word.Application
@@ -86,39 +79,24 @@ TEST_F(WordPreparation, EveryOptionReachesWordInOrder) {
 TEST_F(WordPreparation, AnOrientationThatCannotBeSetIsPassedOver) {
     make_word_fail_in("Word.PageSetup.Orientation");
     call();
-    expect_journal(R"(
-        length C:\in\letter.doc -> 1000
-        create Word.Application
-        Word.Application.Documents
-        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
-        Word.Application.DisplayAlerts = Integer(0)
+    tests::expect_text(journal_between("Word.Document.PageSetup", "PrintOut"), R"(
         Word.Document.PageSetup
         Word.PageSetup.Orientation = Integer(0)
         Word.Application.ActivePrinter -> "Office printer"
         Word.Application.ActivePrinter = "Adobe PDF"
         length C:\out\letter.ps -> not found
         Word.Document.PrintOut(Outputfilename:="C:\out\letter.ps")
-        sleep 2000 ms
-        pump messages
-        length C:\out\letter.ps -> 1000
-        length C:\out\letter.ps -> 1000
-        sleep 1000 ms
-        length C:\out\letter.ps -> 1000
-        Word.Application.ActivePrinter = "Office printer"
-        Word.Application.DisplayAlerts = Integer(-1)
-        Word.Document.Close(False)
-        release Word.Document
-        Word.Application.Quit()
-        release Word.Application
     )");
 }
 
 TEST_F(WordPreparation, ADocumentWithoutPageSetupIsPrintedAllTheSame) {
     make_word_fail_in("Word.Document.PageSetup");
     call();
-    EXPECT_EQ(stage.lines().at(5), "Word.Document.PageSetup");
-    EXPECT_EQ(stage.lines().at(6), "Word.Application.ActivePrinter -> \"Office printer\"");
-    EXPECT_EQ(stage.lines().back(), "release Word.Application");
+    tests::expect_text(journal_between("PageSetup", "ActivePrinter"), R"(
+        Word.Document.PageSetup
+        Word.Application.ActivePrinter -> "Office printer"
+    )");
+    EXPECT_EQ(last_line(), "release Word.Application");
 }
 
 TEST_F(WordPreparation, AnyAlignmentButLeftAndRightIsCentred) {
@@ -132,52 +110,28 @@ TEST_F(WordPreparation, AnyAlignmentButLeftAndRightIsCentred) {
 }
 
 TEST_F(WordPreparation, NumbersGoIntoTheHeaderAloneWhenOnlyThatIsWished) {
-    job.number_in_header = true;
-    call();
-    expect_journal(R"(
-        length C:\in\letter.doc -> 1000
-        create Word.Application
-        Word.Application.Documents
-        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
-        Word.Application.DisplayAlerts = Integer(0)
-        Word.Document.PageSetup
+    call({named("blnPageNumberInHeader", true)});
+    tests::expect_text(journal_between("Orientation", "ActivePrinter"), R"(
         Word.PageSetup.Orientation = Integer(0)
         Word.Document.Sections(Integer(1))
         Word.Sections.Headers(Integer(1))
         Word.Headers.PageNumbers
         Word.PageNumbers.Add(PageNumberAlignment:=Integer(1), FirstPage:=False)
         Word.Application.ActivePrinter -> "Office printer"
-        Word.Application.ActivePrinter = "Adobe PDF"
-        length C:\out\letter.ps -> not found
-        Word.Document.PrintOut(Outputfilename:="C:\out\letter.ps")
-        sleep 2000 ms
-        pump messages
-        length C:\out\letter.ps -> 1000
-        length C:\out\letter.ps -> 1000
-        sleep 1000 ms
-        length C:\out\letter.ps -> 1000
-        Word.Application.ActivePrinter = "Office printer"
-        Word.Application.DisplayAlerts = Integer(-1)
-        Word.Document.Close(False)
-        release Word.Document
-        Word.Application.Quit()
-        release Word.Application
     )");
 }
 
 TEST_F(WordPreparation, ABlankPrinterMeansTheComponentsOwn) {
     for (const char* blank : {"", "   "}) {
         stage.clear_journal();
-        job.printer = blank;
-        call();
+        call({named("strDistiller", blank)});
         EXPECT_NE(stage.journal().find("Word.Application.ActivePrinter = \"Adobe PDF\"\n"),
                   std::string::npos);
     }
 }
 
 TEST_F(WordPreparation, APrinterThatIsNamedIsPassedAsItIs) {
-    job.printer = " My printer ";
-    call();
+    call({named("strDistiller", " My printer ")});
     EXPECT_NE(stage.journal().find("Word.Application.ActivePrinter = \" My printer \"\n"), std::string::npos);
 }
 
@@ -186,16 +140,8 @@ TEST_F(WordPreparation, APrinterThatWordDoesNotKnowIsRaisedAfterWordWasQuit) {
         if (arguments.empty()) return Value("Office printer");
         throw automation::Error(-2147352567, "Microsoft Word", "There is no such printer.");
     });
-    job.printer = "Lost printer";
-    call();
-    expect_journal(R"(
-        length C:\in\letter.doc -> 1000
-        create Word.Application
-        Word.Application.Documents
-        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
-        Word.Application.DisplayAlerts = Integer(0)
-        Word.Document.PageSetup
-        Word.PageSetup.Orientation = Integer(0)
+    call({named("strDistiller", "Lost printer")});
+    tests::expect_text(journal_from("ActivePrinter ->"), R"(
         Word.Application.ActivePrinter -> "Office printer"
         Word.Application.ActivePrinter = "Lost printer"
         Word.Document.Close(False)
@@ -232,15 +178,8 @@ TEST_F(WordPreparation, ADocumentThatDoesNotOpenQuitsWordAndClosesNothing) {
 
 TEST_F(WordPreparation, PageNumbersThatCannotBeAddedAreAFailure) {
     make_word_fail_in("Word.PageNumbers.Add");
-    job.number_in_footer = true;
-    call();
-    expect_journal(R"(
-        length C:\in\letter.doc -> 1000
-        create Word.Application
-        Word.Application.Documents
-        Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="", WritePasswordDocument:="")
-        Word.Application.DisplayAlerts = Integer(0)
-        Word.Document.PageSetup
+    call({named("blnPageNumberInFooter", true)});
+    tests::expect_text(journal_from("Orientation"), R"(
         Word.PageSetup.Orientation = Integer(0)
         Word.Document.Sections(Integer(1))
         Word.Sections.Footers(Integer(1))
@@ -257,8 +196,7 @@ TEST_F(WordPreparation, PageNumbersThatCannotBeAddedAreAFailure) {
 TEST_F(WordPreparation, AFailingCloseAtTheEndIsTriedAgainBeforeWordIsQuit) {
     make_word_fail_in("Word.Document.Close");
     call();
-    const tests::Lines end(stage.lines().end() - 6, stage.lines().end());
-    tests::expect_text(end, R"(
+    tests::expect_text(journal_from("Word.Document.Close"), R"(
         Word.Document.Close(False)
         Word.Document.Close(False)
         release Word.Document
@@ -271,8 +209,7 @@ TEST_F(WordPreparation, AFailingCloseAtTheEndIsTriedAgainBeforeWordIsQuit) {
 TEST_F(WordPreparation, AFailingQuitAtTheEndIsTriedAgain) {
     make_word_fail_in("Word.Application.Quit");
     call();
-    const tests::Lines end(stage.lines().end() - 6, stage.lines().end());
-    tests::expect_text(end, R"(
+    tests::expect_text(journal_from("Word.Document.Close"), R"(
         Word.Document.Close(False)
         release Word.Document
         Word.Application.Quit()
@@ -285,8 +222,7 @@ TEST_F(WordPreparation, AFailingQuitAtTheEndIsTriedAgain) {
 TEST_F(WordPreparation, AWordThatOpensNothingIsQuit) {
     stage.answer("Word.Documents.Open", automation::ObjectPtr());
     call();
-    const tests::Lines end(stage.lines().end() - 3, stage.lines().end());
-    tests::expect_text(end, R"(
+    tests::expect_text(journal_from("Word.Application.Quit"), R"(
         Word.Application.Quit()
         release Word.Application
         raise 91 from Foliant: Object variable or With block variable not set
@@ -298,8 +234,7 @@ TEST_F(WordPreparation, APrinterNameThatIsNoTextIsATypeMismatch) {
         return Value(word.stage().make_object("Printer"));
     });
     call();
-    const tests::Lines end(stage.lines().end() - 5, stage.lines().end());
-    tests::expect_text(end, R"(
+    tests::expect_text(journal_from("Word.Document.Close"), R"(
         Word.Document.Close(False)
         release Word.Document
         Word.Application.Quit()
@@ -309,4 +244,4 @@ TEST_F(WordPreparation, APrinterNameThatIsNoTextIsATypeMismatch) {
 }
 
 }  // namespace
-}  // namespace foliant::converters
+}  // namespace foliant::members

@@ -1,0 +1,141 @@
+#include "support/member_cases.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <ostream>
+#include <set>
+
+#include "platform/stage/cast/cast.h"
+#include "support/fault_cases.h"
+#include "support/staged_session.h"
+
+namespace foliant::tests {
+
+using automation::Argument;
+using automation::Arguments;
+using automation::Value;
+
+namespace {
+
+template <class Case>
+std::vector<const Case*>& all() {
+    static std::vector<const Case*> cases;
+    return cases;
+}
+
+/// What a call on a machine of its own did and gave.
+struct Made {
+    Lines journal;
+    Value result;
+    Arguments arguments;
+};
+
+Made make(const MemberCall& call) {
+    platform::stage::Stage stage;
+    EventsInJournal events(stage);
+    cast_usual_machine(stage);
+    if (call.arrange) call.arrange(stage);
+    core::BuildPDF object(stage.platform(), events);
+    stage.clear_journal();
+    Made made;
+    made.arguments = call.arguments;
+    run_noting_error(stage, [&] { made.result = call.make(object, made.arguments); });
+    made.journal = stage.lines();
+    return made;
+}
+
+}  // namespace
+
+WholeJournal::WholeJournal(MemberCall its_call, std::string_view its_lines, std::source_location its_place)
+    : call(std::move(its_call)), expected(its_lines), place(its_place) {
+    all<WholeJournal>().push_back(this);
+}
+
+ParameterProbe::ParameterProbe(MemberCall its_call, Traces its_traces, std::source_location its_place)
+    : call(std::move(its_call)), traces(std::move(its_traces)), place(its_place) {
+    all<ParameterProbe>().push_back(this);
+}
+
+void PrintTo(const WholeJournal* journal, std::ostream* out) {
+    *out << journal->call.name();
+}
+
+void PrintTo(const ParameterProbe* probe, std::ostream* out) {
+    *out << probe->call.name();
+}
+
+class WholeJournals : public testing::TestWithParam<const WholeJournal*> {};
+
+TEST_P(WholeJournals, AreAsExpected) {
+    const auto& [call, expected, place] = *GetParam();
+    expect_text(make(call).journal, expected, place);
+}
+
+INSTANTIATE_TEST_SUITE_P(Members, WholeJournals, testing::ValuesIn(all<WholeJournal>()),
+                         [](const auto& test) { return test.param->call.name(); });
+
+class Parameters : public testing::TestWithParam<const ParameterProbe*> {
+  protected:
+    const ParameterProbe& probe = *GetParam();
+    const testing::ScopedTrace trace{probe.place.file_name(), static_cast<int>(probe.place.line()),
+                                     "the probe"};
+};
+
+TEST_P(Parameters, AreAllNamed) {
+    std::set<std::string_view> named;
+    for (const Argument& argument : probe.call.arguments)
+        named.insert(argument.name);
+    ASSERT_NE(probe.call.row(), nullptr);
+    for (const core::Parameter& parameter : probe.call.row()->parameters())
+        EXPECT_TRUE(named.contains(parameter.name)) << parameter.name << " is not among the arguments";
+}
+
+TEST_P(Parameters, ReachTheirPlacesOutside) {
+    const Lines journal = make(probe.call).journal;
+    if (probe.traces.lines_with.empty())
+        expect_text(journal, "", probe.place);
+    else
+        expect_text(lines_with(journal, probe.traces.lines_with, probe.place), probe.traces.expected,
+                    probe.place);
+}
+
+TEST_P(Parameters, AreWrittenBackWhereTheProbeSaysAndNowhereElse) {
+    const Made made = make(probe.call);
+    EXPECT_EQ(made.result, probe.traces.result);
+    for (std::size_t i = 0; i < made.arguments.size(); ++i) {
+        const auto written = probe.traces.written.find(made.arguments[i].name);
+        EXPECT_EQ(made.arguments[i].value,
+                  written == probe.traces.written.end() ? probe.call.arguments[i].value : written->second)
+            << made.arguments[i].name;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Members, Parameters, testing::ValuesIn(all<ParameterProbe>()),
+                         [](const auto& test) { return test.param->call.name(); });
+
+namespace {
+
+template <class Case>
+bool has(const core::Member& member) {
+    return std::any_of(all<Case>().begin(), all<Case>().end(),
+                       [&](const Case* stated) { return stated->call.row() == &member; });
+}
+
+}  // namespace
+
+std::string missing_cases(const core::Member& member) {
+    std::string missing;
+    const auto note = [&](bool there, const char* what) {
+        if (!there) missing += (missing.empty() ? "" : ", ") + std::string(what);
+    };
+    note(has<WholeJournal>(member), "whole journal");
+    note(has<ParameterProbe>(member), "parameter probe");
+    note(has_fault_scene(member), "fault scene");
+    return missing;
+}
+
+bool has_cases(const core::Member& member) {
+    return has<WholeJournal>(member) || has<ParameterProbe>(member) || has_fault_scene(member);
+}
+
+}  // namespace foliant::tests
