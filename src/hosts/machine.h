@@ -64,6 +64,7 @@ class Machine {
 
     /// A text value of the user's settings store, under a key of HKEY_CURRENT_USER such as
     /// "Software\\Adobe\\Acrobat Distiller\\6.0\\Security"; nothing when it is not there.
+    /// Raises 13 for a value that is no text, and what is wrong with settings that cannot be read.
     virtual std::optional<std::string> setting(std::string_view key, std::string_view value) const = 0;
 };
 

@@ -5,10 +5,11 @@
 
 namespace foliant::hosts::distiller {
 
-/// A job cannot go on. The text says what failed, on which file, why, and what to do.
+/// A job cannot go on. The text says what failed, on which file, why, and what to do; control characters in
+/// it, which come from names and documents, are written out.
 class DistillError : public std::runtime_error {
   public:
-    using std::runtime_error::runtime_error;
+    explicit DistillError(const std::string& text);
 };
 
 /// "Permission denied" for an errno value.

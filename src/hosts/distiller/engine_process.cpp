@@ -169,12 +169,14 @@ void EngineProcess::read_more() {
     unfinished_.append(buffer.data(), static_cast<std::size_t>(got));
 
     std::size_t start = 0;
-    for (auto end = unfinished_.find('\0'); end != std::string::npos; end = unfinished_.find('\0', start)) {
-        if (end > start) {
-            waiting_.push_back({static_cast<engine::Record>(unfinished_[start]),
-                                unfinished_.substr(start + 1, end - start - 1)});
-        }
-        start = end + 1;
+    engine::RecordHead head{};
+    while (unfinished_.size() - start >= sizeof head) {
+        std::memcpy(&head, unfinished_.data() + start, sizeof head);
+        at_end_ = head.bytes > engine::longest_record;  // no engine of ours any more
+        if (at_end_ || unfinished_.size() - start - sizeof head < head.bytes) break;
+        waiting_.push_back(
+            {static_cast<engine::Record>(head.kind), unfinished_.substr(start + sizeof head, head.bytes)});
+        start += sizeof head + head.bytes;
     }
     unfinished_.erase(0, start);
 }

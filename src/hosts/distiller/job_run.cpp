@@ -38,14 +38,14 @@ void JobRun::take(const EngineRecord& record) {
             in_job_options_ = false;
             return;
         case Record::error:
-            error_name_ = without_slash(as_utf8(record.text));
+            error_name_ = without_slash(visible(as_utf8(record.text)));
             return;
         case Record::command:
-            error_command_ = as_utf8(record.text);
+            error_command_ = visible(as_utf8(record.text));
             return progress_.message("%%[ Error: " + error_name_ + "; OffendingCommand: " + error_command_ +
                                      " ]%%");
         case Record::operand:
-            return progress_.message("Operand: " + as_utf8(record.text));
+            return progress_.message("Operand: " + visible(as_utf8(record.text)));
         case Record::done:
             done_ = true;
             // A page that goes out when a page device is taken away is counted, but not announced.

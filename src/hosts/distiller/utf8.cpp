@@ -50,13 +50,37 @@ std::string from_latin1(std::string_view bytes) {
     return text;
 }
 
+std::string octal(unsigned char byte) {
+    std::string text = "\\";
+    for (const int shift : {6, 3, 0})
+        text += static_cast<char>('0' + ((byte >> shift) & 7));
+    return text;
+}
+
+/// U+0080 to U+009F, among which are the one-letter forms of a terminal's escape sequences.
+bool begins_high_control(std::string_view text) {
+    return text.size() > 1 && text[0] == '\xC2' && static_cast<unsigned char>(text[1]) < 0xA0;
+}
+
 }  // namespace
 
 std::string as_utf8(std::string_view bytes) {
-    std::string text = is_utf8(bytes) ? std::string(bytes) : from_latin1(bytes);
-    for (char& c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if ((byte < 0x20 && c != '\t') || byte == 0x7F) c = '?';
+    return is_utf8(bytes) ? std::string(bytes) : from_latin1(bytes);
+}
+
+std::string visible(std::string_view utf8) {
+    std::string text;
+    for (std::size_t i = 0; i < utf8.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(utf8[i]);
+        if (byte == '\n') {
+            text += "\\n";
+        } else if (byte < 0x20 || byte == 0x7F) {
+            text += octal(byte);
+        } else if (begins_high_control(utf8.substr(i))) {
+            text += octal(static_cast<unsigned char>(utf8[++i]));
+        } else {
+            text += utf8[i];
+        }
     }
     return text;
 }

@@ -107,7 +107,12 @@ void LocalMachine::show(hosts::Dialog& dialog) {
 }
 
 std::optional<std::string> LocalMachine::setting(std::string_view key, std::string_view value) const {
-    return store_.text("HKEY_CURRENT_USER\\" + std::string(key), value);
+    const auto stored = store_.get("HKEY_CURRENT_USER\\" + std::string(key), value);
+    if (!stored) return std::nullopt;
+    if (auto text = stored->text()) return text;
+    throw automation::Error(automation::RuntimeError::type_mismatch,
+                            "The setting " + std::string(value) + " under " + std::string(key) +
+                                " is not a text. Set it again, as one.");
 }
 
 }  // namespace foliant::platform::local

@@ -159,6 +159,11 @@ TEST_F(Distill, DeliversEveryLineThatTheDocumentPrints) {
     EXPECT_EQ(journal.messages, (Lines{"one line", "caf\xC3\xA9", "to stderr", "unfinished"}));
 }
 
+TEST_F(Distill, DeliversControlCharactersAsTheyArePrinted) {
+    distill_text("%!\n(red \\033[31m bell \\007 back\\rnul \\000 del \\177 end) = flush showpage\n");
+    EXPECT_EQ(journal.messages, Lines{std::string("red \x1b[31m bell \a back\rnul \0 del \x7f end", 37)});
+}
+
 TEST_F(Distill, SaysWhichFontIsSubstituted) {
     EXPECT_TRUE(distill_text("%!\n/NoSuchFontAnywhere findfont 12 scalefont setfont 10 10 moveto (x) show\n"
                              "/Times-Roman findfont 12 scalefont setfont (y) show showpage\n")

@@ -46,6 +46,19 @@ TEST_F(FailedJob, CarriesTheErrorWhateverTheDocumentHasRedefined) {
     EXPECT_NE(result.error.find("undefinedresult in div"), std::string::npos) << result.error;
 }
 
+TEST_F(FailedJob, WritesControlCharactersOutInItsTexts) {
+    const auto input = write("a\nb\x1b[2J.ps", "%!\n(x\\033]0;y\\007\\n) (x\\033[2J\\233) cvn cvx exec\n");
+    const auto result = distill(input);
+    const std::string visible_path = (folder / "a\\nb\\033[2J.ps").string();
+    EXPECT_EQ(result.error,
+              "Cannot turn " + visible_path +
+                  " into a PDF: PostScript error undefined in x\\033[2J\\233, before the first page was "
+                  "finished. Correct the file, or print the document to it again.");
+    EXPECT_EQ(journal.lines_with("message "),
+              (Lines{"message %%[ Error: undefined; OffendingCommand: x\\033[2J\\233 ]%%",
+                     "message Operand: (x\\033]0;y\\007\\012)", "message " + result.error}));
+}
+
 TEST_F(FailedJob, ShortensHugeOperandsToALine) {
     distill_text("%!\n1 1 50 { } for (" + std::string(500, 'x') + "\n\n) 1000 array << >> { pop } foo\n");
     const auto operands = journal.lines_with("message Operand: ");

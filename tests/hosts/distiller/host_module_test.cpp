@@ -31,12 +31,14 @@ class BareMachine : public Machine {
     void print(std::string_view, const std::filesystem::path&, std::string_view) override { FAIL(); }
     void show(Dialog&) override { FAIL(); }
     std::optional<std::string> setting(std::string_view key, std::string_view value) const override {
+        if (!trouble.empty()) throw automation::Error(automation::RuntimeError::path_file_access, trouble);
         const auto found = settings.find(std::string(key) + "|" + std::string(value));
         if (found == settings.end()) return std::nullopt;
         return found->second;
     }
 
     std::map<std::string, std::string> settings;
+    std::string trouble;  ///< with the settings
     std::map<std::string, std::vector<std::string>> scratch_texts;
 
   private:
@@ -144,6 +146,16 @@ TEST_F(DistillerModule, DoesNotProtectWhenItIsNotAskedTo) {
     const Value object = module->create(security_capable, machine);
     object.call("FileToPDF2", {in_ps(plain_pages(1)), output.string(), "", false});
     EXPECT_FALSE(facts_of(output).encrypted);
+}
+
+TEST_F(DistillerModule, MakesNoPdfWhenItsSecuritySettingsCannotBeRead) {
+    machine.trouble = "The settings file registry.json cannot be understood.";
+    const Value object = module->create(security_capable, machine);
+    write("out.pdf", "old");
+    EXPECT_THROW(object.call("FileToPDF2", {in_ps(plain_pages(1)), output.string(), "", true}),
+                 automation::Error);
+    EXPECT_EQ(std::filesystem::file_size(output), 3U);
+    EXPECT_EQ(files_in(folder), (Lines{"in.ps", "out.pdf", "scratch"}));
 }
 
 TEST_F(DistillerModule, RefusesAPermissionThatIsNeitherGivenNorDenied) {

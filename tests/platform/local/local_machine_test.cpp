@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "automation/error.h"
+#include "engines/acrobat_windows.h"
 #include "engines/dialog_sender.h"
 #include "engines/printer_job.h"
 #include "platform/local/temporary_folder.h"
@@ -59,7 +60,7 @@ TEST_F(LocalMachineTest, TheSenderIsInTheSystemFolderAndNotInTheLibrarysOwn) {
     ASSERT_TRUE(found.has_value());
     EXPECT_EQ(*found, (machine.private_folder() / "system").string());
     EXPECT_EQ(fs::canonical(*found + "/quorixsend.exe"), fs::read_symlink("/proc/self/exe"));
-    EXPECT_FALSE(engines::sender_is_in(session, ports.shell.library_folder()));
+    EXPECT_FALSE(fs::exists(fs::path(ports.shell.library_folder()) / "quorixsend.exe"));
 }
 
 TEST_F(LocalMachineTest, AHostFindsTheScratchTextOfACallAndNoOtherFile) {
@@ -71,6 +72,18 @@ TEST_F(LocalMachineTest, AHostFindsTheScratchTextOfACallAndNoOtherFile) {
     EXPECT_EQ(machine.scratch_text(folder / "users.ps"), std::nullopt);
     ports.files.remove(folder / "book.ps");
     EXPECT_EQ(machine.scratch_text(folder / "book.ps"), std::nullopt);
+}
+
+TEST_F(LocalMachineTest, ASettingThatIsThereAndNoTextIsNotTakenForMissing) {
+    const std::string key = "Software\\Adobe\\Acrobat Distiller\\6.0\\Security";
+    machine.registry().set("HKCU\\" + key, "OpenPassword", {reg_number, std::string(4, '\0')});
+    EXPECT_THROW(machine.setting(key, "OpenPassword"), automation::Error);
+}
+
+TEST_F(LocalMachineTest, SettingsThatCannotBeReadAreNotTakenForMissing) {
+    fs::create_directory(folder.path() / "settings");
+    write_file(folder / "settings/registry.json", "{ broken");
+    EXPECT_THROW(machine.setting("Software\\Adobe", "OpenPassword"), automation::Error);
 }
 
 // The whole printer-based job on a host that, like a real one, blocks in the printer's dialog.
@@ -142,11 +155,9 @@ TEST_F(LocalMachineTest, AProgramThatIsInstalledLaterStarts) {
 TEST_F(LocalMachineTest, TellsHostsTheUsersSettings) {
     machine.registry().set("HKCU\\Software\\Adobe\\Acrobat Distiller\\6.0\\Security", "Password",
                            StoredValue::of_text("x"));
-    machine.registry().set("HKCU\\Software\\Adobe\\Acrobat Distiller\\6.0\\Security", "Number",
-                           {reg_number, std::string(4, '\0')});
     const hosts::Machine& seen = machine;
     EXPECT_EQ(seen.setting("Software\\Adobe\\Acrobat Distiller\\6.0\\Security", "password"), "x");
-    EXPECT_EQ(seen.setting("Software\\Adobe\\Acrobat Distiller\\6.0\\Security", "Number"), std::nullopt);
+    EXPECT_EQ(seen.setting("Software\\Adobe\\Acrobat Distiller\\6.0\\Security", "Missing"), std::nullopt);
     EXPECT_EQ(seen.setting("Software\\Adobe\\Nothing", "x"), std::nullopt);
 }
 

@@ -11,13 +11,18 @@ constexpr const char* run_and_report = R"PS(
 10 dict begin
 /errors $error def
 /character 1 string def
+/octal (\\000) def
 
-% Prints a string with control characters made visible.
+% Prints a string with control characters written out.
 /printable {
     {
-        dup 32 lt { pop 63 } if
-        //character exch 0 exch put
-        //character print
+        dup 32 lt 1 index 127 eq or {
+            3 -1 1 { 1 index 8 mod 48 add //octal 3 1 roll put 8 idiv } for
+            pop //octal print
+        } {
+            //character exch 0 exch put
+            //character print
+        } ifelse
     } forall
 } bind def
 

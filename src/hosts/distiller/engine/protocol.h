@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 /// What the host and the engine program agree on: names in the workspace, descriptors, and the records that
@@ -28,7 +29,13 @@ inline constexpr int output_descriptor = 4;
 /// prints one fools its own progress or its own error text, nothing else.
 inline constexpr const char* now_running = "\x01running ";
 
-/// A record is one of these letters, a text, and a zero byte.
+/// A record is a head and that many bytes of text.
+struct RecordHead {
+    std::uint32_t kind;  ///< a `Record`
+    std::uint32_t bytes;
+};
+inline constexpr std::uint32_t longest_record = 65536;  ///< of its text, in bytes; longer ones are cut
+
 enum class Record : char {
     line = 'L',         ///< output of the document or the interpreter, without its line end
     running = 'R',      ///< decimal index of the input file that runs from now on

@@ -2,15 +2,18 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <string>
 #include <unistd.h>
 
 namespace foliant::hosts::distiller::engine {
 
 void send(Record kind, std::string_view text) {
-    std::string record(1, static_cast<char>(kind));
-    record += text.substr(0, text.find('\0'));
-    record += '\0';
+    text = text.substr(0, longest_record);
+    const RecordHead head{static_cast<std::uint32_t>(kind), static_cast<std::uint32_t>(text.size())};
+    std::string record(sizeof head, '\0');
+    std::memcpy(record.data(), &head, sizeof head);
+    record += text;
     std::string_view rest = record;
     while (!rest.empty()) {
         const auto written = ::write(record_descriptor, rest.data(), rest.size());
