@@ -5,13 +5,24 @@
 
 namespace foliant::automation {
 
-Error::Error(std::int32_t number, std::string source, std::string description)
-    : number_(number), source_(std::move(source)), description_(std::move(description)) {}
+Error::Error(std::int32_t number, std::string source, std::string description,
+             std::shared_ptr<const Error> cause)
+    : number_(number),
+      source_(std::move(source)),
+      description_(std::move(description)),
+      cause_(std::move(cause)) {}
 
 Error::Error(RuntimeError number) : Error(number, std::string(usual_description(number))) {}
 
 Error::Error(RuntimeError number, std::string description)
     : Error(static_cast<std::int32_t>(number), "", std::move(description)) {}
+
+const Error& root_cause(const Error& error) noexcept {
+    const Error* root = &error;
+    while (root->cause() != nullptr)
+        root = root->cause().get();
+    return *root;
+}
 
 std::string_view usual_description(RuntimeError number) noexcept {
     switch (number) {

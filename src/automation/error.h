@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -39,7 +40,9 @@ enum class RuntimeError : std::int32_t {
 /// negative ones are HRESULTs as outside objects return them.
 class Error : public std::exception {
   public:
-    Error(std::int32_t number, std::string source, std::string description);
+    /// `cause` is the error whose sentence this one stands for, where there is one.
+    Error(std::int32_t number, std::string source, std::string description,
+          std::shared_ptr<const Error> cause = nullptr);
 
     /// A run-time error with its usual sentence and no source yet.
     explicit Error(RuntimeError number);
@@ -50,6 +53,9 @@ class Error : public std::exception {
     std::int32_t number() const noexcept { return number_; }
     const std::string& source() const noexcept { return source_; }
     const std::string& description() const noexcept { return description_; }
+    /// The error whose sentence this one stands for, nullptr where it speaks for itself. It is for those who
+    /// report a failure to people; a caller of automation does not get to see it.
+    const std::shared_ptr<const Error>& cause() const noexcept { return cause_; }
     bool is(RuntimeError number) const noexcept { return number_ == static_cast<std::int32_t>(number); }
     const char* what() const noexcept override { return description_.c_str(); }
 
@@ -57,7 +63,11 @@ class Error : public std::exception {
     std::int32_t number_;
     std::string source_;
     std::string description_;
+    std::shared_ptr<const Error> cause_;
 };
+
+/// The first of the causes behind an error; the error itself when there is none.
+const Error& root_cause(const Error& error) noexcept;
 
 /// The usual sentence of a run-time error, for example "File not found" for 53.
 std::string_view usual_description(RuntimeError number) noexcept;

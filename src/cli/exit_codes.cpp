@@ -8,12 +8,12 @@ namespace foliant::cli {
 using automation::RuntimeError;
 
 int exit_code_for(const automation::Error& error) {
+    // Some members say one sentence whatever failed; that an engine is missing, only its cause tells.
+    if (automation::root_cause(error).is(RuntimeError::cannot_create_object)) return exit_missing_engine;
     if (error.number() == session::component_error_number) {
         return error.description().ends_with(" does not exist.") ? exit_missing_input : exit_host_failure;
     }
     switch (static_cast<RuntimeError>(error.number())) {
-        case RuntimeError::cannot_create_object:
-            return exit_missing_engine;
         case RuntimeError::action_not_supported:
             return error.description().ends_with(core::not_available_ending) ? exit_not_available
                                                                              : exit_host_failure;

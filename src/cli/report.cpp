@@ -38,7 +38,14 @@ std::string dump(const ordered_json& json) {
 }
 
 ordered_json error_to_json(const automation::Error& error) {
-    return {{"number", error.number()}, {"source", error.source()}, {"description", error.description()}};
+    ordered_json json{
+        {"number", error.number()}, {"source", error.source()}, {"description", error.description()}};
+    if (error.cause() != nullptr) json["cause"] = error_to_json(*error.cause());
+    return json;
+}
+
+std::string sentence_of(const automation::Error& error) {
+    return error.description().empty() ? "error " + std::to_string(error.number()) : error.description();
 }
 
 ordered_json arguments_to_json(const core::Member& member, const Outcome& outcome) {
@@ -83,9 +90,10 @@ std::string result_text(const Outcome& outcome) {
 }
 
 std::string error_text(const automation::Error& error) {
-    return "foliant: " +
-           (error.description().empty() ? "error " + std::to_string(error.number()) : error.description()) +
-           "\n";
+    std::string text = "foliant: " + sentence_of(error) + "\n";
+    for (const auto* cause = error.cause().get(); cause != nullptr; cause = cause->cause().get())
+        text += "  " + sentence_of(*cause) + "\n";
+    return text;
 }
 
 std::string closing_line(const core::Member& member, const Outcome& outcome,

@@ -10,7 +10,8 @@ namespace foliant::cli {
 /// The result of a member as plain text with a line feed, "" for a member without one.
 std::string result_text(const Outcome& outcome);
 
-/// What went wrong, for stderr: the description, and what to do about it where that is known.
+/// What went wrong, for stderr: the description, and what to do about it where that is known. Where one
+/// sentence stands for whatever failed, what did follows it, indented.
 std::string error_text(const automation::Error& error);
 
 /// The closing line of a call that made a file: name, pages (when Distiller told them) and size; ""
@@ -19,7 +20,8 @@ std::string closing_line(const core::Member& member, const Outcome& outcome,
                          const platform::Platform& platform);
 
 /// The whole outcome as one JSON object with the members "member", "result", "arguments", "events", "error"
-/// and "exitCode". Passwords never appear.
+/// and "exitCode"; the error has its "cause" where its sentence stands for whatever failed. Passwords never
+/// appear.
 std::string json_report(const core::Member& member, const Outcome& outcome);
 
 /// The same for a call that did not come to an end of its own.

@@ -30,9 +30,16 @@ void ignoring_errors(Call&& call) noexcept {
     }
 }
 
+/// What the error trap raises for what it caught: the same number and description, the application's title as
+/// source.
+automation::Error raised_again(const automation::Error& caught);
+
+/// What it raises where a member says one sentence whatever failed: the component's error with that sentence.
+/// What was caught is its cause.
+automation::Error raised_as(std::string description, const automation::Error& caught);
+
 /// Runs the steps of a member with its error trap armed. When a step fails, `clean_up` lets go of what the
-/// member holds, and the failure is raised again with its number and description and the application's title
-/// as source.
+/// member holds, and the failure is raised again.
 template <class Steps, class CleanUp>
 void with_error_trap(Steps&& steps, CleanUp&& clean_up) {
     try {
@@ -40,7 +47,19 @@ void with_error_trap(Steps&& steps, CleanUp&& clean_up) {
     } catch (...) {
         const automation::Error caught = automation::current_error();
         ignoring_errors(std::forward<CleanUp>(clean_up));
-        throw automation::Error(caught.number(), std::string(application_title), caught.description());
+        throw raised_again(caught);
+    }
+}
+
+/// The same for members that say `description` whatever failed.
+template <class Steps, class CleanUp>
+void with_error_trap_saying(const std::string& description, Steps&& steps, CleanUp&& clean_up) {
+    try {
+        std::forward<Steps>(steps)();
+    } catch (...) {
+        const automation::Error caught = automation::current_error();
+        ignoring_errors(std::forward<CleanUp>(clean_up));
+        throw raised_as(description, caught);
     }
 }
 

@@ -85,6 +85,16 @@ TEST_F(Call, EveryKindOfFailureHasItsExitCode) {
     EXPECT_EQ(call().exit_code, exit_not_available);
 }
 
+TEST_F(Call, BehindASentenceThatStandsForAnyFailureAMissingEngineKeepsItsExitCode) {
+    const auto saying_the_same_about = [](automation::RuntimeError failure) {
+        return automation::Error(-2147467008, "Foliant", "Can't open file a.pdf.",
+                                 std::make_shared<const automation::Error>(failure));
+    };
+    using automation::RuntimeError;
+    EXPECT_EQ(exit_code_for(saying_the_same_about(RuntimeError::cannot_create_object)), exit_missing_engine);
+    EXPECT_EQ(exit_code_for(saying_the_same_about(RuntimeError::file_not_found)), exit_host_failure);
+}
+
 TEST_F(Call, TempPathIsPutBeforeTheCall) {
     stage.folders = {"", "/t"};
     request.member = core::find_member(*core::find_dispid("TempFilePath"), automation::Access::get);

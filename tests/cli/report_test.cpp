@@ -60,6 +60,31 @@ TEST(Report, JsonOfAFailureHasNumberSourceAndDescription) {
     EXPECT_NE(report.find("\"exitCode\": 1"), std::string::npos);
 }
 
+const automation::Error a_missing_engine(429, "", "Acrobat's engine is not installed: install libqpdf");
+const automation::Error a_sentence_for_it(-2147467008, "Foliant", "Can't open file a.pdf.",
+                                          std::make_shared<const automation::Error>(a_missing_engine));
+
+TEST(Report, BehindASentenceThatStandsForAnyFailureItSaysWhatFailed) {
+    EXPECT_EQ(error_text(a_missing_engine), "foliant: Acrobat's engine is not installed: install libqpdf\n");
+    EXPECT_EQ(error_text(a_sentence_for_it),
+              "foliant: Can't open file a.pdf.\n"
+              "  Acrobat's engine is not installed: install libqpdf\n");
+}
+
+TEST(Report, JsonOfSuchAFailureHoldsItsCause) {
+    EXPECT_NE(json_error(word(), a_sentence_for_it, 4).find(R"(
+    "description": "Can't open file a.pdf.",
+    "cause": {
+      "number": 429,
+      "source": "",
+      "description": "Acrobat's engine is not installed: install libqpdf"
+    }
+  },
+  "exitCode": 4)"),
+              std::string::npos);
+    EXPECT_EQ(json_error(word(), a_missing_engine, 4).find("cause"), std::string::npos);
+}
+
 TEST(Report, BytesThatAreNoTextDoNotStopTheReport) {
     Outcome outcome;
     outcome.result = automation::Value(std::string("a\xFF"));

@@ -287,6 +287,77 @@ TEST_F(ErrorTrap, TurnsAnyExceptionIntoARunTimeError) {
     )");
 }
 
+TEST_F(ErrorTrap, ThatSaysOneSentenceSaysItWithTheComponentsNumberWhateverFailed) {
+    run([&] {
+        with_error_trap_saying(
+            "Can't open file a.pdf.", [] { throw Error(-2147352567, "Acrobat", "The disk is full."); },
+            [&] { stage.note("clean up"); });
+    });
+    expect_journal(R"(
+        clean up
+        raise -2147467008 from Foliant: Can't open file a.pdf.
+    )");
+}
+
+TEST_F(ErrorTrap, ThatSaysOneSentenceHidesNothingEitherAndIsSilentAfterSuccess) {
+    run([&] {
+        with_error_trap_saying(
+            "one sentence", [] {}, [&] { stage.note("clean up"); });
+        with_error_trap_saying(
+            "one sentence", [] { throw std::bad_alloc(); }, [] { throw Error(RuntimeError::disk_full); });
+    });
+    expect_journal("raise -2147467008 from Foliant: one sentence");
+}
+
+/// The error that steps raise.
+Error error_of(const std::function<void()>& steps) {
+    try {
+        steps();
+    } catch (const Error& error) {
+        return error;
+    }
+    return {0, "", "nothing was raised"};
+}
+
+TEST_F(ErrorTrap, TheCauseOfItsOneSentenceIsWhatFailed) {
+    const Error raised = error_of([] {
+        with_error_trap_saying(
+            "one sentence", [] { throw Error(429, "Hosts", "Acrobat is not installed"); }, [] {});
+    });
+    ASSERT_NE(raised.cause(), nullptr);
+    EXPECT_EQ(raised.cause()->number(), 429);
+    EXPECT_EQ(raised.cause()->source(), "Hosts");
+    EXPECT_EQ(raised.cause()->description(), "Acrobat is not installed");
+    EXPECT_EQ(&root_cause(raised), raised.cause().get());
+}
+
+TEST_F(ErrorTrap, AnErrorThatSpeaksForItselfIsItsOwnRootCause) {
+    const Error raised =
+        error_of([] { with_error_trap([] { throw Error(RuntimeError::disk_full); }, [] {}); });
+    EXPECT_EQ(raised.cause(), nullptr);
+    EXPECT_EQ(&root_cause(raised), &raised);
+}
+
+TEST_F(ErrorTrap, TheCauseIsKeptWhereOneMemberCallsAnother) {
+    const Error raised = error_of([] {
+        with_error_trap_saying(
+            "the outer sentence",
+            [] {
+                with_error_trap(
+                    [] {
+                        with_error_trap_saying(
+                            "the inner sentence", [] { throw Error(RuntimeError::disk_full); }, [] {});
+                    },
+                    [] {});
+            },
+            [] {});
+    });
+    EXPECT_EQ(raised.description(), "the outer sentence");
+    ASSERT_NE(raised.cause(), nullptr);
+    EXPECT_EQ(raised.cause()->description(), "the inner sentence");
+    EXPECT_TRUE(root_cause(raised).is(RuntimeError::disk_full));
+}
+
 class MissingFile : public tests::StagedSession {};
 
 TEST_F(MissingFile, IsSaidWithThePathAsItWasGiven) {
