@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "hosts/document_file.h"
+
 /// Stand-in hosts: automation objects with the members that the library calls on the real programs, giving
 /// the real result through an open engine. This room knows automation/ and the engines it wraps; what else a
 /// host needs of the machine it runs on, it asks for here.
@@ -47,6 +49,10 @@ class Machine {
     virtual std::optional<std::vector<std::string>> scratch_text(const std::string& /*path*/) const {
         return std::nullopt;
     }
+
+    /// Opens a document of the user's for reading: a host that is contained cannot open one itself. Throws
+    /// what open_document_file does.
+    virtual DocumentFile open_document(const std::filesystem::path& path) { return open_document_file(path); }
 
     /// Whether a printer of that name exists; case matters, as it does for the spooler.
     virtual bool has_printer(std::string_view name) const = 0;

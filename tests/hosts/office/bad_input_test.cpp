@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "hosts/office/support.h"
@@ -22,6 +23,14 @@ TEST(BadDocument, IsMissing) {
 
 TEST(BadDocument, IsAFolder) {
     expect_refusal("", 5151, "it is a folder");
+}
+
+TEST(BadDocument, IsAPipeThatNobodyWritesTo) {
+    const test::Scratch folder;
+    ASSERT_EQ(mkfifo((folder / "pipe.docx").c_str(), 0600), 0);
+    const auto error = test::error_of([&] { test::open(folder / "pipe.docx"); });
+    EXPECT_EQ(error.number(), 5151);
+    EXPECT_NE(error.description().find("it is a device or a pipe"), std::string::npos) << error.description();
 }
 
 TEST(BadDocument, IsEmpty) {

@@ -4,7 +4,9 @@
 #include <com/sun/star/document/UpdateDocMode.hpp>
 #include <com/sun/star/frame/Desktop.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
+#include <utility>
 
+#include "hosts/office/engine/file_stream.h"
 #include "hosts/office/engine/load_interaction.h"
 #include "hosts/office/engine/process_guard.h"
 #include "hosts/office/engine/uno_support.h"
@@ -17,9 +19,11 @@ using css::lang::XComponent;
 using css::uno::Reference;
 
 css::uno::Sequence<css::beans::PropertyValue> load_arguments(const ImportFilter& filter,
+                                                             const DocumentFile& file,
                                                              const Reference<LoadInteraction>& interaction) {
     using css::task::XInteractionHandler;
     return uno_sequence<css::beans::PropertyValue>({
+        uno_argument("InputStream", stream_of(file)),
         uno_argument("Hidden", true),
         uno_argument("ReadOnly", true),
         uno_argument("FilterName", to_uno(filter.name)),
@@ -48,7 +52,7 @@ automation::Error load_error(const std::filesystem::path& path, const std::strin
 
 }  // namespace
 
-std::unique_ptr<LoadedDocument> load_document(const Office& office, const std::filesystem::path& path,
+std::unique_ptr<LoadedDocument> load_document(const Office& office, DocumentFile file,
                                               const ImportFilter& filter, const Passwords& passwords,
                                               const Application& application) {
     const CallGuard call(office.temporary_folder);
@@ -58,16 +62,16 @@ std::unique_ptr<LoadedDocument> load_document(const Office& office, const std::f
     std::string reason;
     try {
         document = css::frame::Desktop::create(office.context)
-                       ->loadComponentFromURL(file_url(path), to_uno("_blank"), 0,
-                                              load_arguments(filter, interaction));
+                       ->loadComponentFromURL(file_url(file.path), to_uno("_blank"), 0,
+                                              load_arguments(filter, file, interaction));
     } catch (const css::uno::Exception& exception) {
         reason = from_uno(exception.Message);
     }
     if (!document.is() && interaction->password_was_asked())
-        throw password_error(path, !passwords.open.empty(), application);
-    if (!document.is()) throw load_error(path, reason, application);
+        throw password_error(file.path, !passwords.open.empty(), application);
+    if (!document.is()) throw load_error(file.path, reason, application);
     return std::unique_ptr<LoadedDocument>(
-        new LoadedDocument{{}, document, path, office.temporary_folder, application});
+        new LoadedDocument{{}, std::move(file), document, office.temporary_folder, application});
 }
 
 }  // namespace foliant::hosts::office

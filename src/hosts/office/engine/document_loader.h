@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -21,13 +20,13 @@ struct ImportFilter {
     std::string options;
 };
 
-/// Loads the document at `path` (an absolute path) hidden. The file is only read: nothing is locked, and
-/// nothing is written beside it. Macros do not run, links are not followed.
+/// Loads a document hidden. The file is only read: nothing is locked, and nothing is written beside it.
+/// Macros do not run, links are not followed.
 ///
 /// The open password may be empty. The write password may be empty too, and is answered where LibreOffice
 /// asks for it; since the document is never written, it opens without. Raises, as errors of `application`,
 /// wrong_password (also for one that is needed and missing) and file_corrupted.
-std::unique_ptr<LoadedDocument> load_document(const Office& office, const std::filesystem::path& path,
+std::unique_ptr<LoadedDocument> load_document(const Office& office, DocumentFile file,
                                               const ImportFilter& filter, const Passwords& passwords,
                                               const Application& application);
 

@@ -6,13 +6,13 @@
 #include <com/sun/star/document/XTypeDetection.hpp>
 #include <com/sun/star/io/XInputStream.hpp>
 #include <com/sun/star/lang/XMultiComponentFactory.hpp>
-#include <com/sun/star/ucb/SimpleFileAccess.hpp>
 #include <cstring>
-#include <fstream>
 #include <optional>
 #include <set>
+#include <unistd.h>
 
 #include "automation/text.h"
+#include "hosts/office/engine/file_stream.h"
 #include "hosts/office/engine/uno_support.h"
 #include "hosts/office/word/word_error.h"
 
@@ -43,20 +43,12 @@ automation::Error not_a_document(const std::filesystem::path& path, std::string_
 }
 
 /// The first bytes of the file; raises when there is nothing to read.
-std::string sample(const std::filesystem::path& path) {
-    std::error_code status;
-    if (!std::filesystem::exists(path, status))
-        throw microsoft_word.error(microsoft_word.file_not_found,
-                                   path.string() + " does not exist. Check the name and the folder.");
-    if (std::filesystem::is_directory(path, status)) throw not_a_document(path, "it is a folder");
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
-        throw microsoft_word.error(automation::RuntimeError::permission_denied,
-                                   "Cannot read " + path.string() + ": " + std::strerror(errno) + ".");
+std::string sample(const DocumentFile& file) {
     std::string bytes(sample_size, '\0');
-    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    bytes.resize(static_cast<std::size_t>(file.gcount()));
-    if (bytes.empty()) throw damaged(path, "it is empty (0 bytes)");
+    const ssize_t size = ::pread(file.descriptor.get(), bytes.data(), bytes.size(), 0);
+    if (size < 0) throw damaged(file.path, std::strerror(errno));
+    if (size == 0) throw damaged(file.path, "it is empty (0 bytes)");
+    bytes.resize(static_cast<std::size_t>(size));
     return bytes;
 }
 
@@ -125,45 +117,44 @@ std::string entry_text(const Reference<XNameAccess>& package, std::string_view n
 }
 
 /// Opens a container (zip package, compound file) by the UNO service that reads it.
-Reference<XNameAccess> open_container(const std::filesystem::path& path, std::string_view service,
+Reference<XNameAccess> open_container(const DocumentFile& file, std::string_view service,
                                       const Context& office) {
-    const auto files = css::ucb::SimpleFileAccess::create(office);
     css::uno::Sequence<css::uno::Any> arguments(1);
-    arguments.getArray()[0] <<= files->openFileRead(file_url(path));
+    arguments.getArray()[0] <<= stream_of(file);
     return {office->getServiceManager()->createInstanceWithArgumentsAndContext(to_uno(service), arguments,
                                                                                office),
             UNO_QUERY};
 }
 
-ImportFilter package_filter(const std::filesystem::path& path, const Context& office) {
+ImportFilter package_filter(const DocumentFile& file, const Context& office) {
     std::string types;
     std::string mimetype;
     try {
-        const auto package = open_container(path, "com.sun.star.packages.zip.ZipFileAccess", office);
+        const auto package = open_container(file, "com.sun.star.packages.zip.ZipFileAccess", office);
         types = entry_text(package, "[Content_Types].xml");
         mimetype = entry_text(package, "mimetype");
     } catch (const css::uno::Exception&) {
-        throw damaged(path, "it begins like a zip package and breaks off");
+        throw damaged(file.path, "it begins like a zip package and breaks off");
     }
     for (const char* main_part : {"wordprocessingml.document.main+xml", "wordprocessingml.template.main+xml",
                                   "ms-word.document.macroEnabled", "ms-word.template.macroEnabled"})
         if (types.find(main_part) != std::string::npos) return {"MS Word 2007 XML", ""};
     if (mimetype.starts_with("application/vnd.oasis.opendocument.text")) return {"writer8", ""};
-    throw not_a_document(path, "it is a zip package without a Word or OpenDocument text in it");
+    throw not_a_document(file.path, "it is a zip package without a Word or OpenDocument text in it");
 }
 
-ImportFilter compound_file_filter(const std::filesystem::path& path, const Context& office) {
+ImportFilter compound_file_filter(const DocumentFile& file, const Context& office) {
     Reference<XNameAccess> streams;
     try {
-        streams = open_container(path, "com.sun.star.embed.OLESimpleStorage", office);
+        streams = open_container(file, "com.sun.star.embed.OLESimpleStorage", office);
         streams->getElementNames();
     } catch (const css::uno::Exception&) {
-        throw damaged(path, "it begins like a Word 97 document and breaks off");
+        throw damaged(file.path, "it begins like a Word 97 document and breaks off");
     }
     const auto has = [&](std::string_view name) { return streams->hasByName(to_uno(name)); };
     if (has("EncryptedPackage")) return {"MS Word 2007 XML", ""};
     if (!has("WordDocument"))
-        throw not_a_document(path, "it is a compound file without a Word document in it");
+        throw not_a_document(file.path, "it is a compound file without a Word document in it");
     return {has("0Table") || has("1Table") ? "MS Word 97" : "MS WinWord 6.0", ""};
 }
 
@@ -183,7 +174,7 @@ std::string registry_property(const Reference<XNameAccess>& registry, const rtl:
 /// ...: whatever else LibreOffice knows by its content to be a text document. The file's name is kept from
 /// it, which would make it see one in anything, and its opinion on WordPerfect is not asked: a version
 /// without a mark of its own is seen in noise.
-std::optional<ImportFilter> old_format_filter(std::string_view start, const std::filesystem::path& path,
+std::optional<ImportFilter> old_format_filter(std::string_view start, const DocumentFile& file,
                                               const Context& office) {
     for (const std::string_view mark : {"\xDB\xA5", "\x9B\xA5", "\x9C\xA5"})
         if (start.starts_with(mark)) return ImportFilter{"MS WinWord 5", ""};
@@ -192,9 +183,8 @@ std::optional<ImportFilter> old_format_filter(std::string_view start, const std:
     const Reference<css::document::XTypeDetection> detection(
         manager->createInstanceWithContext(to_uno("com.sun.star.document.TypeDetection"), office),
         UNO_QUERY_THROW);
-    const auto content = css::ucb::SimpleFileAccess::create(office)->openFileRead(file_url(path));
     auto descriptor = uno_sequence<css::beans::PropertyValue>(
-        {uno_argument("URL", to_uno("private:stream")), uno_argument("InputStream", content)});
+        {uno_argument("URL", to_uno("private:stream")), uno_argument("InputStream", stream_of(file))});
     const rtl::OUString type = detection->queryTypeByDescriptor(descriptor, true);
     if (type.isEmpty()) return {};
     const std::string filter =
@@ -231,19 +221,19 @@ ImportFilter markup_or_text_filter(const std::filesystem::path& path, std::strin
 
 }  // namespace
 
-ImportFilter import_filter(const std::filesystem::path& path, const Office& office) {
-    const std::string bytes = sample(path);
+ImportFilter import_filter(const DocumentFile& file, const Office& office) {
+    const std::string bytes = sample(file);
     const std::string_view start(bytes);
-    if (start.starts_with("PK\x03\x04")) return package_filter(path, office.context);
+    if (start.starts_with("PK\x03\x04")) return package_filter(file, office.context);
     if (start.starts_with("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1"))
-        return compound_file_filter(path, office.context);
+        return compound_file_filter(file, office.context);
     if (start.starts_with("{\\rtf")) return {"Rich Text Format", ""};
-    if (start.starts_with("%PDF-")) throw not_a_document(path, "it is a PDF file");
+    if (start.starts_with("%PDF-")) throw not_a_document(file.path, "it is a PDF file");
     if (!is_text(start)) {
-        if (const auto filter = old_format_filter(start, path, office.context)) return *filter;
-        throw not_a_document(path, "its content is of no known kind");
+        if (const auto filter = old_format_filter(start, file, office.context)) return *filter;
+        throw not_a_document(file.path, "its content is of no known kind");
     }
-    return markup_or_text_filter(path, start);
+    return markup_or_text_filter(file.path, start);
 }
 
 }  // namespace foliant::hosts::office

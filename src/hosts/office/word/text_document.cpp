@@ -31,7 +31,7 @@ auto translated(const LoadedDocument& document, const std::string& what, Work wo
     } catch (const css::uno::Exception& exception) {
         throw microsoft_word.error(
             microsoft_word.command_failed,
-            "Cannot " + what + " " + document.path.string() + ": " + from_uno(exception.Message));
+            "Cannot " + what + " " + document.file.path.string() + ": " + from_uno(exception.Message));
     }
 }
 
@@ -57,7 +57,7 @@ const LoadedDocument& TextDocument::loaded() const {
 }
 
 std::string TextDocument::title() const {
-    return loaded().path.filename().string();
+    return loaded().file.path.filename().string();
 }
 
 void TextDocument::set_orientation(bool landscape) {
@@ -91,10 +91,10 @@ int TextDocument::page_count() const {
 
 std::string TextDocument::pdf(std::string_view pages, bool for_postscript) const {
     // Counting the pages lays them out; when all are wanted, that is the exporter's work.
-    const std::string runs =
-        is_blank(pages)
-            ? std::string()
-            : format_page_runs(parse_page_range(pages, page_count(), loaded().path.string(), microsoft_word));
+    const std::string runs = is_blank(pages)
+                                 ? std::string()
+                                 : format_page_runs(parse_page_range(
+                                       pages, page_count(), loaded().file.path.string(), microsoft_word));
     return translated(loaded(), "print", [&] {
         return export_to_pdf(loaded(), runs, for_postscript ? PdfUse::postscript : PdfUse::document);
     });
@@ -107,7 +107,7 @@ std::string TextDocument::postscript(std::string_view pages) const {
     } catch (const PostScriptFailure& failure) {
         throw microsoft_word.error(
             microsoft_word.command_failed,
-            "Cannot print " + loaded().path.string() + " as PostScript: " + failure.what() + ".");
+            "Cannot print " + loaded().file.path.string() + " as PostScript: " + failure.what() + ".");
     }
 }
 

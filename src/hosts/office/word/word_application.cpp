@@ -32,8 +32,8 @@ std::string given_text(const Value& argument) {
 
 Value open_document(const SessionPtr& session, const Bound& arguments) {
     const std::string path = to_text(arguments[0]);
-    std::shared_ptr<TextDocument> document =
-        open_document(running(session).office, path, given_text(arguments[4]), given_text(arguments[7]));
+    std::shared_ptr<TextDocument> document = open_document(
+        running(session).office, session->machine, path, given_text(arguments[4]), given_text(arguments[7]));
     session->documents.push_back(document);
     return make_word_document(session, std::move(document));
 }

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <filesystem>
+
+#include "posix/file_descriptor.h"
+
+namespace foliant::hosts {
+
+/// A document that is open for reading: the file that was found under its name, whatever that leads to later.
+struct DocumentFile {
+    std::filesystem::path path;  ///< absolute; for messages and titles
+    posix::FileDescriptor descriptor;
+};
+
+/// Opens a document. Throws std::filesystem::filesystem_error with its path and an errno value: ENOENT,
+/// EACCES ..., EISDIR for a folder, and ENOTSUP for a device or a pipe, which nothing waits for.
+DocumentFile open_document_file(const std::filesystem::path& path);
+
+}  // namespace foliant::hosts
