@@ -38,6 +38,8 @@ std::string_view usual_description(RuntimeError number) noexcept {
             return "Type mismatch";
         case RuntimeError::internal_error:
             return "Internal error";
+        case RuntimeError::bad_file_name:
+            return "Bad file name or number";
         case RuntimeError::file_not_found:
             return "File not found";
         case RuntimeError::device_io_error:

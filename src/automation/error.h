@@ -15,6 +15,7 @@ enum class RuntimeError : std::int32_t {
     subscript_out_of_range = 9,
     type_mismatch = 13,
     internal_error = 51,
+    bad_file_name = 52,
     file_not_found = 53,
     device_io_error = 57,
     disk_full = 61,

@@ -65,6 +65,13 @@ void cast_like(Stage& stage, const platform::Platform& here) {
             return std::nullopt;
         }
     };
+    stage.real_names = [&here](const std::string& pattern) {
+        std::vector<std::string> names;
+        const auto listing = here.files.list(pattern);
+        while (auto name = listing->next())
+            names.push_back(std::move(*name));
+        return names;
+    };
 }
 
 }  // namespace

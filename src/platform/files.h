@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,8 +27,20 @@ enum class TextPurpose {
     scratch,  ///< a host, until the same call removes it again
 };
 
-/// Files and folders by path. Failures are run-time errors: 53 file not found, 70 permission denied, 75
-/// path/file access, 76 path not found.
+/// The files of a folder whose names match a pattern, one after the other.
+class Listing {
+  public:
+    virtual ~Listing() = default;
+
+    /// The bare name of the next match; nothing when there is no other, however often it is asked for.
+    ///
+    /// A file that is there all the time is named once. One that comes or goes between two calls may be named
+    /// or not, and disturbs no other.
+    virtual std::optional<std::string> next() = 0;
+};
+
+/// Files and folders by path. Failures are run-time errors: 52 bad file name, 53 file not found, 70
+/// permission denied, 75 path/file access, 76 path not found.
 class Files {
   public:
     virtual ~Files() = default;
@@ -53,6 +66,15 @@ class Files {
     /// text, it need be no file: what counts is that they find it under `path`, and that `length` and
     /// `remove` of that path mean it until it is removed.
     virtual std::unique_ptr<TextFile> create_text(const std::string& path, TextPurpose purpose) = 0;
+
+    /// Begins to list the normal files (no folders, nothing hidden) of a folder whose names match, in the
+    /// order of the directory: by name, ignoring case. The pattern is a path whose last part may hold "*" and
+    /// "?"; case is ignored, and "*.*" matches every name. A pattern without a folder means the current one,
+    /// one that ends with a separator, or is empty, every file.
+    ///
+    /// No match, and a folder that is not there, is an empty listing. Raises 52 for a path that makes no
+    /// sense to the system, and 70 when the folder may not be read.
+    virtual std::unique_ptr<Listing> list(const std::string& pattern) = 0;
 };
 
 }  // namespace foliant::platform

@@ -27,6 +27,10 @@ class PrinterControl {
     /// The family of the system: 1 is that of Windows 95, 2 that of Windows NT.
     virtual std::uint32_t platform_identifier() = 0;
 
+    /// The device name of the default printer, as this process sees it now: a change by `write_profile_entry`
+    /// or `set_printer_info` shows at once. Empty when there is none.
+    virtual std::string default_printer() = 0;
+
     // The Windows NT family: entries of the user's profile.
 
     /// An entry of a section of the user's profile, cut to 1023 bytes; empty when there is none.

@@ -1,11 +1,16 @@
 #include "platform/local/local_files.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 #include "platform/local/system_error.h"
+#include "platform/name_pattern.h"
 #include "posix/file_descriptor.h"
 
 namespace foliant::platform::local {
@@ -97,6 +102,45 @@ class LocalText : public TextFile {
     std::string waiting_;
 };
 
+class LocalListing : public Listing {
+  public:
+    LocalListing(std::string folder, std::vector<std::string> names)
+        : folder_(std::move(folder)), names_(std::move(names)) {}
+
+    std::optional<std::string> next() override {
+        while (next_ < names_.size()) {
+            std::string& name = names_[next_++];
+            struct stat status {};
+            if (::stat((folder_ + name).c_str(), &status) == 0 && S_ISREG(status.st_mode))
+                return std::move(name);
+        }
+        return std::nullopt;
+    }
+
+  private:
+    std::string folder_;  ///< With the separator at its end; empty for the current folder.
+    std::vector<std::string> names_;
+    std::size_t next_ = 0;
+};
+
+struct CloseFolder {
+    void operator()(DIR* folder) const noexcept { ::closedir(folder); }
+};
+
+/// The names in a folder that match and are not hidden, in no order; none when there is no such folder.
+std::vector<std::string> matching_names(const std::string& path, const NamePattern& pattern) {
+    std::vector<std::string> names;
+    const std::unique_ptr<DIR, CloseFolder> folder(::opendir(path.c_str()));
+    if (!folder && is_nowhere(errno)) return names;
+    if (!folder) throw system_error(of_existing_file(errno), "list", path, errno);
+    errno = 0;
+    while (const dirent* entry = ::readdir(folder.get())) {
+        if (entry->d_name[0] != '.' && pattern.matches(entry->d_name)) names.emplace_back(entry->d_name);
+    }
+    if (errno != 0) throw system_error(RuntimeError::device_io_error, "list", path, errno);
+    return names;
+}
+
 }  // namespace
 
 std::int64_t LocalFiles::length(const std::string& path) {
@@ -139,6 +183,15 @@ std::unique_ptr<TextFile> LocalFiles::create_text(const std::string& path, TextP
     FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
     if (!file) throw system_error(of_new_entry(errno), "write", path, errno);
     return std::make_unique<LocalText>(std::move(file), path);
+}
+
+std::unique_ptr<Listing> LocalFiles::list(const std::string& pattern) {
+    if (holds_nul(pattern)) throw system_error(RuntimeError::bad_file_name, "list", pattern, EINVAL);
+    std::string folder = pattern.substr(0, pattern.rfind('/') + 1);
+    const NamePattern names_wanted(std::string_view(pattern).substr(folder.size()));
+    std::vector<std::string> names = matching_names(folder.empty() ? "." : folder, names_wanted);
+    std::sort(names.begin(), names.end(), comes_before);
+    return std::make_unique<LocalListing>(std::move(folder), std::move(names));
 }
 
 }  // namespace foliant::platform::local

@@ -33,6 +33,11 @@ class LocalFiles : public Files {
         return scratch_texts_.find(path);
     }
 
+    /// Names that begin with a dot are hidden. Names that come later are not listed; those that are gone when
+    /// their turn comes are passed over. Links count as what they point to. Raises 57 when the folder cannot
+    /// be read to its end.
+    std::unique_ptr<Listing> list(const std::string& pattern) override;
+
   private:
     ScratchTexts scratch_texts_;
 };

@@ -14,6 +14,7 @@ class LocalPrinterControl : public PrinterControl {
     LocalPrinterControl(Printers& printers, RegistryStore& store) : printers_(printers), store_(store) {}
 
     std::uint32_t platform_identifier() override;
+    std::string default_printer() override { return printers_.default_name(); }
     std::string profile_entry(const std::string& section, const std::string& key) override;
     void write_profile_entry(const std::string& section, const std::string& key,
                              const std::string& text) override;

@@ -30,6 +30,7 @@ struct StagedFile {
     std::uint64_t appears_at = 0;  ///< milliseconds of the stage's clock
     std::vector<std::int64_t> lengths{1000};
     std::string content;  ///< what was written to it on the stage
+    bool hidden = false;  ///< has a length, and is in no listing
 };
 
 /// The stage: keeps a journal of everything that was done outside, one line per action, answers from a
@@ -84,6 +85,8 @@ class Stage {
     char separator = '\\';
     /// Asked for the length of a file that the stage knows nothing of; may be empty.
     std::function<std::optional<std::int64_t>(const std::string&)> real_length;
+    /// Asked for the names that match a pattern, of files that the stage knows nothing of; may be empty.
+    std::function<std::vector<std::string>(const std::string&)> real_names;
 
     std::string system_folder = "C:\\WINDOWS\\system32";
     std::string library_folder = "C:\\Program Files\\Foliant";
@@ -109,8 +112,9 @@ class Stage {
 
     /// What the system says it is: 1 is Windows 95, 2 Windows NT.
     std::uint32_t platform_identifier = 2;
-    /// The user's profile: sections, keys, texts.
-    std::map<std::string, std::map<std::string, std::string>> profile;
+    /// The user's profile: sections, keys, texts. Its device is the default printer.
+    std::map<std::string, std::map<std::string, std::string>> profile{
+        {"windows", {{"Device", "Office printer,winspool,Ne01:"}}}};
     /// The printers that can be opened, by name.
     std::map<std::string, PrinterInfo> printers;
 

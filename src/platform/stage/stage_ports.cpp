@@ -5,6 +5,7 @@
 
 #include "automation/error.h"
 #include "automation/text.h"
+#include "platform/name_pattern.h"
 #include "platform/stage/stage_object.h"
 
 namespace foliant::platform::stage {
@@ -15,6 +16,7 @@ using automation::RuntimeError;
 namespace {
 
 constexpr float seconds_per_day = 86400;
+constexpr std::uint32_t default_attribute = 4;  ///< what makes a printer the default one on Windows 95
 
 class StagedText : public TextFile {
   public:
@@ -35,6 +37,52 @@ class StagedText : public TextFile {
     Stage& stage_;
     std::string path_;
     bool open_ = true;
+};
+
+/// Answers from the files that are there when a name is asked for.
+class StagedListing : public Listing {
+  public:
+    StagedListing(Stage& stage, const std::string& pattern)
+        : stage_(stage),
+          pattern_(pattern),
+          folder_(pattern.substr(0, pattern.rfind(stage.separator) + 1)),
+          wanted_(std::string_view(pattern).substr(folder_.size())) {}
+
+    std::optional<std::string> next() override {
+        stage_.act("next file");
+        std::vector<std::string> names = names_now();
+        std::sort(names.begin(), names.end(), comes_before);
+        const auto found = std::find_if(names.begin(), names.end(), [&](const std::string& name) {
+            return !ended_ && (!last_ || comes_before(*last_, name));
+        });
+        stage_.extend_last_line(" -> " + (found == names.end() ? "none" : *found));
+        ended_ = found == names.end();
+        last_ = ended_ ? std::nullopt : std::optional(*found);
+        return last_;
+    }
+
+  private:
+    std::vector<std::string> names_now() const {
+        std::vector<std::string> names;
+        for (const auto& [path, file] : stage_.files) {
+            const std::string name(automation::file_name_part(path, stage_.separator));
+            const bool listed = file.appears_at <= stage_.now && !file.lengths.empty() && !file.hidden;
+            const std::string folder = path.substr(0, path.size() - name.size());
+            if (listed && automation::equal_ignoring_case(folder, folder_) && wanted_.matches(name))
+                names.push_back(name);
+        }
+        if (!stage_.real_names) return names;
+        for (const std::string& name : stage_.real_names(pattern_))
+            if (!stage_.files.contains(folder_ + name)) names.push_back(name);
+        return names;
+    }
+
+    Stage& stage_;
+    std::string pattern_;
+    std::string folder_;  ///< with the separator at its end
+    NamePattern wanted_;
+    std::optional<std::string> last_;
+    bool ended_ = false;
 };
 
 }  // namespace
@@ -93,6 +141,11 @@ std::unique_ptr<TextFile> StageFiles::create_text(const std::string& path, TextP
     stage_.act("create text file " + path);
     stage_.put_file(path);
     return std::make_unique<StagedText>(stage_, path);
+}
+
+std::unique_ptr<Listing> StageFiles::list(const std::string& pattern) {
+    stage_.act("list " + pattern);
+    return std::make_unique<StagedListing>(stage_, pattern);
 }
 
 void StageClock::sleep(std::uint32_t milliseconds) {
@@ -164,6 +217,14 @@ std::uint32_t StagePrinters::platform_identifier() {
     return stage_.platform_identifier;
 }
 
+std::string StagePrinters::default_printer() {
+    if (stage_.act_or_refuse("default printer")) return "";
+    const std::string& device = stage_.profile["windows"]["Device"];
+    std::string name = device.substr(0, device.find(','));
+    stage_.extend_last_line(" -> " + (name.empty() ? "none" : name));
+    return name;
+}
+
 std::string StagePrinters::profile_entry(const std::string& section, const std::string& key) {
     if (stage_.act_or_refuse("profile [" + section + "] " + key)) return "";
     const std::string text = stage_.profile[section][key];
@@ -204,6 +265,8 @@ bool StagePrinters::set_printer_info(PrinterHandle printer, const PrinterInfo& i
                              std::to_string(info.transmission_retry_timeout)))
         return false;
     stage_.printers[open_[printer]] = info;
+    if ((info.attributes & default_attribute) != 0)
+        stage_.profile["windows"]["Device"] = info.name + ",winspool," + info.port;
     return true;
 }
 

@@ -44,6 +44,7 @@ class StageFiles : public Files {
     void remove(const std::string& path) override;
     void make_folder(const std::string& path) override;
     std::unique_ptr<TextFile> create_text(const std::string& path, TextPurpose purpose) override;
+    std::unique_ptr<Listing> list(const std::string& pattern) override;
 
   private:
     Stage& stage_;
@@ -107,6 +108,7 @@ class StagePrinters : public PrinterControl {
   public:
     explicit StagePrinters(Stage& stage) : stage_(stage) {}
     std::uint32_t platform_identifier() override;
+    std::string default_printer() override;
     std::string profile_entry(const std::string& section, const std::string& key) override;
     void write_profile_entry(const std::string& section, const std::string& key,
                              const std::string& text) override;

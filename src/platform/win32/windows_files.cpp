@@ -110,6 +110,63 @@ class WindowsText : public TextFile {
     std::string waiting_;
 };
 
+class WindowsListing : public Listing {
+  public:
+    /// Takes over a search and the entry that it found first. Without a search there are no entries.
+    WindowsListing(HANDLE search, const WIN32_FIND_DATAW& first, std::string pattern)
+        : search_(search), entry_(first), pattern_(std::move(pattern)) {}
+    WindowsListing(const WindowsListing&) = delete;
+    WindowsListing& operator=(const WindowsListing&) = delete;
+    ~WindowsListing() override { end(); }
+
+    std::optional<std::string> next() override {
+        constexpr DWORD unlisted = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+        while (advance()) {
+            if ((entry_.dwFileAttributes & unlisted) == 0)
+                return to_utf8(std::wstring_view(entry_.cFileName));
+        }
+        return std::nullopt;
+    }
+
+  private:
+    /// Makes the next entry the current one; false when there is none left.
+    bool advance() {
+        if (search_ == INVALID_HANDLE_VALUE) return false;
+        if (std::exchange(at_first_, false) || FindNextFileW(search_, &entry_) != 0) return true;
+        const DWORD code = GetLastError();
+        end();
+        if (code != ERROR_NO_MORE_FILES) throw file_error(of_storage(code), "list", pattern_, code);
+        return false;
+    }
+
+    void end() {
+        if (search_ != INVALID_HANDLE_VALUE) FindClose(std::exchange(search_, INVALID_HANDLE_VALUE));
+    }
+
+    HANDLE search_;
+    WIN32_FIND_DATAW entry_;
+    bool at_first_ = true;
+    std::string pattern_;
+};
+
+/// There is nothing to list: no match, or no such folder.
+bool is_no_match(DWORD code) {
+    return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND || code == ERROR_DIRECTORY ||
+           code == ERROR_NO_MORE_FILES;
+}
+
+RuntimeError of_listing(DWORD code) {
+    if (is_nowhere(code)) return RuntimeError::bad_file_name;
+    return is_refusal(code) ? RuntimeError::permission_denied : of_storage(code);
+}
+
+/// A folder stands for all that is in it.
+std::string whole_pattern(const std::string& pattern) {
+    const bool names_nothing =
+        pattern.empty() || std::string_view("\\/:").find(pattern.back()) != std::string::npos;
+    return names_nothing ? pattern + "*" : pattern;
+}
+
 }  // namespace
 
 std::int64_t WindowsFiles::length(const std::string& path) {
@@ -159,6 +216,18 @@ std::unique_ptr<TextFile> WindowsFiles::create_text(const std::string& path, Tex
         throw file_error(of_new_entry(code), "write", path, code);
     }
     return std::make_unique<WindowsText>(file, path);
+}
+
+std::unique_ptr<Listing> WindowsFiles::list(const std::string& pattern) {
+    // The system would stop at the NUL and list something else.
+    const bool holds_nul = pattern.find('\0') != std::string::npos;
+    WIN32_FIND_DATAW first{};
+    const HANDLE search =
+        holds_nul ? INVALID_HANDLE_VALUE : FindFirstFileW(to_utf16(whole_pattern(pattern)).c_str(), &first);
+    const DWORD code = holds_nul ? ERROR_INVALID_NAME : GetLastError();
+    if (search == INVALID_HANDLE_VALUE && !is_no_match(code))
+        throw file_error(of_listing(code), "list", pattern, code);
+    return std::make_unique<WindowsListing>(search, first, pattern);
 }
 
 }  // namespace foliant::platform::win32

@@ -14,6 +14,7 @@ class WindowsFiles : public Files {
     void remove(const std::string& path) override;
     void make_folder(const std::string& path) override;
     std::unique_ptr<TextFile> create_text(const std::string& path, TextPurpose purpose) override;
+    std::unique_ptr<Listing> list(const std::string& pattern) override;
 };
 
 }  // namespace foliant::platform::win32

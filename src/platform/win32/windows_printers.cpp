@@ -33,6 +33,12 @@ std::uint32_t WindowsPrinters::platform_identifier() {
     return version.dwPlatformId;
 }
 
+std::string WindowsPrinters::default_printer() {
+    // The device, its driver, its port; a device's name holds no comma.
+    const std::string device = profile_entry("windows", "Device");
+    return device.substr(0, device.find(','));
+}
+
 std::string WindowsPrinters::profile_entry(const std::string& section, const std::string& key) {
     std::array<char, 1024> text{};
     GetProfileStringA(to_ansi(section).c_str(), to_ansi(key).c_str(), "", text.data(),

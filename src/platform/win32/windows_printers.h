@@ -7,6 +7,7 @@ namespace foliant::platform::win32 {
 class WindowsPrinters : public PrinterControl {
   public:
     std::uint32_t platform_identifier() override;
+    std::string default_printer() override;
     std::string profile_entry(const std::string& section, const std::string& key) override;
     void write_profile_entry(const std::string& section, const std::string& key,
                              const std::string& text) override;

@@ -169,6 +169,35 @@ TEST_F(LocalFilesTest, LooksIntoTheCurrentFolderByBareNameOnly) {
     fs::current_path(before);
 }
 
+TEST_F(LocalFilesTest, AListingFollowsLinksAndLeavesOutWhatIsNoFile) {
+    write_file(folder / "a.pdf", "x");
+    fs::create_symlink("a.pdf", folder / "link.pdf");
+    fs::create_symlink("nowhere", folder / "dangling.pdf");
+    ASSERT_EQ(::mkfifo((folder / "pipe.pdf").c_str(), 0600), 0);
+    const auto listing = files.list(folder / "*.pdf");
+    EXPECT_EQ(listing->next(), "a.pdf");
+    EXPECT_EQ(listing->next(), "link.pdf");
+    EXPECT_EQ(listing->next(), std::nullopt);
+}
+
+TEST_F(LocalFilesTest, AListingPassesOverFilesThatAreGoneWhenTheirTurnComes) {
+    write_file(folder / "a.pdf", "x");
+    write_file(folder / "b.pdf", "x");
+    const auto listing = files.list(folder / "*.pdf");
+    files.remove(folder / "a.pdf");
+    EXPECT_EQ(listing->next(), "b.pdf");
+}
+
+TEST_F(LocalFilesTest, AListingOfWhatIsNoFolderIsEmpty) {
+    write_file(folder / "a.pdf", "x");
+    for (const std::string& pattern : {folder / "a.pdf/*", "/" + std::string(300, 'x') + "/*"})
+        EXPECT_EQ(files.list(pattern)->next(), std::nullopt) << pattern;
+}
+
+TEST_F(LocalFilesTest, APatternWithANulNamesNoFiles) {
+    EXPECT_EQ(failure([&] { files.list("/proc/\0*"s); }).substr(0, 28), "52 Bad file name or number: ");
+}
+
 // Root may do everything, so what an ordinary user may not is tried by an ordinary user.
 TEST_F(LocalFilesTest, AFolderWithoutRightsRaises70) {
     if (::geteuid() == 0) {
@@ -188,6 +217,17 @@ TEST_F(LocalFilesTest, AFolderWithoutRightsRaises70) {
     EXPECT_EQ(writing, "70 Permission denied: cannot write " + (folder / "b") + " (Permission denied).");
     EXPECT_EQ(making,
               "70 Permission denied: cannot make the folder " + (folder / "c") + " (Permission denied).");
+}
+
+TEST_F(LocalFilesTest, AFolderThatMayNotBeReadCannotBeListed) {
+    ASSERT_EQ(::chmod(folder.path().c_str(), 0311), 0);
+    if (::geteuid() == 0) {
+        ASSERT_EQ(::seteuid(65534), 0);
+    }
+    const std::string listing = failure([&] { files.list(folder / "*"); });
+    ASSERT_EQ(::seteuid(::getuid()), 0);
+    ::chmod(folder.path().c_str(), 0700);
+    EXPECT_EQ(listing, "70 Permission denied: cannot list " + (folder / "") + " (Permission denied).");
 }
 
 }  // namespace

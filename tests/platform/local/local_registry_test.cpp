@@ -46,6 +46,16 @@ TEST_F(LocalRegistryTest, ADamagedStoreIs1009EverywhereAndIsToldOnce) {
     EXPECT_EQ(content_of(folder / "registry.json"), "not JSON");
 }
 
+TEST_F(LocalRegistryTest, ATextThatDoesNotEndWithANulStaysAsItIs) {
+    ASSERT_EQ(registry.create_key(hkey_current_user, "Software\\A", 0, key), 0);
+    ASSERT_EQ(registry.set_value(key, "v", reg_string, "text without its end"), 0);
+    ASSERT_EQ(registry.query_size(key, "v", type, size), 0);
+    ASSERT_EQ(size, 20U);
+    data.resize(size);
+    ASSERT_EQ(registry.query_data(key, "v", data), 0);
+    EXPECT_EQ(data, "text without its end");
+}
+
 TEST_F(LocalRegistryTest, AHandleOutlivesTheKeyThatAnotherProcessRemoves) {
     ASSERT_EQ(registry.create_key(hkey_current_user, "Software\\A", 0, key), 0);
     RegistryStore(folder.path()).remove_key("HKCU\\Software\\A");

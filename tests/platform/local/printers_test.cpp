@@ -54,12 +54,12 @@ TEST_F(PrintersTest, TheChosenOneIsTheDefaultAsLongAsItIsThere) {
     ::setenv("PRINTER", "Office", 1);
     ::setenv("FAKE_CUPS_DEFAULT", "Office", 1);
     LocalPrinterControl control(printers, store);
-    ASSERT_EQ(printers.default_name(), "Office");
+    ASSERT_EQ(control.default_printer(), "Office");
     EXPECT_EQ(control.profile_entry("PrinterPorts", "Adobe PDF"), "winspool,Ne00:,15,45");
     EXPECT_EQ(control.profile_entry("PrinterPorts", "Nowhere"), "");
     EXPECT_EQ(control.profile_entry("PrinterPorts", ""), "");
     control.write_profile_entry("windows", "Device", "Adobe PDF,winspool,Ne00:");
-    EXPECT_EQ(printers.default_name(), "Adobe PDF");
+    EXPECT_EQ(control.default_printer(), "Adobe PDF");
     RegistryStore later(folder.path());
     EXPECT_EQ(Printers(later).default_name(), "Adobe PDF") << "it outlives the command";
     control.write_profile_entry("windows", "Device", "Gone,winspool,Ne00:");

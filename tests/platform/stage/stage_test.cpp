@@ -36,6 +36,7 @@ using StageJournal = StageTest;
 using StageFailures = StageTest;
 using StageObjects = StageTest;
 using StageFilesTest = StageTest;
+using StagePrintersTest = StageTest;
 using StageTime = StageTest;
 using StageWindowsTest = StageTest;
 using StageProgramsTest = StageTest;
@@ -313,6 +314,78 @@ TEST_F(StageFilesTest, AFileThatNobodyClosedIsClosedWhenItIsLetGo) {
     )");
 }
 
+TEST_F(StageFilesTest, EachNameOfAListingIsAnAction) {
+    stage.put_file("C:\\in\\b.pdf");
+    stage.put_file("C:\\IN\\a.PDF");
+    stage.put_file("C:\\in\\below\\c.pdf");
+    const auto listing = world.files.list("C:\\in\\*.pdf");
+    while (listing->next()) {
+    }
+    EXPECT_EQ(stage.actions(), 4);
+    expect_journal(R"(
+        list C:\in\*.pdf
+        next file -> a.PDF
+        next file -> b.pdf
+        next file -> none
+    )");
+}
+
+TEST_F(StageFilesTest, AListingNamesThemFromTheirTimeOnUntilTheyAreDeleted) {
+    stage.put_file("C:\\a.pdf");
+    stage.put_file("C:\\b.pdf");
+    stage.files["C:\\c.pdf"].appears_at = 1000;
+    const auto listing = world.files.list("C:\\*");
+    EXPECT_EQ(listing->next(), "a.pdf");
+    world.files.remove("C:\\b.pdf");
+    world.clock.sleep(1000);
+    EXPECT_EQ(listing->next(), "c.pdf");
+}
+
+TEST_F(StageFilesTest, RealOnesAreListedUntilTheyAreDeletedOnStage) {
+    stage.real_length = [](const std::string&) { return std::optional<std::int64_t>(7); };
+    stage.real_names = [](const std::string& pattern) {
+        return pattern == "C:\\*.doc" ? std::vector<std::string>{"a.doc", "b.doc"}
+                                      : std::vector<std::string>();
+    };
+    world.files.remove("C:\\a.doc");
+    const auto listing = world.files.list("C:\\*.doc");
+    EXPECT_EQ(listing->next(), "b.doc");
+    EXPECT_EQ(listing->next(), std::nullopt);
+}
+
+// Printers.
+
+TEST_F(StagePrintersTest, TheDefaultOneFollowsTheProfile) {
+    EXPECT_EQ(world.printers.default_printer(), "Office printer");
+    world.printers.write_profile_entry("windows", "Device", "Adobe PDF,winspool,Ne00:");
+    world.printers.default_printer();
+    stage.profile.clear();
+    world.printers.default_printer();
+    expect_journal(R"(
+        default printer -> Office printer
+        write profile [windows] Device = Adobe PDF,winspool,Ne00:
+        default printer -> Adobe PDF
+        default printer -> none
+    )");
+}
+
+TEST_F(StagePrintersTest, TheDefaultOneOfWindows95IsThatWhichHasTheAttribute) {
+    stage.printers["Adobe PDF"] = {"Adobe PDF", "LPT1:", 0, 0, 0};
+    const PrinterHandle printer = world.printers.open_printer("Adobe PDF");
+    PrinterInfo info = *world.printers.printer_info(printer);
+    world.printers.set_printer_info(printer, info);
+    EXPECT_EQ(world.printers.default_printer(), "Office printer");
+    info.attributes = 4;
+    world.printers.set_printer_info(printer, info);
+    EXPECT_EQ(world.printers.default_printer(), "Adobe PDF");
+}
+
+TEST_F(StagePrintersTest, ThereIsNoDefaultOneWhenAskingFails) {
+    stage.fail_action(1, Error(RuntimeError::permission_denied));
+    EXPECT_EQ(world.printers.default_printer(), "");
+    EXPECT_EQ(world.printers.default_printer(), "Office printer");
+}
+
 // Time.
 
 TEST_F(StageTime, PassesOnlyWhereSomethingSleeps) {
@@ -395,6 +468,16 @@ TEST_F(StageRegistryTest, AClosedKeyCannotBeClosedAgain) {
     world.registry.create_key(hkey_current_user, "Software\\Foliant", 1, opened);
     EXPECT_EQ(world.registry.close_key(opened), registry_success);
     EXPECT_NE(world.registry.close_key(opened), registry_success);
+}
+
+TEST_F(StageRegistryTest, ATextThatDoesNotEndWithANulStaysAsItIs) {
+    RegistryKey key = 0;
+    world.registry.create_key(hkey_current_user, "Software\\Foliant", 1, key);
+    world.registry.set_value(key, "Name", reg_string, "abc");
+    std::uint32_t type = 0;
+    std::uint32_t size = 0;
+    EXPECT_EQ(world.registry.query_size(key, "Name", type, size), registry_success);
+    EXPECT_EQ(size, 3U);
 }
 
 TEST_F(StageRegistryTest, WhatWasWrittenIsRead) {

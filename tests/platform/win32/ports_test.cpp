@@ -6,6 +6,7 @@
 
 #include "automation/error.h"
 #include "platform/win32/listening_window.h"
+#include "platform/win32/scratch.h"
 #include "platform/win32/text.h"
 #include "platform/win32/windows_platform.h"
 
@@ -38,43 +39,14 @@ LRESULT CALLBACK count_message(HWND window, UINT message, WPARAM first, LPARAM s
 
 class WindowsPorts : public testing::Test {
   protected:
-    WindowsPorts() {
-        char folder[MAX_PATH];
-        GetTempPathA(MAX_PATH, folder);
-        folder_ = std::string(folder) + "foliant ports " + std::to_string(GetCurrentProcessId());
-        CreateDirectoryA(folder_.c_str(), nullptr);
-    }
-    ~WindowsPorts() override {
-        WIN32_FIND_DATAW entry;
-        const HANDLE search = FindFirstFileW(to_utf16(folder_ + "\\*").c_str(), &entry);
-        do {
-            DeleteFileW(to_utf16(path(to_utf8(std::wstring_view(entry.cFileName)))).c_str());
-            RemoveDirectoryW(to_utf16(path(to_utf8(std::wstring_view(entry.cFileName)))).c_str());
-        } while (FindNextFileW(search, &entry) != 0);
-        FindClose(search);
-        RemoveDirectoryA(folder_.c_str());
-        RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Foliant tests");
-    }
-
-    std::string path(const std::string& name) const { return folder_ + "\\" + name; }
-
+    std::string path(const std::string& name) const { return scratch_.path(name); }
     void write(const std::string& name) {
         ports.files.create_text(path(name), TextPurpose::result)->write_line("text");
     }
 
-    std::string content(const std::string& name) {
-        const HANDLE file =
-            CreateFileW(to_utf16(path(name)).c_str(), GENERIC_READ, 7, nullptr, OPEN_EXISTING, 0, nullptr);
-        char buffer[4096];
-        DWORD size = 0;
-        ReadFile(file, buffer, sizeof buffer, &size, nullptr);
-        CloseHandle(file);
-        return {buffer, size};
-    }
-
     WindowsPlatform platform_;
     Platform ports = platform_.platform();
-    std::string folder_;
+    Scratch scratch_;
 };
 
 TEST_F(WindowsPorts, AFileHasALengthAndWhatIsNoFileRaises53) {
@@ -116,44 +88,27 @@ TEST_F(WindowsPorts, ATextFileIsEmptiedAndHoldsItsLinesInTheCodePage) {
     file->write_line("");
     file->write_line("(caf\xC3\xA9 \xD0\x94) show");
     file->close();
-    EXPECT_EQ(content("driver.ps"), "%!PS\r\n\r\n(caf\xE9 ?) show\r\n");
+    EXPECT_EQ(scratch_.content("driver.ps"), "%!PS\r\n\r\n(caf\xE9 ?) show\r\n");
     EXPECT_EQ(error_of([&] { ports.files.create_text(path("nowhere\\a.txt"), TextPurpose::result); }), 76);
     EXPECT_EQ(error_of([&] { ports.files.create_text("", TextPurpose::result); }), 75);
 }
 
-TEST_F(WindowsPorts, ABareNameIsLookedForInTheCurrentFolder) {
-    wchar_t former[MAX_PATH];
-    GetCurrentDirectoryW(MAX_PATH, former);
-    SetCurrentDirectoryA(folder_.c_str());
-    write("123");
-    EXPECT_TRUE(ports.files.exists_in_current_folder("123"));
-    EXPECT_FALSE(ports.files.exists_in_current_folder("124"));
-    EXPECT_FALSE(ports.files.exists_in_current_folder(path("123")));
-    SetCurrentDirectoryW(former);
+TEST_F(WindowsPorts, AListingTakesAnyNameAndLeavesOutWhatBelongsToTheSystem) {
+    write("\xE2\x82\xAC \xD0\x96.pdf");
+    write("a.pdf");
+    write("own.pdf");
+    SetFileAttributesA(path("own.pdf").c_str(), FILE_ATTRIBUTE_SYSTEM);
+    SetFileAttributesA(path("a.pdf").c_str(), FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_ARCHIVE);
+    const auto listing = ports.files.list(path("*.pdf"));
+    EXPECT_EQ(listing->next(), "a.pdf");
+    EXPECT_EQ(listing->next(), "\xE2\x82\xAC \xD0\x96.pdf");
+    EXPECT_EQ(listing->next(), std::nullopt);
 }
 
-TEST_F(WindowsPorts, RegistryValuesComeBackByteForByte) {
-    using namespace std::string_literals;
-    RegistryKey key = 0;
-    ASSERT_EQ(ports.registry.create_key(hkey_current_user, "Software\\Foliant tests\\Deep", all_access, key),
-              0);
-    const std::string data = "\xFF\0\x80 text\0\0"s;
-    for (const std::uint32_t type : {0U, 1U, 2U, 3U, 7U, 4711U})
-        ASSERT_EQ(ports.registry.set_value(key, "v" + std::to_string(type), type, data), 0) << type;
-    for (const std::uint32_t type : {0U, 1U, 2U, 3U, 7U, 4711U}) {
-        std::uint32_t read_type = 99;
-        std::uint32_t size = 0;
-        ASSERT_EQ(ports.registry.query_size(key, "V" + std::to_string(type), read_type, size), 0);
-        EXPECT_EQ(read_type, type);
-        std::string read(size, ' ');
-        ASSERT_EQ(ports.registry.query_data(key, "v" + std::to_string(type), read), 0);
-        EXPECT_EQ(read, data) << type;
-    }
-    std::string unchanged = "as it was";
-    EXPECT_EQ(ports.registry.query_data(key, "missing", unchanged), registry_not_found);
-    EXPECT_EQ(unchanged, "as it was");
-    EXPECT_EQ(ports.registry.close_key(key), 0);
-    EXPECT_NE(ports.registry.close_key(key), 0);
+TEST_F(WindowsPorts, AListingOfAnUnknownDriveIsEmptyAndOneOfABadNameRaises52) {
+    EXPECT_EQ(ports.files.list("Q:\\in\\*.pdf")->next(), std::nullopt);
+    EXPECT_EQ(error_of([&] { ports.files.list(path("<|>\\*.pdf")); }), 52);
+    EXPECT_EQ(error_of([&] { ports.files.list(std::string("C:\\*\0.pdf", 9)); }), 52);
 }
 
 TEST_F(WindowsPorts, RegistryRootsOpenWithTheAccessThatMembersAskFor) {
@@ -192,16 +147,6 @@ TEST_F(WindowsPorts, PumpingHandlesWhatWaitsAndLeavesTheEndToTheCallersLoop) {
     EXPECT_NE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE), 0);
     EXPECT_EQ(message.wParam, 5U);
     DestroyWindow(window);
-}
-
-TEST_F(WindowsPorts, AWindowIsFoundByItsCaptionInAnyCaseAndClosed) {
-    CreateWindowW(L"Static", L"Adobe Acrobat - [Report.pdf]", WS_OVERLAPPEDWINDOW, 0, 0, 9, 9, nullptr,
-                  nullptr, nullptr, nullptr);
-    EXPECT_EQ(ports.windows.find_window("adobe acrobat - [rep"), 0);
-    const WindowHandle window = ports.windows.find_window("adobe acrobat - [report.pdf]");
-    ASSERT_GT(window, 0);
-    ports.windows.close_window(window, "0");
-    EXPECT_EQ(ports.windows.find_window("adobe acrobat - [report.pdf]"), 0);
 }
 
 TEST_F(WindowsPorts, KnowTheSystemFolderAndTheirOwn) {

@@ -1,0 +1,55 @@
+// What the ports of time, windows, programs, folders and classes promise.
+
+#include <gtest/gtest.h>
+
+#include "platform/contract/world.h"
+
+namespace foliant::platform::contract {
+namespace {
+
+TEST_P(PortContract, SleepingTakesItsTime) {
+    const float before = ports.clock.seconds_since_midnight();
+    ports.clock.sleep(30);
+    const float passed = ports.clock.seconds_since_midnight() - before;
+    // Across midnight the timer has begun anew.
+    EXPECT_TRUE(passed >= 0.02F || passed < -80000.0F) << passed;
+    EXPECT_GE(before, 0.0F);
+    EXPECT_LT(before, 86400.0F);
+}
+
+TEST_P(PortContract, TwoSeedsDiffer) {
+    EXPECT_NE(ports.clock.random_seed(), ports.clock.random_seed());
+}
+
+TEST_P(PortContract, AWindowIsFoundByItsCaptionInAnyCaseAndClosed) {
+    world->put_window("Adobe Acrobat - [Report.pdf]");
+    EXPECT_EQ(ports.windows.find_window("adobe acrobat - [rep"), 0);
+    const WindowHandle window = ports.windows.find_window("adobe acrobat - [report.pdf]");
+    ASSERT_NE(window, 0);
+    ports.windows.close_window(window, "0");
+    EXPECT_EQ(ports.windows.find_window("adobe acrobat - [report.pdf]"), 0);
+}
+
+TEST_P(PortContract, TheWindowSenderLiesInTheSystemFolderAndStartsThere) {
+    const auto buffer = ports.shell.special_folder(100, 37);
+    ASSERT_TRUE(buffer.has_value());
+    ASSERT_NE(buffer->find('\0'), std::string::npos);
+    const std::string folder = buffer->substr(0, buffer->find('\0'));
+    const std::string sender = folder + ports.files.separator() + "quorixsend.exe";
+    EXPECT_GT(ports.files.length(sender), 0);
+    EXPECT_EQ(error_of([&] { ports.programs.start(sender + " open~Edit~x~0~0~", WindowStyle::hidden); }), 0);
+    EXPECT_EQ(error_of([&] { ports.programs.start(sender + "2 open~Edit~x~0~0~", WindowStyle::hidden); }),
+              53);
+}
+
+TEST_P(PortContract, ThereAreNoOtherFoldersAndPrograms) {
+    EXPECT_FALSE(ports.shell.special_folder(100, 9999).has_value());
+    EXPECT_EQ(error_of([&] { ports.programs.start("nosuch.exe", WindowStyle::hidden); }), 53);
+}
+
+TEST_P(PortContract, AClassThatNobodyHasRaises429) {
+    EXPECT_EQ(error_of([&] { ports.servers.create("No.SuchClass"); }), 429);
+}
+
+}  // namespace
+}  // namespace foliant::platform::contract

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+#include <ostream>
+#include <string>
+
+#include "automation/error.h"
+#include "platform/platform.h"
+
+/// What the ports promise: one body of tests, run on every adapter. A difference between the stage and the
+/// others would make every test on the stage worth less.
+namespace foliant::platform::contract {
+
+/// An outside world with a usual machine in it: Acrobat 6.0, its printers "Adobe PDF" and "Acrobat
+/// Distiller", the window sender in the system folder, no class "No.SuchClass". And the means to put things
+/// there from outside.
+class World {
+  public:
+    World() = default;
+    World(const World&) = delete;
+    World& operator=(const World&) = delete;
+    virtual ~World() = default;
+
+    /// They live as long as this.
+    virtual Platform ports() = 0;
+
+    /// The path of an entry of a folder that is there, and empty at first.
+    virtual std::string path(const std::string& name) const = 0;
+    /// Puts a file there that has a length.
+    virtual void put_file(const std::string& name) = 0;
+    virtual void put_hidden_file(const std::string& name) = 0;
+    virtual void put_folder(const std::string& name) = 0;
+    /// The text in a file, in UTF-8.
+    virtual std::string content(const std::string& name) const = 0;
+    /// Makes that folder, with what will be put there, the current one.
+    virtual void enter_folder() = 0;
+
+    /// Puts up a top-level window that closes when it is told to.
+    virtual void put_window(const std::string& caption) = 0;
+};
+
+/// How to make the world of one adapter.
+struct WorldMaker {
+    const char* name;
+    std::unique_ptr<World> (*make)();
+};
+
+inline void PrintTo(const WorldMaker& maker, std::ostream* out) {
+    *out << maker.name;
+}
+
+/// Each adapter runs all of these tests: INSTANTIATE_TEST_SUITE_P(Local, PortContract, Values(...)).
+class PortContract : public testing::TestWithParam<WorldMaker> {
+  protected:
+    std::unique_ptr<World> world = GetParam().make();
+    Platform ports = world->ports();
+};
+
+/// The number of the error that a call ends with; 0 for none.
+inline std::int32_t error_of(const std::function<void()>& call) {
+    try {
+        call();
+        return 0;
+    } catch (const automation::Error& error) {
+        return error.number();
+    }
+}
+
+}  // namespace foliant::platform::contract

@@ -1,0 +1,47 @@
+// The local machine keeps what the ports promise.
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <memory>
+
+#include "platform/contract/world.h"
+#include "platform/local/local_machine.h"
+#include "platform/local/temporary_folder.h"
+
+namespace foliant::platform::local::test {
+namespace {
+
+namespace fs = std::filesystem;
+using contract::PortContract;
+
+class LocalWorld : public contract::World {
+  public:
+    ~LocalWorld() override { fs::current_path(former_folder_); }
+
+    Platform ports() override { return machine_.platform(); }
+    std::string path(const std::string& name) const override { return work_ / name; }
+    void put_file(const std::string& name) override { write_file(path(name), "content"); }
+    void put_hidden_file(const std::string& name) override { put_file("." + name); }
+    void put_folder(const std::string& name) override { fs::create_directory(path(name)); }
+    std::string content(const std::string& name) const override { return content_of(path(name)); }
+    void enter_folder() override { fs::current_path(work_.path()); }
+    void put_window(const std::string& caption) override { machine_.desktop().put_window(caption); }
+
+  private:
+    fs::path former_folder_ = fs::current_path();
+    TemporaryFolder work_;
+    TemporaryFolder settings_;
+    TemporaryFolder temporary_;
+    LocalMachine machine_{{.temporary_folder = temporary_.path(),
+                           .configuration_folder = settings_.path(),
+                           .hosts_folder = work_.path()}};
+};
+
+std::unique_ptr<contract::World> make_world() {
+    return std::make_unique<LocalWorld>();
+}
+
+INSTANTIATE_TEST_SUITE_P(Local, PortContract, testing::Values(contract::WorldMaker{"Local", make_world}));
+
+}  // namespace
+}  // namespace foliant::platform::local::test

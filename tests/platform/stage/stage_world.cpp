@@ -1,0 +1,51 @@
+// The stage keeps what the ports promise.
+
+#include <gtest/gtest.h>
+#include <memory>
+
+#include "platform/contract/world.h"
+#include "platform/stage/cast/cast.h"
+
+namespace foliant::platform::stage {
+namespace {
+
+using contract::PortContract;
+
+class StageWorld : public contract::World {
+  public:
+    StageWorld() {
+        cast_usual_machine(stage_);
+        stage_.folders.insert("C:\\Work");
+        stage_.missing_classes.insert("No.SuchClass");
+    }
+
+    Platform ports() override { return stage_.platform(); }
+    std::string path(const std::string& name) const override { return "C:\\Work\\" + name; }
+    void put_file(const std::string& name) override {
+        stage_.put_file(inside_ ? name : path(name));
+        if (inside_) stage_.names_in_current_folder.insert(name);
+    }
+    void put_hidden_file(const std::string& name) override {
+        put_file(name);
+        stage_.files[path(name)].hidden = true;
+    }
+    void put_folder(const std::string& name) override { stage_.folders.insert(path(name)); }
+    std::string content(const std::string& name) const override {
+        return stage_.files.at(path(name)).content;
+    }
+    void enter_folder() override { inside_ = true; }
+    void put_window(const std::string& caption) override { stage_.windows[caption] = 0; }
+
+  private:
+    Stage stage_;
+    bool inside_ = false;
+};
+
+std::unique_ptr<contract::World> make_world() {
+    return std::make_unique<StageWorld>();
+}
+
+INSTANTIATE_TEST_SUITE_P(Stage, PortContract, testing::Values(contract::WorldMaker{"Stage", make_world}));
+
+}  // namespace
+}  // namespace foliant::platform::stage
