@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 
+#include "converters/word_steps.h"
 #include "engines/distiller_job.h"
 #include "session/session.h"
 
@@ -15,10 +15,7 @@ struct WordJob {
     std::string write_password;  ///< likewise
     std::string pages;           ///< Word's page-range expression, "1-3,5"; blank means the whole document
     bool landscape = false;      ///< false writes portrait: the document's own orientation never stays
-    bool number_in_footer = false;
-    bool number_in_header = false;
-    std::int32_t number_alignment = 1;  ///< 0 left, 2 right, any other number centred
-    bool number_on_first_page = false;
+    PageNumbers page_numbers;
     std::string printer;  ///< the printer that Word prints to; blank means `PrinterName`
 };
 

@@ -17,10 +17,10 @@ converters::WordJob word_job(const std::string& strWordDocument, const std::stri
             .write_password = strWritePassword,
             .pages = strPages,
             .landscape = blnLandscape,
-            .number_in_footer = blnPageNumberInFooter,
-            .number_in_header = blnPageNumberInHeader,
-            .number_alignment = static_cast<std::int32_t>(lngPageNumberAlignment),
-            .number_on_first_page = blnFirstPage,
+            .page_numbers = {.in_footer = blnPageNumberInFooter,
+                             .in_header = blnPageNumberInHeader,
+                             .alignment = static_cast<std::int32_t>(lngPageNumberAlignment),
+                             .on_first_page = blnFirstPage},
             .printer = strDistiller};
 }
 
