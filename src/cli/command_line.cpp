@@ -5,13 +5,11 @@
 #include "cli/exit_codes.h"
 #include "cli/member_command.h"
 #include "cli/request.h"
-#include "core/dispatch.h"
 #include "core/members.h"
 #include "foliant_version.h"
 
 namespace foliant::cli {
 
-using automation::Access;
 using core::Member;
 using core::MemberKind;
 
@@ -45,14 +43,6 @@ class ExamplesFirst : public CLI::Formatter {
     }
 };
 
-/// The group of `foliant --help` that a member stands in.
-std::string family_of(const Member& member) {
-    if (!member.available) return "Members that a later version brings";
-    if (member.name.find("Word") != std::string_view::npos) return "Word documents";
-    if (member.name.ends_with("PS")) return "PostScript files";
-    return "Settings";
-}
-
 void add_call_options(CLI::App& app, CallOptions& options) {
     app.add_flag("--json", options.json, "print result, by-reference values, events and error as JSON");
     app.add_flag("-q,--quiet", options.quiet, "no progress and no closing line; errors still show");
@@ -75,7 +65,7 @@ class CommandLine {
   private:
     enum class Show { available, later };
     void add_members(CLI::App& parent, Request::Action action, Show which);
-    void add_temp_file_path(CLI::App& parent, Request::Action action);
+    CLI::App& add_member(CLI::App& parent, Request::Action action, const Member& member);
     void add_registry();
     void add_tools();
     bool is_mentioned(std::string_view name) const;
@@ -98,7 +88,6 @@ CommandLine::CommandLine(const std::vector<std::string>& words) : words_(words) 
     app_.fallthrough();
     add_call_options(app_, request_.options);
     add_members(app_, Request::Action::call, Show::available);
-    add_temp_file_path(app_, Request::Action::call);
     auto* rehearse =
         app_.add_subcommand("rehearse", "Shows every step that a member would take, and takes none.");
     rehearse->group("Tools")->require_subcommand(1)->fallthrough();
@@ -121,29 +110,29 @@ bool CommandLine::is_mentioned(std::string_view name) const {
 void CommandLine::add_members(CLI::App& parent, Request::Action action, Show which) {
     const bool names_one = std::any_of(core::members.begin(), core::members.end(),
                                        [&](const Member& member) { return is_mentioned(member.name); });
-    for (const Member& member : core::members) {
-        if (member.kind != MemberKind::method || member.available != (which == Show::available)) continue;
-        if (names_one && !is_mentioned(member.name)) continue;
-        auto* command = parent.add_subcommand(std::string(member.name), std::string(member.help));
-        command->ignore_case()->group(family_of(member))->fallthrough();
-        if (!is_mentioned(member.name)) continue;
-        member_commands_.push_back(std::make_unique<MemberCommand>(*command, member));
-        command->final_callback([this, action, &member, added = member_commands_.back().get()] {
-            request_.action = action;
-            request_.member = &member;
-            chosen_ = added;
-        });
+    for (const core::FamilyHeading& family : core::families) {
+        const std::string group(which == Show::later ? "Members that a later version brings"
+                                                     : family.heading);
+        for (const Member& member : core::members) {
+            if (member.family != family.family || member.kind == MemberKind::property_put) continue;
+            if (member.available != (which == Show::available)) continue;
+            if (!names_one || is_mentioned(member.name)) add_member(parent, action, member).group(group);
+        }
     }
 }
 
-void CommandLine::add_temp_file_path(CLI::App& parent, Request::Action action) {
-    const Member& getter = *core::find_member(*core::find_dispid("TempFilePath"), Access::get);
-    auto* command = parent.add_subcommand("TempFilePath", std::string(getter.help));
-    command->ignore_case()->group("Settings")->fallthrough();
-    command->final_callback([this, action, &getter] {
+/// Adds the sub-command of a member, and its options if it is the one that is called.
+CLI::App& CommandLine::add_member(CLI::App& parent, Request::Action action, const Member& member) {
+    auto* command = parent.add_subcommand(std::string(member.name), std::string(member.help));
+    command->ignore_case()->fallthrough();
+    if (!is_mentioned(member.name)) return *command;
+    member_commands_.push_back(std::make_unique<MemberCommand>(*command, member));
+    command->final_callback([this, action, &member, added = member_commands_.back().get()] {
         request_.action = action;
-        request_.member = &getter;
+        request_.member = &member;
+        chosen_ = added;
     });
+    return *command;
 }
 
 void CommandLine::add_registry() {

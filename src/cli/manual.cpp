@@ -23,6 +23,14 @@ std::string escaped(std::string_view text) {
     return result;
 }
 
+/// As section headings of manual pages are written.
+std::string in_capitals(std::string_view text) {
+    std::string result(text);
+    for (char& c : result)
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    return result;
+}
+
 bool stands_alone(const Member& member, const Parameter& parameter) {
     return !parameter.optional && core::parameter_role(member, parameter) != core::ParameterRole::password;
 }
@@ -102,9 +110,12 @@ std::string manual_page() {
     for (const auto& row : exit_code_table) {
         page += ".TP\n.B " + std::to_string(row.code) + "\n" + escaped(row.meaning) + "\n";
     }
-    page += ".SH MEMBERS\n";
-    for (const Member& member : core::members) {
-        if (member.kind != MemberKind::property_put) page += member_section(member);
+    for (const core::FamilyHeading& family : core::families) {
+        page += ".SH " + in_capitals(family.heading) + "\n";
+        for (const Member& member : core::members) {
+            const bool shown = member.family == family.family && member.kind != MemberKind::property_put;
+            if (shown) page += member_section(member);
+        }
     }
     return page;
 }

@@ -16,6 +16,7 @@
 #include "automation/value.h"
 #include "core/build_pdf.h"
 #include "core/conversion.h"
+#include "core/family.h"
 
 namespace foliant::core {
 
@@ -46,6 +47,7 @@ struct Member {
 
     int slot = 0;
     std::int32_t dispid = 0;
+    Family family = Family::settings;
     MemberKind kind = MemberKind::method;
     std::string_view name;
     std::string_view help;
@@ -200,8 +202,9 @@ struct Row {
 
 /// Makes a row of the table. A row that does not fit the function it names does not compile.
 template <auto Method>
-consteval Row<Method> row(int slot, std::uint32_t dispid, MemberKind kind, std::string_view name,
-                          std::string_view help, std::initializer_list<ParameterEntry> entries) {
+consteval Row<Method> row(int slot, std::uint32_t dispid, Family family, MemberKind kind,
+                          std::string_view name, std::string_view help,
+                          std::initializer_list<ParameterEntry> entries) {
     using Signature = detail::Signature<Method>;
     std::string_view function = detail::function_name<Method>();
     if (kind != MemberKind::method) function.remove_prefix(std::string_view("get_").size());
@@ -210,6 +213,7 @@ consteval Row<Method> row(int slot, std::uint32_t dispid, MemberKind kind, std::
         throw "the row has another number of parameters than the function";
     Member member{.slot = slot,
                   .dispid = static_cast<std::int32_t>(dispid),
+                  .family = family,
                   .kind = kind,
                   .name = name,
                   .help = help,

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -165,6 +166,19 @@ TEST(CommandLine, HelpOpensWithExamplesAndNamesEveryMemberAndExitCode) {
     }
     for (const auto& row : exit_code_table)
         EXPECT_NE(parsed.output.find(row.meaning), std::string::npos);
+}
+
+TEST(CommandLine, HelpShowsTheMembersThatAreThereByFamily) {
+    const std::string help = parse_words({"--help"}).output;
+    for (const core::Member& member : core::members) {
+        if (!member.available) continue;
+        const auto family = std::find_if(core::families.begin(), core::families.end(),
+                                         [&](const auto& row) { return row.family == member.family; });
+        const std::size_t begin = help.find("\n" + std::string(family->heading) + ":\n");
+        ASSERT_NE(begin, std::string::npos) << family->heading;
+        const std::string group = help.substr(begin, help.find("\n\n", begin) - begin);
+        EXPECT_NE(group.find("  " + std::string(member.name) + " "), std::string::npos) << group;
+    }
 }
 
 TEST(CommandLine, HelpOfAMemberShowsItsParametersWithTheirDefaults) {

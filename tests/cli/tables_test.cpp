@@ -34,5 +34,15 @@ TEST(Faces, TheManualIsTroff) {
     EXPECT_NE(manual_page().find(".SH EXIT STATUS"), std::string::npos);
 }
 
+TEST(Faces, TheManualHasASectionForEachFamily) {
+    const std::string page = manual_page();
+    const std::size_t begin = page.find("\n.SH POSTSCRIPT FILES\n");
+    ASSERT_NE(begin, std::string::npos);
+    const std::string section = page.substr(begin, page.find("\n.SH ", begin + 1) - begin);
+    EXPECT_NE(section.find("\n.SS CreatePDFfromPS\n"), std::string::npos) << section;
+    EXPECT_NE(section.find("\n.SS CreatePDFfromMultiPS\n"), std::string::npos) << section;
+    EXPECT_EQ(section.find("\n.SS CreatePDFfromWord\n"), std::string::npos) << section;
+}
+
 }  // namespace
 }  // namespace foliant::cli

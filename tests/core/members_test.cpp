@@ -1,5 +1,6 @@
 #include "core/members.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -90,6 +91,23 @@ TEST(Members, LibraryOrderPutsTheAccessorsBetweenOpenPdfAndPrinterName) {
 TEST(Members, EveryOneSaysWhatItIsFor) {
     for (const Member& member : members)
         EXPECT_TRUE(member.help.ends_with('.')) << member.name;
+}
+
+TEST(Families, AreListedInTheirOwnOrder) {
+    for (std::size_t i = 0; i < families.size(); ++i)
+        EXPECT_EQ(static_cast<std::size_t>(families[i].family), i) << families[i].heading;
+}
+
+TEST(Families, HoldEveryMember) {
+    std::size_t held = 0;
+    for (const FamilyHeading& family : families) {
+        const auto count = std::count_if(members.begin(), members.end(), [&](const Member& member) {
+            return member.family == family.family;
+        });
+        EXPECT_GT(count, 0) << family.heading;
+        held += static_cast<std::size_t>(count);
+    }
+    EXPECT_EQ(held, members.size());
 }
 
 TEST(Events, AreTheFrozenSix) {
