@@ -1,5 +1,7 @@
 #include "engines/default_printer.h"
 
+#include <utility>
+
 namespace foliant::engines {
 namespace {
 
@@ -51,6 +53,17 @@ void SetDefPrinter(const session::Session& session, const std::string& strPrinte
     } else {
         set_by_profile(printers, strPrinter);
     }
+}
+
+void PrinterSwitch::switch_to(const std::string& printer) {
+    former_ = session_.outside().printers.default_printer();
+    SetDefPrinter(session_, printer);
+}
+
+void PrinterSwitch::restore() {
+    if (!former_) return;
+    const std::string former = *std::exchange(former_, std::nullopt);
+    SetDefPrinter(session_, former);
 }
 
 }  // namespace foliant::engines

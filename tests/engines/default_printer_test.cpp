@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include "support/fault_cases.h"
 #include "support/staged_session.h"
 
 namespace foliant::engines {
 namespace {
+
+using platform::stage::Stage;
+using session::Session;
 
 class DefaultPrinter : public tests::StagedSession {
   protected:
@@ -111,6 +115,102 @@ TEST_F(DefaultPrinter, SaysNothingOfAnyFailure) {
             EXPECT_NO_THROW(SetDefPrinter(session(), "Adobe PDF"));
         }
 }
+
+// Switching it for one job.
+
+class SwitchedPrinter : public DefaultPrinter {
+  protected:
+    SwitchedPrinter() {
+        put_port("HP", "winspool,Ne01:,15,45");
+        put_port("Adobe PDF", "winspool,Ne00:,15,45");
+        stage.profile["windows"]["Device"] = "HP,winspool,Ne01:";
+        session();
+    }
+
+    PrinterSwitch printer{session()};
+};
+
+TEST_F(SwitchedPrinter, IsRememberedBeforeAndPutBackAfterTheJob) {
+    printer.switch_to("Adobe PDF");
+    stage.note("the job");
+    printer.restore();
+    expect_journal(R"(
+        default printer -> HP
+        platform identifier -> 2
+        profile [PrinterPorts] Adobe PDF -> winspool,Ne00:,15,45
+        write profile [windows] Device = Adobe PDF,winspool,Ne00:
+        tell all windows that profile [windows] has changed
+        the job
+        platform identifier -> 2
+        profile [PrinterPorts] HP -> winspool,Ne01:,15,45
+        write profile [windows] Device = HP,winspool,Ne01:
+        tell all windows that profile [windows] has changed
+    )");
+}
+
+TEST_F(SwitchedPrinter, ThatIsNotThereLeavesTheDefaultAndIsRestoredAllTheSame) {
+    printer.switch_to("Nowhere");
+    printer.restore();
+    expect_journal(R"(
+        default printer -> HP
+        platform identifier -> 2
+        profile [PrinterPorts] Nowhere -> nothing
+        platform identifier -> 2
+        profile [PrinterPorts] HP -> winspool,Ne01:,15,45
+        write profile [windows] Device = HP,winspool,Ne01:
+        tell all windows that profile [windows] has changed
+    )");
+}
+
+TEST_F(SwitchedPrinter, IsPutBackOnceAndOnlyAfterASwitch) {
+    printer.restore();
+    EXPECT_EQ(stage.journal(), "");
+    printer.switch_to("Adobe PDF");
+    printer.restore();
+    stage.clear_journal();
+    printer.restore();
+    EXPECT_EQ(stage.journal(), "");
+}
+
+TEST_F(SwitchedPrinter, StaysWhereNobodyPutsItBack) {
+    { PrinterSwitch(session()).switch_to("Adobe PDF"); }
+    EXPECT_EQ(stage.profile["windows"]["Device"], "Adobe PDF,winspool,Ne00:");
+}
+
+// Passed over by rule: whatever the system refuses.
+const tests::ServiceFaults switched_for_a_job(
+    "PrinterSwitchedForAJob",
+    [](Stage& stage) {
+        stage.profile["PrinterPorts"]["HP"] = "winspool,Ne01:,15,45";
+        stage.profile["windows"]["Device"] = "HP,winspool,Ne01:";
+    },
+    [](const Session& session) {
+        PrinterSwitch printer(session);
+        printer.switch_to("Adobe PDF");
+        printer.restore();
+    },
+    {.report = R"(
+    fails: default printer
+        go on, but
+        - profile [PrinterPorts] HP -> winspool,Ne01:,15,45
+        - write profile [windows] Device = HP,winspool,Ne01:
+        - tell all windows that profile [windows] has changed
+        + profile [PrinterPorts]  -> nothing
+    fails: profile [PrinterPorts] Adobe PDF
+        go on, but
+        - write profile [windows] Device = Adobe PDF,winspool,Ne00:
+        - tell all windows that profile [windows] has changed
+    fails: write profile [windows] Device = Adobe PDF,winspool,Ne00:
+    fails: tell all windows that profile [windows] has changed
+        go on
+    fails: profile [PrinterPorts] HP
+        go on, but
+        - write profile [windows] Device = HP,winspool,Ne01:
+        - tell all windows that profile [windows] has changed
+    fails: write profile [windows] Device = HP,winspool,Ne01:
+    fails: tell all windows that profile [windows] has changed
+        go on
+)"});
 
 }  // namespace
 }  // namespace foliant::engines
