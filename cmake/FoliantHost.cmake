@@ -2,19 +2,12 @@
 
 set(FOLIANT_HOSTS_FOLDER ${CMAKE_BINARY_DIR}/hosts)
 
-# foliant_host(NAME FOLDERS folders... EXCEPT sources... KNOWS rooms... LINKS targets... RUN_PATH folders...): the room
-# foliant_NAME of all sources in the current folder and in FOLDERS but those excepted, and the module of
-# host_module.cpp over it. RUN_PATH is where the engine's libraries lie, when that is not where every program finds
-# them. Links to UNO, to an engine ... are for the room alone.
+# foliant_host(NAME FOLDERS folders... EXCEPT sources... LINKS targets... RUN_PATH folders...): the room foliant_NAME, of
+# the sources that foliant_room would take, and the module of host_module.cpp over it. RUN_PATH is where the engine's
+# libraries lie, when that is not where every program finds them. Links to UNO, to an engine ... are for the room alone.
 function(foliant_host name)
-  cmake_parse_arguments(host "" "" "FOLDERS;EXCEPT;KNOWS;LINKS;RUN_PATH" ${ARGN})
-  foliant_sources(sources host_module.cpp ${host_EXCEPT})
-  foreach(folder IN LISTS host_FOLDERS)
-    file(GLOB found CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} ${folder}/*.cpp)
-    list(APPEND sources ${found})
-  endforeach()
-  list(REMOVE_ITEM sources ${host_EXCEPT} "")
-  foliant_room(${name} SOURCES ${sources} KNOWS automation hosts ${host_KNOWS})
+  cmake_parse_arguments(host "" "" "FOLDERS;EXCEPT;LINKS;RUN_PATH" ${ARGN})
+  foliant_room(${name} FOLDERS ${host_FOLDERS} EXCEPT host_module.cpp ${host_EXCEPT})
   target_link_libraries(foliant_${name} PRIVATE ${host_LINKS} PUBLIC ${CMAKE_DL_LIBS})
 
   add_library(foliant_host_${name} MODULE host_module.cpp)

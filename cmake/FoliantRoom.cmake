@@ -39,17 +39,38 @@ function(foliant_sources result)
   set(${result} ${found} PARENT_SCOPE)
 endfunction()
 
-# foliant_room(NAME FOLDERS folders... EXCEPT sources... KNOWS rooms...): all sources of the current folder, and of those
-# folders below it, but those excepted, or SOURCES where one folder holds several rooms.
+# foliant_rooms_known(RESULT): sets RESULT to the rooms that the one in the current folder may know, as src/rooms says.
+function(foliant_rooms_known result)
+  set(rooms ${CMAKE_SOURCE_DIR}/src/rooms)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${rooms})
+  cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY ${CMAKE_SOURCE_DIR}/src OUTPUT_VARIABLE folder)
+  file(STRINGS ${rooms} line REGEX "^${folder}:")
+  if(NOT line)
+    message(FATAL_ERROR "src/rooms does not say what ${folder} knows.")
+  endif()
+  string(REGEX REPLACE "^[^:]*: *" "" line "${line}")
+  string(REPLACE " " ";" line "${line}")
+  set(${result} ${line} PARENT_SCOPE)
+endfunction()
+
+# foliant_room(NAME FOLDERS folders... EXCEPT sources...): the room of the current folder: all its sources, and those of
+# the folders below it that are named, but those excepted. It links the rooms that it may know.
+# foliant_room(NAME ... KNOWS rooms...): what tests share; src/rooms does not have it.
+# foliant_room(NAME SOURCES sources... KNOWS rooms...): a part of a room.
 function(foliant_room name)
   cmake_parse_arguments(room "" "" "FOLDERS;EXCEPT;SOURCES;KNOWS" ${ARGN})
   if(NOT room_SOURCES)
     foliant_sources(room_SOURCES FOLDERS ${room_FOLDERS} EXCEPT ${room_EXCEPT})
+    if(NOT DEFINED room_KNOWS)
+      foliant_rooms_known(room_KNOWS)
+    endif()
   endif()
   add_library(foliant_${name} STATIC ${room_SOURCES})
   target_link_libraries(foliant_${name} PUBLIC foliant_settings)
   foreach(known IN LISTS room_KNOWS)
-    target_link_libraries(foliant_${name} PUBLIC foliant_${known})
+    cmake_path(GET known FILENAME library)
+    # A room may consist of headers only.
+    target_link_libraries(foliant_${name} PUBLIC $<TARGET_NAME_IF_EXISTS:foliant_${library}>)
   endforeach()
 endfunction()
 
