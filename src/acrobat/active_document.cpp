@@ -8,7 +8,6 @@
 namespace foliant::acrobat {
 
 using automation::to_int16;
-using automation::Value;
 using session::Session;
 
 namespace {
