@@ -1,6 +1,9 @@
 #include "cli/call.h"
 
+#include <algorithm>
+
 #include "automation/coerce.h"
+#include "automation/text.h"
 #include "cli/exit_codes.h"
 #include "cli/named_files.h"
 #include "core/dispatch.h"
@@ -36,22 +39,36 @@ const ReceivedEvent* find_event(const Outcome& outcome, std::string_view name) {
     return nullptr;
 }
 
-Error host_error(std::string description) {
-    return {session::component_error_number, std::string(session::application_title), std::move(description)};
+std::optional<Value> argument_of(const Request& request, std::string_view name) {
+    for (const automation::Argument& argument : request.arguments) {
+        if (automation::equal_ignoring_case(argument.name, name)) return argument.value;
+    }
+    return std::nullopt;
+}
+
+/// Distiller's own words begin so when it is the output that cannot be written.
+bool tells_of_the_output(const std::string& message) {
+    return message.starts_with("Cannot write the PDF ");
+}
+
+Error job_failure(const Outcome& outcome, const ReceivedEvent& failed) {
+    std::string description =
+        "Distiller could not convert " + automation::to_text(failed.arguments.at(0)) + ".";
+    bool unwritable = false;
+    for (const ReceivedEvent& event : outcome.events) {
+        if (event.name != "LogMessage") continue;
+        const std::string message = automation::to_text(event.arguments.at(0));
+        unwritable = unwritable || tells_of_the_output(message);
+        description += "\n  " + message;
+    }
+    return unwritable ? Error(automation::RuntimeError::device_io_error, description)
+                      : host_error(description);
 }
 
 /// The failure that the member did not notice, if there was one.
 std::optional<Error> unnoticed_failure(const core::Member& member, const Outcome& outcome,
                                        const platform::Platform& platform) {
-    if (const ReceivedEvent* failed = find_event(outcome, "JobFail")) {
-        std::string description =
-            "Distiller could not convert " + automation::to_text(failed->arguments.at(0)) + ".";
-        for (const ReceivedEvent& event : outcome.events) {
-            if (event.name == "LogMessage")
-                description += "\n  " + automation::to_text(event.arguments.at(0));
-        }
-        return host_error(description);
-    }
+    if (const ReceivedEvent* failed = find_event(outcome, "JobFail")) return job_failure(outcome, *failed);
     const auto output = output_of(member, outcome.arguments);
     if (!output) return std::nullopt;
     try {
@@ -62,7 +79,30 @@ std::optional<Error> unnoticed_failure(const core::Member& member, const Outcome
     }
 }
 
+void put_temporary_folder(core::BuildPDF& object, const std::string& folder) {
+    if (folder.empty()) return;
+    object.put_TempFilePath(folder);
+    if (object.get_TempFilePath().starts_with(folder)) return;
+    throw Error(automation::RuntimeError::path_file_access,
+                "The folder for temporary files cannot be had: " + folder + ".");
+}
+
 }  // namespace
+
+Error host_error(std::string description) {
+    return {session::component_error_number, std::string(session::application_title), std::move(description)};
+}
+
+bool wants_protection(const Request& request) {
+    const auto wish = argument_of(request, "blnApplySecurity");
+    return wish && automation::to_bool(*wish);
+}
+
+std::optional<long> pages_announced(const Outcome& outcome) {
+    const auto pages = std::count_if(outcome.events.begin(), outcome.events.end(),
+                                     [](const ReceivedEvent& event) { return event.name == "PageNumber"; });
+    return pages == 0 ? std::nullopt : std::optional<long>(pages);
+}
 
 void fail(Outcome& outcome, Error error) {
     outcome.exit_code = exit_code_for(error);
@@ -80,7 +120,7 @@ Outcome call_member(const Request& request, const platform::Platform& platform,
     outcome.arguments = request.arguments;
     try {
         core::BuildPDF object(platform, recorder);
-        if (!request.options.temp_path.empty()) object.put_TempFilePath(request.options.temp_path);
+        put_temporary_folder(object, request.options.temp_path);
         const bool property = request.member->kind == core::MemberKind::property_get;
         outcome.result = core::invoke(object, request.member->dispid, property ? Access::get : Access::call,
                                       outcome.arguments);

@@ -18,17 +18,35 @@ struct ReceivedEvent {
     std::vector<automation::Value> arguments;
 };
 
+/// The file that a call has made.
+struct MadeFile {
+    std::string path;
+    std::int64_t bytes = 0;
+    std::optional<long> pages;  ///< nothing when they cannot be told
+};
+
 /// What a call came to.
 struct Outcome {
     automation::Value result;
     automation::Arguments arguments;  ///< with what by-reference parameters hold afterwards
     std::vector<ReceivedEvent> events;
     std::optional<automation::Error> error;
+    std::vector<std::string> left_out;  ///< what was asked for and not done, a sentence each
+    std::optional<MadeFile> made;
     int exit_code = 0;
 };
 
 /// Makes an outcome a failure, with its exit code.
 void fail(Outcome& outcome, automation::Error error);
+
+/// A failure that only the command notices.
+automation::Error host_error(std::string description);
+
+/// Whether the call asks for a protected PDF.
+bool wants_protection(const Request& request);
+
+/// How many pages the events of a call have told of; nothing for none.
+std::optional<long> pages_announced(const Outcome& outcome);
 
 /// The failure of a host program that says it is done and has made no file.
 automation::Error not_made(const std::string& output);
@@ -36,9 +54,9 @@ automation::Error not_made(const std::string& output);
 /// Calls the member of a request on a new `BuildPDF`. `watcher` is told every event as it happens; it may be
 /// the one that shows progress.
 ///
-/// A Distiller job that failed is a failure here, although the member itself does not notice it: the one who
-/// typed the command is told by the exit code. So is a call after which the file that it should have made is
-/// not there.
+/// Members pass over some things without a word, as their callers rely on. The one who typed the command is
+/// told: a Distiller job that failed, a file that was not made, and a folder for temporary files that cannot
+/// be had are failures here.
 Outcome call_member(const Request& request, const platform::Platform& platform,
                     automation::EventSink& watcher);
 

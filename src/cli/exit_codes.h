@@ -16,6 +16,7 @@ enum ExitCode : int {
     exit_host_failure =
         5,  ///< a host program failed: a wrong password, a broken document, a failed Distiller job
     exit_not_available = 6,   ///< this version does not have that member yet
+    exit_incomplete = 7,      ///< done, but not all of it: standard error and the report say what is missing
     exit_time_limit = 124,    ///< --timeout ended the call
     exit_memory_limit = 125,  ///< --memory ended the call
     exit_interrupted = 130,   ///< Ctrl-C
@@ -35,6 +36,7 @@ inline constexpr ExitCodeHelp exit_code_table[] = {
     {exit_missing_engine, "the engine behind a host program is not installed"},
     {exit_host_failure, "a host program failed (wrong password, broken document, failed Distiller job)"},
     {exit_not_available, "this version does not have that member yet"},
+    {exit_incomplete, "done, but not all of it: standard error says what was left out"},
     {exit_time_limit, "--timeout ended the call"},
     {exit_interrupted, "interrupted (Ctrl-C)"},
     {exit_terminated, "terminated from outside"},

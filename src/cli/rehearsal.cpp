@@ -4,7 +4,9 @@
 
 #include "automation/coerce.h"
 #include "cli/call.h"
+#include "cli/exit_codes.h"
 #include "cli/named_files.h"
+#include "cli/preflight.h"
 #include "cli/report.h"
 #include "platform/stage/cast/cast.h"
 #include "platform/stage/stage.h"
@@ -78,15 +80,24 @@ void cast_like(Stage& stage, const platform::Platform& here) {
 
 int rehearse(const Request& request, const platform::Platform& platform, std::ostream& out,
              std::ostream& errors) {
+    std::vector<std::string> left_out;
+    try {
+        left_out = preflight(request, platform);
+    } catch (const automation::Error& error) {
+        errors << error_text(error);
+        return exit_code_for(error);
+    }
     Stage stage;
     cast_like(stage, platform);
     const std::vector<std::string> passwords = passwords_of(*request.member, request.arguments);
     EventLines lines(stage);
-    const Outcome outcome = call_member(request, stage.platform(), lines);
+    Outcome outcome = call_member(request, stage.platform(), lines);
+    outcome.left_out = std::move(left_out);
     for (const std::string& line : stage.lines())
         out << without_passwords(line, passwords) << '\n';
+    errors << left_out_text(outcome);
     if (outcome.error) errors << error_text(*outcome.error);
-    return outcome.exit_code;
+    return outcome.error || outcome.left_out.empty() ? outcome.exit_code : exit_incomplete;
 }
 
 }  // namespace foliant::cli

@@ -6,7 +6,6 @@
 #include <nlohmann/json.hpp>
 
 #include "automation/coerce.h"
-#include "cli/named_files.h"
 #include "core/dispatch.h"
 #include "core/parameter_help.h"
 
@@ -69,6 +68,12 @@ ordered_json events_to_json(const Outcome& outcome) {
     return events;
 }
 
+ordered_json made_to_json(const MadeFile& made) {
+    return {{"file", made.path},
+            {"pages", made.pages ? ordered_json(*made.pages) : ordered_json(nullptr)},
+            {"bytes", made.bytes}};
+}
+
 std::string readable_size(std::int64_t bytes) {
     constexpr std::int64_t kibibyte = 1024;
     constexpr std::int64_t mebibyte = 1024 * kibibyte;
@@ -96,17 +101,19 @@ std::string error_text(const automation::Error& error) {
     return text;
 }
 
-std::string closing_line(const core::Member& member, const Outcome& outcome,
-                         const platform::Platform& platform) {
-    if (outcome.error) return {};
-    long pages = 0;
-    for (const ReceivedEvent& event : outcome.events)
-        pages += event.name == "PageNumber" ? 1 : 0;
-    const auto output = output_of(member, outcome.arguments);
-    if (!output) return {};
-    const std::string size = readable_size(platform.files.length(output->path));
-    const std::string count = pages == 0 ? "" : std::to_string(pages) + (pages == 1 ? " page, " : " pages, ");
-    return "Wrote " + output->path + " (" + count + size + ")\n";
+std::string closing_line(const Outcome& outcome) {
+    if (outcome.error || !outcome.made) return {};
+    const MadeFile& made = *outcome.made;
+    const std::string pages =
+        made.pages ? std::to_string(*made.pages) + (*made.pages == 1 ? " page, " : " pages, ") : "";
+    return "Wrote " + made.path + " (" + pages + readable_size(made.bytes) + ")\n";
+}
+
+std::string left_out_text(const Outcome& outcome) {
+    std::string text;
+    for (const std::string& sentence : outcome.left_out)
+        text += "foliant: " + sentence + "\n";
+    return text;
 }
 
 std::string json_report(const core::Member& member, const Outcome& outcome) {
@@ -115,6 +122,8 @@ std::string json_report(const core::Member& member, const Outcome& outcome) {
     report["result"] = to_json(outcome.result);
     report["arguments"] = arguments_to_json(member, outcome);
     report["events"] = events_to_json(outcome);
+    report["output"] = outcome.made ? made_to_json(*outcome.made) : ordered_json(nullptr);
+    report["leftOut"] = outcome.left_out;
     report["error"] = outcome.error ? error_to_json(*outcome.error) : ordered_json(nullptr);
     report["exitCode"] = outcome.exit_code;
     return dump(report);

@@ -14,14 +14,15 @@ std::string result_text(const Outcome& outcome);
 /// sentence stands for whatever failed, what did follows it, indented.
 std::string error_text(const automation::Error& error);
 
-/// The closing line of a call that made a file: name, pages (when Distiller told them) and size; ""
-/// otherwise.
-std::string closing_line(const core::Member& member, const Outcome& outcome,
-                         const platform::Platform& platform);
+/// The closing line of a call that made a file: name, pages (when they can be told) and size; "" otherwise.
+std::string closing_line(const Outcome& outcome);
 
-/// The whole outcome as one JSON object with the members "member", "result", "arguments", "events", "error"
-/// and "exitCode"; the error has its "cause" where its sentence stands for whatever failed. Passwords never
-/// appear.
+/// What a call left out, for stderr, a line each.
+std::string left_out_text(const Outcome& outcome);
+
+/// The whole outcome as one JSON object with the members "member", "result", "arguments", "events", "output"
+/// (file, pages, bytes), "leftOut", "error" and "exitCode"; the error has its "cause" where its sentence
+/// stands for whatever failed. Passwords never appear.
 std::string json_report(const core::Member& member, const Outcome& outcome);
 
 /// The same for a call that did not come to an end of its own.

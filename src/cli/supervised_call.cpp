@@ -8,8 +8,11 @@
 #include "cli/call.h"
 #include "cli/exit_codes.h"
 #include "cli/kept_file.h"
+#include "cli/machine_check.h"
 #include "cli/named_files.h"
+#include "cli/output_check.h"
 #include "cli/output_guard.h"
+#include "cli/preflight.h"
 #include "cli/progress.h"
 #include "cli/report.h"
 #include "cli/supervisor.h"
@@ -22,19 +25,40 @@ using platform::local::LocalMachine;
 
 namespace {
 
+/// The call with everything that makes its success one.
+Outcome make(const Request& request, LocalMachine& machine, const KeptFile& kept, ProgressBar& bar) {
+    Outcome outcome;
+    try {
+        require_machine(request, machine);
+        std::vector<std::string> left_out = preflight(request, machine.platform());
+        outcome = call_member(request, machine.platform(), bar);
+        outcome.left_out = std::move(left_out);
+    } catch (...) {
+        fail(outcome, automation::current_error());
+    }
+    if (outcome.error) return outcome;
+    if (kept.is_in_place()) {
+        fail(outcome, not_made(output_of(*request.member, outcome.arguments)->path));
+    } else if (auto problem = unkept_promise(request, machine)) {
+        fail(outcome, *problem);
+    } else {
+        check_output(request, outcome);
+    }
+    if (!outcome.error && !outcome.left_out.empty()) outcome.exit_code = exit_incomplete;
+    return outcome;
+}
+
 int make_and_report(const Request& request, LocalMachine& machine, const KeptFile& kept) {
     const bool talkative = !request.options.quiet && isatty(STDERR_FILENO) == 1;
     ProgressBar bar(talkative ? &std::cerr : nullptr);
-    Outcome outcome = call_member(request, machine.platform(), bar);
-    if (!outcome.error && kept.is_in_place()) {
-        fail(outcome, not_made(output_of(*request.member, outcome.arguments)->path));
-    }
+    const Outcome outcome = make(request, machine, kept, bar);
     bar.finish();
     std::cout << (request.options.json ? json_report(*request.member, outcome) : result_text(outcome));
+    std::cerr << left_out_text(outcome);
     if (outcome.error) {
         std::cerr << error_text(*outcome.error);
     } else if (talkative) {
-        std::cerr << closing_line(*request.member, outcome, machine.platform());
+        std::cerr << closing_line(outcome);
     }
     if (!std::cout.flush()) {
         std::cerr << "foliant: the result could not be written to standard output\n";
@@ -105,7 +129,8 @@ int call_supervised(const Request& request, LocalMachine& machine) {
         if (const auto output = output_of(*request.member, request.arguments)) kept.keep(output->path);
     };
     plan.settle = [&](const Ending& ending) {
-        const bool succeeded = ending.kind == Ending::Kind::finished && ending.code == exit_success;
+        const bool succeeded = ending.kind == Ending::Kind::finished &&
+                               (ending.code == exit_success || ending.code == exit_incomplete);
         succeeded ? kept.drop() : kept.put_back();
         machine.remove_private_folder();
     };

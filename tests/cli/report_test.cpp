@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "core/dispatch.h"
-#include "platform/stage/stage.h"
 
 namespace foliant::cli {
 namespace {
@@ -47,6 +46,8 @@ TEST(Report, JsonHoldsEverythingButPasswords) {
       ]
     }
   ],
+  "output": null,
+  "leftOut": [],
   "error": null,
   "exitCode": 0
 }
@@ -99,11 +100,31 @@ TEST(Report, ResultsAreOneLineAndNothingForNone) {
 }
 
 TEST(Report, TheClosingLineTellsPagesAndSize) {
-    platform::stage::Stage stage;
-    stage.put_file("a.pdf");
-    EXPECT_EQ(closing_line(word(), an_outcome(), stage.platform()), "Wrote a.pdf (1 page, 1000 bytes)\n");
-    stage.files["a.pdf"].lengths = {2500000};
-    EXPECT_EQ(closing_line(word(), an_outcome(), stage.platform()), "Wrote a.pdf (1 page, 2.4 MiB)\n");
+    Outcome outcome = an_outcome();
+    EXPECT_EQ(closing_line(outcome), "");
+    outcome.made = {"a.pdf", 1000, 1};
+    EXPECT_EQ(closing_line(outcome), "Wrote a.pdf (1 page, 1000 bytes)\n");
+    outcome.made = {"a.pdf", 2500000, std::nullopt};
+    EXPECT_EQ(closing_line(outcome), "Wrote a.pdf (2.4 MiB)\n");
+    fail(outcome, not_made("a.pdf"));
+    EXPECT_EQ(closing_line(outcome), "");
+}
+
+TEST(Report, JsonTellsWhatWasMadeAndWhatWasLeftOut) {
+    Outcome outcome = an_outcome();
+    outcome.made = {"a.pdf", 1000, 12};
+    outcome.left_out = {"b.ps does not exist, and was left out."};
+    const std::string report = json_report(word(), outcome);
+    EXPECT_NE(report.find(R"(  "output": {
+    "file": "a.pdf",
+    "pages": 12,
+    "bytes": 1000
+  },
+  "leftOut": [
+    "b.ps does not exist, and was left out."
+  ],)"),
+              std::string::npos)
+        << report;
 }
 
 }  // namespace

@@ -37,7 +37,7 @@ TEST_F(PostScriptToPdf, SeveralFilesInOrderWithTheMissingOneSkipped) {
     shop.write("a.ps", postscript({"Alpha"}));
     shop.write("c d.ps", postscript({"Gamma", "Delta"}));
     const Finished call = shop.foliant({"CreatePDFfromMultiPS", "book.pdf", "a.ps", "b.ps", "c d.ps"});
-    EXPECT_EQ(call.exit_code, 0) << call.errors;
+    EXPECT_EQ(call.exit_code, 7) << call.errors;
     EXPECT_EQ(shop.pages("book.pdf"), 3);
     const std::string text = shop.text("book.pdf");
     EXPECT_LT(text.find("Alpha"), text.find("Gamma"));
@@ -85,13 +85,60 @@ TEST_F(PostScriptToPdf, SecurityReallyProtects) {
     EXPECT_NE(encryption.find("modify anything: not allowed"), std::string::npos) << encryption;
 }
 
-TEST_F(PostScriptToPdf, SecurityOfAnOlderAcrobatIsLeftOut) {
+TEST_F(PostScriptToPdf, SecurityThatAnOlderAcrobatWouldLeaveOutIsRefused) {
     const std::string key = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\AcroExch.App\\AcrobatVersion";
-    ASSERT_EQ(shop.foliant({"registry", "set", key, "", "5.0"}).exit_code, 0);
     shop.write("in.ps", postscript({"Open"}));
-    EXPECT_EQ(shop.foliant({"CreatePDFfromPS", "out.pdf", "in.ps", "--apply-security"}).exit_code, 0);
-    EXPECT_NE(shop.run({"qpdf", "--show-encryption", "out.pdf"}).output.find("File is not encrypted"),
-              std::string::npos);
+    ASSERT_EQ(shop.foliant({"registry", "set", key, "", "5.0"}).exit_code, 0);
+    const Finished call = shop.foliant({"CreatePDFfromPS", "out.pdf", "in.ps", "--apply-security"});
+    EXPECT_EQ(call.exit_code, 5);
+    EXPECT_NE(call.errors.find("The PDF would not be protected: that takes an Acrobat above 5.0, and the "
+                               "settings name 5.0."),
+              std::string::npos)
+        << call.errors;
+    ASSERT_EQ(shop.foliant({"registry", "remove", key, ""}).exit_code, 0);
+    EXPECT_EQ(shop.foliant({"CreatePDFfromPS", "out.pdf", "in.ps", "--apply-security"}).exit_code, 5);
+    EXPECT_EQ(shop.files(), (std::set<std::string>{"in.ps"}));
+    EXPECT_EQ(shop.foliant({"CreatePDFfromPS", "out.pdf", "in.ps"}).exit_code, 0);
+}
+
+TEST_F(PostScriptToPdf, SecurityWithSettingsThatCannotBeReadIsRefused) {
+    shop.write("in.ps", postscript({"Open"}));
+    for (const char* damage : {"echo broken > registry.json", "rm -f registry.json; mkdir registry.json",
+                               "rm -rf registry.json; ln -s registry.json registry.json"}) {
+        const std::string command =
+            "mkdir -p \"$HOME/.config/foliant\" && cd \"$HOME/.config/foliant\" && " + std::string(damage);
+        ASSERT_EQ(shop.run({"sh", "-c", command}).exit_code, 0);
+        const Finished call = shop.foliant({"CreatePDFfromPS", "out.pdf", "in.ps", "--apply-security"});
+        EXPECT_EQ(call.exit_code, 5) << damage;
+        EXPECT_NE(call.errors.find("registry.json"), std::string::npos) << call.errors;
+        EXPECT_EQ(shop.files(), (std::set<std::string>{"in.ps"})) << damage;
+    }
+}
+
+TEST_F(PostScriptToPdf, InputsThatDoNotExistAreToldAndHaveACodeOfTheirOwn) {
+    shop.write("a.ps", postscript({"Alpha"}));
+    const Finished call =
+        shop.foliant({"CreatePDFfromMultiPS", "book.pdf", "none.ps", "a.ps", ".", "--json"});
+    EXPECT_EQ(call.exit_code, 7);
+    EXPECT_EQ(call.errors,
+              "foliant: none.ps does not exist, and was left out.\n"
+              "foliant: . does not exist, and was left out.\n");
+    EXPECT_NE(call.output.find("\"exitCode\": 7"), std::string::npos) << call.output;
+    EXPECT_EQ(shop.pages("book.pdf"), 1);
+    const Finished nothing = shop.foliant({"CreatePDFfromMultiPS", "new.pdf", "none.ps", "nor.ps"});
+    EXPECT_EQ(nothing.exit_code, 3);
+    EXPECT_EQ(nothing.errors, "foliant: Nothing is there to convert: none.ps does not exist.\n");
+}
+
+TEST_F(PostScriptToPdf, TheReportTellsPagesAndSize) {
+    shop.write("a.ps", postscript({"Alpha", "Beta"}));
+    for (const char* option : {"--apply-security", "--spool-jobs"}) {
+        const Finished call = shop.foliant({"CreatePDFfromPS", "out.pdf", "a.ps", "--json", option});
+        EXPECT_NE(call.output.find("\"file\": \"out.pdf\",\n    \"pages\": 2,\n    \"bytes\": " +
+                                   std::to_string(shop.read("out.pdf").size())),
+                  std::string::npos)
+            << call.output;
+    }
 }
 
 TEST_F(PostScriptToPdf, JobOptionsChangeTheOutput) {

@@ -42,6 +42,40 @@ TEST(Settings, ABrokenStoreIsNamedAndKept) {
     EXPECT_EQ(shop.run({"sh", "-c", "cat \"$HOME/.config/foliant/registry.json\""}).output, "broken\n");
 }
 
+TEST(Settings, ThoseThatCannotBeReadFailTheMembersThatAreAboutThem) {
+    const Workshop shop;
+    shop.run(
+        {"sh", "-c", "mkdir -p \"$HOME/.config/foliant\"; echo x > \"$HOME/.config/foliant/registry.json\""});
+    for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
+             {"AcrobatVersion"}, {"PrinterName"}, {"SetDefPrinter", "Adobe PDF"}}) {
+        const Finished call = shop.foliant(words);
+        EXPECT_EQ(call.exit_code, 1) << words.front();
+        EXPECT_EQ(call.output, "");
+        EXPECT_NE(call.errors.find("registry.json cannot be understood"), std::string::npos) << call.errors;
+    }
+}
+
+TEST(Settings, APrinterThatDoesNotExistIsToldWithThoseThatDo) {
+    const Workshop shop;
+    const Finished call = shop.foliant({"SetDefPrinter", "No such printer"});
+    EXPECT_EQ(call.exit_code, 5);
+    EXPECT_TRUE(call.errors.starts_with(
+        "foliant: There is no printer \"No such printer\". The printers are: \"Adobe PDF\""))
+        << call.errors;
+    EXPECT_EQ(shop.foliant({"SetDefPrinter", "Adobe PDF"}).exit_code, 0);
+}
+
+TEST(Settings, ThoseThatCannotBeSavedAreToldByWhoeverWantedTo) {
+    const Workshop shop;
+    ASSERT_EQ(shop.run({"sh", "-c", "mkdir -p \"$HOME\"; echo x > \"$HOME/.config\""}).exit_code, 0);
+    const Finished set = shop.foliant({"registry", "set", "HKCU\\Software\\X", "Name", "text"});
+    EXPECT_EQ(set.exit_code, 1);
+    EXPECT_NE(set.errors.find(".config/foliant"), std::string::npos) << set.errors;
+    const Finished printer = shop.foliant({"SetDefPrinter", "Acrobat Distiller"});
+    EXPECT_EQ(printer.exit_code, 1);
+    EXPECT_NE(printer.errors.find(".config/foliant"), std::string::npos) << printer.errors;
+}
+
 TEST(Rehearsal, ShowsTheStepsAndTakesNone) {
     const Workshop shop;
     shop.write("letter.docx", "not looked into");

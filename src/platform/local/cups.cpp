@@ -19,13 +19,14 @@ class Cups::Library {
   public:
     explicit Library(void* handle)
         : get_named_dest(function<decltype(&cupsGetNamedDest)>(handle, "cupsGetNamedDest")),
+          get_dests(function<decltype(&cupsGetDests2)>(handle, "cupsGetDests2")),
           free_dests(function<decltype(&cupsFreeDests)>(handle, "cupsFreeDests")),
           print_file(function<decltype(&cupsPrintFile)>(handle, "cupsPrintFile")),
           last_error(function<decltype(&cupsLastErrorString)>(handle, "cupsLastErrorString")) {}
 
     bool is_whole() const {
-        return get_named_dest != nullptr && free_dests != nullptr && print_file != nullptr &&
-               last_error != nullptr;
+        return get_named_dest != nullptr && get_dests != nullptr && free_dests != nullptr &&
+               print_file != nullptr && last_error != nullptr;
     }
 
     /// The name of the queue asked for, or of the default queue for null; "" when there is none.
@@ -37,7 +38,18 @@ class Cups::Library {
         return name;
     }
 
+    std::vector<std::string> queue_names() const {
+        cups_dest_t* found = nullptr;
+        const int count = get_dests(CUPS_HTTP_DEFAULT, &found);
+        std::vector<std::string> names;
+        for (int i = 0; i < count; ++i)
+            names.emplace_back(found[i].name);
+        free_dests(count, found);
+        return names;
+    }
+
     const decltype(&cupsGetNamedDest) get_named_dest;
+    const decltype(&cupsGetDests2) get_dests;
     const decltype(&cupsFreeDests) free_dests;
     const decltype(&cupsPrintFile) print_file;
     const decltype(&cupsLastErrorString) last_error;
@@ -94,6 +106,11 @@ std::string Cups::default_printer() {
     if (!shows_signs_of_a_spooler()) return {};
     const Library* cups = library();
     return cups == nullptr ? std::string() : cups->queue_name(nullptr);
+}
+
+std::vector<std::string> Cups::printers() {
+    const Library* cups = shows_signs_of_a_spooler() ? library() : nullptr;
+    return cups == nullptr ? std::vector<std::string>() : cups->queue_names();
 }
 
 void Cups::print(const std::string& printer, const fs::path& file, const std::string& title) {

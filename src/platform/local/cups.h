@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace foliant::platform::local {
 
@@ -21,6 +22,9 @@ class Cups {
 
     /// The user's default queue, "" when there is none. Asks only on a machine that shows signs of a spooler.
     std::string default_printer();
+
+    /// The names of all queues. Asks only on a machine that shows signs of a spooler.
+    std::vector<std::string> printers();
 
     /// Hands a file to a queue. Raises 57 with the spooler's reason.
     void print(const std::string& printer, const std::filesystem::path& file, const std::string& title);

@@ -62,7 +62,7 @@ LocalMachine::LocalMachine(LocalOptions options)
       desktop_(options_.on_message_box),
       shell_(private_folder_.path(), [this] { return make_system_folder(); }),
       modules_(module_folders(options_), *this),
-      printer_control_(printers_, store_) {
+      printer_control_(printers_, store_, options_.on_trouble) {
     programs_.install((private_folder_.path() / "system" / sender_program).string(),
                       [this](std::string_view tail) { run_sender(tail); });
 }

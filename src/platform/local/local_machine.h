@@ -56,6 +56,9 @@ class LocalMachine : public hosts::Machine {
     Desktop& desktop() { return desktop_; }
     LocalPrograms& programs() { return programs_; }
 
+    /// The names of all printers, the PDF printer first.
+    std::vector<std::string> printer_names() { return printers_.names(); }
+
     /// Every host with its engine, version and package; starts no engine.
     std::vector<HostStatus> host_states() { return modules_.list(); }
 

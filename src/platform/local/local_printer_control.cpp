@@ -21,8 +21,9 @@ void LocalPrinterControl::write_profile_entry(const std::string& section, const 
     if (!equal_ignoring_case(section, "windows") || !equal_ignoring_case(key, "Device")) return;
     try {
         store_.set(Printers::chosen_key, "Device", StoredValue::of_text(text));
-    } catch (const automation::Error&) {
-        // A profile that cannot be written keeps what it says, and nobody is told.
+    } catch (const automation::Error& error) {
+        // A profile that cannot be written keeps what it says, and its caller is not told.
+        if (on_trouble_) on_trouble_(error.description());
     }
 }
 

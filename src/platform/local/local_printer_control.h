@@ -1,5 +1,9 @@
 #pragma once
 
+#include <functional>
+#include <string>
+#include <utility>
+
 #include "platform/local/printers.h"
 #include "platform/local/registry_store.h"
 #include "platform/printer_control.h"
@@ -10,8 +14,11 @@ namespace foliant::platform::local {
 /// is kept in the settings store and so outlives the command.
 class LocalPrinterControl : public PrinterControl {
   public:
-    /// Both outlive this.
-    LocalPrinterControl(Printers& printers, RegistryStore& store) : printers_(printers), store_(store) {}
+    /// Both outlive this. `on_trouble` is told, in a sentence, why a choice could not be kept, since a
+    /// profile has no way to say so; may be empty.
+    LocalPrinterControl(Printers& printers, RegistryStore& store,
+                        std::function<void(const std::string&)> on_trouble = {})
+        : printers_(printers), store_(store), on_trouble_(std::move(on_trouble)) {}
 
     std::uint32_t platform_identifier() override;
     std::string default_printer() override { return printers_.default_name(); }
@@ -28,6 +35,7 @@ class LocalPrinterControl : public PrinterControl {
   private:
     Printers& printers_;
     RegistryStore& store_;
+    std::function<void(const std::string&)> on_trouble_;
 };
 
 }  // namespace foliant::platform::local

@@ -18,6 +18,10 @@ std::string Cups::default_printer() {
     return {};
 }
 
+std::vector<std::string> Cups::printers() {
+    return {};
+}
+
 void Cups::print(const std::string& printer, const std::filesystem::path&, const std::string&) {
     throw automation::Error(
         automation::RuntimeError::device_io_error,

@@ -42,6 +42,14 @@ std::string Printers::default_name() {
     return registered.empty() ? std::string(usual_name) : registered;
 }
 
+std::vector<std::string> Printers::names() {
+    const std::string registered = registered_name();
+    std::vector<std::string> names{registered.empty() ? std::string(usual_name) : registered};
+    const std::vector<std::string> queues = cups_.printers();
+    names.insert(names.end(), queues.begin(), queues.end());
+    return names;
+}
+
 void Printers::print(std::string_view name, const std::filesystem::path& pdf, std::string_view title) {
     const std::string printer(name);
     if (is_pdf_printer(name)) {

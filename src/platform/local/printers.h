@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/local/cups.h"
 #include "platform/local/registry_store.h"
@@ -22,6 +23,8 @@ class Printers {
     /// The printer that the user has chosen in the settings store (`chosen_key`), if it is still there; else
     /// the spooler's default queue, or the PDF printer when there is none.
     std::string default_name();
+    /// The names of all printers: the PDF printer by the name that it is registered under, then the queues.
+    std::vector<std::string> names();
     /// Prints a finished PDF file on a queue of the spooler. Raises 5 for a printer that does not exist or is
     /// the PDF printer, 53 for a missing file, and 57 when the spooler does not take the job.
     void print(std::string_view name, const std::filesystem::path& pdf, std::string_view title);

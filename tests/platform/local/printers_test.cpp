@@ -68,9 +68,18 @@ TEST_F(PrintersTest, TheChosenOneIsTheDefaultAsLongAsItIsThere) {
 
 TEST_F(PrintersTest, AChoiceThatCannotBeWrittenIsNotMade) {
     write_file(store.file(), "no settings");
-    EXPECT_NO_THROW(LocalPrinterControl(printers, store)
+    std::string trouble;
+    const auto told = [&](const std::string& sentence) { trouble = sentence; };
+    EXPECT_NO_THROW(LocalPrinterControl(printers, store, told)
                         .write_profile_entry("windows", "Device", "Adobe PDF,winspool,Ne00:"));
     EXPECT_EQ(content_of(store.file()), "no settings");
+    EXPECT_NE(trouble.find("registry.json"), std::string::npos) << trouble;
+}
+
+TEST_F(PrintersTest, AreListedWithThePdfPrinterFirst) {
+    EXPECT_EQ(printers.names(), std::vector<std::string>{"Adobe PDF"});
+    ::setenv("PRINTER", "Office", 1);
+    EXPECT_EQ(printers.names(), (std::vector<std::string>{"Adobe PDF", "Jammed", "Office"}));
 }
 
 TEST_F(PrintersTest, OtherNamesAreTheSpoolers) {

@@ -1,0 +1,58 @@
+#include "cli/preflight.h"
+
+#include "automation/error.h"
+#include "cli/call.h"
+#include "cli/named_files.h"
+#include "core/parameter_help.h"
+#include "session/acrobat_versions.h"
+#include "session/errors.h"
+
+namespace foliant::cli {
+namespace {
+
+class Silence : public automation::EventSink {
+    void notify(std::string_view, std::span<const automation::Value>) override {}
+};
+
+void require_protection(const platform::Platform& here) {
+    Silence silence;
+    const session::Session session(here, silence);
+    if (session::acrobat_is_newer_than_5(session)) return;
+    const std::string& version = session.AcrobatVersion();
+    throw host_error(
+        "The PDF would not be protected: that takes an Acrobat above 5.0, and the settings name " +
+        (version.empty() ? "none" : version) +
+        ". Nothing was done. Leave out --apply-security, or name a newer one:\n"
+        "  foliant registry set 'HKLM\\SOFTWARE\\Classes\\AcroExch.App\\AcrobatVersion' '' 6.0");
+}
+
+bool is_there(const platform::Platform& here, const std::string& path) {
+    try {
+        here.files.length(path);
+        return true;
+    } catch (const automation::Error&) {
+        return false;
+    }
+}
+
+}  // namespace
+
+std::vector<std::string> preflight(const Request& request, const platform::Platform& here) {
+    if (!request.member->available) return {};
+    if (wants_protection(request)) require_protection(here);
+    std::vector<std::string> missing;
+    std::size_t in_lists = 0;
+    for (const NamedFile& input : inputs_of(*request.member, request.arguments)) {
+        if (!core::is_list(core::parameter_role(*request.member, *input.parameter))) continue;
+        ++in_lists;
+        if (!is_there(here, input.path)) missing.push_back(input.path + " does not exist");
+    }
+    if (in_lists > 0 && missing.size() == in_lists) {
+        throw session::component_error("Nothing is there to convert: " + missing.front() + ".");
+    }
+    for (std::string& sentence : missing)
+        sentence += ", and was left out.";
+    return missing;
+}
+
+}  // namespace foliant::cli
