@@ -40,6 +40,9 @@ void PendingFile::open_hidden() {
 }
 
 PendingFile::~PendingFile() {
+    // Its space is free at once, even while the kernel holds on to it for a contained engine that has just
+    // ended.
+    if (file_) static_cast<void>(::ftruncate(file_.get(), 0));
     if (!hidden_.empty()) ::unlink(hidden_.c_str());
 }
 

@@ -1,7 +1,6 @@
 #include "hosts/distiller/distiller.h"
 
 #include <cerrno>
-#include <dlfcn.h>
 #include <fcntl.h>
 #include <unistd.h>
 #include <utility>
@@ -10,8 +9,9 @@
 #include "hosts/distiller/engine_process.h"
 #include "hosts/distiller/job_run.h"
 #include "hosts/distiller/output_error.h"
-#include "hosts/distiller/protector/protect_pdf.h"
+#include "hosts/distiller/security_record.h"
 #include "hosts/distiller/source_file.h"
+#include "hosts/distiller/utf8.h"
 #include "hosts/distiller/workspace.h"
 #include "hosts/pending_file.h"
 
@@ -39,17 +39,6 @@ void require_readable_options(const fs::path& file) {
     if (::access(file.c_str(), R_OK) != 0) throw cannot(system_reason(errno));
 }
 
-ProtectPdf load_protector(const fs::path& folder) {
-    const fs::path library = folder / protector_library;
-    void* const handle = ::dlopen(library.c_str(), RTLD_NOW | RTLD_LOCAL);  // stays for the jobs to come
-    void* const function = handle != nullptr ? ::dlsym(handle, protector_symbol) : nullptr;
-    if (function == nullptr) {
-        throw DistillError(std::string("Cannot protect the PDF: ") + ::dlerror() +
-                           ". Install the package libqpdf29, or convert without security.");
-    }
-    return reinterpret_cast<ProtectPdf>(function);
-}
-
 /// A full disk shows here at the latest: the interpreter does not look at what its writes return.
 void require_complete_pdf(const PendingFile& file, const DistillJob& job) {
     constexpr off_t trailer_bytes = 64;
@@ -64,19 +53,11 @@ void require_complete_pdf(const PendingFile& file, const DistillJob& job) {
                              : "it came out incomplete. Check the disk it is on."));
 }
 
-void protect(ProtectPdf function, const PendingFile& plain, const PendingFile& locked,
-             const DistillJob& job) {
-    try {
-        function(plain.path_in_this_process(), locked.path_in_this_process(), *job.security);
-    } catch (const std::exception& error) {
-        throw DistillError("Cannot protect the PDF " + job.output_pdf.string() + ": " + error.what() + ".");
-    }
-}
-
 /// Runs the engine on a workspace until the plain PDF is in `output`.
-void run_engine(const fs::path& program, const Workspace& workspace, const PendingFile& output, JobRun& run,
-                Progress& progress, const DistillJob& job) {
-    EngineProcess process(program, engine::distill_command, workspace.folder(), output.descriptor());
+void run_engine(const fs::path& engine_folder, const Workspace& workspace, const PendingFile& output,
+                JobRun& run, Progress& progress, const DistillJob& job) {
+    EngineProcess process(engine_folder, ghostscript_engine, engine::distill_command, workspace.folder(),
+                          {output.descriptor()});
     bool cancelled = false;
     const auto give_up = [&] { return cancelled = cancelled || progress.cancelled(); };
     while (const auto record = process.next(give_up))
@@ -84,6 +65,20 @@ void run_engine(const fs::path& program, const Workspace& workspace, const Pendi
     if (cancelled) throw Cancelled(job);
     run.require_success(process.wait_for_end());
     require_complete_pdf(output, job);
+}
+
+/// Writes `plain` to `locked` as the job's security says.
+void protect(const fs::path& engine_folder, const PendingFile& plain, const PendingFile& locked,
+             Progress& progress, const DistillJob& job) {
+    const posix::FileDescriptor security = write_security(*job.security);
+    EngineProcess process(engine_folder, qpdf_protector, engine::protect_command, "/",
+                          {locked.descriptor(), plain.descriptor(), security.get()});
+    bool cancelled = false;
+    const auto outcome = process.next([&] { return cancelled = progress.cancelled(); });
+    if (cancelled) throw Cancelled(job);
+    if (outcome && outcome->kind == engine::Record::done) return require_complete_pdf(locked, job);
+    throw DistillError("Cannot protect the PDF " + job.output_pdf.string() + ": " +
+                       (outcome ? as_utf8(outcome->text) : process.wait_for_end()) + ".");
 }
 
 void convert(const fs::path& engine_folder, const DistillJob& job, Progress& progress, int& pages) {
@@ -95,15 +90,12 @@ void convert(const fs::path& engine_folder, const DistillJob& job, Progress& pro
     JobRun run(job, source, progress, pages);
     run.report_percent(0);
 
-    const auto program = engine_folder / engine::engine_program;
     if (job.security) {
-        const ProtectPdf protector = load_protector(engine_folder);
         const PendingFile plain(workspace.folder() / "plain.pdf");
-        run_engine(program, workspace, plain, run, progress, job);
-        protect(protector, plain, output, job);
-        require_complete_pdf(output, job);
+        run_engine(engine_folder, workspace, plain, run, progress, job);
+        protect(engine_folder, plain, output, progress, job);
     } else {
-        run_engine(program, workspace, output, run, progress, job);
+        run_engine(engine_folder, workspace, output, run, progress, job);
     }
     output.commit();
     run.report_percent(100);
@@ -146,8 +138,7 @@ DistillResult Distiller::distill(const DistillJob& wanted, Progress& progress) c
 }
 
 std::string Distiller::engine_version() const {
-    const auto program = engine_folder_ / engine::engine_program;
-    EngineProcess process(program, engine::version_command, "/", STDERR_FILENO);
+    EngineProcess process(engine_folder_, ghostscript_engine, engine::version_command, "/", {});
     const auto record = process.next([] { return false; });
     const std::string how_it_ended = process.wait_for_end();
     if (!record) throw DistillError("The Distiller engine does not run: " + how_it_ended + ".");

@@ -28,8 +28,8 @@ constexpr std::chrono::milliseconds pause_time{5};
 constexpr int lowest_free_descriptor = 10;  // above those that the engine is given
 
 DistillError cannot_start(const std::filesystem::path& program, int error_number) {
-    return DistillError("Cannot start the Distiller engine " + program.string() + ": " +
-                        system_reason(error_number) + ". Install Foliant again.");
+    return DistillError("Cannot start " + program.string() + ": " + system_reason(error_number) +
+                        ". Install Foliant again.");
 }
 
 /// The engine's whole environment: neither options for the interpreter nor preloaded libraries come from
@@ -41,8 +41,8 @@ std::vector<std::string> engine_environment() {
         std::string("TMPDIR=") + engine::scratch_folder,
         "GLIBC_TUNABLES=glibc.malloc.top_pad=16777216:glibc.malloc.trim_threshold=1073741824",
     };
-    for (const char* name :
-         {"HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME"}) {  // where fontconfig looks for fonts
+    // Where fontconfig looks for fonts.
+    for (const char* name : {"HOME", "XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"}) {
         if (const char* value = std::getenv(name)) variables.push_back(std::string(name) + "=" + value);
     }
     return variables;
@@ -71,13 +71,17 @@ class SpawnPlan {
         ::posix_spawnattr_destroy(&attributes_);
     }
 
-    void use_files(const std::filesystem::path& folder, int records, int output) {
+    /// `descriptors` become those from `engine::record_descriptor` on. What libraries have to say goes
+    /// nowhere.
+    void use_files(const std::filesystem::path& folder, const std::vector<FileDescriptor>& descriptors) {
         ::posix_spawn_file_actions_addchdir_np(&actions_, folder.c_str());
         ::posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
         ::posix_spawn_file_actions_addopen(&actions_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-        ::posix_spawn_file_actions_adddup2(&actions_, records, engine::record_descriptor);
-        ::posix_spawn_file_actions_adddup2(&actions_, output, engine::output_descriptor);
-        ::posix_spawn_file_actions_addclosefrom_np(&actions_, engine::output_descriptor + 1);
+        ::posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+        int number = engine::record_descriptor;
+        for (const FileDescriptor& descriptor : descriptors)
+            ::posix_spawn_file_actions_adddup2(&actions_, descriptor.get(), number++);
+        ::posix_spawn_file_actions_addclosefrom_np(&actions_, number);
     }
 
     /// A group of its own, so that Ctrl-C reaches the caller only, who then ends the job in order.
@@ -110,35 +114,41 @@ FileDescriptor high_copy(int descriptor) {
     return FileDescriptor(::fcntl(descriptor, F_DUPFD_CLOEXEC, lowest_free_descriptor));
 }
 
-std::string describe_end(int status) {
+std::string describe_end(const EngineProgram& program, int status) {
     constexpr int loader_failed = 127;
-    if (WIFSIGNALED(status)) {
-        return std::string("the Distiller engine died of ") + ::strsignal(WTERMSIG(status)) +
-               "; the file may be damaged";
-    }
+    const std::string name = std::string(program.engine) + "'s process";
+    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL)
+        return name + " was killed from outside; the machine may have run out of memory";
+    if (WIFSIGNALED(status)) return name + " died of " + ::strsignal(WTERMSIG(status));
     if (WEXITSTATUS(status) == 0) return {};
     if (WEXITSTATUS(status) == loader_failed) {
-        return "Ghostscript's library could not be loaded; install the package libgs10";
+        return std::string(program.engine) + "'s library could not be loaded; install the package " +
+               program.package;
     }
-    return "the Distiller engine ended with status " + std::to_string(WEXITSTATUS(status));
+    return name + " ended with status " + std::to_string(WEXITSTATUS(status));
 }
 
 }  // namespace
 
-EngineProcess::EngineProcess(const std::filesystem::path& program, const char* command,
-                             const std::filesystem::path& folder, int output) {
+EngineProcess::EngineProcess(const std::filesystem::path& engine_folder, const EngineProgram& program,
+                             const char* command, const std::filesystem::path& folder,
+                             std::initializer_list<int> descriptors)
+    : program_(program) {
+    const std::filesystem::path file = engine_folder / program.file;
     std::array<int, 2> ends{};
-    if (::pipe2(ends.data(), O_CLOEXEC) != 0) throw cannot_start(program, errno);
+    if (::pipe2(ends.data(), O_CLOEXEC) != 0) throw cannot_start(file, errno);
     records_ = FileDescriptor(ends[0]);
     const FileDescriptor write_end(ends[1]);
-    const FileDescriptor its_records = high_copy(write_end.get());
-    const FileDescriptor its_output = high_copy(output);
+    std::vector<FileDescriptor> given;
+    given.push_back(high_copy(write_end.get()));
+    for (const int descriptor : descriptors)
+        given.push_back(high_copy(descriptor));
 
     SpawnPlan plan;
-    plan.use_files(folder, its_records.get(), its_output.get());
+    plan.use_files(folder, given);
     plan.use_default_signals();
-    const int error = plan.spawn(process_, program, {program.string(), command, std::to_string(::getpid())});
-    if (error != 0) throw cannot_start(program, error);
+    const int error = plan.spawn(process_, file, {file.string(), command, std::to_string(::getpid())});
+    if (error != 0) throw cannot_start(file, error);
 }
 
 EngineProcess::~EngineProcess() {
@@ -186,7 +196,7 @@ std::string EngineProcess::wait_for_end() {
     while (::waitpid(process_, &status, 0) < 0 && errno == EINTR) {
     }
     process_ = -1;
-    return describe_end(status);
+    return describe_end(program_, status);
 }
 
 }  // namespace foliant::hosts::distiller

@@ -4,6 +4,7 @@
 #include <deque>
 #include <filesystem>
 #include <functional>
+#include <initializer_list>
 #include <optional>
 #include <string>
 
@@ -12,18 +13,28 @@
 
 namespace foliant::hosts::distiller {
 
+/// A program of ours around an engine, in the folder of the engine programs.
+struct EngineProgram {
+    const char* file;
+    const char* engine;   ///< "Ghostscript"
+    const char* package;  ///< that brings the engine's library
+};
+inline constexpr EngineProgram ghostscript_engine = {"ghostscript-engine", "Ghostscript", "libgs10"};
+inline constexpr EngineProgram qpdf_protector = {"qpdf-protector", "qpdf", "libqpdf29"};
+
 struct EngineRecord {
     engine::Record kind;
     std::string text;
 };
 
-/// One run of the engine program. It does not survive this object, nor the process that holds it.
+/// One run of an engine program. It does not survive this object, nor the process that holds it.
 class EngineProcess {
   public:
-    /// Starts it with a command of the protocol, in `folder`, with `output` as the file that it may write.
-    /// Throws DistillError.
-    EngineProcess(const std::filesystem::path& program, const char* command,
-                  const std::filesystem::path& folder, int output);
+    /// Starts it with a command of the protocol, in `folder`. It gets copies of `descriptors` as 4, 5, ...
+    /// and no other open file. Throws DistillError.
+    EngineProcess(const std::filesystem::path& engine_folder, const EngineProgram& program,
+                  const char* command, const std::filesystem::path& folder,
+                  std::initializer_list<int> descriptors);
     EngineProcess(const EngineProcess&) = delete;
     EngineProcess& operator=(const EngineProcess&) = delete;
     ~EngineProcess();
@@ -38,6 +49,7 @@ class EngineProcess {
   private:
     void read_more();
 
+    EngineProgram program_;
     pid_t process_ = -1;
     posix::FileDescriptor records_;
     bool at_end_ = false;

@@ -124,6 +124,8 @@ std::string JobRun::advice() const {
         return "A document may not use other files of this machine. To put several PostScript files into one "
                "PDF, name them to CreatePDFfromMultiPS.";
     }
+    if (error_name_ == "VMerror")
+        return "It needs more memory than a job may take. Split the file, or print the document to it again.";
     if (!running_source().looks_like_postscript) {
         return "It does not begin with %! as PostScript does; check that it is PostScript.";
     }

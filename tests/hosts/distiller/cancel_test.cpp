@@ -77,7 +77,7 @@ TEST_F(CancelledJob, SaysHowAnEngineThatWasKilledEnded) {
     const auto result = distill_text(endless);
     EXPECT_FALSE(result.succeeded);
     EXPECT_FALSE(result.cancelled);
-    EXPECT_NE(result.error.find("the Distiller engine died of Aborted"), std::string::npos) << result.error;
+    EXPECT_NE(result.error.find("Ghostscript's process died of Aborted"), std::string::npos) << result.error;
 }
 
 TEST_F(CancelledJob, LeavesNoEngineAndNoOutputWhenItsProcessIsKilled) {

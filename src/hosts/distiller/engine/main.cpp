@@ -1,26 +1,23 @@
 // The program in which Ghostscript runs, one job per process. Its arguments are a command of protocol.h and
 // the process id of its parent; EngineProcess starts it.
 
-#include <algorithm>
 #include <array>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <ghostscript/iapi.h>
 #include <string>
 #include <string_view>
-#include <sys/prctl.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
+#include "hosts/containment/usual_files.h"
+#include "hosts/distiller/engine/confinement.h"
 #include "hosts/distiller/engine/interpreter.h"
 #include "hosts/distiller/engine/job_program.h"
 #include "hosts/distiller/engine/record_writer.h"
 
 namespace foliant::hosts::distiller::engine {
 namespace {
-
-constexpr rlim_t most_memory = rlim_t{4} << 30;  // bytes; real documents stay far below, memory hogs do not
 
 /// "10.00.0"; the library gives 10000.
 std::string version() {
@@ -32,24 +29,23 @@ std::string version() {
     return text.data();
 }
 
-void lower_limit(decltype(RLIMIT_AS) resource, rlim_t most) {
-    rlimit limit = {};
-    ::getrlimit(resource, &limit);
-    limit.rlim_cur = std::min(limit.rlim_cur, most);
-    limit.rlim_max = std::min(limit.rlim_max, most);
-    ::setrlimit(resource, &limit);
+/// What the workspace's links point to, which is what the job is about.
+containment::Paths files_of_the_job() {
+    containment::Paths files;
+    for (const auto& entry : std::filesystem::directory_iterator(input_folder))
+        files.push_back(entry.path());
+    return files;
 }
 
-/// Ends with the parent, gains no rights, and takes a bounded share of the machine.
-void restrict_this_process(long parent) {
-    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (::getppid() != parent) std::_Exit(EXIT_FAILURE);  // it died before it could be watched
-    ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
-    ::signal(SIGXFSZ, SIG_IGN);  // a file that grows too large is an error to report, not a death
-    lower_limit(RLIMIT_CORE, 0);
-#ifndef __SANITIZE_ADDRESS__  // which reserves terabytes
-    lower_limit(RLIMIT_AS, most_memory);
-#endif
+/// Ghostscript's own resources, fonts and colour profiles besides; nothing else of the machine is read, and
+/// nothing but the output and temporary data written.
+containment::Policy distilling() {
+    using namespace containment;
+    containment::Policy policy;
+    policy.may_read = files_of_the_job() + system_libraries() + fonts() + locales() + empty_devices() +
+                      Paths{"/var/lib/ghostscript", "/usr/share/color"};
+    policy.may_write = {scratch_folder, output_file};
+    return policy;
 }
 
 bool exists(const char* path) {
@@ -80,10 +76,12 @@ int main(int argc, char** argv) {
         std::fputs("This program is a part of Foliant and not meant to be run by hand.\n", stderr);
         return EXIT_FAILURE;
     }
-    engine::restrict_this_process(std::strtol(argv[2], nullptr, 10));
+    const long parent = std::strtol(argv[2], nullptr, 10);
     if (std::string_view(argv[1]) == engine::version_command) {
+        engine::confine(parent, {});
         engine::send(engine::Record::done, engine::version());
     } else {
+        engine::confine(parent, engine::distilling());
         engine::distill();
     }
     std::_Exit(EXIT_SUCCESS);  // the interpreter's memory goes with the process

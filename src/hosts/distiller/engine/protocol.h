@@ -8,10 +8,12 @@
 /// the engine writes while it works.
 namespace foliant::hosts::distiller::engine {
 
-inline constexpr const char* engine_program = "ghostscript-engine";
 inline constexpr const char* version_command = "version";  ///< one record `done`, "10.00.0"
 inline constexpr const char* distill_command = "distill";  ///< the job that the current folder holds
+inline constexpr const char* protect_command =
+    "protect";  ///< the PDF at `input_descriptor`; `done` or `failed`
 
+inline constexpr const char* input_folder = "in";
 inline constexpr const char* options_file = "in/options";
 inline constexpr const char* setup_file = "in/setup";
 inline constexpr const char* scratch_folder = "scratch";
@@ -24,6 +26,8 @@ inline std::string input_name(std::size_t index) {
 
 inline constexpr int record_descriptor = 3;
 inline constexpr int output_descriptor = 4;
+inline constexpr int input_descriptor = 5;
+inline constexpr int settings_descriptor = 6;
 
 /// A line of the interpreter's output that begins so is meant for the engine, not for people. A document that
 /// prints one fools its own progress or its own error text, nothing else.

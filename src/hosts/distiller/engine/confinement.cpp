@@ -1,0 +1,35 @@
+#include "hosts/distiller/engine/confinement.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <string>
+#include <sys/prctl.h>
+#include <system_error>
+#include <unistd.h>
+
+#include "hosts/containment/containment.h"
+#include "hosts/distiller/engine/record_writer.h"
+
+namespace foliant::hosts::distiller::engine {
+namespace {
+
+constexpr std::uint64_t largest_file = std::uint64_t{16} << 30U;  // bytes; no reader opens a PDF like that
+constexpr std::uint64_t most_open_files = 256;
+
+}  // namespace
+
+void confine(long parent, containment::Policy policy) {
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (::getppid() != parent) std::_Exit(EXIT_FAILURE);  // it died before it could be watched
+    policy.limits.memory_bytes = most_memory;
+    policy.limits.file_bytes = largest_file;
+    policy.limits.open_files = most_open_files;
+    try {
+        containment::apply(policy);
+    } catch (const std::system_error& refusal) {
+        send(Record::failed, std::string("the engine cannot be contained (") + refusal.what() + ")");
+        std::_Exit(EXIT_SUCCESS);
+    }
+}
+
+}  // namespace foliant::hosts::distiller::engine
