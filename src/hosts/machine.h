@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -22,8 +23,12 @@ struct Control {
     std::string text;
     bool enabled = true;
     bool checked = false;
-    bool is_default = false;  ///< the button that Enter presses
+    bool is_default = false;    ///< the button that Enter presses
+    bool is_check_box = false;  ///< a "Button" that is ticked and leaves its dialog open
 };
+
+/// A window that a host has opened; 0 is none.
+using HostWindow = std::uintptr_t;
 
 /// A modal dialog of a host. `on_click` (may be empty) is told the index of a control that was clicked,
 /// before the dialog closes if that click closes it.
@@ -67,6 +72,12 @@ class Machine {
     /// Puts up a dialog and returns when it was closed. Raises an automation error that names the dialog when
     /// nobody is there to answer it.
     virtual void show(Dialog& dialog) = 0;
+
+    /// Says that the host shows a window with that caption from now on. Somebody may tell it to close; it is
+    /// gone then, and `on_close` (may be empty) is told. That must not raise.
+    virtual HostWindow open_window(std::string caption, std::function<void()> on_close) = 0;
+    /// Says that a window is gone, without telling `on_close`. It may be gone already.
+    virtual void close_window(HostWindow window) = 0;
 
     /// A text value of the user's settings store, under a key of HKEY_CURRENT_USER such as
     /// "Software\\Adobe\\Acrobat Distiller\\6.0\\Security"; nothing when it is not there.

@@ -75,8 +75,13 @@ void Desktop::refuse(const hosts::Dialog& dialog) const {
                             "The dialog \"" + dialog.caption + "\" cannot be answered: " + reason + ".");
 }
 
-void Desktop::put_window(std::string caption) {
-    windows_.push_back({++last_number_, std::move(caption)});
+hosts::HostWindow Desktop::open_window(std::string caption, std::function<void()> on_close) {
+    windows_.push_back({++last_number_, std::move(caption), std::move(on_close)});
+    return last_number_;
+}
+
+void Desktop::close_window(hosts::HostWindow window) {
+    std::erase_if(windows_, [&](const Window& candidate) { return candidate.number == window; });
 }
 
 WindowHandle Desktop::find_window(const std::string& caption) {
@@ -93,10 +98,16 @@ WindowHandle Desktop::find_window(const std::string& caption) {
 
 void Desktop::close_window(WindowHandle window, const std::string&) {
     const auto number = static_cast<std::uintptr_t>(window);
-    std::erase_if(windows_, [&](const Window& candidate) { return candidate.number == number; });
     for (Shown* shown : dialogs_) {
         if (shown->number == number) shown->open = false;
     }
+    const auto found = std::find_if(windows_.begin(), windows_.end(),
+                                    [&](const Window& candidate) { return candidate.number == number; });
+    if (found == windows_.end()) return;
+    // What is told may open and close windows itself.
+    const std::function<void()> on_close = std::move(found->on_close);
+    windows_.erase(found);
+    if (on_close) on_close();
 }
 
 void Desktop::message_box(const std::string& prompt, const std::string& title, std::uint32_t style) {

@@ -36,11 +36,14 @@ class Desktop : public WindowManager {
     /// more to do.
     void show(hosts::Dialog& dialog);
 
-    /// Puts up a window without controls, such as a viewer's; it stays until it is closed.
-    void put_window(std::string caption);
+    /// Puts up a window without controls, such as a viewer's. When somebody tells it to close it goes away,
+    /// and `on_close` (may be empty) is told.
+    hosts::HostWindow open_window(std::string caption, std::function<void()> on_close);
+    /// Takes a window away, without telling anybody; it may be gone already.
+    void close_window(hosts::HostWindow window);
 
     WindowHandle find_window(const std::string& caption) override;
-    /// Takes a window away; a dialog as if its user had cancelled it.
+    /// Tells a window to close, which it does; a dialog as if its user had cancelled it.
     void close_window(WindowHandle window, const std::string& text) override;
     void message_box(const std::string& prompt, const std::string& title, std::uint32_t style) override;
 
@@ -58,6 +61,7 @@ class Desktop : public WindowManager {
     struct Window {
         std::uintptr_t number = 0;
         std::string caption;
+        std::function<void()> on_close;
     };
 
     /// Lets every sender look once. Whether anything was done.

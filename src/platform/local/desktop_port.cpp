@@ -25,8 +25,8 @@ WindowId control_id(std::uintptr_t number, std::size_t index) {
 }
 
 ControlKind kind_of(const hosts::Control& control) {
-    return automation::equal_ignoring_case(control.window_class, "Button") ? ControlKind::push_button
-                                                                           : ControlKind::other;
+    if (!automation::equal_ignoring_case(control.window_class, "Button")) return ControlKind::other;
+    return control.is_check_box ? ControlKind::check_box : ControlKind::push_button;
 }
 
 }  // namespace

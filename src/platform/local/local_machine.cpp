@@ -42,15 +42,6 @@ std::vector<fs::path> module_folders(const LocalOptions& options) {
     return HostModules::usual_folders(options.executable);
 }
 
-/// What the PDF printer was told to write, when that is what the dialog was about.
-std::optional<fs::path> saved_file(const hosts::Dialog& dialog) {
-    if (!dialog.accepted || !equal_ignoring_case(dialog.caption, "Save PDF File As")) return std::nullopt;
-    const auto edit = std::find_if(
-        dialog.controls.begin(), dialog.controls.end(),
-        [](const hosts::Control& control) { return equal_ignoring_case(control.window_class, "Edit"); });
-    return edit == dialog.controls.end() ? std::nullopt : std::optional<fs::path>(edit->text);
-}
-
 }  // namespace
 
 LocalMachine::LocalMachine(LocalOptions options)
@@ -103,7 +94,14 @@ void LocalMachine::print(std::string_view printer, const fs::path& pdf, std::str
 
 void LocalMachine::show(hosts::Dialog& dialog) {
     desktop_.show(dialog);
-    if (const auto file = saved_file(dialog)) desktop_.put_window(viewer_caption(*file));
+}
+
+hosts::HostWindow LocalMachine::open_window(std::string caption, std::function<void()> on_close) {
+    return desktop_.open_window(std::move(caption), std::move(on_close));
+}
+
+void LocalMachine::close_window(hosts::HostWindow window) {
+    desktop_.close_window(window);
 }
 
 std::optional<std::string> LocalMachine::setting(std::string_view key, std::string_view value) const {

@@ -74,6 +74,8 @@ class LocalMachine : public hosts::Machine {
     std::string default_printer() const override { return printers_.default_name(); }
     void print(std::string_view printer, const std::filesystem::path& pdf, std::string_view title) override;
     void show(hosts::Dialog& dialog) override;
+    hosts::HostWindow open_window(std::string caption, std::function<void()> on_close) override;
+    void close_window(hosts::HostWindow window) override;
     std::optional<std::string> setting(std::string_view key, std::string_view value) const override;
 
   private:

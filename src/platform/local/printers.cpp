@@ -71,8 +71,4 @@ void Printers::print(std::string_view name, const std::filesystem::path& pdf, st
     cups_.print(printer, pdf, std::string(title));
 }
 
-std::string viewer_caption(const std::filesystem::path& pdf) {
-    return "Adobe Acrobat - [" + pdf.filename().string() + "]";
-}
-
 }  // namespace foliant::platform::local

@@ -42,8 +42,4 @@ class Printers {
     Cups cups_;
 };
 
-/// The caption of the viewer that the PDF printer leaves open on the file that it has written: "Adobe Acrobat
-/// - [Report.pdf]".
-std::string viewer_caption(const std::filesystem::path& pdf);
-
 }  // namespace foliant::platform::local

@@ -30,6 +30,8 @@ class BareMachine : public Machine {
     std::string default_printer() const override { return {}; }
     void print(std::string_view, const std::filesystem::path&, std::string_view) override { FAIL(); }
     void show(Dialog&) override { FAIL(); }
+    HostWindow open_window(std::string, std::function<void()>) override { return 0; }
+    void close_window(HostWindow) override {}
     std::optional<std::string> setting(std::string_view key, std::string_view value) const override {
         if (!trouble.empty()) throw automation::Error(automation::RuntimeError::path_file_access, trouble);
         const auto found = settings.find(std::string(key) + "|" + std::string(value));

@@ -26,6 +26,11 @@ class NotingMachine : public Machine {
         dialog.controls.front().text = answer;
         dialog.accepted = true;
     }
+    HostWindow open_window(std::string caption, std::function<void()>) override {
+        notes.push_back("window " + caption);
+        return notes.size();
+    }
+    void close_window(HostWindow) override {}
     std::optional<std::string> setting(std::string_view, std::string_view) const override { return {}; }
 
     std::string answer;  ///< typed into the dialog; empty to cancel it

@@ -72,7 +72,8 @@ TEST_F(WordHost, PrintsToTheFileThatThePrintersDialogIsAnsweredWith) {
     machine.answer = (folder / "out.pdf").string();
     word.set("ActivePrinter", "Adobe PDF");
     open("five.docx").call("PrintOut", {named("Range", std::int16_t{4}), named("Pages", "2-3")});
-    EXPECT_EQ(machine.notes, std::vector<std::string>({"dialog Save PDF File As: five.pdf"}));
+    EXPECT_EQ(machine.notes, std::vector<std::string>(
+                                 {"dialog Save PDF File As: five.pdf", "window Adobe Acrobat - [out.pdf]"}));
     EXPECT_EQ(test::PdfReader(folder / "out.pdf").pages(), 2);
 }
 

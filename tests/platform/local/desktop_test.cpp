@@ -18,6 +18,10 @@ hosts::Control button(const std::string& caption, bool is_default = false) {
     return {"Button", caption, "", true, false, is_default};
 }
 
+hosts::Control check_box(const std::string& caption) {
+    return {"Button", caption, "", true, false, false, true};
+}
+
 hosts::Dialog save_dialog() {
     return {"Save PDF File As", {edit("document1.pdf"), button("&Save", true), button("Cancel")}, {}, false};
 }
@@ -207,6 +211,110 @@ TEST_F(DesktopTest, ClosingADialogFromOutsideCancelsIt) {
     };
     desktop.show(save);
     EXPECT_TRUE(save.accepted);
+}
+
+TEST_F(DesktopTest, AHostIsToldWhenItsWindowIsClosed) {
+    std::string told;
+    const hosts::HostWindow viewer = desktop.open_window("Adobe Acrobat", [&] {
+        told += "closed ";
+        // It is gone by now, and what it showed goes with it.
+        EXPECT_EQ(desktop.find_window("Adobe Acrobat"), 0);
+        desktop.close_window(1);
+        desktop.open_window("Save changes?", {});
+    });
+    desktop.close_window(desktop.find_window("adobe acrobat"), "0");
+    EXPECT_EQ(told, "closed ");
+    EXPECT_NE(desktop.find_window("Save changes?"), 0);
+    desktop.close_window(static_cast<WindowHandle>(viewer), "0");
+    EXPECT_EQ(told, "closed ");
+}
+
+TEST_F(DesktopTest, AHostIsNotToldWhatItDoesItself) {
+    const hosts::HostWindow viewer = desktop.open_window("Adobe Acrobat", [] { FAIL(); });
+    desktop.close_window(viewer);
+    desktop.close_window(viewer);
+    EXPECT_EQ(desktop.find_window("Adobe Acrobat"), 0);
+}
+
+TEST_F(DesktopTest, OfTwoWindowsWithOneCaptionTheOlderIsFoundFirst) {
+    const hosts::HostWindow older = desktop.open_window("Adobe Acrobat", {});
+    const hosts::HostWindow newer = desktop.open_window("Adobe Acrobat", {});
+    EXPECT_EQ(desktop.find_window("Adobe Acrobat"), static_cast<WindowHandle>(older));
+    desktop.close_window(older);
+    EXPECT_EQ(desktop.find_window("Adobe Acrobat"), static_cast<WindowHandle>(newer));
+}
+
+TEST_F(DesktopTest, ACheckBoxIsTickedAndItsDialogStaysOpen) {
+    start("password security - settings~Button~{LM}~0~1~");
+    start("password security - settings~Button~~0~0~");
+    hosts::Dialog dialog{
+        "Password Security - Settings", {check_box("Require a password"), button("OK", true)}, {}, false};
+    std::string clicks;
+    dialog.on_click = [&](hosts::Dialog& clicked, std::size_t control) {
+        clicks += std::to_string(control) + (clicked.accepted ? " accepted " : " open ");
+    };
+    desktop.show(dialog);
+    EXPECT_TRUE(dialog.controls[0].checked);
+    EXPECT_EQ(clicks, "0 open 1 accepted ");
+}
+
+/// Acrobat's three dialogs about an open password, each put up by the one before it.
+struct PasswordDialogs {
+    explicit PasswordDialogs(Desktop& screen) : desktop(screen) {
+        settings.on_click = [this](hosts::Dialog& dialog, std::size_t control) {
+            clicks += "settings " + std::to_string(control) + ", ";
+            dialog.controls[1].enabled = dialog.controls[0].checked;
+            if (dialog.accepted) desktop.show(confirm);
+        };
+        confirm.on_click = [this](hosts::Dialog&, std::size_t control) {
+            clicks += "confirm " + std::to_string(control) + ", ";
+            desktop.show(closing_notice);
+        };
+        closing_notice.on_click = [this](hosts::Dialog&, std::size_t control) {
+            clicks += "notice " + std::to_string(control);
+        };
+    }
+
+    Desktop& desktop;
+    hosts::Dialog settings{"Password Security - Settings",
+                           {check_box("Require a password to &open the document"),
+                            {"Edit", "Document Open Password:", "", false, false, false},
+                            check_box("Use a password to restrict printing and editing"),
+                            {"Edit", "Permissions Password:", "", false, false, false},
+                            button("OK", true),
+                            button("Cancel")},
+                           {},
+                           false};
+    hosts::Dialog confirm{"Adobe Acrobat - Confirm Open Document Password",
+                          {edit(), button("OK", true), button("Cancel")},
+                          {},
+                          false};
+    hosts::Dialog closing_notice{"Adobe Acrobat", {button("OK", true)}, {}, false};
+    std::string clicks;
+};
+
+TEST_F(DesktopTest, TheFourSecurityCommandsCarryThePasswordDialogsToTheirEnd) {
+    start("password security - settings~Button~{LM}~0~1~");
+    start("password security - settings~Edit~s3cret^1~0~1~");
+    start("adobe acrobat - confirm open document password~Edit~s3cret~0~1~");
+    start("adobe acrobat~Button~{LME}~0~1~");
+    PasswordDialogs dialogs(desktop);
+    desktop.show(dialogs.settings);
+    EXPECT_EQ(dialogs.clicks, "settings 0, settings 4, confirm 1, notice 0");
+    EXPECT_EQ(dialogs.settings.controls[1].text, "s3cret");
+    EXPECT_FALSE(dialogs.settings.controls[2].checked);
+    EXPECT_EQ(dialogs.settings.controls[3].text, "");
+    EXPECT_EQ(dialogs.confirm.controls[0].text, "s3cret");
+    EXPECT_TRUE(dialogs.settings.accepted);
+    EXPECT_TRUE(dialogs.confirm.accepted);
+    EXPECT_TRUE(dialogs.closing_notice.accepted);
+}
+
+TEST_F(DesktopTest, ThePasswordDialogsDoNotEndWhenTheirOptionIsNotTicked) {
+    start("password security - settings~Edit~s3cret^1~0~1~");
+    PasswordDialogs dialogs(desktop);
+    EXPECT_TRUE(failure([&] { desktop.show(dialogs.settings); }).starts_with("445 "));
+    EXPECT_EQ(dialogs.clicks, "");
 }
 
 TEST_F(DesktopTest, AMessageBoxGoesToWhoeverShowsIt) {

@@ -110,19 +110,22 @@ TEST_F(LocalMachineTest, AHostWhoseDialogNobodyAnswersRaisesAndLeavesNoViewer) {
     EXPECT_EQ(ports.windows.find_window("Adobe Acrobat - [untitled.pdf]"), 0);
 }
 
-TEST_F(LocalMachineTest, ASaveDialogThatIsCancelledLeavesNoViewer) {
+TEST_F(LocalMachineTest, NoWindowOpensThatNoHostHasOpened) {
     const session::Session session(ports, events);
-    ports.programs.start(
-        engines::system_folder(session) + "/quorixsend.exe save pdf file as~Button~{LME}~0~0~",
-        WindowStyle::hidden);
-    hosts::Dialog dialog{"Save PDF File As",
-                         {{.window_class = "Edit", .caption = "", .text = "untitled.pdf"},
-                          {.window_class = "Button", .caption = "Cancel", .text = ""}},
-                         {},
-                         false};
+    engines::answer_printer_dialogs(session, folder / "a.pdf");
+    hosts::Dialog dialog{"Save PDF File As", {{"Edit", "", ""}}, {}, false};
     machine.show(dialog);
-    EXPECT_FALSE(dialog.accepted);
-    EXPECT_EQ(ports.windows.find_window("Adobe Acrobat - [untitled.pdf]"), 0);
+    EXPECT_TRUE(dialog.accepted);
+    EXPECT_EQ(ports.windows.find_window("Adobe Acrobat - [a.pdf]"), 0);
+}
+
+TEST_F(LocalMachineTest, AWindowIsThereUntilItsHostClosesIt) {
+    const hosts::HostWindow window = machine.open_window("Adobe Acrobat", {});
+    const hosts::HostWindow other = machine.open_window("Adobe Acrobat - [a.pdf]", {});
+    EXPECT_NE(window, other);
+    machine.close_window(window);
+    EXPECT_EQ(ports.windows.find_window("adobe acrobat"), 0);
+    EXPECT_NE(ports.windows.find_window("adobe acrobat - [a.pdf]"), 0);
 }
 
 TEST_F(LocalMachineTest, ASenderCommandThatCannotBeReadIsToldAndAnswersNothing) {

@@ -25,7 +25,7 @@ class LocalWorld : public contract::World {
     void put_folder(const std::string& name) override { fs::create_directory(path(name)); }
     std::string content(const std::string& name) const override { return content_of(path(name)); }
     void enter_folder() override { fs::current_path(work_.path()); }
-    void put_window(const std::string& caption) override { machine_.desktop().put_window(caption); }
+    void put_window(const std::string& caption) override { machine_.open_window(caption, {}); }
 
   private:
     fs::path former_folder_ = fs::current_path();

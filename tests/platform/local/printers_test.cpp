@@ -117,9 +117,5 @@ TEST_F(PrintersTest, SaysWhyAJobIsNotTaken) {
               "5 \"Adobe PDF\" is the PDF printer: it asks for its output file in a dialog and gets no job.");
 }
 
-TEST(ViewerCaption, NamesTheFile) {
-    EXPECT_EQ(viewer_caption("/out/My Report.pdf"), "Adobe Acrobat - [My Report.pdf]");
-}
-
 }  // namespace
 }  // namespace foliant::platform::local::test

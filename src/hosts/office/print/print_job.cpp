@@ -1,5 +1,7 @@
 #include "hosts/office/print/print_job.h"
 
+#include "hosts/viewer.h"
+
 namespace foliant::hosts::office {
 
 namespace {
@@ -30,6 +32,7 @@ void print_to_pdf_printer(const Printable& document, const std::string& pages, M
                                 document.title() + " was not printed: the dialog \"" + dialog.caption +
                                     "\" was closed without a file name.");
     document.export_pdf(pages, name);
+    machine.open_window(viewer_caption(name), {});
 }
 
 void print_to_queue(const Printable& document, const std::string& pages, std::string_view printer,

@@ -30,9 +30,9 @@ struct PrintRequest {
 };
 
 /// Prints as the applications do: to PostScript in the named file; else, on the PDF printer, to the PDF file
-/// that its "Save PDF File As" dialog is answered with; else on the spooler's queue. The work is complete
-/// when it returns. Raises what the document, the machine and the dialog raise, and `application`'s
-/// command_failed when the dialog is cancelled.
+/// that its "Save PDF File As" dialog is answered with, which Acrobat's window shows from then on; else on
+/// the spooler's queue. The work is complete when it returns. Raises what the document, the machine and the
+/// dialog raise, and `application`'s command_failed when the dialog is cancelled.
 void print(const Printable& document, const PrintRequest& request, std::string_view printer, Machine& machine,
            const Application& application);
 

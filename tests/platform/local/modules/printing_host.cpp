@@ -6,6 +6,7 @@
 #include "automation/coerce.h"
 #include "automation/error.h"
 #include "hosts/module.h"
+#include "hosts/viewer.h"
 
 namespace {
 
@@ -36,7 +37,9 @@ class PrintingHost : public foliant::automation::Object {
                              {},
                              false};
         machine_.show(dialog);
-        return dialog.accepted ? Value(dialog.controls[0].text) : Value();
+        if (!dialog.accepted) return Value();
+        machine_.open_window(hosts::viewer_caption(dialog.controls[0].text), {});
+        return dialog.controls[0].text;
     }
 
     std::string class_name_;
