@@ -37,13 +37,13 @@ containment::Paths files_of_the_job() {
     return files;
 }
 
-/// Ghostscript's own resources, fonts and colour profiles besides; nothing else of the machine is read, and
-/// nothing but the output and temporary data written.
+/// Ghostscript's own resources, fonts, colour profiles and the usual paper besides; nothing else of the
+/// machine is read, and nothing but the output and temporary data written.
 containment::Policy distilling() {
     using namespace containment;
     containment::Policy policy;
     policy.may_read = files_of_the_job() + system_libraries() + fonts() + locales() + empty_devices() +
-                      Paths{"/var/lib/ghostscript", "/usr/share/color"};
+                      Paths{"/var/lib/ghostscript", "/usr/share/color", "/etc/papersize"};
     policy.may_write = {scratch_folder, output_file};
     return policy;
 }
