@@ -4,10 +4,8 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
-#include <fstream>
 #include <spawn.h>
 #include <sstream>
-#include <stdexcept>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -17,19 +15,6 @@ namespace foliant::end_to_end {
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string content_of(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream content;
-    content << file.rdbuf();
-    return content.str();
-}
-
-fs::path make_folder(const std::string& pattern) {
-    std::string name = (fs::temp_directory_path() / pattern).string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("cannot make " + name);
-    return name;
-}
 
 pid_t spawn(const std::vector<std::string>& words, const fs::path& folder, const fs::path& private_folder) {
     const pid_t process = fork();
@@ -62,29 +47,15 @@ std::string field(const std::string& text, const std::string& name) {
 
 }  // namespace
 
-Workshop::Workshop() : folder_(make_folder("workshop-XXXXXX")), private_(make_folder("workshop-own-XXXXXX")) {
+Workshop::Workshop() {
     fs::create_directory(private_ / "home");
     fs::create_directory(private_ / "tmp");
-}
-
-Workshop::~Workshop() {
-    std::error_code none;
-    fs::remove_all(folder_, none);
-    fs::remove_all(private_, none);
-}
-
-void Workshop::write(const std::string& name, const std::string& content) const {
-    std::ofstream(path(name), std::ios::binary) << content;
-}
-
-std::string Workshop::read(const std::string& name) const {
-    return content_of(path(name));
 }
 
 pid_t Workshop::start(const std::vector<std::string>& words) const {
     std::vector<std::string> all{FOLIANT_COMMAND};
     all.insert(all.end(), words.begin(), words.end());
-    return spawn(all, folder_, private_);
+    return spawn(all, folder(), private_.path());
 }
 
 Finished Workshop::finish(pid_t process) const {
@@ -92,8 +63,8 @@ Finished Workshop::finish(pid_t process) const {
     waitpid(process, &status, 0);
     Finished finished;
     finished.exit_code = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
-    finished.output = content_of(private_ / "stdout");
-    finished.errors = content_of(private_ / "stderr");
+    finished.output = tests::read_file(private_ / "stdout");
+    finished.errors = tests::read_file(private_ / "stderr");
     return finished;
 }
 
@@ -102,14 +73,12 @@ Finished Workshop::foliant(const std::vector<std::string>& words) const {
 }
 
 Finished Workshop::run(const std::vector<std::string>& words) const {
-    return finish(spawn(words, folder_, private_));
+    return finish(spawn(words, folder(), private_.path()));
 }
 
 std::set<std::string> Workshop::files() const {
-    std::set<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder_))
-        names.insert(entry.path().filename().string());
-    return names;
+    const tests::Names names = tests::names_in(folder());
+    return {names.begin(), names.end()};
 }
 
 std::string Workshop::leftovers() const {
@@ -125,7 +94,7 @@ int Workshop::survivors() const {
     for (const auto& entry : fs::directory_iterator("/proc")) {
         const std::string name = entry.path().filename().string();
         if (name.find_first_not_of("0123456789") != std::string::npos) continue;
-        if (content_of(entry.path() / "environ").find((private_ / "tmp").string()) != std::string::npos)
+        if (tests::read_file(entry.path() / "environ").find((private_ / "tmp").string()) != std::string::npos)
             ++count;
     }
     return count;

@@ -6,6 +6,8 @@
 #include <sys/types.h>
 #include <vector>
 
+#include "support/scratch_folder.h"
+
 namespace foliant::end_to_end {
 
 /// What a finished program left.
@@ -20,14 +22,11 @@ struct Finished {
 class Workshop {
   public:
     Workshop();
-    Workshop(const Workshop&) = delete;
-    Workshop& operator=(const Workshop&) = delete;
-    ~Workshop();
 
-    const std::filesystem::path& folder() const { return folder_; }
+    const std::filesystem::path& folder() const { return folder_.path(); }
     std::filesystem::path path(const std::string& name) const { return folder_ / name; }
-    void write(const std::string& name, const std::string& content) const;
-    std::string read(const std::string& name) const;
+    void write(const std::string& name, const std::string& content) const { folder_.write(name, content); }
+    std::string read(const std::string& name) const { return tests::read_file(folder_ / name); }
 
     /// Runs `foliant` with these words and waits for it.
     Finished foliant(const std::vector<std::string>& words) const;
@@ -53,8 +52,8 @@ class Workshop {
     std::string page_size(const std::string& pdf) const;
 
   private:
-    std::filesystem::path folder_;
-    std::filesystem::path private_;
+    tests::ScratchFolder folder_;
+    tests::ScratchFolder private_;
 };
 
 /// Skips a test that needs a host whose module is not built or whose engine is not installed, naming the

@@ -1,43 +1,25 @@
 #include "hosts/pending_file.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <csignal>
-#include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
-#include <sstream>
-#include <stdlib.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+
+#include "support/scratch_folder.h"
 
 namespace foliant::hosts {
 namespace {
 
 namespace fs = std::filesystem;
+using tests::Names;
+using tests::read_file;
+using tests::write_file;
 
 class PendingFileTest : public testing::Test {
   protected:
-    PendingFileTest() {
-        std::string name = (fs::temp_directory_path() / "pending-XXXXXX").string();
-        folder = ::mkdtemp(name.data());
-        target = folder / "out.pdf";
-    }
-    ~PendingFileTest() override { fs::remove_all(folder); }
-
-    static void put(const fs::path& path, std::string_view text) { std::ofstream(path) << text; }
-    static std::string content(const fs::path& path) {
-        std::ostringstream text;
-        text << std::ifstream(path).rdbuf();
-        return text.str();
-    }
-    std::vector<std::string> names() const {
-        std::vector<std::string> found;
-        for (const auto& entry : fs::directory_iterator(folder))
-            found.push_back(entry.path().filename().string());
-        std::sort(found.begin(), found.end());
-        return found;
-    }
+    Names names() const { return tests::names_in(folder); }
     /// The errno value of what `action` fails with, 0 when it does not; the failure has to name `path`.
     static int failure(const fs::path& path, const std::function<void()>& action) {
         try {
@@ -52,11 +34,10 @@ class PendingFileTest : public testing::Test {
         return failure(path, [&] { PendingFile file(path); });
     }
 
-    fs::path folder;
-    fs::path target;
+    const tests::ScratchFolder scratch;
+    const fs::path folder = scratch.path();
+    const fs::path target = folder / "out.pdf";
 };
-
-using Names = std::vector<std::string>;
 
 TEST_F(PendingFileTest, HasNoNameUntilItIsCommitted) {
     PendingFile file(target);
@@ -64,7 +45,7 @@ TEST_F(PendingFileTest, HasNoNameUntilItIsCommitted) {
     EXPECT_EQ(names(), Names{}) << "a killed process would leave it";
     file.write("and half");
     file.commit();
-    EXPECT_EQ(content(target), "half and half");
+    EXPECT_EQ(read_file(target), "half and half");
     EXPECT_EQ(names(), Names{"out.pdf"});
 }
 
@@ -81,24 +62,24 @@ TEST_F(PendingFileTest, HasAHiddenNameWhereItNeedsOne) {
     ASSERT_EQ(names().size(), 1U);
     EXPECT_TRUE(names().front().starts_with(".foliant-"));
     file.commit();
-    EXPECT_EQ(content(target), "new");
+    EXPECT_EQ(read_file(target), "new");
     EXPECT_EQ(names(), Names{"out.pdf"});
 }
 
 TEST_F(PendingFileTest, OpensAgainWithinTheProcess) {
     PendingFile file(target);
-    put(file.path_in_this_process(), "through its path");
+    write_file(file.path_in_this_process(), "through its path");
     file.commit();
-    EXPECT_EQ(content(target), "through its path");
+    EXPECT_EQ(read_file(target), "through its path");
 }
 
 TEST_F(PendingFileTest, ReplacesWhatHadTheName) {
-    put(target, "old");
+    write_file(target, "old");
     PendingFile file(target);
     file.write("new");
-    EXPECT_EQ(content(target), "old");
+    EXPECT_EQ(read_file(target), "old");
     file.commit();
-    EXPECT_EQ(content(target), "new");
+    EXPECT_EQ(read_file(target), "new");
     EXPECT_EQ(names(), Names{"out.pdf"});
 }
 
@@ -109,7 +90,7 @@ TEST_F(PendingFileTest, GoesToTheCurrentFolderByItsBareName) {
     file.write("here");
     file.commit();
     fs::current_path(former);
-    EXPECT_EQ(content(target), "here");
+    EXPECT_EQ(read_file(target), "here");
 }
 
 TEST_F(PendingFileTest, HasTheRightsOfANewFile) {
@@ -122,7 +103,7 @@ TEST_F(PendingFileTest, HasTheRightsOfANewFile) {
 
 TEST_F(PendingFileTest, NeedsItsFolder) {
     EXPECT_EQ(failure_to_open(folder / "missing" / "out.pdf"), ENOENT);
-    put(folder / "file", "");
+    write_file(folder / "file", "");
     EXPECT_EQ(failure_to_open(folder / "file" / "out.pdf"), ENOTDIR);
 }
 

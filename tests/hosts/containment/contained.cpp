@@ -2,11 +2,8 @@
 
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
-#include <fstream>
-#include <sstream>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -58,25 +55,12 @@ std::string opening(const fs::path& path, int flags) {
 }
 
 Ground::Ground() {
-    std::string name = (fs::temp_directory_path() / "containment-XXXXXX").string();
-    folder_ = mkdtemp(name.data());
     for (const char* inner : {"open", "work"}) {
         fs::create_directory(folder_ / inner);
-        std::ofstream(folder_ / inner / "file") << inner;
+        folder_.write(fs::path(inner) / "file", inner);
     }
-    std::ofstream(folder_ / "secret") << "secret";
-    std::ofstream(folder_ / "document") << "document";
-}
-
-Ground::~Ground() {
-    std::error_code ignored;
-    fs::remove_all(folder_, ignored);
-}
-
-std::string Ground::read(const std::string& name) const {
-    std::ostringstream text;
-    text << std::ifstream(folder_ / name).rdbuf();
-    return text.str();
+    folder_.write("secret", "secret");
+    folder_.write("document", "document");
 }
 
 }  // namespace foliant::hosts::containment::test

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "hosts/containment/containment.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::hosts::containment::test {
 
@@ -25,16 +26,13 @@ std::string opening(const std::filesystem::path& path, int flags);
 class Ground {
   public:
     Ground();
-    Ground(const Ground&) = delete;
-    Ground& operator=(const Ground&) = delete;
-    ~Ground();
 
     std::filesystem::path operator/(const std::string& name) const { return folder_ / name; }
-    const std::filesystem::path& folder() const { return folder_; }
-    std::string read(const std::string& name) const;
+    const std::filesystem::path& folder() const { return folder_.path(); }
+    std::string read(const std::string& name) const { return tests::read_file(folder_ / name); }
 
   private:
-    std::filesystem::path folder_;
+    tests::ScratchFolder folder_;
 };
 
 }  // namespace foliant::hosts::containment::test

@@ -95,9 +95,9 @@ TEST_F(CancelledJob, LeavesNoEngineAndNoOutputWhenItsProcessIsKilled) {
     ::kill(caller, SIGKILL);
     ::waitpid(caller, nullptr, 0);
     EXPECT_TRUE(comes_true([this] { return processes_in(scratch) == 0; }));
-    EXPECT_EQ(files_in(folder), (std::vector<std::string>{"in.ps", "scratch"}));
+    EXPECT_EQ(tests::names_in(folder), (std::vector<std::string>{"in.ps", "scratch"}));
     // The working folder is the caller's to remove: it lies in the folder that the caller gave.
-    for (const std::string& name : files_in(scratch))
+    for (const std::string& name : tests::names_in(scratch))
         std::filesystem::remove_all(scratch / name);
 }
 

@@ -159,12 +159,12 @@ TEST_F(FullDisk, FailsTheJobAndIsLeftAsItWas) {
     const std::string error = "Cannot write the PDF " + job.output_pdf.string() +
                               ": the disk is full. Free some space there, or choose another folder.";
     EXPECT_EQ(distill(job).error, error);
-    EXPECT_TRUE(files_in(disk).empty());
+    EXPECT_TRUE(tests::names_in(disk).empty());
     job.input_ps = write("in.ps", plain_pages(800));  // fits, but the protected copy does not
     job.security = Security{};
     write("disk/filler", std::string(80000, 'x'));
     EXPECT_FALSE(distill(job).succeeded);
-    EXPECT_EQ(files_in(disk), Lines{"filler"});
+    EXPECT_EQ(tests::names_in(disk), Lines{"filler"});
 }
 
 TEST_F(FailedJob, SurvivesStackOverflows) {

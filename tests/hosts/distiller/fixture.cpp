@@ -3,22 +3,14 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <fstream>
 #include <memory>
 #include <qpdf/QPDF.hh>
 #include <stdexcept>
-#include <stdlib.h>
 
 namespace foliant::hosts::distiller {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path make_folder() {
-    std::string name = (fs::temp_directory_path() / "distiller-test-XXXXXX").string();
-    if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    return name;
-}
 
 fs::path make_subfolder(const fs::path& path) {
     fs::create_directory(path);
@@ -35,25 +27,20 @@ std::vector<std::string> Journal::lines_with(std::string_view opening) const {
 }
 
 DistillerTest::DistillerTest()
-    : folder(make_folder()),
+    : folder(own_folder_.path()),
       scratch(make_subfolder(folder / "scratch")),
       output(folder / "out.pdf"),
       distiller(DISTILLER_ENGINE_FOLDER) {}
 
 DistillerTest::~DistillerTest() {
-    EXPECT_TRUE(files_in(scratch).empty()) << "a job has left its working folder";
-    for (const std::string& name : files_in(folder)) {
+    EXPECT_TRUE(tests::names_in(scratch).empty()) << "a job has left its working folder";
+    for (const std::string& name : tests::names_in(folder)) {
         EXPECT_FALSE(name.starts_with(".foliant")) << "a job has left " << name;
     }
-    fs::remove_all(folder);
 }
 
 fs::path DistillerTest::write(const std::string& name, std::string_view content) const {
-    fs::path path = folder / name;
-    std::ofstream file(path, std::ios::binary);
-    file << content;
-    if (!file.flush()) throw std::runtime_error("cannot write " + path.string());
-    return path;
+    return own_folder_.write(name, content);
 }
 
 DistillResult DistillerTest::distill(DistillJob job) {
@@ -82,14 +69,6 @@ DistillResult DistillerTest::distill_driver(const std::vector<std::string>& path
 
 std::string DistillerTest::text_of_output() const {
     return output_of("pdftotext -enc UTF-8 '" + output.string() + "' -");
-}
-
-std::vector<std::string> DistillerTest::files_in(const fs::path& place) const {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(place))
-        names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
 }
 
 PdfFacts facts_of(const fs::path& path, const std::string& password) {

@@ -9,6 +9,7 @@
 
 #include "hosts/distiller/distill_job.h"
 #include "hosts/distiller/distiller.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::hosts::distiller {
 
@@ -60,8 +61,11 @@ class DistillerTest : public testing::Test {
 
     /// What the output says, page by page, as `pdftotext` reads it.
     std::string text_of_output() const;
-    std::vector<std::string> files_in(const std::filesystem::path& folder) const;
 
+  private:
+    const tests::ScratchFolder own_folder_;
+
+  protected:
     const std::filesystem::path folder;
     const std::filesystem::path scratch;
     const std::filesystem::path output;

@@ -157,7 +157,7 @@ TEST_F(DistillerModule, MakesNoPdfWhenItsSecuritySettingsCannotBeRead) {
     EXPECT_THROW(object.call("FileToPDF2", {in_ps(plain_pages(1)), output.string(), "", true}),
                  automation::Error);
     EXPECT_EQ(std::filesystem::file_size(output), 3U);
-    EXPECT_EQ(files_in(folder), (Lines{"in.ps", "out.pdf", "scratch"}));
+    EXPECT_EQ(tests::names_in(folder), (Lines{"in.ps", "out.pdf", "scratch"}));
 }
 
 TEST_F(DistillerModule, RefusesAPermissionThatIsNeitherGivenNorDenied) {

@@ -78,7 +78,7 @@ TEST_F(Sandbox, KeepsOtherFilesFromBeingWritten) {
         attempt("<< /OutputFile (" + proof.string() + name + ") >> setpagedevice showpage");
     attempt("<< /OutputDevice /png16m /OutputFile (" + proof.string() + ") >> setpagedevice showpage");
     attempt("(png16m) selectdevice << /OutputFile (" + proof.string() + ") >> setpagedevice showpage");
-    for (const std::string& name : files_in(folder))
+    for (const std::string& name : tests::names_in(folder))
         EXPECT_FALSE(name.starts_with("proof")) << name;
 }
 
@@ -139,7 +139,7 @@ class Containment : public DistillerTest {
         journal.cancel_when = [&] {
             if (!acted && !journal.messages.empty()) {
                 acted = true;
-                act(scratch / files_in(scratch).at(0), engine());
+                act(scratch / tests::names_in(scratch).at(0), engine());
             }
             return false;
         };

@@ -88,7 +88,7 @@ TEST_F(ProtectedJob, ThatFailsLeavesNoUnprotectedPdf) {
     job.input_ps = write("in.ps", "%!\nshowpage foo\n");
     job.security = Security{};
     EXPECT_FALSE(distill(job).succeeded);
-    EXPECT_EQ(files_in(folder), (std::vector<std::string>{"in.ps", "scratch"}));
+    EXPECT_EQ(tests::names_in(folder), (std::vector<std::string>{"in.ps", "scratch"}));
 }
 
 }  // namespace

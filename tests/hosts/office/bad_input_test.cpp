@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include "hosts/office/support.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::hosts::office {
 namespace {
@@ -26,7 +27,7 @@ TEST(BadDocument, IsAFolder) {
 }
 
 TEST(BadDocument, IsAPipeThatNobodyWritesTo) {
-    const test::Scratch folder;
+    const tests::ScratchFolder folder;
     ASSERT_EQ(mkfifo((folder / "pipe.docx").c_str(), 0600), 0);
     const auto error = test::error_of([&] { test::open(folder / "pipe.docx"); });
     EXPECT_EQ(error.number(), 5151);
@@ -42,10 +43,10 @@ TEST(BadDocument, IsTruncated) {
 }
 
 TEST(BadDocument, IsTruncatedAtAnyLength) {
-    const test::Scratch folder;
-    const std::string whole = test::read_file(test::document("picture.docx"));
+    const tests::ScratchFolder folder;
+    const std::string whole = tests::read_file(test::document("picture.docx"));
     for (std::size_t size = 1; size < whole.size(); size += whole.size() / 23) {
-        test::write_file(folder / "cut.docx", whole.substr(0, size));
+        tests::write_file(folder / "cut.docx", whole.substr(0, size));
         const auto error = test::error_of([&] { test::open(folder / "cut.docx"); });
         EXPECT_TRUE(error.number() == 5792 || error.number() == 5151) << size << ": " << error.description();
     }
@@ -81,21 +82,21 @@ TEST(BadDocument, IsAnArchiveOfSomethingElse) {
 }
 
 TEST(BadDocument, IsACompoundFileThatBreaksOff) {
-    const test::Scratch folder;
-    test::write_file(folder / "cut.doc", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1 and no more");
+    const tests::ScratchFolder folder;
+    tests::write_file(folder / "cut.doc", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1 and no more");
     EXPECT_EQ(test::error_of([&] { test::open(folder / "cut.doc"); }).number(), 5792);
 }
 
 TEST(BadDocument, IsXmlOfAnotherKind) {
-    const test::Scratch folder;
-    test::write_file(folder / "other.xml", "<?xml version=\"1.0\"?><invoice><total>1</total></invoice>");
+    const tests::ScratchFolder folder;
+    tests::write_file(folder / "other.xml", "<?xml version=\"1.0\"?><invoice><total>1</total></invoice>");
     EXPECT_EQ(test::error_of([&] { test::open(folder / "other.xml"); }).number(), 5151);
 }
 
 TEST(BadDocument, CannotBeRead) {
     if (geteuid() == 0) GTEST_SKIP() << "the superuser reads every file";
-    const test::Scratch folder;
-    test::write_file(folder / "secret.txt", "text");
+    const tests::ScratchFolder folder;
+    tests::write_file(folder / "secret.txt", "text");
     std::filesystem::permissions(folder / "secret.txt", std::filesystem::perms::none);
     EXPECT_EQ(test::error_of([&] { test::open(folder / "secret.txt"); }).number(), 70);
 }

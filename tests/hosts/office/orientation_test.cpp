@@ -2,12 +2,13 @@
 
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/support.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::hosts::office {
 namespace {
 
 test::PdfReader turned(const std::string& name, bool landscape) {
-    const test::Scratch folder;
+    const tests::ScratchFolder folder;
     const auto document = test::open(test::document(name));
     document->set_orientation(landscape);
     document->export_pdf("", folder / "out.pdf");
@@ -55,7 +56,7 @@ TEST(Orientation, TurnsTheMarginsWithThePage) {
 }
 
 TEST(Orientation, TurnedBackIsAsItWas) {
-    const test::Scratch folder;
+    const tests::ScratchFolder folder;
     const auto document = test::open(test::document("margins.docx"));
     document->set_orientation(true);
     document->set_orientation(false);

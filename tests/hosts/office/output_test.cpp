@@ -5,11 +5,12 @@
 
 #include "hosts/office/support.h"
 #include "hosts/office/word/word_error.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::hosts::office {
 namespace {
 
-using test::Scratch;
+using tests::ScratchFolder;
 
 automation::Error failure(const std::filesystem::path& target) {
     return test::error_of(
@@ -17,21 +18,21 @@ automation::Error failure(const std::filesystem::path& target) {
 }
 
 TEST(Output, AppearsWhenItsContentIsComplete) {
-    const Scratch folder;
+    const ScratchFolder folder;
     write_output(folder / "out.pdf", microsoft_word, [&] {
-        EXPECT_EQ(folder.content(), "");
+        EXPECT_EQ(tests::names_in(folder.path()), tests::Names());
         return std::string("content");
     });
-    EXPECT_EQ(test::read_file(folder / "out.pdf"), "content");
-    EXPECT_EQ(folder.content(), "out.pdf");
+    EXPECT_EQ(tests::read_file(folder / "out.pdf"), "content");
+    EXPECT_EQ(tests::names_in(folder.path()), tests::Names{"out.pdf"});
 }
 
 TEST(Output, LeavesNothingWhenItsContentCannotBeMade) {
-    const Scratch folder;
+    const ScratchFolder folder;
     EXPECT_THROW(write_output(folder / "out.pdf", microsoft_word,
                               []() -> std::string { throw std::runtime_error("no"); }),
                  std::runtime_error);
-    EXPECT_EQ(folder.content(), "");
+    EXPECT_EQ(tests::names_in(folder.path()), tests::Names());
 }
 
 TEST(Output, IsTriedBeforeItsContentIsMade) {
@@ -43,7 +44,7 @@ TEST(Output, IsTriedBeforeItsContentIsMade) {
 }
 
 TEST(Output, NamesAMissingFolder) {
-    const Scratch folder;
+    const ScratchFolder folder;
     const auto error = failure(folder / "missing/out.pdf");
     EXPECT_EQ(error.number(), 76);
     EXPECT_EQ(error.description(), "Cannot write " + (folder / "missing/out.pdf").string() + ": the folder " +
@@ -53,7 +54,7 @@ TEST(Output, NamesAMissingFolder) {
 }
 
 TEST(Output, IsNeitherAFolderNorAPipe) {
-    const Scratch folder;
+    const ScratchFolder folder;
     EXPECT_EQ(failure(folder.path()).number(), 75);
     const auto pipe = folder / "pipe";
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);

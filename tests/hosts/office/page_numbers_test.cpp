@@ -2,6 +2,7 @@
 
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/support.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::hosts::office {
 namespace {
@@ -17,7 +18,7 @@ struct Number {
 };
 
 test::PdfReader numbered(const std::string& name, const std::vector<Number>& numbers) {
-    const test::Scratch folder;
+    const tests::ScratchFolder folder;
     const auto document = test::open(test::document(name));
     for (const Number& number : numbers)
         document->add_page_number(number.band, number.alignment, number.on_first_page);
@@ -66,7 +67,7 @@ TEST(PageNumber, StaysOffTheFirstPageInFooterAndHeader) {
 }
 
 TEST(PageNumber, StaysOffTheFirstPageWhenThePageIsTurnedLater) {
-    const test::Scratch folder;
+    const tests::ScratchFolder folder;
     const auto document = test::open(test::document("footer.docx"));
     document->add_page_number(footer, center, false);
     document->set_orientation(true);

@@ -9,6 +9,7 @@
 #include "hosts/office/engine/uno_support.h"
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/support.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::hosts::office {
 namespace {
@@ -48,7 +49,7 @@ class Password : public testing::TestWithParam<std::pair<const char*, const char
         save_encrypted(path_, GetParam().second);
     }
 
-    test::Scratch folder_;
+    tests::ScratchFolder folder_;
     std::filesystem::path path_;
 };
 

@@ -4,12 +4,13 @@
 
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/support.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::hosts::office {
 namespace {
 
 std::string printed_pages(const std::string& range) {
-    const test::Scratch folder;
+    const tests::ScratchFolder folder;
     test::open(test::document("five.docx"))->export_pdf(range, folder / "out.pdf");
     const test::PdfReader pdf(folder / "out.pdf");
     std::string numbers;
@@ -38,17 +39,17 @@ TEST(PdfExport, PrintsThePagesInTheOrderOfTheRange) {
 }
 
 TEST(PdfExport, RefusesAPageThatIsNotThereAndWritesNothing) {
-    const test::Scratch folder;
+    const tests::ScratchFolder folder;
     const auto document = test::open(test::document("five.docx"));
     const auto error = test::error_of([&] { document->export_pdf("3-7", folder / "out.pdf"); });
     EXPECT_EQ(error.number(), 4608);
     EXPECT_EQ(error.description(), "The page range \"3-7\" names page 7, but " +
                                        test::document("five.docx").string() + " has 5 pages.");
-    EXPECT_EQ(folder.content(), "");
+    EXPECT_EQ(tests::names_in(folder.path()), tests::Names());
 }
 
 TEST(PdfExport, KeepsLigaturesAccentsAndEveryScript) {
-    const test::Scratch folder;
+    const tests::ScratchFolder folder;
     test::open(test::document("text_mix.docx"))->export_pdf("", folder / "out.pdf");
     EXPECT_EQ(test::PdfReader(folder / "out.pdf").text(1),
               "efficient office flow, naïve café, Łódź, Žižkov, Ελλάδα, Москва / "
@@ -57,7 +58,7 @@ TEST(PdfExport, KeepsLigaturesAccentsAndEveryScript) {
 }
 
 TEST(PdfExport, CanBeRepeated) {
-    const test::Scratch folder;
+    const tests::ScratchFolder folder;
     const auto document = test::open(test::document("one.docx"));
     document->export_pdf("", folder / "first.pdf");
     document->set_orientation(true);
@@ -67,14 +68,14 @@ TEST(PdfExport, CanBeRepeated) {
 }
 
 TEST(PdfExport, NamesAMissingFolder) {
-    const test::Scratch folder;
+    const tests::ScratchFolder folder;
     const auto document = test::open(test::document("one.docx"));
     EXPECT_EQ(test::error_of([&] { document->export_pdf("", folder / "no/out.pdf"); }).number(), 76);
     EXPECT_EQ(test::error_of([&] { document->export_ps("", folder / "no/out.ps"); }).number(), 76);
 }
 
 TEST(PdfExport, ReportsAFullDiskUnderTheTemporaryFolder) {
-    const test::Scratch folder;
+    const tests::ScratchFolder folder;
     const auto document = test::open(test::document("text_mix.docx"));
     const auto former_handler = std::signal(SIGXFSZ, SIG_IGN);
     rlimit former{};
@@ -90,7 +91,7 @@ TEST(PdfExport, ReportsAFullDiskUnderTheTemporaryFolder) {
     setrlimit(RLIMIT_FSIZE, &former);
     std::signal(SIGXFSZ, former_handler);
     EXPECT_NE(number, 0);
-    EXPECT_EQ(folder.content(), "");
+    EXPECT_EQ(tests::names_in(folder.path()), tests::Names());
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/print/pdf_to_postscript.h"
 #include "hosts/office/support.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::hosts::office {
 namespace {
@@ -17,19 +18,19 @@ class Print {
         document->export_ps(pages, folder_ / "out.ps");
     }
 
-    std::string postscript() const { return test::read_file(folder_ / "out.ps"); }
+    std::string postscript() const { return tests::read_file(folder_ / "out.ps"); }
 
     test::PdfReader distilled() const {
         const std::string folder = folder_.path().string();
         const std::string command = "gs -q -dBATCH -dNOPAUSE -sDEVICE=pdfwrite -sOutputFile=" + folder +
                                     "/out.pdf " + folder + "/out.ps >" + folder + "/log 2>&1";
-        EXPECT_EQ(std::system(command.c_str()), 0) << test::read_file(folder_ / "log");
-        EXPECT_EQ(test::read_file(folder_ / "log"), "");
+        EXPECT_EQ(std::system(command.c_str()), 0) << tests::read_file(folder_ / "log");
+        EXPECT_EQ(tests::read_file(folder_ / "log"), "");
         return test::PdfReader(folder_ / "out.pdf");
     }
 
   private:
-    test::Scratch folder_;
+    tests::ScratchFolder folder_;
 };
 
 bool has_line(const std::string& text, const std::string& line) {
@@ -52,7 +53,7 @@ TEST(PostScript, IsTitledAfterTheDocument) {
 }
 
 TEST(PostScript, IsTitledInAnyScript) {
-    const test::Scratch folder;
+    const tests::ScratchFolder folder;
     const auto path = folder / "Łódź (1).docx";
     std::filesystem::copy(test::document("one.docx"), path);
     const Print print(path);

@@ -9,13 +9,14 @@
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/support.h"
 #include "hosts/office/word/word_error.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::hosts::office {
 namespace {
 
 /// One whole job, from start to closed document.
 void convert() {
-    const test::Scratch folder;
+    const tests::ScratchFolder folder;
     const auto document = test::open(test::document("text_mix.docx"));
     document->set_orientation(true);
     document->export_pdf("", folder / "out.pdf");
@@ -65,7 +66,7 @@ TEST(OfficeProcess, KeepsTheTemporaryFolderOfTheProcess) {
 }
 
 TEST(OfficeProcess, WritesNothingOnStandardOutput) {
-    const test::Scratch folder;
+    const tests::ScratchFolder folder;
     std::fflush(stdout);
     const int saved = dup(STDOUT_FILENO);
     const int captured = open((folder / "stdout").c_str(), O_CREAT | O_WRONLY, 0600);
@@ -75,14 +76,14 @@ TEST(OfficeProcess, WritesNothingOnStandardOutput) {
     dup2(saved, STDOUT_FILENO);
     close(captured);
     close(saved);
-    EXPECT_EQ(test::read_file(folder / "stdout"), "");
+    EXPECT_EQ(tests::read_file(folder / "stdout"), "");
 }
 
 /// The children of this process, as the kernel lists them.
 std::string children() {
     std::string list;
     for (const auto& thread : std::filesystem::directory_iterator("/proc/self/task"))
-        list += test::read_file(thread.path() / "children");
+        list += tests::read_file(thread.path() / "children");
     return list;
 }
 
@@ -97,19 +98,20 @@ TEST(OfficeProcess, StartsNoOtherProcess) {
 }
 
 TEST(OfficeProcess, WritesOnlyIntoItsOwnFolder) {
-    const test::Scratch home;
-    const test::Scratch temporary;
+    const tests::ScratchFolder home;
+    const tests::ScratchFolder temporary;
     setenv("HOME", home.path().c_str(), 1);
     setenv("TMPDIR", temporary.path().c_str(), 1);
     for (const char* name : {"XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"})
         unsetenv(name);
-    const test::Scratch out;
+    const tests::ScratchFolder out;
     const auto document = test::open(test::document("text_mix.docx"));
     document->export_ps("", out / "out.ps");
-    EXPECT_EQ(home.content(), "");
-    EXPECT_EQ(out.content(), "out.ps");
+    EXPECT_EQ(tests::names_in(home.path()), tests::Names());
+    EXPECT_EQ(tests::names_in(out.path()), tests::Names{"out.ps"});
     // The test's own folders are made there too, the engine's among them.
-    EXPECT_EQ(temporary.content().find("lu"), std::string::npos) << temporary.content();
+    for (const std::string& name : tests::names_in(temporary.path()))
+        EXPECT_EQ(name.find("lu"), std::string::npos) << name;
     unsetenv("TMPDIR");
 }
 

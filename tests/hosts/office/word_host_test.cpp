@@ -7,6 +7,7 @@
 #include "hosts/office/noting_machine.h"
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/scratch.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::hosts::office {
 namespace {
@@ -30,7 +31,7 @@ class WordHost : public testing::Test {
                            named("WritePasswordDocument", "")});
     }
 
-    test::Scratch folder;
+    tests::ScratchFolder folder;
     NotingMachine machine;
     Value word = office_module().create("Word.Application", machine);
 };
@@ -61,7 +62,7 @@ TEST_F(WordHost, PrintsToPostScriptInTheOrderOfTheLibrary) {
     word.set("DisplayAlerts", std::int16_t{-1});
     document.call("Close", {false});
     word.call("Quit");
-    const std::string postscript = test::read_file(folder / "out.ps");
+    const std::string postscript = tests::read_file(folder / "out.ps");
     EXPECT_TRUE(postscript.starts_with("%!PS-Adobe-3.0\n"));
     EXPECT_NE(postscript.find("%%Pages: 2\n"), std::string::npos);
     EXPECT_NE(postscript.find("792 612 pdfSetupPaper"), std::string::npos);
@@ -130,7 +131,7 @@ TEST_F(WordHost, RaisesTheErrorsOfItsDocuments) {
                                              named("Range", std::int16_t{4}), named("Pages", "9")});
               }).number(),
               4608);
-    EXPECT_EQ(folder.content(), "");
+    EXPECT_EQ(tests::names_in(folder.path()), tests::Names());
 }
 
 TEST_F(WordHost, NeverSavesADocument) {

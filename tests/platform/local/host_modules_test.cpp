@@ -6,7 +6,7 @@
 
 #include "automation/error.h"
 #include "platform/local/local_machine.h"
-#include "platform/local/temporary_folder.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::platform::local::test {
 namespace {
@@ -28,7 +28,7 @@ std::string failure(const std::function<void()>& call) {
 
 class HostModulesTest : public testing::Test {
   protected:
-    TemporaryFolder folder;
+    tests::ScratchFolder folder;
     LocalMachine machine{{.temporary_folder = folder.path(),
                           .configuration_folder = folder.path(),
                           .hosts_folder = module_folder}};
@@ -89,9 +89,9 @@ TEST_F(HostModulesTest, SaysThatAFileIsNoModule) {
     fs::copy(module_folder / "no_host.so", folder.path() / "distiller.so");
     HostModules modules({folder.path()}, machine);
     EXPECT_EQ(failure([&] { modules.create(distiller); }),
-              "429 ActiveX component can't create object: Acrobat Distiller. " + (folder / "distiller.so") +
-                  " is no host module.");
-    write_file(folder / "office.so", "text");
+              "429 ActiveX component can't create object: Acrobat Distiller. " +
+                  (folder / "distiller.so").string() + " is no host module.");
+    tests::write_file(folder / "office.so", "text");
     EXPECT_TRUE(failure([&] { modules.create("Word.Application"); }).starts_with("429 "));
 }
 

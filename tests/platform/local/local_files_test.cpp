@@ -9,7 +9,7 @@
 #include <unistd.h>
 
 #include "automation/error.h"
-#include "platform/local/temporary_folder.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::platform::local::test {
 namespace {
@@ -28,21 +28,21 @@ std::string failure(const std::function<void()>& call) {
 
 class LocalFilesTest : public testing::Test {
   protected:
-    TemporaryFolder folder;
+    tests::ScratchFolder folder;
     LocalFiles files;
 };
 
 TEST_F(LocalFilesTest, LengthFollowsLinksAndCountsBytes) {
-    write_file(folder / "a.doc", "12345");
+    tests::write_file(folder / "a.doc", "12345");
     fs::create_symlink("a.doc", folder / "link.doc");
-    write_file(folder / "empty.doc", "");
+    tests::write_file(folder / "empty.doc", "");
     EXPECT_EQ(files.length(folder / "a.doc"), 5);
     EXPECT_EQ(files.length(folder / "link.doc"), 5);
     EXPECT_EQ(files.length(folder / "empty.doc"), 0);
 }
 
 TEST_F(LocalFilesTest, LengthOfAnOversizedFileFits) {
-    write_file(folder / "large.ps", "");
+    tests::write_file(folder / "large.ps", "");
     fs::resize_file(folder / "large.ps", 5'000'000'000U);
     EXPECT_EQ(files.length(folder / "large.ps"), 5'000'000'000);
 }
@@ -66,7 +66,7 @@ TEST_F(LocalFilesTest, LengthOfALinkInACircleIsNotFound) {
 }
 
 TEST_F(LocalFilesTest, ANameDoesNotEndAtANulThatItHolds) {
-    write_file(folder / "a.pdf", "x");
+    tests::write_file(folder / "a.pdf", "x");
     const std::string sly = folder / "a.pdf\0.txt"s;
     EXPECT_TRUE(failure([&] { files.length(sly); }).starts_with("53 "));
     EXPECT_TRUE(failure([&] { files.remove(sly); }).starts_with("53 "));
@@ -77,7 +77,7 @@ TEST_F(LocalFilesTest, ANameDoesNotEndAtANulThatItHolds) {
 }
 
 TEST_F(LocalFilesTest, RemovesALinkAndNotItsTarget) {
-    write_file(folder / "a", "x");
+    tests::write_file(folder / "a", "x");
     fs::create_symlink("a", folder / "link");
     files.remove(folder / "link");
     EXPECT_TRUE(fs::exists(folder / "a"));
@@ -95,9 +95,10 @@ TEST_F(LocalFilesTest, AFolderIsNoFileToDelete) {
 }
 
 TEST_F(LocalFilesTest, AFolderCannotBeMadeWhereAFileIs) {
-    write_file(folder / "taken", "");
+    tests::write_file(folder / "taken", "");
     EXPECT_EQ(failure([&] { files.make_folder(folder / "taken"); }),
-              "75 Path/File access error: cannot make the folder " + (folder / "taken") + " (File exists).");
+              "75 Path/File access error: cannot make the folder " + (folder / "taken").string() +
+                  " (File exists).");
     EXPECT_TRUE(failure([&] { files.make_folder(folder / "taken/below"); }).starts_with("76 "));
     EXPECT_TRUE(failure([&] { files.make_folder("/" + std::string(300, 'x')); }).starts_with("76 "));
 }
@@ -106,9 +107,9 @@ TEST_F(LocalFilesTest, ATextCannotBeWrittenOverAFolderOrIntoNone) {
     EXPECT_TRUE(failure([&] { files.create_text(folder.path(), TextPurpose::result); }).starts_with("75 "));
     EXPECT_TRUE(failure([&] { files.create_text("", TextPurpose::result); }).starts_with("75 "));
     EXPECT_TRUE(failure([&] { files.create_text("", TextPurpose::scratch); }).starts_with("75 "));
-    EXPECT_EQ(
-        failure([&] { files.create_text(folder / "missing/a.ps", TextPurpose::result); }),
-        "76 Path not found: cannot write " + (folder / "missing/a.ps") + " (No such file or directory).");
+    EXPECT_EQ(failure([&] { files.create_text(folder / "missing/a.ps", TextPurpose::result); }),
+              "76 Path not found: cannot write " + (folder / "missing/a.ps").string() +
+                  " (No such file or directory).");
 }
 
 TEST_F(LocalFilesTest, AFullDiskRaises61AtCloseAtTheLatest) {
@@ -153,13 +154,13 @@ TEST_F(LocalFilesTest, ManyLinesArriveInOrder) {
         expected += "line " + std::to_string(i) + "\r\n";
     }
     file->close();
-    EXPECT_EQ(content_of(folder / "a.txt"), expected);
+    EXPECT_EQ(tests::read_file(folder / "a.txt"), expected);
 }
 
 TEST_F(LocalFilesTest, LooksIntoTheCurrentFolderByBareNameOnly) {
     const fs::path before = fs::current_path();
     fs::current_path(folder.path());
-    write_file(folder / "4711", "");
+    tests::write_file(folder / "4711", "");
     fs::create_symlink("nowhere", folder / "4712");
     EXPECT_TRUE(files.exists_in_current_folder("4711"));
     EXPECT_TRUE(files.exists_in_current_folder("4712"));
@@ -170,7 +171,7 @@ TEST_F(LocalFilesTest, LooksIntoTheCurrentFolderByBareNameOnly) {
 }
 
 TEST_F(LocalFilesTest, AListingFollowsLinksAndLeavesOutWhatIsNoFile) {
-    write_file(folder / "a.pdf", "x");
+    tests::write_file(folder / "a.pdf", "x");
     fs::create_symlink("a.pdf", folder / "link.pdf");
     fs::create_symlink("nowhere", folder / "dangling.pdf");
     ASSERT_EQ(::mkfifo((folder / "pipe.pdf").c_str(), 0600), 0);
@@ -181,16 +182,16 @@ TEST_F(LocalFilesTest, AListingFollowsLinksAndLeavesOutWhatIsNoFile) {
 }
 
 TEST_F(LocalFilesTest, AListingPassesOverFilesThatAreGoneWhenTheirTurnComes) {
-    write_file(folder / "a.pdf", "x");
-    write_file(folder / "b.pdf", "x");
+    tests::write_file(folder / "a.pdf", "x");
+    tests::write_file(folder / "b.pdf", "x");
     const auto listing = files.list(folder / "*.pdf");
     files.remove(folder / "a.pdf");
     EXPECT_EQ(listing->next(), "b.pdf");
 }
 
 TEST_F(LocalFilesTest, AListingOfWhatIsNoFolderIsEmpty) {
-    write_file(folder / "a.pdf", "x");
-    for (const std::string& pattern : {folder / "a.pdf/*", "/" + std::string(300, 'x') + "/*"})
+    tests::write_file(folder / "a.pdf", "x");
+    for (const std::string& pattern : {(folder / "a.pdf/*").string(), "/" + std::string(300, 'x') + "/*"})
         EXPECT_EQ(files.list(pattern)->next(), std::nullopt) << pattern;
 }
 
@@ -202,10 +203,10 @@ TEST_F(LocalFilesTest, APatternWithANulNamesNoFiles) {
 TEST_F(LocalFilesTest, AFolderWithoutRightsRaises70) {
     if (::geteuid() == 0) {
         ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
-        write_file(folder / "a", "x");
+        tests::write_file(folder / "a", "x");
         ASSERT_EQ(::seteuid(65534), 0);
     } else {
-        write_file(folder / "a", "x");
+        tests::write_file(folder / "a", "x");
         ASSERT_EQ(::chmod(folder.path().c_str(), 0555), 0);
     }
     const std::string removing = failure([&] { files.remove(folder / "a"); });
@@ -213,10 +214,12 @@ TEST_F(LocalFilesTest, AFolderWithoutRightsRaises70) {
     const std::string making = failure([&] { files.make_folder(folder / "c"); });
     ASSERT_EQ(::seteuid(::getuid()), 0);
     ::chmod(folder.path().c_str(), 0700);
-    EXPECT_EQ(removing, "70 Permission denied: cannot delete " + (folder / "a") + " (Permission denied).");
-    EXPECT_EQ(writing, "70 Permission denied: cannot write " + (folder / "b") + " (Permission denied).");
-    EXPECT_EQ(making,
-              "70 Permission denied: cannot make the folder " + (folder / "c") + " (Permission denied).");
+    EXPECT_EQ(removing,
+              "70 Permission denied: cannot delete " + (folder / "a").string() + " (Permission denied).");
+    EXPECT_EQ(writing,
+              "70 Permission denied: cannot write " + (folder / "b").string() + " (Permission denied).");
+    EXPECT_EQ(making, "70 Permission denied: cannot make the folder " + (folder / "c").string() +
+                          " (Permission denied).");
 }
 
 TEST_F(LocalFilesTest, AFolderThatMayNotBeReadCannotBeListed) {
@@ -227,7 +230,8 @@ TEST_F(LocalFilesTest, AFolderThatMayNotBeReadCannotBeListed) {
     const std::string listing = failure([&] { files.list(folder / "*"); });
     ASSERT_EQ(::seteuid(::getuid()), 0);
     ::chmod(folder.path().c_str(), 0700);
-    EXPECT_EQ(listing, "70 Permission denied: cannot list " + (folder / "") + " (Permission denied).");
+    EXPECT_EQ(listing,
+              "70 Permission denied: cannot list " + (folder / "").string() + " (Permission denied).");
 }
 
 }  // namespace

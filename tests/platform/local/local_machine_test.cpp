@@ -8,8 +8,8 @@
 #include "engines/acrobat_windows.h"
 #include "engines/dialog_sender.h"
 #include "engines/printer_job.h"
-#include "platform/local/temporary_folder.h"
 #include "session/session.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::platform::local::test {
 namespace {
@@ -23,7 +23,7 @@ class Deaf : public automation::EventSink {
 
 class LocalMachineTest : public testing::Test {
   protected:
-    TemporaryFolder folder;
+    tests::ScratchFolder folder;
     std::string boxes;
     std::string troubles;
     LocalMachine machine{{.temporary_folder = folder.path(),
@@ -64,7 +64,7 @@ TEST_F(LocalMachineTest, TheSenderIsInTheSystemFolderAndNotInTheLibrarysOwn) {
 }
 
 TEST_F(LocalMachineTest, AHostFindsTheScratchTextOfACallAndNoOtherFile) {
-    write_file(folder / "users.ps", "%!");
+    tests::write_file(folder / "users.ps", "%!");
     const auto text = ports.files.create_text(folder / "book.ps", TextPurpose::scratch);
     text->write_line("(a.ps) prun");
     text->close();
@@ -82,7 +82,7 @@ TEST_F(LocalMachineTest, ASettingThatIsThereAndNoTextIsNotTakenForMissing) {
 
 TEST_F(LocalMachineTest, SettingsThatCannotBeReadAreNotTakenForMissing) {
     fs::create_directory(folder.path() / "settings");
-    write_file(folder / "settings/registry.json", "{ broken");
+    tests::write_file(folder / "settings/registry.json", "{ broken");
     EXPECT_THROW(machine.setting("Software\\Adobe", "OpenPassword"), automation::Error);
 }
 
@@ -94,7 +94,7 @@ TEST_F(LocalMachineTest, APrinterJobAnswersTheDialogOfAHostAndClosesTheViewer) {
     const automation::Value host = ports.servers.create("{1CD675B2-ECD1-11D1-B976-00600802DB86}");
     const auto begin = std::chrono::steady_clock::now();
     EXPECT_EQ(host.call("Save"), automation::Value(target));
-    write_file(target, "%PDF-1.4");
+    tests::write_file(target, "%PDF-1.4");
     engines::wait_for_file(session, target);
     EXPECT_NE(ports.windows.find_window("Adobe Acrobat - [My Report.pdf]"), 0);
     engines::close_acrobat_window(session, target);
@@ -177,12 +177,12 @@ TEST_F(LocalMachineTest, ATemporaryFolderWithBlanksIsAsGoodAsAnyOther) {
 }
 
 TEST(LocalMachine, LeavesNothingBehind) {
-    const TemporaryFolder folder;
+    const tests::ScratchFolder folder;
     {
         LocalMachine machine(
             {.temporary_folder = folder.path(), .configuration_folder = folder.path() / "settings"});
         machine.platform().shell.special_folder(0, 37);
-        write_file(machine.private_folder() / "123.ps", "x");
+        tests::write_file(machine.private_folder() / "123.ps", "x");
     }
     EXPECT_TRUE(fs::is_empty(folder.path()));
 }

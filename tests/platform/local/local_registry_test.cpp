@@ -4,16 +4,16 @@
 #include <vector>
 
 #include "platform/local/local_machine.h"
-#include "platform/local/temporary_folder.h"
 #include "session/registry_access.h"
 #include "session/session.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::platform::local::test {
 namespace {
 
 class LocalRegistryTest : public testing::Test {
   protected:
-    TemporaryFolder folder;
+    tests::ScratchFolder folder;
     RegistryStore store{folder.path()};
     std::vector<std::string> troubles;
     LocalRegistry registry{store, [this](const std::string& trouble) { troubles.push_back(trouble); }};
@@ -34,7 +34,7 @@ TEST_F(LocalRegistryTest, AnswersWithTheSystemsCodeForAHandleThatIsNotOpen) {
 }
 
 TEST_F(LocalRegistryTest, ADamagedStoreIs1009EverywhereAndIsToldOnce) {
-    write_file(folder / "registry.json", "not JSON");
+    tests::write_file(folder / "registry.json", "not JSON");
     constexpr std::int32_t damaged = 1009;
     EXPECT_EQ(registry.open_key(hkey_local_machine, "SOFTWARE", 0, key), damaged);
     EXPECT_EQ(registry.create_key(hkey_current_user, "Software\\A", 0, key), damaged);
@@ -43,7 +43,7 @@ TEST_F(LocalRegistryTest, ADamagedStoreIs1009EverywhereAndIsToldOnce) {
     EXPECT_EQ(registry.set_value(hkey_current_user, "", reg_string, ""), damaged);
     ASSERT_EQ(troubles.size(), 1U);
     EXPECT_NE(troubles[0].find(folder / "registry.json"), std::string::npos) << troubles[0];
-    EXPECT_EQ(content_of(folder / "registry.json"), "not JSON");
+    EXPECT_EQ(tests::read_file(folder / "registry.json"), "not JSON");
 }
 
 TEST_F(LocalRegistryTest, ATextThatDoesNotEndWithANulStaysAsItIs) {
@@ -65,7 +65,7 @@ TEST_F(LocalRegistryTest, AHandleOutlivesTheKeyThatAnotherProcessRemoves) {
 }
 
 TEST(LocalRegistryAccess, EveryKindOfValueGoesThroughTheRegistryClassAndBack) {
-    const TemporaryFolder folder;
+    const tests::ScratchFolder folder;
     LocalMachine machine({.temporary_folder = folder.path(), .configuration_folder = folder.path()});
     const Platform ports = machine.platform();
     session::clsRegistry registry(ports);

@@ -6,7 +6,7 @@
 
 #include "platform/contract/world.h"
 #include "platform/local/local_machine.h"
-#include "platform/local/temporary_folder.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::platform::local::test {
 namespace {
@@ -20,18 +20,18 @@ class LocalWorld : public contract::World {
 
     Platform ports() override { return machine_.platform(); }
     std::string path(const std::string& name) const override { return work_ / name; }
-    void put_file(const std::string& name) override { write_file(path(name), "content"); }
+    void put_file(const std::string& name) override { tests::write_file(path(name), "content"); }
     void put_hidden_file(const std::string& name) override { put_file("." + name); }
     void put_folder(const std::string& name) override { fs::create_directory(path(name)); }
-    std::string content(const std::string& name) const override { return content_of(path(name)); }
+    std::string content(const std::string& name) const override { return tests::read_file(path(name)); }
     void enter_folder() override { fs::current_path(work_.path()); }
     void put_window(const std::string& caption) override { machine_.open_window(caption, {}); }
 
   private:
     fs::path former_folder_ = fs::current_path();
-    TemporaryFolder work_;
-    TemporaryFolder settings_;
-    TemporaryFolder temporary_;
+    tests::ScratchFolder work_;
+    tests::ScratchFolder settings_;
+    tests::ScratchFolder temporary_;
     LocalMachine machine_{{.temporary_folder = temporary_.path(),
                            .configuration_folder = settings_.path(),
                            .hosts_folder = work_.path()}};

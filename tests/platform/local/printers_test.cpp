@@ -9,7 +9,7 @@
 
 #include "automation/error.h"
 #include "platform/local/local_printer_control.h"
-#include "platform/local/temporary_folder.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::platform::local::test {
 namespace {
@@ -32,7 +32,7 @@ class PrintersTest : public testing::Test {
             ::unsetenv(variable);
     }
 
-    TemporaryFolder folder;
+    tests::ScratchFolder folder;
     std::string journal = folder / "journal";
     RegistryStore store{folder.path()};
     Printers printers{store};
@@ -47,7 +47,7 @@ TEST_F(PrintersTest, ThePdfPrinterHasThreeNamesAndNeedsNoSpooler) {
     }
     EXPECT_FALSE(printers.is_pdf_printer("adobe pdf"));
     EXPECT_FALSE(printers.is_pdf_printer(""));
-    EXPECT_EQ(content_of(journal), "") << "the spooler must not be asked";
+    EXPECT_EQ(tests::read_file(journal), "") << "the spooler must not be asked";
 }
 
 TEST_F(PrintersTest, TheChosenOneIsTheDefaultAsLongAsItIsThere) {
@@ -67,12 +67,12 @@ TEST_F(PrintersTest, TheChosenOneIsTheDefaultAsLongAsItIsThere) {
 }
 
 TEST_F(PrintersTest, AChoiceThatCannotBeWrittenIsNotMade) {
-    write_file(store.file(), "no settings");
+    tests::write_file(store.file(), "no settings");
     std::string trouble;
     const auto told = [&](const std::string& sentence) { trouble = sentence; };
     EXPECT_NO_THROW(LocalPrinterControl(printers, store, told)
                         .write_profile_entry("windows", "Device", "Adobe PDF,winspool,Ne00:"));
-    EXPECT_EQ(content_of(store.file()), "no settings");
+    EXPECT_EQ(tests::read_file(store.file()), "no settings");
     EXPECT_NE(trouble.find("registry.json"), std::string::npos) << trouble;
 }
 
@@ -88,7 +88,7 @@ TEST_F(PrintersTest, OtherNamesAreTheSpoolers) {
     EXPECT_FALSE(printers.has("Nowhere"));
     EXPECT_FALSE(printers.has(""));
     EXPECT_FALSE(printers.is_pdf_printer("Office"));
-    EXPECT_EQ(content_of(journal), "find Office\nfind office\nfind Nowhere\n");
+    EXPECT_EQ(tests::read_file(journal), "find Office\nfind office\nfind Nowhere\n");
 }
 
 TEST_F(PrintersTest, TheDefaultIsTheSpoolersWhenItHasOne) {
@@ -99,15 +99,17 @@ TEST_F(PrintersTest, TheDefaultIsTheSpoolersWhenItHasOne) {
 }
 
 TEST_F(PrintersTest, PrintsAFileOnAQueue) {
-    write_file(folder / "a b.pdf", "%PDF");
+    tests::write_file(folder / "a b.pdf", "%PDF");
     printers.print("Office", folder / "a b.pdf", "My title");
-    EXPECT_EQ(content_of(journal), "find Office\nprint Office " + (folder / "a b.pdf") + " My title\n");
+    EXPECT_EQ(tests::read_file(journal),
+              "find Office\nprint Office " + (folder / "a b.pdf").string() + " My title\n");
 }
 
 TEST_F(PrintersTest, SaysWhyAJobIsNotTaken) {
-    write_file(folder / "a.pdf", "%PDF");
+    tests::write_file(folder / "a.pdf", "%PDF");
     EXPECT_EQ(failure([&] { printers.print("Jammed", folder / "a.pdf", "t"); }),
-              "57 Device I/O error: cannot print " + (folder / "a.pdf") + " on \"Jammed\" (Out of paper).");
+              "57 Device I/O error: cannot print " + (folder / "a.pdf").string() +
+                  " on \"Jammed\" (Out of paper).");
     EXPECT_EQ(failure([&] { printers.print("Office", "/nowhere/a.pdf", "t"); }),
               "53 File not found: /nowhere/a.pdf cannot be printed on \"Office\".");
     EXPECT_EQ(failure([&] { printers.print("Nowhere", "/out/a.pdf", "t"); }),

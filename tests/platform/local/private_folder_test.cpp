@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "automation/error.h"
-#include "platform/local/temporary_folder.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::platform::local::test {
 namespace {
@@ -40,7 +40,7 @@ fs::path in_killed_process(Body body) {
 }
 
 TEST(PrivateFolder, IsForItsOwnerAloneAndGoesWithEverythingInIt) {
-    const TemporaryFolder parent;
+    const tests::ScratchFolder parent;
     fs::path path;
     {
         const PrivateFolder folder(parent.path());
@@ -51,16 +51,16 @@ TEST(PrivateFolder, IsForItsOwnerAloneAndGoesWithEverythingInIt) {
         EXPECT_EQ(path.parent_path(), parent.path());
         EXPECT_TRUE(path.filename().string().starts_with("foliant-"));
         fs::create_directories(path / "a" / "b");
-        write_file(path / "a" / "b" / "c", "x");
+        tests::write_file(path / "a" / "b" / "c", "x");
     }
     EXPECT_FALSE(fs::exists(path));
 }
 
 TEST(PrivateFolder, OfAKilledProcessIsRemovedByTheNextStart) {
-    const TemporaryFolder parent;
+    const tests::ScratchFolder parent;
     const fs::path left = in_killed_process([&] {
         auto* folder = new PrivateFolder(parent.path());
-        write_file(folder->path() / "1234.ps", "half a page");
+        tests::write_file(folder->path() / "1234.ps", "half a page");
         return folder->path();
     });
     ASSERT_TRUE(fs::exists(left / "1234.ps"));
@@ -70,7 +70,7 @@ TEST(PrivateFolder, OfAKilledProcessIsRemovedByTheNextStart) {
 }
 
 TEST(PrivateFolder, OfALivingProcessIsLeftAlone) {
-    const TemporaryFolder parent;
+    const tests::ScratchFolder parent;
     const PrivateFolder first(parent.path());
     const PrivateFolder second(parent.path());
     EXPECT_NE(first.path(), second.path());
@@ -78,14 +78,14 @@ TEST(PrivateFolder, OfALivingProcessIsLeftAlone) {
 }
 
 TEST(PrivateFolder, SweepingTouchesOnlyWhatIsSurelyADeadProcesss) {
-    const TemporaryFolder parent;
-    const TemporaryFolder elsewhere;
-    write_file(elsewhere / ".foliant-private", "");
+    const tests::ScratchFolder parent;
+    const tests::ScratchFolder elsewhere;
+    tests::write_file(elsewhere / ".foliant-private", "");
     fs::create_directory_symlink(elsewhere.path(), parent / "foliant-linked");  // not a folder of its own
     fs::create_directory(parent / "foliant-nolock");  // made this very moment, or foreign
     fs::create_directory(parent / "foliant-longername");
-    write_file(parent / "foliant-longername/.foliant-private", "");
-    write_file(parent / "foliant-a_file", "");
+    tests::write_file(parent / "foliant-longername/.foliant-private", "");
+    tests::write_file(parent / "foliant-a_file", "");
     PrivateFolder::sweep(parent.path());
     EXPECT_TRUE(fs::exists(elsewhere / ".foliant-private"));
     for (const char* name :
@@ -95,9 +95,9 @@ TEST(PrivateFolder, SweepingTouchesOnlyWhatIsSurelyADeadProcesss) {
 
 TEST(PrivateFolder, OfAnotherUserIsLeftAlone) {
     if (::geteuid() != 0) GTEST_SKIP() << "only root can make a folder of another user";
-    const TemporaryFolder parent;
+    const tests::ScratchFolder parent;
     fs::create_directory(parent / "foliant-abcdef");
-    write_file(parent / "foliant-abcdef/.foliant-private", "");
+    tests::write_file(parent / "foliant-abcdef/.foliant-private", "");
     ASSERT_EQ(::chown((parent / "foliant-abcdef").c_str(), 65534, 65534), 0);
     PrivateFolder::sweep(parent.path());
     EXPECT_TRUE(fs::exists(parent / "foliant-abcdef"));
@@ -105,7 +105,7 @@ TEST(PrivateFolder, OfAnotherUserIsLeftAlone) {
 
 // Every start sweeps while others are being made: no process may lose its folder to another one's sweep.
 TEST(PrivateFolder, ManyProcessesThatStartAtOnceLeaveEachOtherAlone) {
-    const TemporaryFolder parent;
+    const tests::ScratchFolder parent;
     std::vector<pid_t> children;
     for (int i = 0; i < 6; ++i) {
         const pid_t child = ::fork();
@@ -130,11 +130,11 @@ TEST(PrivateFolder, ManyProcessesThatStartAtOnceLeaveEachOtherAlone) {
 }
 
 TEST(PrivateFolder, FollowsNoLinkOutOfADeadFolder) {
-    const TemporaryFolder parent;
-    const TemporaryFolder elsewhere;
-    write_file(elsewhere / "precious", "x");
+    const tests::ScratchFolder parent;
+    const tests::ScratchFolder elsewhere;
+    tests::write_file(elsewhere / "precious", "x");
     fs::create_directory(parent / "foliant-abcdef");
-    write_file(parent / "foliant-abcdef/.foliant-private", "");
+    tests::write_file(parent / "foliant-abcdef/.foliant-private", "");
     fs::create_directory_symlink(elsewhere.path(), parent / "foliant-abcdef/link");
     PrivateFolder::sweep(parent.path());
     EXPECT_FALSE(fs::exists(parent / "foliant-abcdef"));
@@ -142,7 +142,7 @@ TEST(PrivateFolder, FollowsNoLinkOutOfADeadFolder) {
 }
 
 TEST(PrivateFolder, IsNotRemovedByAForkedChild) {
-    const TemporaryFolder parent;
+    const tests::ScratchFolder parent;
     const auto folder = std::make_unique<PrivateFolder>(parent.path());
     if (const pid_t child = ::fork(); child == 0) {
         folder->~PrivateFolder();
@@ -154,7 +154,7 @@ TEST(PrivateFolder, IsNotRemovedByAForkedChild) {
 }
 
 TEST(PrivateFolder, IsRemovedByAChildThatIsToldTo) {
-    const TemporaryFolder parent;
+    const tests::ScratchFolder parent;
     PrivateFolder folder(parent.path());
     if (const pid_t child = ::fork(); child == 0) {
         folder.remove();
@@ -167,7 +167,7 @@ TEST(PrivateFolder, IsRemovedByAChildThatIsToldTo) {
 
 // An engine may write while its folder is removed; what is left has to be known as something to remove.
 TEST(PrivateFolder, ThatCouldNotBeRemovedWholeIsRemovedByTheNextStart) {
-    const TemporaryFolder parent;
+    const tests::ScratchFolder parent;
     const fs::path left = in_killed_process([&] {
         auto* folder = new PrivateFolder(parent.path());
         std::atomic<bool> writing = true;
@@ -192,14 +192,14 @@ TEST(PrivateFolder, ThatCouldNotBeRemovedWholeIsRemovedByTheNextStart) {
 }
 
 TEST(PrivateFolder, SaysWhereItCouldNotBeMade) {
-    const TemporaryFolder parent;
+    const tests::ScratchFolder parent;
     try {
         const PrivateFolder folder(parent.path() / "missing");
         FAIL() << "made " << folder.path();
     } catch (const automation::Error& error) {
         EXPECT_EQ(error.number(), 76);
         EXPECT_EQ(error.description(), "Path not found: cannot make a temporary folder in " +
-                                           (parent / "missing") + " (No such file or directory).");
+                                           (parent / "missing").string() + " (No such file or directory).");
     }
 }
 

@@ -8,7 +8,7 @@
 #include <unistd.h>
 
 #include "automation/error.h"
-#include "platform/local/temporary_folder.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::platform::local::test {
 namespace {
@@ -30,7 +30,7 @@ std::string failure(const std::function<void()>& call) {
 
 class RegistryStoreTest : public testing::Test {
   protected:
-    TemporaryFolder home;
+    tests::ScratchFolder home;
     fs::path folder = home.path() / "config" / "foliant";
     fs::path file = folder / "registry.json";
     RegistryStore store{folder};
@@ -74,7 +74,7 @@ TEST_F(RegistryStoreTest, KeepsTheSpellingOfWhoeverWroteFirst) {
 
 TEST_F(RegistryStoreTest, WritesOnlyWhatDiffersFromTheDefaults) {
     store.set(version_key, "", StoredValue::of_text("5.0"));
-    EXPECT_EQ(content_of(file), R"({
+    EXPECT_EQ(tests::read_file(file), R"({
   "HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\AcroExch.App\\AcrobatVersion": {
     "": "5.0"
   }
@@ -117,14 +117,14 @@ TEST_F(RegistryStoreTest, RemovesAValueOfTheUsersOwn) {
     store.set("HKCU\\A", "v", StoredValue::of_text("x"));
     EXPECT_TRUE(store.remove("HKCU\\a", "V"));
     EXPECT_EQ(store.get("HKCU\\A", "v"), std::nullopt);
-    EXPECT_EQ(content_of(file).find("null"), std::string::npos);
+    EXPECT_EQ(tests::read_file(file).find("null"), std::string::npos);
 }
 
 TEST_F(RegistryStoreTest, SeesWhatAnotherProcessOrAnEditorChanges) {
     EXPECT_EQ(store.text(version_key, ""), "6.0");
     RegistryStore(folder).set(version_key, "", StoredValue::of_text("5.0"));
     EXPECT_EQ(store.text(version_key, ""), "5.0");
-    write_file(file, R"({"HKLM\\software\\classes\\acroexch.app\\acrobatversion": {"": "7.0"}})");
+    tests::write_file(file, R"({"HKLM\\software\\classes\\acroexch.app\\acrobatversion": {"": "7.0"}})");
     EXPECT_EQ(store.text(version_key, ""), "7.0");
     fs::remove(file);
     EXPECT_EQ(store.text(version_key, ""), "6.0");
@@ -153,7 +153,7 @@ TEST_F(RegistryStoreTest, TwoProcessesLoseNoneOfEachOthersValues) {
 TEST_F(RegistryStoreTest, NamesABrokenFileAndNeverOverwritesIt) {
     fs::create_directories(folder);
     const std::string broken = "{\n  \"HKEY_CURRENT_USER\\\\A\": {\"v\": \"half a va";
-    write_file(file, broken);
+    tests::write_file(file, broken);
     const std::string reading = failure([&] { store.text(version_key, ""); });
     EXPECT_TRUE(reading.starts_with("75 The settings file " + file.string() + " cannot be understood: "))
         << reading;
@@ -163,8 +163,8 @@ TEST_F(RegistryStoreTest, NamesABrokenFileAndNeverOverwritesIt) {
     EXPECT_TRUE(failure([&] { store.set("HKCU\\A", "v", {}); }).starts_with("75 "));
     EXPECT_TRUE(failure([&] { store.create_key("HKCU\\A"); }).starts_with("75 "));
     EXPECT_TRUE(failure([&] { store.remove_key("HKLM\\SOFTWARE"); }).starts_with("75 "));
-    EXPECT_EQ(content_of(file), broken);
-    write_file(file, "{}");
+    EXPECT_EQ(tests::read_file(file), broken);
+    tests::write_file(file, "{}");
     EXPECT_EQ(store.text(version_key, ""), "6.0");
 }
 
@@ -175,15 +175,15 @@ TEST_F(RegistryStoreTest, AKeyThatBeginsWithNoRootIsRefused) {
         "HKEY_LOCAL_MACHINE (HKLM).");
     EXPECT_TRUE(failure([&] { store.set("", "", {}); }).starts_with("5 "));
     fs::create_directories(folder);
-    write_file(file, R"({"Software\\A": {}})");
+    tests::write_file(file, R"({"Software\\A": {}})");
     EXPECT_TRUE(failure([&] { store.list(); }).starts_with("75 "));
 }
 
 TEST_F(RegistryStoreTest, ANameThatIsNoTextLeavesTheFileAsItWas) {
     store.set("HKCU\\A", "v", StoredValue::of_text("x"));
-    const std::string before = content_of(file);
+    const std::string before = tests::read_file(file);
     EXPECT_TRUE(failure([&] { store.set("HKCU\\A", "\xFF", StoredValue::of_text("x")); }).starts_with("5 "));
-    EXPECT_EQ(content_of(file), before);
+    EXPECT_EQ(tests::read_file(file), before);
     EXPECT_EQ(store.list("HKCU\\A").size(), 1U);
 }
 
@@ -202,11 +202,11 @@ TEST_F(RegistryStoreTest, TheFileIsForTheUserAloneAndKeepsTheModeItHas) {
 
 TEST_F(RegistryStoreTest, AFileBehindALinkIsChangedThereAndTheLinkStays) {
     fs::create_directories(folder);
-    write_file(home / "dotfiles.json", "{}");
+    tests::write_file(home / "dotfiles.json", "{}");
     fs::create_symlink(home / "dotfiles.json", file);
     store.set("HKCU\\A", "v", StoredValue::of_text("x"));
     EXPECT_TRUE(fs::is_symlink(file));
-    EXPECT_NE(content_of(home / "dotfiles.json").find("\"x\""), std::string::npos);
+    EXPECT_NE(tests::read_file(home / "dotfiles.json").find("\"x\""), std::string::npos);
 }
 
 TEST_F(RegistryStoreTest, SaysWhenItCannotBeReadOrWritten) {

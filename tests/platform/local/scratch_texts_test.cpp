@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/local/local_files.h"
-#include "platform/local/temporary_folder.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::platform::local::test {
 namespace {
@@ -20,7 +20,7 @@ class ScratchTextsTest : public testing::Test {
         text->close();
     }
 
-    TemporaryFolder folder;
+    tests::ScratchFolder folder;
     LocalFiles files;
 };
 
@@ -37,16 +37,16 @@ TEST_F(ScratchTextsTest, AreKnownByTheirPathAndTouchNothingThere) {
 
 TEST_F(ScratchTextsTest, HideAFileOfTheSameNameAndLeaveItAlone) {
     const std::string path = folder / "book.ps";
-    write_file(path, "mine");
+    tests::write_file(path, "mine");
     write_scratch(path, {"driver"});
     EXPECT_EQ(files.length(path), 8);
     files.remove(path);
     EXPECT_EQ(files.length(path), 4);
-    EXPECT_EQ(content_of(path), "mine");
+    EXPECT_EQ(tests::read_file(path), "mine");
 }
 
 TEST_F(ScratchTextsTest, AreOnesOwnOnly) {
-    write_file(folder / "book.ps", "mine");
+    tests::write_file(folder / "book.ps", "mine");
     files.create_text(folder / "result.txt", TextPurpose::result)->write_line("for the user");
     EXPECT_EQ(files.scratch_text(folder / "book.ps"), nullptr);
     EXPECT_EQ(files.scratch_text(folder / "result.txt"), nullptr);
