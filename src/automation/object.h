@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -29,6 +30,16 @@ class Subscription {
     virtual ~Subscription() = default;
 };
 
+/// The elements of a collection, one after the other. It keeps the collection alive.
+class Enumeration {
+  public:
+    virtual ~Enumeration() = default;
+
+    /// The next element, asked for only now; nothing when there is none left, however often it is asked for.
+    /// Raises what the collection raises.
+    virtual std::optional<Value> next() = 0;
+};
+
 /// A late-bound object: members are reached by name, with positional and named arguments.
 ///
 /// Objects are held by `ObjectPtr` and go away with the last one. None of them may be used from two threads.
@@ -47,6 +58,16 @@ class Object : public std::enable_shared_from_this<Object> {
     /// Starts notifying `sink`, which has to outlive the subscription. Raises 459 when the object has no
     /// events.
     virtual std::unique_ptr<Subscription> subscribe(EventSink& sink);
+
+    /// Begins to go through the elements of this collection, in its order:
+    ///
+    ///     const auto printers = application.get("Printers").enumerate();
+    ///     while (const auto printer = printers->next()) ...
+    ///
+    /// Objects of other programs are asked for their own enumeration. One that has none, as here, is asked
+    /// for its `Count`, once, and then for each `Item` from 1 to that. Raises 438 when it has neither, and
+    /// what it raises.
+    virtual std::unique_ptr<Enumeration> enumerate();
 
     /// How many objects exist in this process; for tests that look for leaks.
     static long live_objects() noexcept { return live_; }

@@ -38,6 +38,10 @@ void Value::set_reference(std::string_view member, const Value& value) const {
     object().invoke(Access::set_reference, member, {value});
 }
 
+std::unique_ptr<Enumeration> Value::enumerate() const {
+    return object().enumerate();
+}
+
 bool Value::operator==(const Value& other) const {
     const auto* mine = if_holds<ArrayPtr>();
     const auto* theirs = other.if_holds<ArrayPtr>();
@@ -49,10 +53,6 @@ bool Value::operator==(const Value& other) const {
 const Value& Array::at(std::int32_t index) const {
     if (index < lower_bound || index > upper_bound()) throw Error(RuntimeError::subscript_out_of_range);
     return items[static_cast<std::size_t>(index) - static_cast<std::size_t>(lower_bound)];
-}
-
-std::unique_ptr<Subscription> Object::subscribe(EventSink&) {
-    throw Error(RuntimeError::events_not_supported);
 }
 
 }  // namespace foliant::automation

@@ -13,6 +13,7 @@
 namespace foliant::automation {
 
 class Object;
+class Enumeration;
 struct Argument;
 struct Array;
 
@@ -87,6 +88,9 @@ class Value {
     void set(std::string_view member, const Value& value) const;
     /// Assigns an object reference to a property of the object inside.
     void set_reference(std::string_view member, const Value& value) const;
+
+    /// Begins to go through the elements of the object inside (see `Object::enumerate`).
+    std::unique_ptr<Enumeration> enumerate() const;
 
     /// Equal type and equal content; objects are equal when they are the same object.
     bool operator==(const Value& other) const;

@@ -61,7 +61,8 @@ class Stage {
     // What the world answers.
 
     /// What `class_name.member` does, for get, call and set alike. Without a script a get answers an object
-    /// named after the application and the member, "Word.Documents", and a call answers nothing.
+    /// named after the application and the member, "Word.Documents", and a call answers nothing. The member
+    /// "_NewEnum" of a collection answers an array of its elements; without a script it has none.
     void when(const std::string& class_and_member, Behaviour behaviour);
     /// `class_name.member` answers that value.
     void answer(const std::string& class_and_member, automation::Value value);

@@ -1,6 +1,7 @@
 #include "platform/stage/stage_object.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "automation/describe.h"
 
@@ -25,6 +26,31 @@ class StageObject::Listening : public automation::Subscription {
   private:
     std::shared_ptr<StageObject> object_;
     automation::EventSink& sink_;
+};
+
+class StageObject::Elements : public automation::Enumeration {
+  public:
+    Elements(std::shared_ptr<StageObject> collection, std::vector<Value> elements)
+        : collection_(std::move(collection)), elements_(std::move(elements)) {}
+
+    std::optional<Value> next() override {
+        Stage& stage = collection_->stage_;
+        stage.act("next of " + collection_->name_);
+        if (given_ == elements_.size()) {
+            stage.extend_last_line(" -> none");
+            return std::nullopt;
+        }
+        Value& element = elements_[given_++];
+        const auto* object = element.if_holds<automation::ObjectPtr>();
+        const auto* staged = object == nullptr ? nullptr : dynamic_cast<StageObject*>(object->get());
+        stage.extend_last_line(" -> " + (staged == nullptr ? describe(element) : staged->name_));
+        return std::exchange(element, Value());
+    }
+
+  private:
+    std::shared_ptr<StageObject> collection_;
+    std::vector<Value> elements_;
+    std::size_t given_ = 0;
 };
 
 StageObject::StageObject(Stage& stage, std::string name, bool owned)
@@ -66,6 +92,15 @@ Value StageObject::invoke(Access access, std::string_view member, const Argument
 std::unique_ptr<automation::Subscription> StageObject::subscribe(automation::EventSink& sink) {
     stage_.act("listen to " + name_);
     return std::make_unique<Listening>(std::static_pointer_cast<StageObject>(shared_from_this()), sink);
+}
+
+std::unique_ptr<automation::Enumeration> StageObject::enumerate() {
+    stage_.act("enumerate " + name_);
+    const auto script = stage_.behaviours_.find(name_ + "._NewEnum");
+    const Value answer = script == stage_.behaviours_.end() ? Value() : script->second(*this, {});
+    const auto* array = answer.if_holds<automation::ArrayPtr>();
+    return std::make_unique<Elements>(std::static_pointer_cast<StageObject>(shared_from_this()),
+                                      array == nullptr ? std::vector<Value>() : (*array)->items);
 }
 
 void StageObject::notify(std::string_view event, const std::vector<Value>& arguments) {

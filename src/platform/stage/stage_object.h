@@ -23,6 +23,12 @@ class StageObject : public automation::Object {
     automation::Value invoke(automation::Access access, std::string_view member,
                              const automation::Arguments& arguments) override;
     std::unique_ptr<automation::Subscription> subscribe(automation::EventSink& sink) override;
+    /// Each element is an action, too:
+    ///
+    ///     enumerate Access.Printers
+    ///     next of Access.Printers -> Access.Printer
+    ///     next of Access.Printers -> none
+    std::unique_ptr<automation::Enumeration> enumerate() override;
 
     /// Raises a notification of this object; those who subscribed get it at once.
     void notify(std::string_view event, const std::vector<automation::Value>& arguments);
@@ -34,6 +40,7 @@ class StageObject : public automation::Object {
 
   private:
     class Listening;
+    class Elements;
 
     /// The name of an object that this one answers for a member: its own up to the first dot, and the member.
     std::string name_of(std::string_view member) const;

@@ -114,6 +114,29 @@ Value result_of(Access access, const VARIANT& result) {
     }
 }
 
+class Elements : public automation::Enumeration {
+  public:
+    explicit Elements(ComPointer<IEnumVARIANT> elements) : elements_(std::move(elements)) {}
+
+    std::optional<Value> next() override {
+        if (!elements_) return std::nullopt;
+        Variant element;
+        const HRESULT outcome = while_busy([&] { return elements_->Next(1, element.put(), nullptr); });
+        if (FAILED(outcome)) throw error_of(outcome);
+        if (outcome == S_OK) return to_value(*element);
+        elements_.reset();
+        return std::nullopt;
+    }
+
+  private:
+    ComPointer<IEnumVARIANT> elements_;
+};
+
+ComPointer<IEnumVARIANT> enumeration_in(const VARIANT& answer) {
+    if ((answer.vt != VT_UNKNOWN && answer.vt != VT_DISPATCH) || answer.punkVal == nullptr) return {};
+    return ComPointer<IUnknown>::share(answer.punkVal).as<IEnumVARIANT>(IID_IEnumVARIANT);
+}
+
 }  // namespace
 
 Value DispatchObject::invoke(Access access, std::string_view member, const Arguments& arguments) {
@@ -130,6 +153,23 @@ Value DispatchObject::invoke(Access access, std::string_view member, const Argum
     if (outcome == DISP_E_MEMBERNOTFOUND) throw Error(RuntimeError::no_such_member);
     if (FAILED(outcome)) throw error_of(outcome);
     return result_of(access, *result);
+}
+
+std::unique_ptr<automation::Enumeration> DispatchObject::enumerate() {
+    DISPPARAMS nothing{};
+    Variant answer;
+    EXCEPINFO raised{};
+    const HRESULT outcome = while_busy([&] {
+        return dispatch_->Invoke(DISPID_NEWENUM, IID_NULL, LOCALE_USER_DEFAULT, call_flags(Access::get),
+                                 &nothing, answer.get(), &raised, nullptr);
+    });
+    if (outcome == DISP_E_EXCEPTION) throw error_of(raised);
+    const bool has_none =
+        outcome == DISP_E_MEMBERNOTFOUND || outcome == DISP_E_UNKNOWNNAME || outcome == E_NOTIMPL;
+    if (FAILED(outcome) && !has_none) throw error_of(outcome);
+    auto elements = enumeration_in(*answer);
+    if (!elements) return Object::enumerate();
+    return std::make_unique<Elements>(std::move(elements));
 }
 
 std::unique_ptr<automation::Subscription> DispatchObject::subscribe(automation::EventSink& sink) {

@@ -32,6 +32,9 @@ class DispatchObject : public automation::Object {
     /// object's type information.
     std::unique_ptr<automation::Subscription> subscribe(automation::EventSink& sink) override;
 
+    /// Asks for the object's own enumeration, and for `Count` and `Item` when it has none.
+    std::unique_ptr<automation::Enumeration> enumerate() override;
+
     IDispatch* dispatch() const noexcept { return dispatch_.get(); }
 
   private:

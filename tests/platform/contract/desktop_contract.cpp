@@ -1,4 +1,4 @@
-// What the ports of time, windows, programs, folders and classes promise.
+// What the ports of time, windows, programs and folders promise.
 
 #include <gtest/gtest.h>
 
@@ -45,10 +45,6 @@ TEST_P(PortContract, TheWindowSenderLiesInTheSystemFolderAndStartsThere) {
 TEST_P(PortContract, ThereAreNoOtherFoldersAndPrograms) {
     EXPECT_FALSE(ports.shell.special_folder(100, 9999).has_value());
     EXPECT_EQ(error_of([&] { ports.programs.start("nosuch.exe", WindowStyle::hidden); }), 53);
-}
-
-TEST_P(PortContract, AClassThatNobodyHasRaises429) {
-    EXPECT_EQ(error_of([&] { ports.servers.create("No.SuchClass"); }), 429);
 }
 
 }  // namespace

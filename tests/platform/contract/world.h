@@ -6,8 +6,10 @@
 #include <memory>
 #include <ostream>
 #include <string>
+#include <vector>
 
 #include "automation/error.h"
+#include "automation/object.h"
 #include "platform/platform.h"
 
 /// What the ports promise: one body of tests, run on every adapter. A difference between the stage and the
@@ -37,6 +39,9 @@ class World {
     virtual std::string content(const std::string& name) const = 0;
     /// Makes that folder, with what will be put there, the current one.
     virtual void enter_folder() = 0;
+
+    /// An outside object that holds these texts.
+    virtual automation::Value make_collection(const std::vector<std::string>& texts) = 0;
 
     /// Puts up a top-level window that closes when it is told to.
     virtual void put_window(const std::string& caption) = 0;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+#include "automation/coerce.h"
 #include "platform/contract/world.h"
 #include "platform/local/local_machine.h"
 #include "support/scratch_folder.h"
@@ -13,6 +14,21 @@ namespace {
 
 namespace fs = std::filesystem;
 using contract::PortContract;
+
+/// An object as hosts have them.
+class Collection : public automation::Object {
+  public:
+    explicit Collection(std::vector<std::string> texts) : texts_(std::move(texts)) {}
+
+    automation::Value invoke(automation::Access, std::string_view member,
+                             const automation::Arguments& arguments) override {
+        if (member == "Count") return static_cast<std::int32_t>(texts_.size());
+        return texts_.at(static_cast<std::size_t>(automation::to_int32(arguments.at(0).value)) - 1);
+    }
+
+  private:
+    std::vector<std::string> texts_;
+};
 
 class LocalWorld : public contract::World {
   public:
@@ -25,6 +41,9 @@ class LocalWorld : public contract::World {
     void put_folder(const std::string& name) override { fs::create_directory(path(name)); }
     std::string content(const std::string& name) const override { return tests::read_file(path(name)); }
     void enter_folder() override { fs::current_path(work_.path()); }
+    automation::Value make_collection(const std::vector<std::string>& texts) override {
+        return std::make_shared<Collection>(texts);
+    }
     void put_window(const std::string& caption) override { machine_.open_window(caption, {}); }
 
   private:

@@ -239,6 +239,43 @@ TEST_F(StageObjects, AClassThatIsNotInstalledCannotBeCreated) {
     )");
 }
 
+TEST_F(StageObjects, EachElementOfACollectionIsAnAction) {
+    stage.when("Access.Printers._NewEnum", [](StageObject& self, const Arguments&) {
+        automation::Array printers;
+        printers.items = {std::make_shared<StageObject>(self.stage(), "Access.Printer", false), "a text"};
+        return Value(printers);
+    });
+    stage.answer("Access.Printer.DeviceName", "Adobe PDF");
+    const Value access = stage.make_object("Access");
+    const auto printers = access.get("Printers").enumerate();
+    printers->next()->get("DeviceName");
+    while (printers->next()) {
+    }
+    EXPECT_EQ(stage.actions(), 6);
+    expect_journal(R"(
+        Access.Printers
+        enumerate Access.Printers
+        next of Access.Printers -> Access.Printer
+        Access.Printer.DeviceName -> "Adobe PDF"
+        next of Access.Printers -> "a text"
+        next of Access.Printers -> none
+    )");
+}
+
+TEST_F(StageObjects, ACollectionWithoutAScriptIsEmptyAndAnyOfItsActionsCanFail) {
+    const Value printers = stage.make_object("Access.Printers");
+    stage.fail_action(2, Error(RuntimeError::permission_denied));
+    run([&] { printers.enumerate()->next(); });
+    EXPECT_EQ(printers.enumerate()->next(), std::nullopt);
+    expect_journal(R"(
+        enumerate Access.Printers
+        next of Access.Printers -> fails
+        raise 70 from : Permission denied
+        enumerate Access.Printers
+        next of Access.Printers -> none
+    )");
+}
+
 TEST_F(StageObjects, AreCountedAmongTheLiving) {
     const long before = Object::live_objects();
     {

@@ -34,6 +34,12 @@ class StageWorld : public contract::World {
         return stage_.files.at(path(name)).content;
     }
     void enter_folder() override { inside_ = true; }
+    automation::Value make_collection(const std::vector<std::string>& texts) override {
+        automation::Array elements;
+        elements.items.assign(texts.begin(), texts.end());
+        stage_.answer("Collection._NewEnum", std::move(elements));
+        return stage_.make_object("Collection");
+    }
     void put_window(const std::string& caption) override { stage_.windows[caption] = 0; }
 
   private:

@@ -2,7 +2,10 @@
 
 #include "platform/win32/dispatch_object.h"
 
+#include <functional>
 #include <gtest/gtest.h>
+#include <memory>
+#include <optional>
 
 #include "automation/error.h"
 #include "platform/win32/outside_error.h"
@@ -20,6 +23,8 @@ using automation::Value;
 class FailingObject final : public IDispatch {
   public:
     HRESULT outcome = S_OK;
+    HRESULT enumeration_outcome = DISP_E_MEMBERNOTFOUND;
+    IUnknown* enumeration = nullptr;  ///< a reference of which every caller gets one
     EXCEPINFO raised{};
     int refusals = 0;  ///< how many calls it is too busy for
 
@@ -40,16 +45,54 @@ class FailingObject final : public IDispatch {
             ids[i] = DISPID_UNKNOWN;
         return ids[0] == 1 && count == 1 ? S_OK : DISP_E_UNKNOWNNAME;
     }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO* out,
-                                     UINT*) override {
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result,
+                                     EXCEPINFO* out, UINT*) override {
         if (refusals > 0) {
             --refusals;
             return RPC_E_CALL_REJECTED;
+        }
+        if (member == DISPID_NEWENUM && enumeration_outcome != DISP_E_EXCEPTION) {
+            if (enumeration == nullptr) return enumeration_outcome;
+            enumeration->AddRef();
+            result->vt = VT_UNKNOWN;
+            result->punkVal = enumeration;
+            return S_OK;
         }
         *out = raised;
         return outcome;
     }
 
+    ULONG references = 1;
+};
+
+/// Goes through 1 and 2.
+class Walk final : public IEnumVARIANT {
+  public:
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** out) override {
+        *out = id == IID_IEnumVARIANT || id == IID_IUnknown ? this : nullptr;
+        if (*out == nullptr) return E_NOINTERFACE;
+        AddRef();
+        return S_OK;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
+    ULONG STDMETHODCALLTYPE Release() override { return --references; }
+    HRESULT STDMETHODCALLTYPE Next(ULONG, VARIANT* elements, ULONG*) override {
+        if (refusals > 0) {
+            --refusals;
+            return RPC_E_SERVERCALL_RETRYLATER;
+        }
+        if (outcome != S_OK || given == 2) return outcome == S_OK ? S_FALSE : outcome;
+        elements->vt = VT_I4;
+        elements->lVal = ++given;
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE Skip(ULONG) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Reset() override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Clone(IEnumVARIANT**) override { return E_NOTIMPL; }
+
+    HRESULT outcome = S_OK;
+    int refusals = 0;
+    int given = 0;
     ULONG references = 1;
 };
 
@@ -69,6 +112,19 @@ class OutsideObject : public testing::Test {
             return error;
         }
         return {0, "", "no error"};
+    }
+
+    std::unique_ptr<automation::Enumeration> enumerate() {
+        return std::make_shared<DispatchObject>(ComPointer<IDispatch>::share(&failing))->enumerate();
+    }
+
+    static std::int32_t error_number(const std::function<void()>& call) {
+        try {
+            call();
+            return 0;
+        } catch (const Error& error) {
+            return error.number();
+        }
     }
 
     void raise(WORD code, SCODE scode, const char* description) {
@@ -136,6 +192,42 @@ TEST_F(OutsideObject, ThatIsBusyIsAskedAgain) {
 TEST_F(OutsideObject, IsLetGoOfOnce) {
     error_of("Known");
     EXPECT_EQ(failing.references, 1U);
+}
+
+TEST_F(OutsideObject, WithAnEnumerationOfItsOwnIsAskedForThatEvenWhileItIsBusy) {
+    Walk walk;
+    failing.enumeration = &walk;
+    failing.refusals = 2;
+    {
+        const auto elements = enumerate();
+        walk.refusals = 2;
+        EXPECT_EQ(elements->next(), Value(std::int32_t{1}));
+        EXPECT_EQ(walk.given, 1) << "one at a time";
+        EXPECT_EQ(elements->next(), Value(std::int32_t{2}));
+        EXPECT_EQ(elements->next(), std::nullopt);
+        EXPECT_EQ(elements->next(), std::nullopt);
+    }
+    EXPECT_EQ(walk.references, 1U);
+    EXPECT_EQ(failing.references, 1U);
+}
+
+TEST_F(OutsideObject, RaisesWhatItsEnumerationRaises) {
+    Walk walk;
+    walk.outcome = E_ACCESSDENIED;
+    failing.enumeration = &walk;
+    EXPECT_EQ(error_number([&] { enumerate()->next(); }), static_cast<std::int32_t>(E_ACCESSDENIED));
+    failing.enumeration_outcome = DISP_E_EXCEPTION;
+    raise(1004, 0, "The host's words.");
+    EXPECT_EQ(error_number([&] { enumerate(); }), 1004);
+}
+
+TEST_F(OutsideObject, WithoutAnEnumerationIsAskedForItsCount) {
+    for (const HRESULT none : {DISP_E_MEMBERNOTFOUND, DISP_E_UNKNOWNNAME, E_NOTIMPL}) {
+        failing.enumeration_outcome = none;
+        EXPECT_EQ(error_number([&] { enumerate(); }), 438) << "it has no Count either";
+    }
+    failing.enumeration_outcome = E_ACCESSDENIED;
+    EXPECT_EQ(error_number([&] { enumerate(); }), static_cast<std::int32_t>(E_ACCESSDENIED));
 }
 
 TEST_F(OutsideObject, HasNoEventsWithoutASource) {

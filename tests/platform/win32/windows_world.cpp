@@ -86,6 +86,12 @@ class WindowsWorld : public contract::World {
     }
     std::string content(const std::string& name) const override { return from_ansi(scratch_.content(name)); }
     void enter_folder() override { SetCurrentDirectoryW(to_utf16(scratch_.folder()).c_str()); }
+    automation::Value make_collection(const std::vector<std::string>& texts) override {
+        const automation::Value dictionary = ports().servers.create("Scripting.Dictionary");
+        for (const std::string& text : texts)
+            dictionary.call("Add", {text, true});
+        return dictionary;
+    }
     void put_window(const std::string& caption) override {
         CreateWindowW(L"Static", to_utf16(caption).c_str(), WS_OVERLAPPEDWINDOW, 0, 0, 9, 9, nullptr, nullptr,
                       nullptr, nullptr);
