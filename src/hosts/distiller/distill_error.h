@@ -12,6 +12,12 @@ class DistillError : public std::runtime_error {
     explicit DistillError(const std::string& text);
 };
 
+/// A job has taken all the memory that it may.
+class OutOfMemory : public DistillError {
+  public:
+    using DistillError::DistillError;
+};
+
 /// "Permission denied" for an errno value.
 std::string system_reason(int error_number);
 

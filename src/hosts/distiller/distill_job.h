@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -29,6 +30,8 @@ struct DistillJob {
     std::filesystem::path job_options_file = {};  ///< PostScript run before the input; empty: the defaults
     std::optional<Security> security = {};        ///< empty: the PDF is not protected
     std::filesystem::path private_folder = {};  ///< scratch space is made in it; empty: the temporary folder
+    /// What each of the job's engine processes may allocate. A thousand pages take 32 MiB.
+    std::uint64_t memory_bytes = std::uint64_t{2} << 30U;
 };
 
 /// Is told what a job does while it does it, on the thread that called `Distiller::distill`. An exception
@@ -53,6 +56,7 @@ class Progress {
 struct DistillResult {
     bool succeeded = false;
     bool cancelled = false;
+    bool out_of_memory = false;
     int pages = 0;      ///< finished ones, also when the job failed later
     std::string error;  ///< what failed, on which file, why, what to do; empty on success
 };

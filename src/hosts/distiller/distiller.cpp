@@ -56,8 +56,9 @@ void require_complete_pdf(const PendingFile& file, const DistillJob& job) {
 /// Runs the engine on a workspace until the plain PDF is in `output`.
 void run_engine(const fs::path& engine_folder, const Workspace& workspace, const PendingFile& output,
                 JobRun& run, Progress& progress, const DistillJob& job) {
-    EngineProcess process(engine_folder, ghostscript_engine, engine::distill_command, workspace.folder(),
-                          {output.descriptor()});
+    EngineProcess process(
+        engine_folder, ghostscript_engine,
+        {engine::distill_command, workspace.folder(), {output.descriptor()}, job.memory_bytes});
     bool cancelled = false;
     const auto give_up = [&] { return cancelled = cancelled || progress.cancelled(); };
     while (const auto record = process.next(give_up))
@@ -71,8 +72,11 @@ void run_engine(const fs::path& engine_folder, const Workspace& workspace, const
 void protect(const fs::path& engine_folder, const PendingFile& plain, const PendingFile& locked,
              Progress& progress, const DistillJob& job) {
     const posix::FileDescriptor security = write_security(*job.security);
-    EngineProcess process(engine_folder, qpdf_protector, engine::protect_command, "/",
-                          {locked.descriptor(), plain.descriptor(), security.get()});
+    EngineProcess process(engine_folder, qpdf_protector,
+                          {engine::protect_command,
+                           "/",
+                           {locked.descriptor(), plain.descriptor(), security.get()},
+                           job.memory_bytes});
     bool cancelled = false;
     const auto outcome = process.next([&] { return cancelled = progress.cancelled(); });
     if (cancelled) throw Cancelled(job);
@@ -127,6 +131,7 @@ DistillResult Distiller::distill(const DistillJob& wanted, Progress& progress) c
     } catch (const DistillError& error) {
         result.error = error.what();
         result.cancelled = dynamic_cast<const Cancelled*>(&error) != nullptr;
+        result.out_of_memory = dynamic_cast<const OutOfMemory*>(&error) != nullptr;
     }
     if (result.succeeded) {
         progress.job_done(wanted);
@@ -138,7 +143,8 @@ DistillResult Distiller::distill(const DistillJob& wanted, Progress& progress) c
 }
 
 std::string Distiller::engine_version() const {
-    EngineProcess process(engine_folder_, ghostscript_engine, engine::version_command, "/", {});
+    EngineProcess process(engine_folder_, ghostscript_engine,
+                          {engine::version_command, "/", {}, DistillJob{}.memory_bytes});
     const auto record = process.next([] { return false; });
     const std::string how_it_ended = process.wait_for_end();
     if (!record) throw DistillError("The Distiller engine does not run: " + how_it_ended + ".");

@@ -113,6 +113,10 @@ std::int16_t DistillerObject::convert(const Arguments& arguments, bool with_secu
     Relay relay(*this);
     const DistillResult result = distiller_.distill(job, relay);
     if (result.succeeded) return job_made;
+    if (result.out_of_memory) {
+        throw Error(static_cast<std::int32_t>(RuntimeError::out_of_memory), "Acrobat Distiller",
+                    result.error);
+    }
     if (sinks_.empty()) throw Error(unspecified_failure, "Acrobat Distiller", result.error);
     return job_failed;
 }

@@ -21,7 +21,7 @@ namespace foliant::hosts::distiller {
 /// Notifications: OnJobStart and OnJobDone or OnJobFail (input, output), OnLogMessage (text), OnPercentDone
 /// and OnPageNumber (32-bit numbers). An exception from a listener stops the job and reaches the caller of
 /// the conversion. While nobody listens, a failed job raises E_FAIL with its reason instead of returning -1:
-/// it would be lost otherwise.
+/// it would be lost otherwise. One that takes more memory than it may raises 7 in any case.
 class DistillerObject : public automation::Object {
   public:
     /// `machine` has to outlive the object.

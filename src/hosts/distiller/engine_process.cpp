@@ -131,8 +131,7 @@ std::string describe_end(const EngineProgram& program, int status) {
 }  // namespace
 
 EngineProcess::EngineProcess(const std::filesystem::path& engine_folder, const EngineProgram& program,
-                             const char* command, const std::filesystem::path& folder,
-                             std::initializer_list<int> descriptors)
+                             const EngineTask& task)
     : program_(program) {
     const std::filesystem::path file = engine_folder / program.file;
     std::array<int, 2> ends{};
@@ -141,13 +140,15 @@ EngineProcess::EngineProcess(const std::filesystem::path& engine_folder, const E
     const FileDescriptor write_end(ends[1]);
     std::vector<FileDescriptor> given;
     given.push_back(high_copy(write_end.get()));
-    for (const int descriptor : descriptors)
+    for (const int descriptor : task.descriptors)
         given.push_back(high_copy(descriptor));
 
     SpawnPlan plan;
-    plan.use_files(folder, given);
+    plan.use_files(task.folder, given);
     plan.use_default_signals();
-    const int error = plan.spawn(process_, file, {file.string(), command, std::to_string(::getpid())});
+    const int error = plan.spawn(
+        process_, file,
+        {file.string(), task.command, std::to_string(::getpid()), std::to_string(task.memory_bytes)});
     if (error != 0) throw cannot_start(file, error);
 }
 

@@ -1,12 +1,13 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <deque>
 #include <filesystem>
 #include <functional>
-#include <initializer_list>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "hosts/distiller/engine/protocol.h"
 #include "posix/file_descriptor.h"
@@ -22,6 +23,13 @@ struct EngineProgram {
 inline constexpr EngineProgram ghostscript_engine = {"ghostscript-engine", "Ghostscript", "libgs10"};
 inline constexpr EngineProgram qpdf_protector = {"qpdf-protector", "qpdf", "libqpdf29"};
 
+struct EngineTask {
+    const char* command;             ///< of the protocol
+    std::filesystem::path folder;    ///< to work in
+    std::vector<int> descriptors;    ///< it gets copies of them as 4, 5, ..., and no other open file
+    std::uint64_t memory_bytes = 0;  ///< that it may allocate
+};
+
 struct EngineRecord {
     engine::Record kind;
     std::string text;
@@ -30,11 +38,9 @@ struct EngineRecord {
 /// One run of an engine program. It does not survive this object, nor the process that holds it.
 class EngineProcess {
   public:
-    /// Starts it with a command of the protocol, in `folder`. It gets copies of `descriptors` as 4, 5, ...
-    /// and no other open file. Throws DistillError.
+    /// Throws DistillError when it does not start.
     EngineProcess(const std::filesystem::path& engine_folder, const EngineProgram& program,
-                  const char* command, const std::filesystem::path& folder,
-                  std::initializer_list<int> descriptors);
+                  const EngineTask& task);
     EngineProcess(const EngineProcess&) = delete;
     EngineProcess& operator=(const EngineProcess&) = delete;
     ~EngineProcess();

@@ -72,6 +72,7 @@ void JobRun::report_percent(int percent) {
 
 void JobRun::require_success(const std::string& how_it_ended) const {
     if (const std::string lost = lost_writes(); !lost.empty()) throw DistillError(lost);
+    if (error_name_ == "VMerror") throw OutOfMemory(postscript_error());
     if (!error_name_.empty()) throw DistillError(postscript_error());
     const std::string cannot = "Cannot turn " + file_at_fault() + " into a PDF: ";
     if (!engine_failure_.empty()) throw DistillError(cannot + engine_failure_ + ".");
@@ -124,8 +125,10 @@ std::string JobRun::advice() const {
         return "A document may not use other files of this machine. To put several PostScript files into one "
                "PDF, name them to CreatePDFfromMultiPS.";
     }
-    if (error_name_ == "VMerror")
-        return "It needs more memory than a job may take. Split the file, or print the document to it again.";
+    if (error_name_ == "VMerror") {
+        return "It needs more than the " + std::to_string(job_.memory_bytes >> 20U) +
+               " MiB of memory that a job may take. Split the file, or print the document to it again.";
+    }
     if (!running_source().looks_like_postscript) {
         return "It does not begin with %! as PostScript does; check that it is PostScript.";
     }

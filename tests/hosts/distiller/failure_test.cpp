@@ -175,16 +175,15 @@ TEST_F(FailedJob, SurvivesStackOverflows) {
 
 #ifndef __SANITIZE_ADDRESS__
 TEST_F(FailedJob, SurvivesADocumentThatEatsMemory) {
-    // The engine has a limit of its own; a lower one that it inherits is reached sooner.
-    rlimit before{};
-    ::getrlimit(RLIMIT_AS, &before);
-    const rlimit small{rlim_t{300} << 20, before.rlim_max};
-    const auto input = write("in.ps", "%!\n[ { 65000 string } loop\n");
-    ::setrlimit(RLIMIT_AS, &small);
-    const auto result = distill(input);
-    ::setrlimit(RLIMIT_AS, &before);
+    DistillJob job;
+    job.input_ps = write("in.ps", "%!\n[ { 65000 string } loop\n");
+    job.memory_bytes = std::uint64_t{300} << 20U;
+    const auto result = distill(job);
+    EXPECT_TRUE(result.out_of_memory);
     EXPECT_NE(result.error.find("VMerror in"), std::string::npos) << result.error;
-    EXPECT_NE(result.error.find("needs more memory than a job may take"), std::string::npos) << result.error;
+    EXPECT_NE(result.error.find("It needs more than the 300 MiB of memory that a job may take."),
+              std::string::npos)
+        << result.error;
 }
 #endif
 

@@ -1,6 +1,7 @@
 #include "hosts/distiller/engine/confinement.h"
 
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <sys/prctl.h>
@@ -18,10 +19,19 @@ constexpr std::uint64_t most_open_files = 256;
 
 }  // namespace
 
-void confine(long parent, containment::Policy policy) {
+Orders take_orders(int argc, char** argv) {
+    if (argc != 4) {
+        std::fputs("This program is a part of Foliant and not meant to be run by hand.\n", stderr);
+        std::_Exit(EXIT_FAILURE);
+    }
+    return {argv[1], static_cast<pid_t>(std::strtol(argv[2], nullptr, 10)),
+            std::strtoull(argv[3], nullptr, 10)};
+}
+
+void confine(const Orders& orders, containment::Policy policy) {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (::getppid() != parent) std::_Exit(EXIT_FAILURE);  // it died before it could be watched
-    policy.limits.memory_bytes = most_memory;
+    if (::getppid() != orders.parent) std::_Exit(EXIT_FAILURE);  // it died before it could be watched
+    policy.limits.memory_bytes = orders.memory_bytes;
     policy.limits.file_bytes = largest_file;
     policy.limits.open_files = most_open_files;
     try {

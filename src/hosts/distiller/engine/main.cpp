@@ -1,5 +1,4 @@
-// The program in which Ghostscript runs, one job per process. Its arguments are a command of protocol.h and
-// the process id of its parent; EngineProcess starts it.
+// The program in which Ghostscript runs, one job per process. EngineProcess starts it.
 
 #include <array>
 #include <cstdio>
@@ -72,16 +71,12 @@ void distill() {
 
 int main(int argc, char** argv) {
     using namespace foliant::hosts::distiller;
-    if (argc != 3) {
-        std::fputs("This program is a part of Foliant and not meant to be run by hand.\n", stderr);
-        return EXIT_FAILURE;
-    }
-    const long parent = std::strtol(argv[2], nullptr, 10);
-    if (std::string_view(argv[1]) == engine::version_command) {
-        engine::confine(parent, {});
+    const engine::Orders orders = engine::take_orders(argc, argv);
+    if (orders.command == engine::version_command) {
+        engine::confine(orders, {});
         engine::send(engine::Record::done, engine::version());
     } else {
-        engine::confine(parent, engine::distilling());
+        engine::confine(orders, engine::distilling());
         engine::distill();
     }
     std::_Exit(EXIT_SUCCESS);  // the interpreter's memory goes with the process

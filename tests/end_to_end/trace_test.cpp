@@ -1,0 +1,137 @@
+// What the kernel is asked for while a document is converted, as strace sees it.
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+
+#include "end_to_end/command.h"
+
+namespace foliant::end_to_end {
+namespace {
+
+/// The system calls of one process, from the moment that it was contained.
+struct Contained {
+    std::string program;
+    std::vector<std::string> calls;
+};
+
+/// The first argument in quotes, or "".
+std::string path_in(const std::string& call) {
+    const auto begin = call.find('"');
+    if (begin == std::string::npos) return {};
+    return call.substr(begin + 1, call.find('"', begin + 1) - begin - 1);
+}
+
+bool succeeded(const std::string& call) {
+    return call.find(" = -1 ") == std::string::npos && call.find("unfinished") == std::string::npos;
+}
+
+class Trace : public testing::Test {
+  protected:
+    void SetUp() override {
+        REQUIRE_HOST("Acrobat Distiller");
+        if (shop.run({"strace", "-V"}).exit_code != 0) {
+            if (std::getenv("FOLIANT_REQUIRE_ENGINES") != nullptr) FAIL() << "Install the package strace.";
+            GTEST_SKIP() << "Install the package strace.";
+        }
+        if (shop.run({"strace", "-o", "/dev/null", "true"}).exit_code != 0)
+            GTEST_SKIP() << "Nothing may be traced here.";
+    }
+
+    /// Runs `foliant` with these words; every process that was contained meanwhile.
+    std::vector<Contained> contained_processes(const std::vector<std::string>& words) {
+        std::vector<std::string> all = {"strace",       "-ff",
+                                        "-s",           "4096",
+                                        "-o",           shop.path("trace").string(),
+                                        "-e",           "trace=%file,%process,%network,seccomp",
+                                        FOLIANT_COMMAND};
+        all.insert(all.end(), words.begin(), words.end());
+        const Finished call = shop.run(all);
+        EXPECT_EQ(call.exit_code, 0) << call.errors;
+        std::vector<Contained> found;
+        for (const std::string& name : shop.files()) {
+            if (!name.starts_with("trace.")) continue;
+            Contained process = after_containment(shop.path(name));
+            if (!process.calls.empty()) found.push_back(std::move(process));
+        }
+        return found;
+    }
+
+    Workshop shop;
+
+  private:
+    static Contained after_containment(const std::filesystem::path& trace) {
+        Contained process;
+        bool contained = false;
+        std::ifstream lines(trace);
+        for (std::string line; std::getline(lines, line);) {
+            if (line.starts_with("execve("))
+                process.program = std::filesystem::path(path_in(line)).filename();
+            if (contained) process.calls.push_back(line);
+            contained = contained || line.starts_with("seccomp(SECCOMP_SET_MODE_FILTER");
+        }
+        return process;
+    }
+};
+
+/// What reading PostScript is allowed to open, apart from the working folder, which is the current one.
+constexpr const char* resources[] = {
+    "/usr/share/ghostscript/",
+    "/var/lib/ghostscript/",
+    "/usr/share/color/",
+    "/usr/share/fonts",
+    "/usr/local/share/fonts",
+    "/usr/share/fontconfig/",
+    "/etc/fonts/",
+    "/var/cache/fontconfig",
+    "/usr/share/poppler/",
+    "/usr/share/zoneinfo/",
+    "/etc/localtime",
+    "/etc/papersize",
+    "/lib/",
+    "/usr/lib/",
+    "/etc/ld.so.cache",
+    "/dev/null",
+    "/dev/urandom",
+};
+
+void expect_within_policy(const Contained& process) {
+    for (const std::string& call : process.calls) {
+        const bool starts = call.starts_with("execve") || call.starts_with("clone") ||
+                            call.starts_with("fork") || call.starts_with("vfork");
+        const bool connects = call.starts_with("socket") || call.starts_with("connect");
+        if (starts || connects) ADD_FAILURE() << process.program << ": " << call;
+        const bool opens = call.starts_with("open") || call.starts_with("creat") ||
+                           call.starts_with("unlink") || call.starts_with("rename") ||
+                           call.starts_with("link") || call.starts_with("mkdir");
+        const std::string path = path_in(call);
+        if (!opens || !succeeded(call) || !path.starts_with("/")) {
+            EXPECT_EQ(path.find(".."), std::string::npos) << call;
+            continue;
+        }
+        const bool known = std::any_of(std::begin(resources), std::end(resources),
+                                       [&path](const char* place) { return path.starts_with(place); });
+        EXPECT_TRUE(known) << process.program << ": " << call;
+    }
+}
+
+TEST_F(Trace, PostScriptIsReadWithNothingBeyondThePolicy) {
+    shop.write("in.ps",
+               "%!PS\n/Times-Roman findfont 24 scalefont setfont 72 700 moveto (Text) show\n"
+               "/DejaVuSans findfont 24 scalefont setfont 72 600 moveto (Text) show\n"
+               "{ (/etc/passwd) (r) file } stopped clear { (/etc/passwd) run } stopped clear\n"
+               "{ (%pipe%id) (r) file } stopped clear (/etc/*) { pop } 200 string filenameforall\n"
+               "showpage\n");
+    const auto processes = contained_processes({"CreatePDFfromPS", "out.pdf", "in.ps", "--apply-security"});
+    std::set<std::string> programs;
+    for (const Contained& process : processes) {
+        programs.insert(process.program);
+        expect_within_policy(process);
+    }
+    EXPECT_EQ(programs, (std::set<std::string>{"ghostscript-engine", "qpdf-protector"}));
+}
+
+}  // namespace
+}  // namespace foliant::end_to_end
