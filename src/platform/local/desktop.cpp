@@ -40,11 +40,25 @@ void Desktop::show(hosts::Dialog& dialog) {
     dialogs_.insert(dialogs_.begin(), &shown);
     const auto take_down = [this](Shown* gone) { std::erase(dialogs_, gone); };
     const std::unique_ptr<Shown, decltype(take_down)> up(&shown, take_down);
+    type_waiting_keys(shown);
     while (shown.open) {
         if (!step_senders()) refuse(dialog);
     }
     // A sender that sees to it that its dialog closes has come to its end now.
     if (dialogs_.size() == 1) step_senders();
+}
+
+void Desktop::type_waiting_keys(Shown& shown) {
+    std::string typed;
+    while (shown.open && !keys_.empty()) {
+        const std::optional<std::string> key = std::move(keys_.front());
+        keys_.pop_front();
+        if (key)
+            port_->type(shown, typed += *key);
+        else
+            port_->press_enter(shown);
+        tell_clicks(shown);
+    }
 }
 
 bool Desktop::step_senders() {

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <list>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -45,6 +47,10 @@ class Desktop : public WindowManager {
     WindowHandle find_window(const std::string& caption) override;
     /// Tells a window to close, which it does; a dialog as if its user had cancelled it.
     void close_window(WindowHandle window, const std::string& text) override;
+    /// What is typed waits for the next dialog and goes into its first edit control, in place of what stands
+    /// there. Enter presses the default button. Keys that are left go to the dialog after that.
+    void type_text(const std::string& text) override { keys_.emplace_back(text); }
+    void press_enter() override { keys_.emplace_back(std::nullopt); }
     void message_box(const std::string& prompt, const std::string& title, std::uint32_t style) override;
 
   private:
@@ -64,6 +70,7 @@ class Desktop : public WindowManager {
         std::function<void()> on_close;
     };
 
+    void type_waiting_keys(Shown& shown);
     /// Lets every sender look once. Whether anything was done.
     bool step_senders();
     void tell_clicks(Shown& shown);
@@ -74,6 +81,7 @@ class Desktop : public WindowManager {
     std::list<sender::Sender> senders_;  ///< One may be added while they are gone through.
     std::vector<Shown*> dialogs_;        ///< Topmost first.
     std::vector<Window> windows_;
+    std::deque<std::optional<std::string>> keys_;  ///< Nobody's yet; nothing is Enter.
     std::uintptr_t last_number_ = 0;
 };
 

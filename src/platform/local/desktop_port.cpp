@@ -29,6 +29,12 @@ ControlKind kind_of(const hosts::Control& control) {
     return control.is_check_box ? ControlKind::check_box : ControlKind::push_button;
 }
 
+bool takes_text(const hosts::Control& control) {
+    const bool is_edit = automation::equal_ignoring_case(control.window_class, "Edit") ||
+                         automation::equal_ignoring_case(control.window_class, "RichEdit20W");
+    return is_edit && control.enabled;
+}
+
 }  // namespace
 
 Desktop::Shown* Desktop::Port::find_dialog(WindowId window) const {
@@ -117,6 +123,17 @@ bool Desktop::Port::confirm(WindowId window) {
         return press(control_id(shown->number, static_cast<std::size_t>(button - controls.begin())));
     close(*shown, true);
     return true;
+}
+
+void Desktop::Port::type(const Shown& shown, const std::string& text) {
+    const auto& controls = shown.dialog->controls;
+    const auto edit = std::find_if(controls.begin(), controls.end(), takes_text);
+    if (edit == controls.end()) return;
+    set_text(control_id(shown.number, static_cast<std::size_t>(edit - controls.begin())), text);
+}
+
+void Desktop::Port::press_enter(const Shown& shown) {
+    confirm(window_id(shown.number));
 }
 
 void Desktop::Port::close(Shown& shown, bool accepted) {

@@ -27,6 +27,10 @@ class Desktop::Port : public sender::Windows {
     /// Nobody waits here: what has to happen happens between two looks.
     void sleep_for(sender::Milliseconds) override {}
 
+    /// Puts a text into the first edit control that takes any; without one nothing happens.
+    void type(const Shown& shown, const std::string& text);
+    void press_enter(const Shown& shown);
+
     /// Whether an act changed something since this was asked last.
     bool take_changed() { return std::exchange(changed_, false); }
 

@@ -98,6 +98,8 @@ class Stage {
 
     /// Captions of top-level windows, with the time at which they appear.
     std::map<std::string, std::uint64_t> windows;
+    /// What was typed so far, a line feed for Enter. A scripted host that takes it empties it.
+    std::string typed;
 
     /// Registry values by key ("HKEY_LOCAL_MACHINE\\SOFTWARE\\...", any case) and value name. A key exists
     /// when it is in here or above one that is.

@@ -188,6 +188,16 @@ void StageWindows::close_window(WindowHandle window, const std::string& text) {
     stage_.windows.erase(found_[window]);
 }
 
+void StageWindows::type_text(const std::string& text) {
+    stage_.act("type \"" + text + "\"");
+    stage_.typed += text;
+}
+
+void StageWindows::press_enter() {
+    stage_.act("press Enter");
+    stage_.typed += '\n';
+}
+
 void StageWindows::message_box(const std::string& prompt, const std::string& title, std::uint32_t style) {
     stage_.act("message box \"" + prompt + "\", title \"" + title + "\", style " + std::to_string(style));
 }

@@ -69,6 +69,8 @@ class StageWindows : public WindowManager {
     explicit StageWindows(Stage& stage) : stage_(stage) {}
     WindowHandle find_window(const std::string& caption) override;
     void close_window(WindowHandle window, const std::string& text) override;
+    void type_text(const std::string& text) override;
+    void press_enter() override;
     void message_box(const std::string& prompt, const std::string& title, std::uint32_t style) override;
 
   private:

@@ -9,6 +9,8 @@ class WindowsWindows : public WindowManager {
   public:
     WindowHandle find_window(const std::string& caption) override;
     void close_window(WindowHandle window, const std::string& text) override;
+    void type_text(const std::string& text) override;
+    void press_enter() override;
     void message_box(const std::string& prompt, const std::string& title, std::uint32_t style) override;
 };
 

@@ -30,6 +30,24 @@ TEST_P(PortContract, AWindowIsFoundByItsCaptionInAnyCaseAndClosed) {
     EXPECT_EQ(ports.windows.find_window("adobe acrobat - [report.pdf]"), 0);
 }
 
+TEST_P(PortContract, KeysArriveInOrderAndEachCharacterStandsForItself) {
+    world->await_keys();
+    ports.windows.type_text("http://localhost/~a+b%20{c}(d)^[e]");
+    ports.windows.type_text("\xC3\xA9\xE2\x82\xAC");
+    ports.windows.type_text("");
+    ports.windows.press_enter();
+    EXPECT_EQ(world->typed(), "http://localhost/~a+b%20{c}(d)^[e]\xC3\xA9\xE2\x82\xAC\n");
+}
+
+TEST_P(PortContract, KeysArriveOnce) {
+    world->await_keys();
+    ports.windows.type_text("a");
+    ports.windows.press_enter();
+    EXPECT_EQ(world->typed(), "a\n");
+    world->await_keys();
+    EXPECT_EQ(world->typed(), "");
+}
+
 TEST_P(PortContract, TheWindowSenderLiesInTheSystemFolderAndStartsThere) {
     const auto buffer = ports.shell.special_folder(100, 37);
     ASSERT_TRUE(buffer.has_value());

@@ -45,6 +45,11 @@ class World {
 
     /// Puts up a top-level window that closes when it is told to.
     virtual void put_window(const std::string& caption) = 0;
+
+    /// Readies a dialog for what will be typed, where it has to be there before.
+    virtual void await_keys() {}
+    /// What was typed into the dialog in place of what stood there, a line feed at the end for Enter.
+    virtual std::string typed() = 0;
 };
 
 /// How to make the world of one adapter.

@@ -317,6 +317,53 @@ TEST_F(DesktopTest, ThePasswordDialogsDoNotEndWhenTheirOptionIsNotTicked) {
     EXPECT_EQ(dialogs.clicks, "");
 }
 
+TEST_F(DesktopTest, WhatWasTypedGoesToTheNextDialogsInTurn) {
+    desktop.type_text("first ");
+    desktop.type_text("text");
+    desktop.press_enter();
+    desktop.type_text("second");
+    desktop.press_enter();
+    hosts::Dialog first = save_dialog();
+    hosts::Dialog second{"Password", {button("OK", true), {"RichEdit20W", "", ""}}, {}, false};
+    std::string order;
+    first.on_click = [&](hosts::Dialog& dialog, std::size_t control) {
+        order += dialog.controls[0].text + " " + std::to_string(control);
+        desktop.show(second);
+    };
+    desktop.show(first);
+    EXPECT_EQ(order, "first text 1");
+    EXPECT_TRUE(first.accepted);
+    EXPECT_EQ(second.controls[1].text, "second");
+    EXPECT_TRUE(second.accepted);
+}
+
+TEST_F(DesktopTest, KeysGoIntoTheFirstEditThatTakesThemAndAreLostWhereThereIsNone) {
+    hosts::Dialog dialog{"Two", {edit("a"), edit("b"), button("OK", true)}, {}, false};
+    dialog.controls[0].enabled = false;
+    desktop.type_text("x");
+    desktop.press_enter();
+    desktop.show(dialog);
+    EXPECT_EQ(dialog.controls[0].text, "a");
+    EXPECT_EQ(dialog.controls[1].text, "x");
+    hosts::Dialog message = notice();
+    desktop.type_text("lost");
+    desktop.press_enter();
+    desktop.show(message);
+    EXPECT_TRUE(message.accepted);
+    hosts::Dialog later = save_dialog();
+    EXPECT_TRUE(failure([&] { desktop.show(later); }).starts_with("445 "));
+    EXPECT_EQ(later.controls[0].text, "document1.pdf");
+}
+
+TEST_F(DesktopTest, ASenderGoesOnWhereTheKeysEnd) {
+    desktop.type_text("typed");
+    start("save pdf file as~Edit~/out/a.pdf~0~0~");
+    hosts::Dialog dialog = save_dialog();
+    desktop.show(dialog);
+    EXPECT_EQ(dialog.controls[0].text, "/out/a.pdf");
+    EXPECT_TRUE(dialog.accepted);
+}
+
 TEST_F(DesktopTest, AMessageBoxGoesToWhoeverShowsIt) {
     std::string shown;
     Desktop with_listener([&](const std::string& prompt, const std::string& title, std::uint32_t style) {

@@ -45,6 +45,18 @@ class LocalWorld : public contract::World {
         return std::make_shared<Collection>(texts);
     }
     void put_window(const std::string& caption) override { machine_.open_window(caption, {}); }
+    std::string typed() override {
+        hosts::Dialog dialog{"Create PDF from Web Page",
+                             {{"Edit", "", "former"}, {"Button", "Create", "", true, false, true}},
+                             {},
+                             false};
+        try {
+            machine_.show(dialog);
+        } catch (const automation::Error&) {
+            return "";  // Nobody has answered.
+        }
+        return dialog.controls[0].text + (dialog.accepted ? "\n" : "");
+    }
 
   private:
     fs::path former_folder_ = fs::current_path();

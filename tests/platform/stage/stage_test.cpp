@@ -464,6 +464,20 @@ TEST_F(StageWindowsTest, AreFoundByCaptionInAnyCaseFromTheirTimeOnUntilTheyAreCl
     )");
 }
 
+TEST_F(StageWindowsTest, KeysAreToldAndKept) {
+    stage.fail_action(3, Error(RuntimeError::permission_denied));
+    world.windows.type_text("http://localhost/");
+    world.windows.press_enter();
+    run([&] { world.windows.type_text("lost"); });
+    EXPECT_EQ(stage.typed, "http://localhost/\n");
+    expect_journal(R"(
+        type "http://localhost/"
+        press Enter
+        type "lost" -> fails
+        raise 70 from : Permission denied
+    )");
+}
+
 TEST_F(StageProgramsTest, OnlyThoseThatAreThereStart) {
     stage.programs = {"C:\\s\\a.exe"};
     std::string heard;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <memory>
+#include <utility>
 
 #include "platform/contract/world.h"
 #include "platform/stage/cast/cast.h"
@@ -41,6 +42,7 @@ class StageWorld : public contract::World {
         return stage_.make_object("Collection");
     }
     void put_window(const std::string& caption) override { stage_.windows[caption] = 0; }
+    std::string typed() override { return std::exchange(stage_.typed, {}); }
 
   private:
     Stage stage_;

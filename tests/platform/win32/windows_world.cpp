@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <ole2.h>
+#include <optional>
 #include <string>
 
 #include "platform/contract/world.h"
@@ -59,6 +60,42 @@ class InstalledSender {
     std::wstring path_;
 };
 
+/// A window in the foreground with an edit control that has the keyboard, its text selected as in a dialog.
+class KeyDialog {
+  public:
+    KeyDialog() {
+        edit_ = CreateWindowW(L"Edit", L"former", WS_POPUP | WS_VISIBLE | ES_AUTOHSCROLL, 0, 0, 99, 9,
+                              nullptr, nullptr, nullptr, nullptr);
+        SetWindowLongPtrW(edit_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+        former_ = reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrW(edit_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(note)));
+        SetForegroundWindow(edit_);
+        SetFocus(edit_);
+        SendMessageW(edit_, EM_SETSEL, 0, -1);
+    }
+    KeyDialog(const KeyDialog&) = delete;
+    KeyDialog& operator=(const KeyDialog&) = delete;
+    ~KeyDialog() { DestroyWindow(edit_); }
+
+    std::string typed() const {
+        wchar_t text[200];
+        GetWindowTextW(edit_, text, 200);
+        const std::string shown = to_utf8(std::wstring_view(text));
+        return (shown == "former" ? "" : shown) + (entered_ ? "\n" : "");
+    }
+
+  private:
+    static LRESULT CALLBACK note(HWND window, UINT message, WPARAM first, LPARAM second) {
+        auto& self = *reinterpret_cast<KeyDialog*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+        if (message == WM_KEYDOWN && first == VK_RETURN) self.entered_ = true;
+        return CallWindowProcW(self.former_, window, message, first, second);
+    }
+
+    HWND edit_ = nullptr;
+    WNDPROC former_ = nullptr;
+    bool entered_ = false;
+};
+
 class WindowsWorld : public contract::World {
   public:
     WindowsWorld() {
@@ -96,6 +133,11 @@ class WindowsWorld : public contract::World {
         CreateWindowW(L"Static", to_utf16(caption).c_str(), WS_OVERLAPPEDWINDOW, 0, 0, 9, 9, nullptr, nullptr,
                       nullptr, nullptr);
     }
+    void await_keys() override { dialog_.emplace(); }
+    std::string typed() override {
+        ports().clock.pump_messages();
+        return dialog_->typed();
+    }
 
   private:
     /// Deletes the keys that stand for the roots when they stand for them no more.
@@ -107,6 +149,7 @@ class WindowsWorld : public contract::World {
     OwnRoot machine_{HKEY_LOCAL_MACHINE, L"Software\\Foliant tests\\Machine"};
     OwnRoot user_{HKEY_CURRENT_USER, L"Software\\Foliant tests\\User"};
     WindowsPlatform platform_;
+    std::optional<KeyDialog> dialog_;
     wchar_t former_folder_[MAX_PATH]{};
 };
 
