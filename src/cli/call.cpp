@@ -6,6 +6,7 @@
 #include "automation/text.h"
 #include "cli/exit_codes.h"
 #include "cli/named_files.h"
+#include "cli/visible_text.h"
 #include "core/dispatch.h"
 #include "session/errors.h"
 
@@ -59,7 +60,7 @@ Error job_failure(const Outcome& outcome, const ReceivedEvent& failed) {
         if (event.name != "LogMessage") continue;
         const std::string message = automation::to_text(event.arguments.at(0));
         unwritable = unwritable || tells_of_the_output(message);
-        description += "\n  " + message;
+        description += "\n  " + visible_line(message);
     }
     return unwritable ? Error(automation::RuntimeError::device_io_error, description)
                       : host_error(description);

@@ -1,9 +1,13 @@
 #include <algorithm>
+#include <chrono>
 #include <sstream>
 
+#include "automation/error.h"
 #include "automation/text.h"
 #include "cli/exit_codes.h"
 #include "cli/member_command.h"
+#include "cli/quantities.h"
+#include "cli/report.h"
 #include "cli/request.h"
 #include "core/members.h"
 #include "foliant_version.h"
@@ -43,16 +47,42 @@ class ExamplesFirst : public CLI::Formatter {
     }
 };
 
+/// An option whose text stands for a quantity; `read` says which, or nothing.
+template <class Quantity, class Read>
+CLI::Option* add_quantity(CLI::App& app, const char* name, Quantity& quantity, Read read,
+                          const char* what_it_is, const char* help) {
+    return app.add_option_function<std::string>(
+        name,
+        [name, &quantity, read, what_it_is](const std::string& text) {
+            const auto value = read(text);
+            if (!value) throw CLI::ValidationError(name, "'" + text + "' is not " + what_it_is);
+            quantity = *value;
+        },
+        help);
+}
+
 void add_call_options(CLI::App& app, CallOptions& options) {
-    app.add_flag("--json", options.json, "print result, by-reference values, events and error as JSON");
+    app.add_flag("--json", options.json, "print the outcome as JSON, a failure too");
     app.add_flag("-q,--quiet", options.quiet, "no progress and no closing line; errors still show");
     app.add_flag("--no-clobber", options.no_clobber, "replace no file that exists");
-    app.add_option("--timeout", options.timeout_seconds, "end the call after that many seconds [no limit]")
-        ->type_name("SECONDS")
-        ->check(CLI::NonNegativeNumber);
+    add_quantity(app, "--timeout", options.timeout_seconds, seconds_in,
+                 "a time such as 30, 2.5s, 5m or 1h, or none",
+                 "end the call after that time, such as 30, 2.5s, 5m or 1h [none]")
+        ->type_name("TIME");
+    add_quantity(app, "--memory", options.memory_bytes, bytes_in, "a size such as 512M, 2G or 1.5G, or none",
+                 "end the call when its processes need more, such as 512M or 2G [half of the machine's, at "
+                 "most 2G]")
+        ->type_name("SIZE");
     app.add_option("--temp-path", options.temp_path,
                    "folder for temporary files [a private one, removed at the end]")
         ->type_name("FOLDER");
+}
+
+Deadline deadline_after(std::chrono::steady_clock::time_point begin, double seconds) {
+    constexpr double no_end_in_sight = 1e9;  // 30 years
+    if (seconds <= 0 || seconds > no_end_in_sight) return std::nullopt;
+    const std::chrono::duration<double> time(seconds);
+    return begin + std::chrono::duration_cast<std::chrono::steady_clock::duration>(time);
 }
 
 /// All sub-commands, and what the chosen one was given.
@@ -60,22 +90,26 @@ class CommandLine {
   public:
     explicit CommandLine(const std::vector<std::string>& words);
 
-    Parsed parse(const std::function<std::string(const std::string&)>& ask_password);
+    Parsed parse(const AskPassword& ask_password);
 
   private:
     enum class Show { available, later };
     void add_members(CLI::App& parent, Request::Action action, Show which);
     CLI::App& add_member(CLI::App& parent, Request::Action action, const Member& member);
     void add_registry();
+    void complete_set(const AskPassword& ask_password);
     void add_tools();
     bool is_mentioned(std::string_view name) const;
-    Request build(const std::function<std::string(const std::string&)>& ask_password);
+    void fail(Parsed& parsed, int exit_code, const std::string& problem, const std::string& advice) const;
+    Request build(const AskPassword& ask_password);
 
+    const std::chrono::steady_clock::time_point begun_ = std::chrono::steady_clock::now();
     std::vector<std::string> words_;
     Request request_;
     std::vector<std::unique_ptr<MemberCommand>> member_commands_;
     const MemberCommand* chosen_ = nullptr;
-    std::string folder_;
+    std::string secret_file_;
+    bool secret_asked_ = false;
     CLI::App app_{"foliant turns documents into PDF, and works on PDFs, with one call each.", "foliant"};
 };
 
@@ -138,25 +172,46 @@ CLI::App& CommandLine::add_member(CLI::App& parent, Request::Action action, cons
 void CommandLine::add_registry() {
     auto* registry = app_.add_subcommand(
         "registry", "Reads and changes the settings store that stands in for the Windows registry.");
-    registry->group("Tools")->require_subcommand(1);
-    const auto add = [&](const char* name, const char* help, Request::Action action,
-                         std::initializer_list<const char*> words) {
-        auto* command = registry->add_subcommand(name, help);
-        const std::size_t count = words.size();
-        command->add_option("words", request_.words, "")
-            ->type_name(count == 3   ? "KEY NAME TEXT"
-                        : count == 2 ? "KEY NAME"
-                                     : "")
-            ->expected(static_cast<int>(count))
-            ->required(count > 0);
+    registry->group("Tools")->require_subcommand(1)->fallthrough();
+    registry->footer(
+        "\nKEY begins with HKEY_CURRENT_USER (HKCU) or HKEY_LOCAL_MACHINE (HKLM); its parts are "
+        "separated by \\.\nNAME may be \"\", which is a key's unnamed value. The settings are kept "
+        "in\n$XDG_CONFIG_HOME/foliant/registry.json, usually ~/.config/foliant/registry.json.");
+    const auto add = [&](const char* name, const char* help, Request::Action action) {
+        auto* command = registry->add_subcommand(name, help)->fallthrough();
         command->final_callback([this, action] { request_.action = action; });
+        return command;
     };
-    auto* list = registry->add_subcommand("list", "Lists every value.");
-    list->final_callback([this] { request_.action = Request::Action::registry_list; });
-    add("get", "Prints a text value; NAME may be \"\".", Request::Action::registry_get, {"KEY", "NAME"});
-    add("set", "Writes a text value; NAME may be \"\".", Request::Action::registry_set,
-        {"KEY", "NAME", "TEXT"});
-    add("remove", "Removes a value.", Request::Action::registry_remove, {"KEY", "NAME"});
+    const auto add_names = [&](CLI::App* command, const char* words, int least, int most) {
+        command->add_option("words", request_.words)->type_name(words)->expected(least, most)->required();
+    };
+    add("list", "Lists every value; passwords are not shown.", Request::Action::registry_list);
+    add_names(add("get", "Prints a text value; a password is not shown.", Request::Action::registry_get),
+              "KEY NAME", 2, 2);
+    auto* set = add("set", "Writes a text value.", Request::Action::registry_set);
+    add_names(set, "KEY NAME [TEXT]", 2, 3);
+    auto* file = set->add_option("--from-file", secret_file_,
+                                 "read the text from the first line of a file, - for standard input, so that "
+                                 "nobody sees it on the command line");
+    file->type_name("FILE");
+    set->add_flag("--ask", secret_asked_, "ask for the text on the terminal")->excludes(file);
+    add_names(add("remove", "Removes a value, a built-in one too.", Request::Action::registry_remove),
+              "KEY NAME", 2, 2);
+    add_names(add("reset", "Brings back what is built in.", Request::Action::registry_reset), "KEY NAME", 2,
+              2);
+}
+
+/// The text that `registry set` writes comes from one of three places.
+void CommandLine::complete_set(const AskPassword& ask_password) {
+    const bool given = request_.words.size() == 3;
+    const bool elsewhere = !secret_file_.empty() || secret_asked_;
+    if (given == elsewhere) {
+        throw CLI::ValidationError(given ? "the text is given twice"
+                                         : "TEXT is required, or --from-file, or --ask");
+    }
+    const Deadline& deadline = request_.options.deadline;
+    if (!secret_file_.empty()) request_.words.push_back(read_secret_file(secret_file_, deadline));
+    if (secret_asked_) request_.words.push_back(ask_password(request_.words.back() + ": ", deadline));
 }
 
 void CommandLine::add_tools() {
@@ -175,12 +230,26 @@ void CommandLine::add_tools() {
     manual->group("Tools")->final_callback([this] { request_.action = Request::Action::manual; });
 }
 
-Request CommandLine::build(const std::function<std::string(const std::string&)>& ask_password) {
-    if (chosen_ != nullptr) request_.arguments = chosen_->arguments(ask_password);
+Request CommandLine::build(const AskPassword& ask_password) {
+    request_.options.deadline = deadline_after(begun_, request_.options.timeout_seconds);
+    if (request_.action == Request::Action::registry_set) complete_set(ask_password);
+    if (chosen_ != nullptr) request_.arguments = chosen_->arguments(ask_password, request_.options.deadline);
     return request_;
 }
 
-Parsed CommandLine::parse(const std::function<std::string(const std::string&)>& ask_password) {
+/// Options behind the one that is wrong have not been read, so the words themselves are asked for --json.
+void CommandLine::fail(Parsed& parsed, int exit_code, const std::string& problem,
+                       const std::string& advice) const {
+    const auto end = std::find(words_.begin(), words_.end(), "--");
+    const automation::Error error(automation::RuntimeError::invalid_procedure_call, problem);
+    if (std::find(words_.begin(), end, "--json") != end) {
+        parsed.output = json_error(request_.member, error, exit_code);
+    }
+    parsed.error = error_text(error) + advice;
+    parsed.exit_code = exit_code;
+}
+
+Parsed CommandLine::parse(const AskPassword& ask_password) {
     Parsed parsed;
     try {
         std::vector<std::string> reversed(words_.rbegin(), words_.rend());
@@ -192,17 +261,17 @@ Parsed CommandLine::parse(const std::function<std::string(const std::string&)>& 
         parsed.output = out.str();
     } catch (const CLI::ParseError& error) {
         const auto chosen = app_.get_subcommands();
-        parsed.error = std::string("foliant: ") + error.what() + "\nSee 'foliant" +
-                       (chosen.empty() ? "" : " " + chosen.front()->get_name()) + " --help'.\n";
-        parsed.exit_code = exit_usage;
+        fail(parsed, exit_usage, error.what(),
+             "See 'foliant" + (chosen.empty() ? "" : " " + chosen.front()->get_name()) + " --help'.\n");
+    } catch (const TimeLimitReached& error) {
+        fail(parsed, exit_time_limit, error.what(), "");
     }
     return parsed;
 }
 
 }  // namespace
 
-Parsed parse(const std::vector<std::string>& words,
-             const std::function<std::string(const std::string& prompt)>& ask_password) {
+Parsed parse(const std::vector<std::string>& words, const AskPassword& ask_password) {
     return CommandLine(words).parse(ask_password);
 }
 

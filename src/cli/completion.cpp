@@ -26,7 +26,8 @@ const std::vector<Word>& common_options() {
         {"--json", "print the outcome as JSON"},
         {"--quiet", "no progress"},
         {"--no-clobber", "replace no file that exists"},
-        {"--timeout", "end the call after that many seconds", true},
+        {"--timeout", "end the call after that time", true},
+        {"--memory", "end the call when it needs more", true},
         {"--temp-path", "folder for temporary files", true},
         {"--help", "explain the options"},
     };
@@ -95,7 +96,7 @@ std::string bash_script() {
         "        '') words='" +
         all_commands() +
         "' ;;\n"
-        "        registry) words='list get set remove' ;;\n"
+        "        registry) words='list get set remove reset' ;;\n"
         "        completion) words='bash zsh fish' ;;\n";
     for (const Member* member : methods()) {
         script +=
@@ -142,7 +143,7 @@ std::string zsh_script() {
         "        return\n"
         "    fi\n"
         "    case $words[2] in\n"
-        "        registry) _values action list get set remove; return ;;\n"
+        "        registry) _values action list get set remove reset; return ;;\n"
         "        completion) _values shell bash zsh fish; return ;;\n"
         "    esac\n"
         "    case $command in\n";
@@ -179,7 +180,8 @@ std::string fish_script() {
         for (const Word& word : options_of(*member))
             option(condition, word);
     }
-    script += "complete -c foliant -n '__fish_seen_subcommand_from registry' -f -a 'list get set remove'\n";
+    script +=
+        "complete -c foliant -n '__fish_seen_subcommand_from registry' -f -a 'list get set remove reset'\n";
     script += "complete -c foliant -n '__fish_seen_subcommand_from completion' -f -a 'bash zsh fish'\n";
     return script;
 }

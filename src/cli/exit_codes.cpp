@@ -14,6 +14,8 @@ int exit_code_for(const automation::Error& error) {
         return error.description().ends_with(" does not exist.") ? exit_missing_input : exit_host_failure;
     }
     switch (static_cast<RuntimeError>(error.number())) {
+        case RuntimeError::out_of_memory:
+            return exit_memory_limit;
         case RuntimeError::action_not_supported:
             return error.description().ends_with(core::not_available_ending) ? exit_not_available
                                                                              : exit_host_failure;
@@ -28,7 +30,6 @@ int exit_code_for(const automation::Error& error) {
         case RuntimeError::permission_denied:
         case RuntimeError::path_file_access:
         case RuntimeError::path_not_found:
-        case RuntimeError::out_of_memory:
         case RuntimeError::overflow:
         case RuntimeError::type_mismatch:
         case RuntimeError::invalid_procedure_call:

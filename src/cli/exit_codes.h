@@ -38,6 +38,7 @@ inline constexpr ExitCodeHelp exit_code_table[] = {
     {exit_not_available, "this version does not have that member yet"},
     {exit_incomplete, "done, but not all of it: standard error says what was left out"},
     {exit_time_limit, "--timeout ended the call"},
+    {exit_memory_limit, "--memory ended the call"},
     {exit_interrupted, "interrupted (Ctrl-C)"},
     {exit_terminated, "terminated from outside"},
 };

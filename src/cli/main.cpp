@@ -12,6 +12,7 @@
 #include "cli/supervised_call.h"
 #include "cli/terminal.h"
 #include "cli/tools.h"
+#include "cli/visible_text.h"
 #include "platform/local/local_machine.h"
 
 namespace {
@@ -25,9 +26,11 @@ platform::local::LocalOptions local_options() {
     std::error_code none;
     options.executable = std::filesystem::read_symlink("/proc/self/exe", none);
     options.on_message_box = [](const std::string& prompt, const std::string& title, std::uint32_t) {
-        std::cerr << title << ": " << prompt << '\n';
+        std::cerr << cli::visible_line(title) << ": " << cli::visible_text(prompt) << '\n';
     };
-    options.on_trouble = [](const std::string& sentence) { std::cerr << "foliant: " << sentence << '\n'; };
+    options.on_trouble = [](const std::string& sentence) {
+        std::cerr << "foliant: " << cli::visible_text(sentence) << '\n';
+    };
     return options;
 }
 
@@ -51,7 +54,7 @@ int run(const Request& request) {
                 return cli::report_failure(request, cli::exit_usage, *refused);
             return cli::rehearse(request, machine.platform(), std::cout, std::cerr);
         case Request::Action::hosts:
-            return cli::show_hosts(machine);
+            return cli::show_hosts(request, machine);
         default:
             return cli::run_registry(request, machine);
     }

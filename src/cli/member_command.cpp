@@ -1,8 +1,6 @@
 #include "cli/member_command.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iostream>
 
 #include "automation/coerce.h"
 #include "automation/text.h"
@@ -101,19 +99,6 @@ std::string help_text(const core::Member& member, const Parameter& parameter) {
     return text;
 }
 
-std::string first_line_of(const std::string& path) {
-    std::string line;
-    if (path == "-") {
-        std::getline(std::cin, line);
-        return line;
-    }
-    std::ifstream file(path);
-    if (!file) throw CLI::ValidationError("cannot read the password file '" + path + "'");
-    std::getline(file, line);
-    if (line.ends_with('\r')) line.pop_back();
-    return line;
-}
-
 bool is_list(const core::Member& member, const Parameter& parameter) {
     return core::is_list(core::parameter_role(member, parameter));
 }
@@ -179,8 +164,8 @@ Value MemberCommand::value_of(const Parameter& parameter, const Given& given) co
     return array;
 }
 
-automation::Arguments MemberCommand::arguments(
-    const std::function<std::string(const std::string&)>& ask_password) const {
+automation::Arguments MemberCommand::arguments(const AskPassword& ask_password,
+                                               const Deadline& deadline) const {
     automation::Arguments arguments;
     for (const Parameter& parameter : member_.parameters()) {
         if (is_made_by_the_command(parameter)) continue;
@@ -191,9 +176,9 @@ automation::Arguments MemberCommand::arguments(
         }
         Value value;
         if (!given.password_file.empty()) {
-            value = first_line_of(given.password_file);
+            value = read_secret_file(given.password_file, deadline);
         } else if (given.ask) {
-            value = ask_password(option_name(parameter.name) + ": ");
+            value = ask_password(option_name(parameter.name) + ": ", deadline);
         } else {
             value = value_of(parameter, given);
         }

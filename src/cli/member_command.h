@@ -1,13 +1,13 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
-#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "automation/value.h"
+#include "cli/secret_input.h"
 #include "core/member.h"
 
 namespace foliant::cli {
@@ -20,8 +20,8 @@ class MemberCommand {
     MemberCommand(CLI::App& command, const core::Member& member);
 
     /// The arguments as given, named, in the member's order. Raises CLI::ParseError for what is missing or
-    /// wrong.
-    automation::Arguments arguments(const std::function<std::string(const std::string&)>& ask_password) const;
+    /// wrong, and TimeLimitReached while a password is waited for.
+    automation::Arguments arguments(const AskPassword& ask_password, const Deadline& deadline) const;
 
   private:
     struct Given {

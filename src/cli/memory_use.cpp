@@ -1,5 +1,6 @@
 #include "cli/memory_use.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <filesystem>
@@ -7,6 +8,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <unistd.h>
 #include <vector>
 
 namespace foliant::cli {
@@ -70,6 +72,14 @@ std::vector<pid_t> with_descendants(pid_t process) {
 }
 
 }  // namespace
+
+std::uint64_t usual_memory_limit() {
+    constexpr std::uint64_t enough = 2ULL * 1024 * 1024 * 1024;
+    const long pages = sysconf(_SC_PHYS_PAGES);
+    const long page = sysconf(_SC_PAGESIZE);
+    if (pages <= 0 || page <= 0) return enough;
+    return std::min(enough, static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(page) / 2);
+}
 
 std::uint64_t memory_use(pid_t process, std::uint64_t precise_above) {
     const std::vector<pid_t> processes = with_descendants(process);

@@ -11,4 +11,7 @@ namespace foliant::cli {
 /// nothing.
 std::uint64_t memory_use(pid_t process, std::uint64_t precise_above);
 
+/// What a call may use when nobody says: half of the machine's memory, at most 2 GiB.
+std::uint64_t usual_memory_limit();
+
 }  // namespace foliant::cli

@@ -1,6 +1,7 @@
 #include "cli/progress.h"
 
 #include "automation/coerce.h"
+#include "cli/visible_text.h"
 
 namespace foliant::cli {
 
@@ -8,7 +9,7 @@ void ProgressBar::notify(std::string_view event, std::span<const automation::Val
     if (out_ == nullptr || arguments.empty()) return;
     if (event == "JobStart") {
         finish();
-        *out_ << "Converting " << automation::to_text(arguments[1]);
+        *out_ << "Converting " << visible_line(automation::to_text(arguments[1]));
         bar_ = std::make_unique<boost::timer::progress_display>(100, *out_);
     } else if (event == "PercentDone" && bar_) {
         const auto percent = static_cast<unsigned long>(std::max(0, automation::to_int32(arguments[0])));

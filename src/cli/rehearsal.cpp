@@ -8,6 +8,7 @@
 #include "cli/named_files.h"
 #include "cli/preflight.h"
 #include "cli/report.h"
+#include "cli/visible_text.h"
 #include "platform/stage/cast/cast.h"
 #include "platform/stage/stage.h"
 #include "session/session.h"
@@ -80,24 +81,31 @@ void cast_like(Stage& stage, const platform::Platform& here) {
 
 int rehearse(const Request& request, const platform::Platform& platform, std::ostream& out,
              std::ostream& errors) {
-    std::vector<std::string> left_out;
-    try {
-        left_out = preflight(request, platform);
-    } catch (const automation::Error& error) {
-        errors << error_text(error);
-        return exit_code_for(error);
-    }
     Stage stage;
     cast_like(stage, platform);
+    Outcome outcome;
+    try {
+        std::vector<std::string> left_out = preflight(request, platform);
+        EventLines lines(stage);
+        outcome = call_member(request, stage.platform(), lines);
+        outcome.left_out = std::move(left_out);
+    } catch (...) {
+        fail(outcome, automation::current_error());
+    }
+    if (!outcome.error && !outcome.left_out.empty()) outcome.exit_code = exit_incomplete;
+    std::vector<std::string> steps;
     const std::vector<std::string> passwords = passwords_of(*request.member, request.arguments);
-    EventLines lines(stage);
-    Outcome outcome = call_member(request, stage.platform(), lines);
-    outcome.left_out = std::move(left_out);
     for (const std::string& line : stage.lines())
-        out << without_passwords(line, passwords) << '\n';
+        steps.push_back(without_passwords(line, passwords));
+    if (request.options.json) {
+        out << json_rehearsal(*request.member, outcome, steps);
+    } else {
+        for (const std::string& step : steps)
+            out << visible_line(step) << '\n';
+    }
     errors << left_out_text(outcome);
     if (outcome.error) errors << error_text(*outcome.error);
-    return outcome.error || outcome.left_out.empty() ? outcome.exit_code : exit_incomplete;
+    return outcome.exit_code;
 }
 
 }  // namespace foliant::cli

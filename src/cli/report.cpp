@@ -6,6 +6,8 @@
 #include <nlohmann/json.hpp>
 
 #include "automation/coerce.h"
+#include "cli/quantities.h"
+#include "cli/visible_text.h"
 #include "core/dispatch.h"
 #include "core/parameter_help.h"
 
@@ -74,30 +76,31 @@ ordered_json made_to_json(const MadeFile& made) {
             {"bytes", made.bytes}};
 }
 
-std::string readable_size(std::int64_t bytes) {
-    constexpr std::int64_t kibibyte = 1024;
-    constexpr std::int64_t mebibyte = 1024 * kibibyte;
-    std::array<char, 32> text{};
-    if (bytes < kibibyte) {
-        std::snprintf(text.data(), text.size(), "%lld bytes", static_cast<long long>(bytes));
-    } else if (bytes < mebibyte) {
-        std::snprintf(text.data(), text.size(), "%.0f KiB", static_cast<double>(bytes) / kibibyte);
-    } else {
-        std::snprintf(text.data(), text.size(), "%.1f MiB", static_cast<double>(bytes) / mebibyte);
-    }
-    return text.data();
+ordered_json report_of(const core::Member* member, const Outcome& outcome) {
+    ordered_json report;
+    report["member"] = member == nullptr ? ordered_json(nullptr) : ordered_json(member->name);
+    report["result"] = to_json(outcome.result);
+    report["arguments"] = member == nullptr ? ordered_json::object() : arguments_to_json(*member, outcome);
+    report["events"] = events_to_json(outcome);
+    report["output"] = outcome.made ? made_to_json(*outcome.made) : ordered_json(nullptr);
+    report["leftOut"] = outcome.left_out;
+    report["error"] = outcome.error ? error_to_json(*outcome.error) : ordered_json(nullptr);
+    report["exitCode"] = outcome.exit_code;
+    return report;
 }
 
 }  // namespace
 
-std::string result_text(const Outcome& outcome) {
-    return outcome.result.holds<automation::Empty>() ? "" : automation::to_text(outcome.result) + "\n";
+std::string result_text(const Outcome& outcome, bool for_a_terminal) {
+    if (outcome.result.holds<automation::Empty>()) return "";
+    const std::string text = automation::to_text(outcome.result);
+    return (for_a_terminal ? visible_text(text) : text) + "\n";
 }
 
 std::string error_text(const automation::Error& error) {
-    std::string text = "foliant: " + sentence_of(error) + "\n";
+    std::string text = "foliant: " + visible_text(sentence_of(error)) + "\n";
     for (const auto* cause = error.cause().get(); cause != nullptr; cause = cause->cause().get())
-        text += "  " + sentence_of(*cause) + "\n";
+        text += "  " + visible_text(sentence_of(*cause)) + "\n";
     return text;
 }
 
@@ -106,39 +109,38 @@ std::string closing_line(const Outcome& outcome) {
     const MadeFile& made = *outcome.made;
     const std::string pages =
         made.pages ? std::to_string(*made.pages) + (*made.pages == 1 ? " page, " : " pages, ") : "";
-    return "Wrote " + made.path + " (" + pages + readable_size(made.bytes) + ")\n";
+    return "Wrote " + visible_line(made.path) + " (" + pages +
+           readable_size(static_cast<std::uint64_t>(made.bytes)) + ")\n";
 }
 
 std::string left_out_text(const Outcome& outcome) {
     std::string text;
     for (const std::string& sentence : outcome.left_out)
-        text += "foliant: " + sentence + "\n";
+        text += "foliant: " + visible_line(sentence) + "\n";
     return text;
 }
 
 std::string json_report(const core::Member& member, const Outcome& outcome) {
-    ordered_json report;
-    report["member"] = std::string(member.name);
-    report["result"] = to_json(outcome.result);
-    report["arguments"] = arguments_to_json(member, outcome);
-    report["events"] = events_to_json(outcome);
-    report["output"] = outcome.made ? made_to_json(*outcome.made) : ordered_json(nullptr);
-    report["leftOut"] = outcome.left_out;
-    report["error"] = outcome.error ? error_to_json(*outcome.error) : ordered_json(nullptr);
-    report["exitCode"] = outcome.exit_code;
+    return dump(report_of(&member, outcome));
+}
+
+std::string json_rehearsal(const core::Member& member, const Outcome& outcome,
+                           const std::vector<std::string>& steps) {
+    ordered_json report = report_of(&member, outcome);
+    report["steps"] = steps;
     return dump(report);
 }
 
-std::string json_error(const core::Member& member, const automation::Error& error, int exit_code) {
+std::string json_error(const core::Member* member, const automation::Error& error, int exit_code) {
     Outcome outcome;
     outcome.error = error;
     outcome.exit_code = exit_code;
-    return json_report(member, outcome);
+    return dump(report_of(member, outcome));
 }
 
 int report_failure(const Request& request, int exit_code, const std::string& description) {
     const automation::Error error(automation::RuntimeError::internal_error, description);
-    if (request.options.json) std::cout << json_error(*request.member, error, exit_code);
+    if (request.options.json) std::cout << json_error(request.member, error, exit_code);
     std::cerr << error_text(error);
     return exit_code;
 }

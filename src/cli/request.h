@@ -1,11 +1,12 @@
 #pragma once
 
-#include <functional>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "automation/value.h"
+#include "cli/secret_input.h"
 #include "core/member.h"
 
 namespace foliant::cli {
@@ -15,8 +16,10 @@ struct CallOptions {
     bool json = false;
     bool quiet = false;
     double timeout_seconds = 0;  ///< 0 is no limit
-    bool no_clobber = false;     ///< an output that exists is not replaced
-    std::string temp_path;       ///< put into `TempFilePath` before the call; "" leaves it
+    Deadline deadline;           ///< that many seconds after the command began to read its words
+    std::optional<std::uint64_t> memory_bytes;  ///< 0 is no limit; nothing is the usual one
+    bool no_clobber = false;                    ///< an output that exists is not replaced
+    std::string temp_path;                      ///< put into `TempFilePath` before the call; "" leaves it
 };
 
 /// What the command line asks for.
@@ -29,6 +32,7 @@ struct Request {
         registry_get,
         registry_set,
         registry_remove,
+        registry_reset,
         completion,
         manual
     };
@@ -43,14 +47,13 @@ struct Request {
 /// What parsing came to: a request, or a text to show and the code to end with.
 struct Parsed {
     std::optional<Request> request;
-    std::string output;  ///< for stdout (help, version)
+    std::string output;  ///< for stdout (help, version, the report of a failure as JSON)
     std::string error;   ///< for stderr (what is wrong and how to see the usage)
     int exit_code = 0;
 };
 
-/// Parses the command line. Passwords that come from a file or the terminal are read here; `ask_password`
-/// shows a prompt and returns what was typed.
-Parsed parse(const std::vector<std::string>& words,
-             const std::function<std::string(const std::string& prompt)>& ask_password);
+/// Parses the command line. Passwords that come from a file or the terminal are read here, within the time
+/// limit.
+Parsed parse(const std::vector<std::string>& words, const AskPassword& ask_password);
 
 }  // namespace foliant::cli

@@ -9,11 +9,13 @@
 #include "cli/exit_codes.h"
 #include "cli/kept_file.h"
 #include "cli/machine_check.h"
+#include "cli/memory_use.h"
 #include "cli/named_files.h"
 #include "cli/output_check.h"
 #include "cli/output_guard.h"
 #include "cli/preflight.h"
 #include "cli/progress.h"
+#include "cli/quantities.h"
 #include "cli/report.h"
 #include "cli/supervisor.h"
 
@@ -53,7 +55,8 @@ int make_and_report(const Request& request, LocalMachine& machine, const KeptFil
     ProgressBar bar(talkative ? &std::cerr : nullptr);
     const Outcome outcome = make(request, machine, kept, bar);
     bar.finish();
-    std::cout << (request.options.json ? json_report(*request.member, outcome) : result_text(outcome));
+    std::cout << (request.options.json ? json_report(*request.member, outcome)
+                                       : result_text(outcome, isatty(STDOUT_FILENO) == 1));
     std::cerr << left_out_text(outcome);
     if (outcome.error) {
         std::cerr << error_text(*outcome.error);
@@ -84,7 +87,7 @@ std::string crash_text(const std::string& member, int signal) {
            ". That is a fault of the engine, which the document has brought to light.";
 }
 
-int conclude(const Request& request, const Ending& ending) {
+int conclude(const Request& request, const Ending& ending, const Limits& limits) {
     const std::string member(request.member->name);
     switch (ending.kind) {
         case Ending::Kind::timed_out:
@@ -93,10 +96,11 @@ int conclude(const Request& request, const Ending& ending) {
                                       " had not ended when the time limit was over, and was stopped. "
                                       "Give it more time with --timeout, or none to wait without a limit.");
         case Ending::Kind::out_of_memory:
-            return report_failure(request, exit_memory_limit,
-                                  member +
-                                      " needed more memory than it may have, and was stopped. "
-                                      "Give it more with --memory, or none to set no limit.");
+            return report_failure(
+                request, exit_memory_limit,
+                member + " needed more than " + readable_size(limits.memory_bytes) +
+                    " of memory, the limit, and was stopped. Give it more with --memory SIZE, "
+                    "or --memory none for no limit.");
         case Ending::Kind::interrupted:
             return report_failure(request, ending.code == SIGINT ? exit_interrupted : exit_terminated,
                                   member + " was interrupted.");
@@ -109,13 +113,7 @@ int conclude(const Request& request, const Ending& ending) {
 }
 
 Limits limits_of(const CallOptions& options) {
-    Limits limits;
-    if (options.timeout_seconds > 0) {
-        const std::chrono::duration<double> time(options.timeout_seconds);
-        limits.deadline = std::chrono::steady_clock::now() +
-                          std::chrono::duration_cast<std::chrono::steady_clock::duration>(time);
-    }
-    return limits;
+    return {options.deadline, options.memory_bytes.value_or(usual_memory_limit())};
 }
 
 }  // namespace
@@ -139,7 +137,8 @@ int call_supervised(const Request& request, LocalMachine& machine) {
         machine.remove_private_folder();
     };
     try {
-        return conclude(request, run_supervised(plan, limits_of(request.options)));
+        const Limits limits = limits_of(request.options);
+        return conclude(request, run_supervised(plan, limits), limits);
     } catch (const Error& error) {
         return report_failure(request, exit_usage, error.description());
     }

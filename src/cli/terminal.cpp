@@ -1,12 +1,18 @@
 #include "cli/terminal.h"
 
 #include <CLI/Error.hpp>
-#include <cstdio>
-#include <memory>
+#include <csignal>
+#include <fcntl.h>
+#include <sys/signalfd.h>
 #include <termios.h>
 #include <unistd.h>
 
+#include "posix/file_descriptor.h"
+
 namespace foliant::cli {
+
+using posix::FileDescriptor;
+
 namespace {
 
 /// Keeps a terminal from showing what is typed, as long as it lives.
@@ -30,21 +36,44 @@ class NoEcho {
     bool changed_ = false;
 };
 
+/// Signals that would end the command wait, and can be seen, as long as this lives; then they end it.
+class WaitingSignals {
+  public:
+    WaitingSignals() {
+        sigset_t ending;
+        sigemptyset(&ending);
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT})
+            sigaddset(&ending, signal);
+        sigprocmask(SIG_BLOCK, &ending, &former_);
+        seen_ = FileDescriptor(signalfd(-1, &ending, SFD_CLOEXEC));
+    }
+    WaitingSignals(const WaitingSignals&) = delete;
+    WaitingSignals& operator=(const WaitingSignals&) = delete;
+    ~WaitingSignals() { sigprocmask(SIG_SETMASK, &former_, nullptr); }
+
+    int descriptor() const { return seen_.get(); }
+
+  private:
+    sigset_t former_{};
+    FileDescriptor seen_;
+};
+
+void show(int terminal, const std::string& text) {
+    [[maybe_unused]] const ssize_t written = write(terminal, text.data(), text.size());
+}
+
 }  // namespace
 
-std::string ask_on_terminal(const std::string& prompt) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> terminal(std::fopen("/dev/tty", "r+"), std::fclose);
+std::string ask_on_terminal(const std::string& prompt, const Deadline& deadline) {
+    const FileDescriptor terminal(open("/dev/tty", O_RDWR | O_CLOEXEC));
     if (!terminal) {
         throw CLI::ValidationError("there is no terminal to ask for a password; pass it in a file instead");
     }
-    const NoEcho silence(fileno(terminal.get()));
-    std::fputs(prompt.c_str(), terminal.get());
-    std::fflush(terminal.get());
-    std::string typed;
-    for (int c = std::fgetc(terminal.get()); c != EOF && c != '\n'; c = std::fgetc(terminal.get())) {
-        typed.push_back(static_cast<char>(c));
-    }
-    std::fputc('\n', terminal.get());
+    const WaitingSignals signals;
+    const NoEcho silence(terminal.get());
+    show(terminal.get(), prompt);
+    std::string typed = read_secret(terminal.get(), "the password", deadline, signals.descriptor());
+    show(terminal.get(), "\n");
     return typed;
 }
 

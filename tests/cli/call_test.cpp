@@ -78,6 +78,7 @@ TEST_F(Call, EveryKindOfFailureHasItsExitCode) {
     EXPECT_EQ(call().exit_code, exit_missing_engine);
     EXPECT_EQ(exit_code_for(automation::Error(5408, "Foliant", "wrong password")), exit_host_failure);
     EXPECT_EQ(exit_code_for(automation::Error(automation::RuntimeError::permission_denied)), exit_failure);
+    EXPECT_EQ(exit_code_for(automation::Error(automation::RuntimeError::out_of_memory)), exit_memory_limit);
     EXPECT_EQ(exit_code_for(automation::Error(automation::RuntimeError::action_not_supported)),
               exit_host_failure);
     request.member = core::find_member(*core::find_dispid("CreateLinksInPDF"), automation::Access::call);

@@ -2,6 +2,7 @@
 #include <cstdio>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "automation/describe.h"
@@ -12,7 +13,7 @@
 namespace foliant::cli {
 namespace {
 
-std::string typed_password(const std::string& prompt) {
+std::string typed_password(const std::string& prompt, const Deadline&) {
     return "typed at " + prompt;
 }
 
@@ -110,9 +111,9 @@ TEST(CommandLine, RequiredPasswordsMayComeFromAFileAsWell) {
 }
 
 TEST(CommandLine, UnreadablePasswordFilesAreNamed) {
-    EXPECT_EQ(
-        outcome_of({"CreatePSfromWord", "a", "b", "--password-file", "/nowhere/x"}),
-        "2 foliant: cannot read the password file '/nowhere/x'\nSee 'foliant CreatePSfromWord --help'.\n");
+    EXPECT_EQ(outcome_of({"CreatePSfromWord", "a", "b", "--password-file", "/nowhere/x"}),
+              "2 foliant: cannot read the password file '/nowhere/x' (No such file or directory)\nSee "
+              "'foliant CreatePSfromWord --help'.\n");
 }
 
 TEST(CommandLine, WrongUseSaysWhatIsWrongAndWhereToLook) {
@@ -136,6 +137,60 @@ TEST(CommandLine, CommonOptionsMayFollowTheMember) {
     EXPECT_TRUE(parsed.request->options.quiet);
     EXPECT_EQ(parsed.request->options.timeout_seconds, 2.5);
     EXPECT_EQ(parsed.request->options.temp_path, "t");
+}
+
+TEST(CommandLine, TimesAndSizesAreWrittenAsPeopleDo) {
+    const auto parsed = parse_words({"CreatePDFfromPS", "a", "b", "--timeout", "2m", "--memory", "1.5G"});
+    ASSERT_TRUE(parsed.request.has_value()) << parsed.error;
+    EXPECT_EQ(parsed.request->options.timeout_seconds, 120);
+    EXPECT_EQ(parsed.request->options.memory_bytes, 3ULL << 29U);
+    EXPECT_FALSE(parse_words({"PrinterName", "--timeout", "none"}).request->options.deadline.has_value());
+    EXPECT_FALSE(parse_words({"PrinterName", "--timeout", "1e99"}).request->options.deadline.has_value());
+    for (const char* time : {"nan", "-1", "inf", "soon", "5x", ""}) {
+        EXPECT_EQ(
+            outcome_of({"PrinterName", "--timeout", time}),
+            "2 foliant: --timeout: '" + std::string(time) +
+                "' is not a time such as 30, 2.5s, 5m or 1h, or none\nSee 'foliant PrinterName --help'.\n");
+    }
+    EXPECT_EQ(outcome_of({"PrinterName", "--memory", "-2G"}),
+              "2 foliant: --memory: '-2G' is not a size such as 512M, 2G or 1.5G, or none\n"
+              "See 'foliant PrinterName --help'.\n");
+}
+
+TEST(CommandLine, APasswordFileThatNeverEndsIsNotReadForEver) {
+    EXPECT_EQ(
+        outcome_of({"CreatePSfromWord", "a", "b", "--password-file", "/dev/zero"}),
+        "2 foliant: the password file '/dev/zero' has no end of line within its first 4096 bytes, so that "
+        "it holds no password; is it the right file?\nSee 'foliant CreatePSfromWord --help'.\n");
+    const std::string pipe = testing::TempDir() + "foliant-pipe-" + std::to_string(getpid());
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(outcome_of({"CreatePSfromWord", "a", "b", "--password-file", pipe, "--timeout", "100ms"}),
+              "124 foliant: The time limit was over while the password file '" + pipe + "' was read.\n");
+    std::remove(pipe.c_str());
+}
+
+TEST(CommandLine, WrongUseIsToldInJsonToo) {
+    const Parsed parsed = parse_words({"CreatePDFfromPS", "a", "--json"});
+    EXPECT_NE(parsed.output.find("\"description\": \"--ps-file is required\""), std::string::npos)
+        << parsed.output;
+    EXPECT_NE(parsed.output.find("\"exitCode\": 2"), std::string::npos);
+    EXPECT_EQ(parse_words({"CreatePDFfromPS", "a", "--", "--json", "b", "c"}).output, "");
+}
+
+TEST(CommandLine, TheTextOfASettingComesFromOnePlace) {
+    const PasswordFile file("secret\n");
+    const auto words_of = [](const std::vector<std::string>& more) {
+        std::vector<std::string> words{"registry", "set", "HKCU\\X", "OwnerPassword"};
+        words.insert(words.end(), more.begin(), more.end());
+        const Parsed parsed = parse_words(words);
+        return parsed.request ? parsed.request->words.back()
+                              : parsed.error.substr(0, parsed.error.find('\n'));
+    };
+    EXPECT_EQ(words_of({"text"}), "text");
+    EXPECT_EQ(words_of({"--from-file", file.path()}), "secret");
+    EXPECT_EQ(words_of({"--ask"}), "typed at OwnerPassword: ");
+    EXPECT_EQ(words_of({}), "foliant: TEXT is required, or --from-file, or --ask");
+    EXPECT_EQ(words_of({"text", "--ask"}), "foliant: the text is given twice");
 }
 
 TEST(CommandLine, RehearseTakesTheSameArguments) {

@@ -55,7 +55,7 @@ TEST(Report, JsonHoldsEverythingButPasswords) {
 }
 
 TEST(Report, JsonOfAFailureHasNumberSourceAndDescription) {
-    const std::string report = json_error(word(), {53, "Foliant", "File not found"}, 1);
+    const std::string report = json_error(&word(), {53, "Foliant", "File not found"}, 1);
     EXPECT_NE(report.find("\"number\": 53"), std::string::npos);
     EXPECT_NE(report.find("\"source\": \"Foliant\""), std::string::npos);
     EXPECT_NE(report.find("\"exitCode\": 1"), std::string::npos);
@@ -73,7 +73,7 @@ TEST(Report, BehindASentenceThatStandsForAnyFailureItSaysWhatFailed) {
 }
 
 TEST(Report, JsonOfSuchAFailureHoldsItsCause) {
-    EXPECT_NE(json_error(word(), a_sentence_for_it, 4).find(R"(
+    EXPECT_NE(json_error(&word(), a_sentence_for_it, 4).find(R"(
     "description": "Can't open file a.pdf.",
     "cause": {
       "number": 429,
@@ -83,7 +83,7 @@ TEST(Report, JsonOfSuchAFailureHoldsItsCause) {
   },
   "exitCode": 4)"),
               std::string::npos);
-    EXPECT_EQ(json_error(word(), a_missing_engine, 4).find("cause"), std::string::npos);
+    EXPECT_EQ(json_error(&word(), a_missing_engine, 4).find("cause"), std::string::npos);
 }
 
 TEST(Report, BytesThatAreNoTextDoNotStopTheReport) {
@@ -94,9 +94,12 @@ TEST(Report, BytesThatAreNoTextDoNotStopTheReport) {
 
 TEST(Report, ResultsAreOneLineAndNothingForNone) {
     Outcome outcome;
-    EXPECT_EQ(result_text(outcome), "");
+    EXPECT_EQ(result_text(outcome, false), "");
     outcome.result = "Adobe PDF";
-    EXPECT_EQ(result_text(outcome), "Adobe PDF\n");
+    EXPECT_EQ(result_text(outcome, false), "Adobe PDF\n");
+    outcome.result = "a\x1B[2J";
+    EXPECT_EQ(result_text(outcome, false), "a\x1B[2J\n");
+    EXPECT_EQ(result_text(outcome, true), "a\\x1B[2J\n");
 }
 
 TEST(Report, TheClosingLineTellsPagesAndSize) {

@@ -70,5 +70,16 @@ TEST_F(EndlessJob, TellsTheTimeLimitInJsonToo) {
     EXPECT_NE(call.output.find("\"exitCode\": 124"), std::string::npos) << call.output;
 }
 
+TEST_F(EndlessJob, TheMemoryLimitIsToldByNameAndSize) {
+    shop.write("loop.ps", "%!PS\n{ 1000000 string dup 0 1 put } loop\n");
+    const Finished call = shop.foliant({"CreatePDFfromPS", "out.pdf", "loop.ps", "--memory", "200M"});
+    EXPECT_EQ(call.exit_code, 125);
+    EXPECT_EQ(
+        call.errors,
+        "foliant: CreatePDFfromPS needed more than 200.0 MiB of memory, the limit, and was stopped. Give it "
+        "more with --memory SIZE, or --memory none for no limit.\n");
+    expect_nothing_left();
+}
+
 }  // namespace
 }  // namespace foliant::end_to_end

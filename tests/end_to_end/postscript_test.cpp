@@ -130,6 +130,19 @@ TEST_F(PostScriptToPdf, InputsThatDoNotExistAreToldAndHaveACodeOfTheirOwn) {
     EXPECT_EQ(nothing.errors, "foliant: Nothing is there to convert: none.ps does not exist.\n");
 }
 
+TEST_F(PostScriptToPdf, NothingThatADocumentPrintsActsOnATerminal) {
+    const std::string name = "a\x1B[31m\r.ps";
+    shop.write(name, "%!PS\n(\\033]0;owned\\007\\015\\233) print flush (\\033[2J) cvn load\n");
+    const Finished call = shop.foliant({"CreatePDFfromPS", "out.pdf", name});
+    EXPECT_EQ(call.exit_code, 5);
+    for (const char c : call.errors) {
+        EXPECT_TRUE(c == '\n' || (static_cast<unsigned char>(c) >= 0x20 && c != '\x7F')) << call.errors;
+    }
+    EXPECT_NE(call.errors.find("owned"), std::string::npos) << call.errors;
+    EXPECT_EQ(shop.foliant({"rehearse", "CreatePDFfromPS", "out.pdf", name}).output.find('\x1B'),
+              std::string::npos);
+}
+
 TEST_F(PostScriptToPdf, TheReportTellsPagesAndSize) {
     shop.write("a.ps", postscript({"Alpha", "Beta"}));
     for (const char* option : {"--apply-security", "--spool-jobs"}) {

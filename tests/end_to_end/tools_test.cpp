@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include "end_to_end/command.h"
 
@@ -40,6 +41,62 @@ TEST(Settings, ABrokenStoreIsNamedAndKept) {
     EXPECT_EQ(call.exit_code, 1);
     EXPECT_NE(call.errors.find("registry.json"), std::string::npos) << call.errors;
     EXPECT_EQ(shop.run({"sh", "-c", "cat \"$HOME/.config/foliant/registry.json\""}).output, "broken\n");
+}
+
+TEST(Settings, PasswordsAreWrittenFromAFileAndNeverShown) {
+    const Workshop shop;
+    shop.write("secret", "a good one\n");
+    const std::string key = "HKCU\\Software\\Adobe\\Acrobat Distiller\\6.0\\Security";
+    ASSERT_EQ(shop.foliant({"registry", "set", key, "OwnerPassword", "--from-file", "secret"}).exit_code, 0);
+    EXPECT_EQ(shop.foliant({"registry", "get", key, "OwnerPassword"}).output, "***\n");
+    for (const std::vector<std::string>& words :
+         std::vector<std::vector<std::string>>{{"registry", "list"},
+                                               {"registry", "list", "--json"},
+                                               {"registry", "get", key, "OwnerPassword", "--json"}}) {
+        const std::string output = shop.foliant(words).output;
+        EXPECT_NE(output.find("OwnerPassword"), std::string::npos) << output;
+        EXPECT_EQ(output.find("good one"), std::string::npos) << output;
+    }
+    EXPECT_NE(shop.run({"sh", "-c", "cat \"$HOME/.config/foliant/registry.json\""}).output.find("a good one"),
+              std::string::npos);
+}
+
+TEST(Settings, WhatIsBuiltInCanBeBroughtBack) {
+    const Workshop shop;
+    const Finished removed = shop.foliant({"registry", "remove", version_key, ""});
+    EXPECT_EQ(
+        removed.errors,
+        "Removed. The built-in value was \"6.0\"; \"foliant registry reset\" with the same words brings it "
+        "back.\n");
+    EXPECT_EQ(shop.foliant({"AcrobatVersion"}).output, "\n");
+    EXPECT_EQ(shop.foliant({"registry", "reset", version_key, ""}).exit_code, 0);
+    EXPECT_EQ(shop.foliant({"AcrobatVersion"}).output, "6.0\n");
+    const Finished missing = shop.foliant({"registry", "get", version_key, "none"});
+    EXPECT_EQ(missing.exit_code, 1);
+    EXPECT_TRUE(missing.errors.starts_with("foliant: There is no value \"none\" in the key"))
+        << missing.errors;
+}
+
+TEST(Settings, TheListSaysWhereTheyAreKept) {
+    const Workshop shop;
+    const std::string list = shop.foliant({"registry", "list"}).output;
+    EXPECT_TRUE(list.starts_with("Settings file: ")) << list;
+    EXPECT_NE(list.find("/.config/foliant/registry.json\n"), std::string::npos) << list;
+}
+
+TEST(Json, IsPrintedByToolsToo) {
+    const Workshop shop;
+    shop.write("a.ps", "%!PS");
+    const auto json = [&](const std::vector<std::string>& words) {
+        return nlohmann::json::parse(shop.foliant(words).output);
+    };
+    EXPECT_EQ(json({"hosts", "--json"})["hosts"][0]["name"], "Acrobat Distiller");
+    EXPECT_EQ(json({"registry", "list", "--json"})["values"].size(), 2U);
+    EXPECT_EQ(json({"registry", "get", "HKCU\\None", "x", "--json"})["exitCode"], 1);
+    const auto rehearsal = json({"rehearse", "CreatePDFfromPS", "a.pdf", "a.ps", "--json"});
+    EXPECT_EQ(rehearsal["exitCode"], 0);
+    EXPECT_GT(rehearsal["steps"].size(), 3U);
+    EXPECT_EQ(json({"CreatePDFfromPS", "--json"})["exitCode"], 2);
 }
 
 TEST(Settings, ThoseThatCannotBeReadFailTheMembersThatAreAboutThem) {

@@ -117,8 +117,7 @@ bool RegistryStore::remove(std::string_view key, std::string_view name) {
     const std::string path = whole_key_path(key);
     const std::string value(name);
     if (!get(path, value)) return false;
-    const auto usual = default_registry().find(path);
-    const bool has_default = usual != default_registry().end() && usual->second.contains(value);
+    const bool has_default = built_in(path, value).has_value();
     change([&](RegistryChanges& changes) {
         auto& values = changes_to(changes, path).values;
         if (has_default) {
@@ -126,6 +125,27 @@ bool RegistryStore::remove(std::string_view key, std::string_view name) {
         } else {
             values.erase(value);
         }
+    });
+    return true;
+}
+
+std::optional<StoredValue> RegistryStore::built_in(std::string_view key, std::string_view name) {
+    const auto usual = default_registry().find(whole_key_path(key));
+    if (usual == default_registry().end()) return std::nullopt;
+    const auto value = usual->second.find(std::string(name));
+    return value == usual->second.end() ? std::nullopt : std::optional(value->second);
+}
+
+bool RegistryStore::reset(std::string_view key, std::string_view name) {
+    const std::string path = whole_key_path(key);
+    current();
+    const auto changed = changes_.find(path);
+    const bool is_changed = changed != changes_.end() && (changed->second.removes_default ||
+                                                          changed->second.values.contains(std::string(name)));
+    if (!is_changed) return false;
+    change([&](RegistryChanges& changes) {
+        changes_to(changes, path).values.erase(std::string(name));
+        if (changes[path].values.empty()) changes.erase(path);
     });
     return true;
 }

@@ -53,6 +53,11 @@ class RegistryStore {
     void set(std::string_view key, std::string_view name, const StoredValue& value);
     /// Removes a value, a default one too. False when there is none.
     bool remove(std::string_view key, std::string_view name);
+    /// Takes back what the user's file says about a value, so that what is compiled in counts again. False
+    /// when the file says nothing about it.
+    bool reset(std::string_view key, std::string_view name);
+    /// The value that is compiled in, whatever the user's file says.
+    static std::optional<StoredValue> built_in(std::string_view key, std::string_view name);
     /// Removes a key with all that is in it and below it. False when there is none.
     bool remove_key(std::string_view key);
 

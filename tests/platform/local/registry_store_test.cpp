@@ -91,6 +91,23 @@ TEST_F(RegistryStoreTest, ARemovedDefaultStaysRemovedAndCanComeBack) {
     EXPECT_EQ(RegistryStore(folder).text(version_key, ""), "6.0");
 }
 
+TEST_F(RegistryStoreTest, ResettingBringsBackWhatIsCompiledIn) {
+    EXPECT_FALSE(store.reset(version_key, "")) << "there is nothing to take back";
+    store.remove(version_key, "");
+    EXPECT_TRUE(store.reset(version_key, ""));
+    EXPECT_EQ(RegistryStore(folder).text(version_key, ""), "6.0");
+    store.set(version_key, "", StoredValue::of_text("7.0"));
+    store.set("HKCU\\A", "v", StoredValue::of_text("x"));
+    EXPECT_TRUE(store.reset(version_key, ""));
+    EXPECT_EQ(store.text(version_key, ""), "6.0");
+    EXPECT_TRUE(store.reset("HKCU\\A", "v"));
+    EXPECT_FALSE(RegistryStore(folder).has_key("HKCU\\A"));
+    store.remove_key(version_key);
+    EXPECT_TRUE(store.reset(version_key, ""));
+    EXPECT_EQ(RegistryStore(folder).text(version_key, ""), "6.0");
+    EXPECT_EQ(RegistryStore::built_in(version_key, "")->text(), "6.0");
+}
+
 TEST_F(RegistryStoreTest, ARemovedKeyTakesAllBelowItAlong) {
     store.set("HKLM\\SOFTWARE\\Adobe\\Mine", "v", StoredValue::of_text("x"));
     store.set("HKLM\\SOFTWARE\\AdobeToo", "v", StoredValue::of_text("x"));
