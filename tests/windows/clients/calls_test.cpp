@@ -2,53 +2,59 @@
 // inside those processes and in a process of the hosts' own; with the real sender, which the component
 // starts.
 
+#include <deque>
 #include <gtest/gtest.h>
-#include <map>
 
+#include "platform/win32/text.h"
 #include "windows/clients/client_run.h"
 #include "windows/clients/installed_component.h"
 
 namespace foliant::tests::clients {
 namespace {
 
-constexpr Client all_clients[]{Client::vbscript, Client::jscript, Client::late_bound, Client::early_bound};
-
-/// What a client's call comes to when all goes well. It is the same for every client, but that one of them
-/// alone has a window that calls back, that scripts have no sinks in this system's script host, and JScript
-/// no variables that a call could fill in.
-std::string expected_of(Client client, const std::string& member) {
-    std::string text = expected(member + ".txt");
-    if (client != Client::late_bound) text = without(text, "window ");
-    if (client == Client::vbscript || client == Client::jscript) text = without(text, "event ");
-    if (client == Client::jscript) text = without(text, "printer ");
-    return text;
-}
-
 class Calls : public testing::TestWithParam<servers::Kind> {
   protected:
-    static void check(ClientRun& run, Client client, const std::string& member) {
-        EXPECT_EQ(run.result(), expected_of(client, member)) << name_of(client) << " " << member;
-        EXPECT_TRUE(run.has(member.starts_with("CreatePS") ? L"out.ps" : L"out.pdf"))
-            << name_of(client) << " " << member;
+    ClientRun& start(Client client, const CallFile& call) {
+        const std::string name = name_of(client) + " " + call.name;
+        return runs_
+            .emplace_back(Run{name, expected_of(client, call), call.makes, ClientRun(client, call, name)})
+            .run;
+    }
+
+    void check_all() {
+        for (auto& [name, expected, makes, run] : runs_) {
+            EXPECT_EQ(run.result(), expected) << name;
+            if (!makes.empty()) {
+                EXPECT_TRUE(run.has(platform::win32::to_utf16(makes).c_str())) << name;
+            }
+        }
     }
 
     InstalledComponent component_{GetParam()};
+
+  private:
+    struct Run {
+        std::string name;
+        std::string expected;
+        std::string makes;
+        ClientRun run;
+    };
+    std::deque<Run> runs_;
 };
 
 TEST_P(Calls, ComeToTheSameFromEveryClient) {
-    std::map<std::pair<Client, std::string>, ClientRun> runs;
-    const auto start = [&](Client client, const std::string& member) -> ClientRun& {
-        const std::pair what(client, member);
-        return runs.emplace(what, ClientRun(client, member, name_of(client) + " " + member)).first->second;
-    };
-    for (const Client client : all_clients)
-        for (const char* member : {"CreatePDFfromPS", "CreatePDFfromWord", "CreatePSfromWord"})
-            start(client, member);
     // Two dialogs of the same caption at a time would get each other's senders.
-    for (const Client client : all_clients)
-        start(client, "CreatePDFfromWord2").wait_for("\"Adobe PDF - Security\" ends");
-    for (auto& [what, run] : runs)
-        check(run, what.first, what.second);
+    for (const bool alone : {false, true}) {
+        for (const CallFile& call : all_call_files()) {
+            if (call.alone != alone) continue;
+            for (const Client client : all_clients) {
+                if (client == Client::early_bound && !call.early_bound) continue;
+                ClientRun& run = start(client, call);
+                if (alone) run.wait_for("\"Adobe PDF - Security\" ends");
+            }
+        }
+    }
+    check_all();
     EXPECT_TRUE(senders_end());
     EXPECT_EQ(component_.record(), "");
     EXPECT_TRUE(component_.hosts_end());

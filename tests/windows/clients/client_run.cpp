@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/win32/text.h"
+#include "windows/clients/script_call.h"
 #include "windows/servers/record.h"
 
 namespace foliant::tests::clients {
@@ -26,16 +27,34 @@ std::wstring built(const wchar_t* path) {
     return full;
 }
 
-std::wstring command_of(Client client) {
+std::wstring quoted(const std::wstring& text) {
+    std::wstring result = L"\"";
+    for (const wchar_t c : text)
+        result += c == L'"' ? std::wstring(L"\\\"") : std::wstring(1, c);
+    return result + L"\"";
+}
+
+/// Puts the call into a client's script, and the script into the folder.
+std::wstring script(const std::wstring& folder, const std::string& client, const std::string& mark,
+                    const std::string& call) {
+    std::string text = file_beside(client);
+    text.replace(text.find(mark), mark.size(), call);
+    std::ofstream(to_utf8(folder) + client, std::ios::binary) << text;
+    return L"cscript.exe //nologo " + quoted(folder + to_utf16(client));
+}
+
+std::wstring command_of(Client client, const CallFile& file, const std::wstring& folder) {
+    const std::wstring last = L" " + quoted(folder.substr(0, folder.size() - 1));
     switch (client) {
         case Client::vbscript:
-            return L"cscript.exe //nologo \"" + built(CLIENTS_FOLDER L"/client.vbs") + L"\"";
+            return script(folder, "client.vbs", "' THE CALL", vbscript_call(file.call)) + last;
         case Client::jscript:
-            return L"cscript.exe //nologo \"" + built(CLIENTS_FOLDER L"/client.js") + L"\"";
+            return script(folder, "client.js", "// THE CALL", jscript_call(file.call)) + last;
         case Client::late_bound:
-            return L"\"" + built(LATE_BOUND_CLIENT) + L"\"";
+            return quoted(built(LATE_BOUND_CLIENT)) + L" " + quoted(to_utf16(file.call)) + last + L" " +
+                   quoted(to_utf16(file.window));
         case Client::early_bound:
-            return L"\"" + built(EARLY_BOUND_CLIENT) + L"\"";
+            return quoted(built(EARLY_BOUND_CLIENT)) + L" " + quoted(to_utf16(file.name)) + last;
     }
     return {};
 }
@@ -80,16 +99,14 @@ void ClientRun::prepare(const std::string& folder, const char* file, const std::
     std::ofstream(to_utf8(folder_of(folder)) + file, std::ios::binary) << text;
 }
 
-ClientRun::ClientRun(Client client, const std::string& member, const std::string& folder, int k,
-                     Ending ending)
+ClientRun::ClientRun(Client client, const CallFile& call, const std::string& folder, int k, Ending ending)
     : folder_(folder_of(folder)) {
     prepare(folder, "in.ps", "%!PS\r\n%log A line of the log\r\n");
     prepare(folder, "in.doc", "words");
     // A host in another process knows a client's folder by this.
     prepare(folder, "foliant-record.txt", "");
     servers::let_fail(folder_, k, k == 0 ? Ending::good : ending);
-    command_ = command_of(client) + L" \"" + to_utf16(member) + L"\" \"" +
-               folder_.substr(0, folder_.size() - 1) + L"\"";
+    command_ = command_of(client, call, folder_);
     start();
 }
 
@@ -177,11 +194,27 @@ std::string without(std::string text, const std::string& beginning) {
     return text;
 }
 
-std::string expected(const std::string& file) {
-    std::ifstream stream(to_utf8(built(CLIENTS_FOLDER L"/expected/")) + file);
+std::string expected_of(Client client, const CallFile& call) {
+    std::string text = call.expected;
+    if (client != Client::late_bound) text = without(text, "window ");
+    if (client == Client::vbscript || client == Client::jscript) text = without(text, "event ");
+    if (client == Client::jscript) text = without(text, "printer ");
+    return text;
+}
+
+std::wstring path_beside(const std::wstring& name) {
+    return built((CLIENTS_FOLDER L"/" + name).c_str());
+}
+
+std::string file_beside(const std::string& name) {
+    std::ifstream stream(to_utf8(path_beside(to_utf16(name))));
     std::ostringstream text;
     text << stream.rdbuf();
     return text.str();
+}
+
+std::string expected(const std::string& file) {
+    return file_beside("expected/" + file);
 }
 
 }  // namespace foliant::tests::clients

@@ -3,6 +3,7 @@
 #include <string>
 #include <windows.h>
 
+#include "windows/clients/call_file.h"
 #include "windows/servers/scene.h"
 
 namespace foliant::tests::clients {
@@ -12,13 +13,16 @@ enum class Client { vbscript, jscript, late_bound, early_bound };
 
 std::string name_of(Client client);
 
-/// One call of a member by a client in a process of its own, with a folder of its own: `in.ps` and `in.doc`
+inline constexpr Client all_clients[]{Client::vbscript, Client::jscript, Client::late_bound,
+                                      Client::early_bound};
+
+/// One call by a client in a process of its own, with a folder of its own: `in.ps` and `in.doc`
 /// are there, and whatever the call makes.
 class ClientRun {
   public:
     /// Starts it. `folder` is a name, unique among runs that overlap. Outside action number `k` of the call
     /// fails; 0 stands for none.
-    ClientRun(Client client, const std::string& member, const std::string& folder, int k = 0,
+    ClientRun(Client client, const CallFile& call, const std::string& folder, int k = 0,
               servers::Ending ending = servers::Ending::raised);
     ClientRun(ClientRun&& other) noexcept;
     ClientRun& operator=(ClientRun&&) = delete;
@@ -53,7 +57,16 @@ class ClientRun {
 /// The text without the lines that begin so.
 std::string without(std::string text, const std::string& beginning);
 
+/// What a client's call comes to when all goes well. It is the same for every client, but that one of them
+/// alone has a window that calls back, that scripts have no sinks in this system's script host, and JScript
+/// no variables that a call could fill in.
+std::string expected_of(Client client, const CallFile& call);
+
 /// A text file that lies beside the tests.
+std::string file_beside(const std::string& name);
+std::wstring path_beside(const std::wstring& name);
+
+/// One in expected/.
 std::string expected(const std::string& file);
 
 }  // namespace foliant::tests::clients

@@ -1,8 +1,8 @@
 // An early-bound client, compiled against the header that the component's makers hand out. It has no window
-// and no message loop. It makes one call by slot and says what came of it.
+// and no message loop. It makes one call by slot and says what came of it: what a program was compiled with,
+// so those calls only of calls/ that it knows by their names.
 //
-//     early_bound_client MEMBER FOLDER
-//     early_bound_client "CreatePDFfromPS with security" FOLDER
+//     early_bound_client distiller FOLDER
 
 #include <cstdio>
 #include <string>
@@ -38,28 +38,29 @@ class Text {
     BSTR text_;
 };
 
-HRESULT make_call(Foliant::_BuildPDF& pdf, const std::string& member, const std::string& folder,
+HRESULT make_call(Foliant::_BuildPDF& pdf, const std::string& name, const std::string& folder,
                   Text& printer) {
     Text out_pdf(folder + "\\out.pdf"), out_ps(folder + "\\out.ps");
     Text in_ps(folder + "\\in.ps"), in_doc(folder + "\\in.doc");
     Text none(""), secret("secret"), pages("1-2"), press("Press");
     VARIANT_BOOL yes = VARIANT_TRUE, no = VARIANT_FALSE;
     auto left = Foliant::qrxAlignLeft, right = Foliant::qrxAlignRight;
-    if (member.starts_with("CreatePDFfromPS")) {
-        VARIANT_BOOL security = member == "CreatePDFfromPS with security" ? yes : no;
+    if (name == "distiller" || name == "secure-distiller") {
+        VARIANT_BOOL security = name == "secure-distiller" ? yes : no;
         return pdf.CreatePDFfromPS(&out_pdf, &in_ps, &printer, &yes, &no, &press, &security);
     }
-    if (member == "CreatePDFfromWord")
+    if (name == "word-and-distiller")
         return pdf.CreatePDFfromWord(&out_pdf, &in_doc, &secret, &none, &pages, &yes, &yes, &no, &right, &yes,
                                      &printer, &yes, &no, &press, &no);
-    if (member == "CreatePSfromWord")
+    if (name == "word")
         return pdf.CreatePSfromWord(&out_ps, &in_doc, &none, &none, &none, &no, &no, &yes, &left, &no,
                                     &printer);
-    if (member == "CreatePDFfromMultiPS, an array") {
+    if (name == "shapes/list") {
         Variant list;
         *list = list_of_files("variants from 0", folder);
         return pdf.CreatePDFfromMultiPS(&out_pdf, list.get(), &printer, nullptr, nullptr, nullptr, nullptr);
     }
+    if (name != "word-and-printer") return E_INVALIDARG;
     return pdf.CreatePDFfromWord2(&out_pdf, &in_doc, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
                                   nullptr, nullptr, &printer, nullptr);
 }
@@ -82,7 +83,7 @@ void tell(HRESULT result) {
     SysFreeString(description);
 }
 
-int run(const std::string& member, const std::string& folder) {
+int run(const std::string& name, const std::string& folder) {
     ComPointer<Foliant::_BuildPDF> pdf;
     const HRESULT created = CoCreateInstance(Foliant::CLSID_BuildPDF, nullptr, CLSCTX_INPROC_SERVER,
                                              Foliant::IID__BuildPDF, pdf.put_void());
@@ -92,7 +93,7 @@ int run(const std::string& member, const std::string& folder) {
     connect(*pdf.get(), *sink.get());
     pdf->put_TempFilePath(Text(folder).get());
     Text printer("");
-    tell(make_call(*pdf.get(), member, folder, printer));
+    tell(make_call(*pdf.get(), name, folder, printer));
     std::printf("printer \"%s\"\n", from_bstr(printer.get()).c_str());
     return 0;
 }

@@ -17,8 +17,8 @@ using servers::Kind;
 std::string what_clients_say(const std::string& title, std::optional<Ending> ending) {
     std::string text = "--- " + title + "\n";
     std::vector<std::pair<Client, ClientRun>> runs;
-    for (const Client client : {Client::vbscript, Client::jscript, Client::late_bound, Client::early_bound}) {
-        runs.emplace_back(client, ClientRun(client, "CreatePDFfromPS", "error " + name_of(client),
+    for (const Client client : all_clients) {
+        runs.emplace_back(client, ClientRun(client, call_file("distiller"), "error " + name_of(client),
                                             ending ? 5 : 0, ending.value_or(Ending::good)));
         // A host that serves them all takes the others' calls with it when it dies.
         if (ending == Ending::death) runs.back().second.result();

@@ -15,16 +15,16 @@ namespace {
 using servers::Ending;
 using servers::Kind;
 
-/// A member, and how many actions on hosts its call takes.
+/// A call, and how many actions on hosts it takes. expected/failing/ has what comes of each that fails.
 struct Failing {
-    const char* member;
-    const char* file;  ///< with what is expected for each of them
+    std::string call;
     int actions;
+
+    std::string expected() const { return clients::expected("failing/" + call + ".txt"); }
 };
-constexpr Failing word{"CreatePDFfromWord", "failing/CreatePDFfromWord.txt", 22};
-constexpr Failing distiller{"CreatePDFfromPS", "failing/CreatePDFfromPS.txt", 5};
-constexpr Failing secure_distiller{"CreatePDFfromPS with security",
-                                   "failing/CreatePDFfromPS-with-security.txt", 4};
+const Failing word{"word-and-distiller", 22};
+const Failing distiller{"distiller", 5};
+const Failing secure_distiller{"secure-distiller", 4};
 
 /// The document is opened by the third; until then a Word in another process does not know whose it is. What
 /// follows the seventeenth, which quits Word, is the Distiller's, which learns that with its last.
@@ -32,8 +32,7 @@ constexpr int first_known = 3;
 constexpr int last_of_word = 17;
 
 ClientRun start(const Failing& failing, int k) {
-    return ClientRun(Client::early_bound, failing.member,
-                     std::string(failing.member) + " " + std::to_string(k), k);
+    return ClientRun(Client::early_bound, call_file(failing.call), failing.call + " " + std::to_string(k), k);
 }
 
 /// The part of a result that begins with the action that fails.
@@ -97,7 +96,7 @@ std::string sections(const std::string& text, const std::vector<int>& positions)
 TEST(FailingCalls, LetGoOfEverythingInTheClientsProcess) {
     const InstalledComponent component(Kind::in_process);
     for (const Failing& failing : {word, distiller, secure_distiller}) {
-        EXPECT_EQ(run_all(failing, range(1, failing.actions)), expected(failing.file)) << failing.member;
+        EXPECT_EQ(run_all(failing, range(1, failing.actions)), failing.expected()) << failing.call;
     }
     EXPECT_EQ(component.record(), "");
 }
@@ -106,9 +105,9 @@ TEST(FailingCalls, LetGoOfEverythingInTheHostsProcess) {
     InstalledComponent component(Kind::local);
     for (const Failing& failing : {distiller, secure_distiller}) {
         const auto all = range(1, failing.actions);
-        EXPECT_EQ(run_in_turn(failing, all, component), expected(failing.file));
+        EXPECT_EQ(run_in_turn(failing, all, component), failing.expected());
     }
-    const std::string of_word = expected(word.file);
+    const std::string of_word = word.expected();
     const auto unknown = range(1, first_known - 1);
     EXPECT_EQ(run_in_turn(word, unknown, component), sections(of_word, unknown));
     auto known = range(first_known, last_of_word);

@@ -1,15 +1,22 @@
-// A late-bound client: it knows the program identifier and the members' names. It makes one call and says
-// what came of it.
+// A late-bound client: it knows the program identifier and the members' names. It makes one call (see call.h)
+// and says what came of it.
 //
-//     late_bound_client MEMBER FOLDER
-//     late_bound_client "CreatePDFfromPS, a variant variable" FOLDER
-//     late_bound_client "CreatePDFfromWord2, closing Acrobat" FOLDER
-//     late_bound_client "CreatePDFfromMultiPS, KIND OF LIST" FOLDER
+//     late_bound_client CALL FOLDER "at once"
+//     late_bound_client CALL FOLDER "after TEXT"
+//
+// The last argument says when its window calls back into the component; "" for never. What it knows by name:
+// `=variant variable`, its variable for a printer as a script passes it, and `=strings from 1`,
+// `=variants from 0, array by reference` and other kinds of lists.
 
 #include <cstdio>
+#include <cstdlib>
+#include <deque>
 #include <ole2.h>
 #include <string>
+#include <vector>
 
+#include "platform/win32/text.h"
+#include "windows/clients/call.h"
 #include "windows/clients/file_list.h"
 #include "windows/clients/recording_sink.h"
 #include "windows/clients/window.h"
@@ -19,9 +26,15 @@ namespace {
 
 using namespace foliant::com;
 using foliant::platform::win32::Bstr;
+using foliant::platform::win32::from_bstr;
+using foliant::platform::win32::to_utf16;
+using foliant::platform::win32::Variant;
+using foliant::tests::clients::Argument;
+using foliant::tests::clients::Call;
 using foliant::tests::clients::CallingWindow;
 using foliant::tests::clients::connect;
 using foliant::tests::clients::list_of_files;
+using foliant::tests::clients::parse_call;
 using foliant::tests::clients::RecordingSink;
 
 ComPointer<IDispatch> create() {
@@ -34,105 +47,109 @@ ComPointer<IDispatch> create() {
     return object;
 }
 
-VARIANT truth(bool value) {
-    VARIANT variant{};
-    variant.vt = VT_BOOL;
-    variant.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
-    return variant;
-}
-
-/// Passes a list in one of the ways in which a client can.
-void call_with_list(IDispatch& pdf, const std::string& kind, const std::string& folder,
-                    const VARIANT& printer, Outcome& outcome) {
-    constexpr std::string_view array = ", array by reference";
-    constexpr std::string_view variant = ", variant by reference";
-    const Bstr out_pdf(folder + "\\out.pdf");
-    const std::string plain = kind.substr(0, kind.find(','));
-    foliant::platform::win32::Variant list;
-    *list = list_of_files(plain, folder);
-    VARIANT sent = *list;
-    if (kind.ends_with(array)) sent = reference(list->vt, &list->parray);
-    if (kind.ends_with(variant)) sent = reference(VT_VARIANT, list.get());
-    call(pdf, L"CreatePDFfromMultiPS", {value(out_pdf.get()), sent, printer}, outcome);
-}
-
-/// The call; `printer` is a variable of the client's.
-void make_call(IDispatch& pdf, const std::string& member, const std::string& folder, BSTR& printer,
-               Outcome& outcome) {
-    constexpr std::string_view with_list = "CreatePDFfromMultiPS, ";
-    const Bstr out_pdf(folder + "\\out.pdf"), out_ps(folder + "\\out.ps");
-    const Bstr in_ps(folder + "\\in.ps"), in_doc(folder + "\\in.doc");
-    const Bstr none(""), secret("secret"), pages("1-2"), press("Press");
-    const VARIANT variable = reference(VT_BSTR, &printer);
-    const VARIANT empty = value(none.get());
-    const VARIANT yes = truth(true);
-    const VARIANT no = truth(false);
-    if (member.starts_with(with_list)) {
-        call_with_list(pdf, member.substr(with_list.size()), folder, variable, outcome);
-    } else if (member == "CreatePDFfromPS, a variant variable") {
-        VARIANT filled = value(printer);
-        call(pdf, L"CreatePDFfromPS",
-             {value(out_pdf.get()), value(in_ps.get()), reference(VT_VARIANT, &filled), yes, no,
-              value(press.get()), no},
-             outcome);
-        printer = filled.bstrVal;
-    } else if (member == "CreatePDFfromPS") {
-        call(pdf, L"CreatePDFfromPS",
-             {value(out_pdf.get()), value(in_ps.get()), variable, yes, no, value(press.get()), no}, outcome);
-    } else if (member == "CreatePDFfromWord") {
-        call(pdf, L"CreatePDFfromWord",
-             {value(out_pdf.get()), value(in_doc.get()), value(secret.get()), empty, value(pages.get()), yes,
-              yes, no, value(2L), yes, variable, yes, no, value(press.get()), no},
-             outcome);
-    } else if (member == "CreatePSfromWord") {
-        call(pdf, L"CreatePSfromWord",
-             {value(out_ps.get()), value(in_doc.get()), empty, empty, empty, no, no, yes, value(0L), no,
-              variable},
-             outcome);
-    } else if (member == "CreatePDFfromWord2") {
-        call(pdf, L"CreatePDFfromWord2", {value(out_pdf.get()), value(in_doc.get()), variable}, outcome,
-             {L"strDistiller"});
-    } else if (member == "CreatePDFfromWord2, closing Acrobat") {
-        call(pdf, L"CreatePDFfromWord2", {value(out_pdf.get()), value(in_doc.get()), variable, yes}, outcome,
-             {L"strDistiller", L"blnCloseAcrobat"});
+/// What the client passes, and its variables, which a call may fill in.
+class Passed {
+  public:
+    Passed(const Call& call, std::string folder) : folder_(std::move(folder)) {
+        printer_->vt = VT_BSTR;
+        printer_->bstrVal = SysAllocString(L"");
+        for (const Argument& argument : call.arguments) {
+            variants.push_back(passed(argument));
+            if (!argument.name.empty()) names.push_back(to_utf16(argument.name));
+        }
     }
-}
+    Passed(const Passed&) = delete;
+    Passed& operator=(const Passed&) = delete;
+
+    std::string printer() { return from_bstr(printer_->bstrVal); }
+
+    std::vector<VARIANT> variants;
+    std::vector<std::wstring> names;
+
+  private:
+    VARIANT passed(const Argument& argument) {
+        switch (argument.kind) {
+            case Argument::Kind::file:
+                return text(folder_ + "\\" + argument.text);
+            case Argument::Kind::text:
+                return text(argument.text);
+            case Argument::Kind::truth:
+                return truth(argument.text == "True");
+            case Argument::Kind::number:
+                return value(std::atol(argument.text.c_str()));
+            case Argument::Kind::variable:
+                return reference(VT_BSTR, &printer_->bstrVal);
+            case Argument::Kind::own:
+                break;
+        }
+        return argument.text == "variant variable" ? reference(VT_VARIANT, printer_.get())
+                                                   : list(argument.text);
+    }
+
+    static VARIANT truth(bool value) {
+        VARIANT variant{};
+        variant.vt = VT_BOOL;
+        variant.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
+        return variant;
+    }
+
+    VARIANT text(const std::string& utf8) { return value(texts_.emplace_back(utf8).get()); }
+
+    /// A list in one of the ways in which a client can pass it.
+    VARIANT list(const std::string& kind) {
+        *list_ = list_of_files(kind.substr(0, kind.find(',')), folder_);
+        if (kind.ends_with(", array by reference")) return reference(list_->vt, &list_->parray);
+        if (kind.ends_with(", variant by reference")) return reference(VT_VARIANT, list_.get());
+        return *list_;
+    }
+
+    std::string folder_;
+    std::deque<Bstr> texts_;
+    Variant list_;
+    Variant printer_;
+};
 
 /// Has the window call back into the component while a member waits.
-void call_during_wait(CallingWindow& window, const std::string& member) {
-    if (member.starts_with("CreatePDFfromMultiPS")) window.tell();
-    if (member == "CreatePDFfromWord" || member == "CreatePSfromWord")
-        window.tell_after("Document.PrintOut(");
-    if (member == "CreatePDFfromWord2") window.tell_after("\"Adobe PDF - Security\" ends");
+void call_back(CallingWindow& window, const std::string& when) {
+    constexpr std::string_view after = "after ";
+    if (when == "at once") window.tell();
+    if (when.starts_with(after)) window.tell_after(when.substr(after.size()));
 }
 
-int run(const std::string& member, const std::string& folder) {
+void tell(const Outcome& outcome) {
+    if (outcome.code == S_OK)
+        std::printf("no error\n");
+    else
+        std::printf("error %s\n", outcome.error.c_str());
+    const VARIANT& result = *outcome.result;
+    if (result.vt == VT_BSTR) std::printf("result \"%s\"\n", from_bstr(result.bstrVal).c_str());
+    if (result.vt == VT_I4) std::printf("result \"%ld\"\n", result.lVal);
+}
+
+int run(const std::string& row, const std::string& folder, const std::string& when) {
     const ComPointer<IDispatch> pdf = create();
     if (!pdf) return 1;
     const auto sink = ComPointer<RecordingSink>::adopt(new RecordingSink);
     connect(*pdf.get(), *sink.get());
     CallingWindow window(*pdf.get());
-    call_during_wait(window, member);
+    call_back(window, when);
     const Bstr temporary(folder);
+    Outcome assigned;
+    call(*pdf.get(), L"TempFilePath", {value(temporary.get())}, assigned, {}, DISPATCH_PROPERTYPUT);
+    const Call wanted = parse_call(row);
+    Passed passed(wanted, folder);
     Outcome outcome;
-    call(*pdf.get(), L"TempFilePath", {value(temporary.get())}, outcome, {}, DISPATCH_PROPERTYPUT);
-    BSTR printer = SysAllocString(L"");
-    make_call(*pdf.get(), member, folder, printer, outcome);
-    if (outcome.code == S_OK) {
-        std::printf("no error\n");
-    } else {
-        std::printf("error %s\n", outcome.error.c_str());
-    }
-    std::printf("printer \"%s\"\n", foliant::platform::win32::from_bstr(printer).c_str());
-    SysFreeString(printer);
+    call(*pdf.get(), to_utf16(wanted.member), passed.variants, outcome, passed.names);
+    tell(outcome);
+    std::printf("printer \"%s\"\n", passed.printer().c_str());
     return 0;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3 || FAILED(CoInitialize(nullptr))) return 2;
-    const int result = run(argv[1], argv[2]);
+    if (argc != 4 || FAILED(CoInitialize(nullptr))) return 2;
+    const int result = run(argv[1], argv[2], argv[3]);
     CoUninitialize();
     return result;
 }

@@ -17,19 +17,22 @@ using platform::win32::test::ListeningWindow;
 using sender::win32::test::SenderProcess;
 using servers::Kind;
 
-constexpr char member[] = "CreatePDFfromWord2";
-constexpr char closing[] = "CreatePDFfromWord2, closing Acrobat";
+/// The call, by a client whose window does not call back.
+CallFile printing() {
+    CallFile call = call_file("word-and-printer");
+    call.window.clear();
+    call.expected = without(call.expected, "window ");
+    return call;
+}
 
-/// What a call comes to when all goes well, whatever becomes of Acrobat.
-std::string expected_of_a_good_call() {
-    return without(expected("CreatePDFfromWord2.txt"), "window ");
+CallFile closing() {
+    return with(printing(), "strDistiller=printer", "strDistiller=printer; blnCloseAcrobat=True");
 }
 
 class ClosingAcrobat : public testing::Test {
   protected:
-    static void make_call(const char* what) {
-        EXPECT_EQ(without(ClientRun(Client::late_bound, what, "acrobat").result(), "window "),
-                  expected_of_a_good_call());
+    static void make(const CallFile& call) {
+        EXPECT_EQ(ClientRun(Client::late_bound, call, "acrobat").result(), call.expected);
     }
 
     InstalledComponent component_{Kind::in_process};
@@ -38,33 +41,34 @@ class ClosingAcrobat : public testing::Test {
 TEST_F(ClosingAcrobat, ClosesTheWindowThatShowsTheNewPdf) {
     const ListeningWindow other(L"Adobe Acrobat - [other.pdf]");
     const ListeningWindow acrobat(L"Adobe Acrobat - [OUT.pdf]");
-    make_call(closing);
+    make(closing());
     EXPECT_EQ(acrobat.heard(), "close;");
     EXPECT_EQ(other.heard(), "");
 }
 
 TEST_F(ClosingAcrobat, ClosesTheWindowOfAcrobatProfessional) {
     const ListeningWindow acrobat(L"Adobe Acrobat Professional - [out.pdf]");
-    make_call(closing);
+    make(closing());
     EXPECT_EQ(acrobat.heard(), "close;");
 }
 
 TEST_F(ClosingAcrobat, IsNotDoneUnlessAskedFor) {
     const ListeningWindow acrobat(L"Adobe Acrobat - [out.pdf]");
-    make_call(member);
+    make(printing());
     EXPECT_EQ(acrobat.heard(), "");
 }
 
 /// The command lines of this job name the system's folder, wherever else a sender may lie.
 TEST(WithoutSenderInTheSystemFolder, TheOneBesideTheLibraryIsNotStarted) {
     const InstalledComponent component(Kind::in_process, Sender::beside_library);
-    const std::string result = ClientRun(Client::late_bound, member, "beside").result();
+    const std::string result = ClientRun(Client::late_bound, printing(), "beside").result();
     EXPECT_NE(result.find("error 800A0035 Foliant: Cannot start a program: File not found.\n"),
               std::string::npos)
         << result;
     EXPECT_EQ(result.find("PrintOut"), std::string::npos) << result;
-    EXPECT_NE(result.find("release Document\nWord.Application.Quit() METHOD|GET\nrelease Word.Application\n"),
-              std::string::npos)
+    EXPECT_NE(
+        result.find("release Word.Document\nWord.Application.Quit() METHOD|GET\nrelease Word.Application\n"),
+        std::string::npos)
         << result;
 }
 
@@ -98,7 +102,7 @@ HWND wait_until_shown(const wchar_t* caption) {
 /// Senders of the test's own stand for the person who reads the message and answers the dialogs.
 TEST(WithoutAnySender, AMessageSaysSoAndTheDialogsWaitForAPerson) {
     const InstalledComponent component(Kind::in_process, Sender::nowhere);
-    ClientRun run(Client::late_bound, member, "nowhere");
+    ClientRun run(Client::late_bound, printing(), "nowhere");
     const HWND message = wait_until_shown(L"File QUORIXSEND.EXE not found");
     ASSERT_NE(message, nullptr);
     EXPECT_EQ(
@@ -113,7 +117,7 @@ TEST(WithoutAnySender, AMessageSaysSoAndTheDialogsWaitForAPerson) {
     SenderProcess names_the_file("save pdf file as~Edit~" + to_utf8(ClientRun::folder_of("nowhere")) +
                                  "out.pdf~0~0~");
     SenderProcess reads_the_notice("adobe pdf - security~Button~~0~0~");
-    EXPECT_EQ(without(run.result(), "window "), expected_of_a_good_call());
+    EXPECT_EQ(run.result(), printing().expected);
     EXPECT_EQ(names_the_file.wait(), 0);
     EXPECT_EQ(reads_the_notice.wait(), 0);
     EXPECT_TRUE(run.has(L"out.pdf"));

@@ -81,7 +81,7 @@ DISPID dispid_of(IDispatch& object, std::wstring name) {
     return SUCCEEDED(object.GetIDsOfNames(IID_NULL, &text, 1, library_locale, &id)) ? id : DISPID_UNKNOWN;
 }
 
-void call(IDispatch& object, const std::wstring& member, std::initializer_list<VARIANT> arguments,
+void call(IDispatch& object, const std::wstring& member, const std::vector<VARIANT>& arguments,
           Outcome& outcome, std::vector<std::wstring> names, WORD flags) {
     std::vector<std::wstring> spoken{member};
     spoken.insert(spoken.end(), names.rbegin(), names.rend());

@@ -54,7 +54,7 @@ VARIANT reference(VARTYPE type, void* variable);
 DISPID dispid_of(IDispatch& object, std::wstring name);
 
 /// Calls with positional arguments in order, and `names` for the last ones.
-void call(IDispatch& object, const std::wstring& member, std::initializer_list<VARIANT> arguments,
+void call(IDispatch& object, const std::wstring& member, const std::vector<VARIANT>& arguments,
           Outcome& outcome, std::vector<std::wstring> names = {}, WORD flags = DISPATCH_METHOD);
 
 }  // namespace foliant::com

@@ -61,7 +61,7 @@ TEST_P(Samples, WordDocumentToPdf) {
     EXPECT_EQ(outcome.code, 0);
     EXPECT_EQ(outcome.output, "Wrote " + path("out.pdf") + "\n");
     EXPECT_TRUE(has_pdf());
-    EXPECT_TRUE(recorded("Documents.Open(BSTR \"" + path("letter.docx") + "\""));
+    EXPECT_TRUE(recorded("Word.Documents.Open(BSTR \"" + path("letter.docx") + "\""));
     EXPECT_TRUE(recorded("Range:=I2 4, Pages:=BSTR \"1-2\")"));
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <iterator>
 #include <ole2.h>
 #include <string_view>
 
@@ -31,21 +33,21 @@ struct Member {
 };
 
 inline constexpr Member members[]{
-    {"Word.Application", "Documents", "Documents"},
+    {"Word.Application", "Documents", "Word.Documents"},
     {"Word.Application", "DisplayAlerts", ""},
     {"Word.Application", "ActivePrinter", "\"Office printer\""},
     {"Word.Application", "Quit", ""},
-    {"Documents", "Open", "Document"},
-    {"Document", "PageSetup", "PageSetup"},
-    {"Document", "Sections", "Section"},
-    {"Document", "PrintOut", ""},
-    {"Document", "Close", ""},
-    {"PageSetup", "Orientation", ""},
-    {"Section", "Footers", "Footer"},
-    {"Section", "Headers", "Header"},
-    {"Footer", "PageNumbers", "PageNumbers"},
-    {"Header", "PageNumbers", "PageNumbers"},
-    {"PageNumbers", "Add", ""},
+    {"Word.Documents", "Open", "Word.Document"},
+    {"Word.Document", "PageSetup", "Word.PageSetup"},
+    {"Word.Document", "Sections", "Word.Section"},
+    {"Word.Document", "PrintOut", ""},
+    {"Word.Document", "Close", ""},
+    {"Word.PageSetup", "Orientation", ""},
+    {"Word.Section", "Footers", "Word.Footer"},
+    {"Word.Section", "Headers", "Word.Header"},
+    {"Word.Footer", "PageNumbers", "Word.PageNumbers"},
+    {"Word.Header", "PageNumbers", "Word.PageNumbers"},
+    {"Word.PageNumbers", "Add", ""},
     {"Distiller", "bShowWindow", ""},
     {"Distiller", "bSpoolJobs", ""},
     {"Distiller", "FileToPDF", "1"},
@@ -53,6 +55,13 @@ inline constexpr Member members[]{
     {"SecureDistiller", "bSpoolJobs", ""},
     {"SecureDistiller", "FileToPDF2", "1"},
 };
+
+/// Objects that a member makes anew each time. Their beginning and end are recorded, as a host's are.
+inline constexpr std::string_view made_objects[]{"Word.Document"};
+
+constexpr bool is_made(std::string_view object) {
+    return std::find(std::begin(made_objects), std::end(made_objects), object) != std::end(made_objects);
+}
 
 /// Exists as long as a process of the recorded local server does.
 inline constexpr const wchar_t* server_mutex = L"Foliant recording server";

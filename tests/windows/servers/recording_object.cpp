@@ -94,7 +94,7 @@ RecordingObject::RecordingObject(std::string object, std::shared_ptr<Scene> scen
     : object_(std::move(object)), scene_(std::move(scene)), is_host_(is_host) {
     ++live_objects;
     ++scene_->objects;
-    if (object_ == "Document") scene_->note("create Document");
+    if (is_made(object_)) scene_->note("create " + object_);
 }
 
 RecordingObject::~RecordingObject() {
@@ -102,7 +102,7 @@ RecordingObject::~RecordingObject() {
     const int left = --scene_->objects;
     if (!sinks_.empty()) scene_->note("a sink of " + object_ + " was left behind");
     const bool leaves_some = is_host_ && left > 0;
-    if (is_host_ || object_ == "Document")
+    if (is_host_ || is_made(object_))
         scene_->note("release " + object_ +
                      (leaves_some ? ", " + std::to_string(left) + " of its objects are left" : ""));
 }
