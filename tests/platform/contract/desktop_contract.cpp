@@ -60,9 +60,17 @@ TEST_P(PortContract, TheWindowSenderLiesInTheSystemFolderAndStartsThere) {
               53);
 }
 
+TEST_P(PortContract, AProgramGetsTheRestOfTheLineAsItStands) {
+    const std::string program = world->install_program();
+    const std::string tail = "/p \"C:\\in\\a  b \xC3\xA9.txt\" 'c' %d% \\\"";
+    ports.programs.start(program + " " + tail, WindowStyle::hidden);
+    EXPECT_EQ(world->started_with(), tail);
+}
+
 TEST_P(PortContract, ThereAreNoOtherFoldersAndPrograms) {
     EXPECT_FALSE(ports.shell.special_folder(100, 9999).has_value());
-    EXPECT_EQ(error_of([&] { ports.programs.start("nosuch.exe", WindowStyle::hidden); }), 53);
+    for (const char* line : {"nosuch.exe", "nosuch.exe /p \"C:\\in\\a b.txt\""})
+        EXPECT_EQ(error_of([&] { ports.programs.start(line, WindowStyle::hidden); }), 53) << line;
 }
 
 }  // namespace

@@ -40,6 +40,11 @@ class World {
     /// Makes that folder, with what will be put there, the current one.
     virtual void enter_folder() = 0;
 
+    /// Installs a program that notes how it was started, and gives its bare name.
+    virtual std::string install_program() = 0;
+    /// What followed the blank after the name of that program when it was started.
+    virtual std::string started_with() = 0;
+
     /// An outside object that holds these texts.
     virtual automation::Value make_collection(const std::vector<std::string>& texts) = 0;
 

@@ -41,6 +41,11 @@ class LocalWorld : public contract::World {
     void put_folder(const std::string& name) override { fs::create_directory(path(name)); }
     std::string content(const std::string& name) const override { return tests::read_file(path(name)); }
     void enter_folder() override { fs::current_path(work_.path()); }
+    std::string install_program() override {
+        machine_.programs().install("noter.exe", [this](std::string_view tail) { started_with_ = tail; });
+        return "noter.exe";
+    }
+    std::string started_with() override { return started_with_; }
     automation::Value make_collection(const std::vector<std::string>& texts) override {
         return std::make_shared<Collection>(texts);
     }
@@ -59,6 +64,7 @@ class LocalWorld : public contract::World {
     }
 
   private:
+    std::string started_with_;
     fs::path former_folder_ = fs::current_path();
     tests::ScratchFolder work_;
     tests::ScratchFolder settings_;

@@ -35,6 +35,14 @@ class StageWorld : public contract::World {
         return stage_.files.at(path(name)).content;
     }
     void enter_folder() override { inside_ = true; }
+    std::string install_program() override {
+        stage_.programs.insert("noter.exe");
+        stage_.when_program_starts([this](const std::string& line) {
+            started_with_ = line.substr(std::string("noter.exe ").size());
+        });
+        return "noter.exe";
+    }
+    std::string started_with() override { return started_with_; }
     automation::Value make_collection(const std::vector<std::string>& texts) override {
         automation::Array elements;
         elements.items.assign(texts.begin(), texts.end());
@@ -46,6 +54,7 @@ class StageWorld : public contract::World {
 
   private:
     Stage stage_;
+    std::string started_with_;
     bool inside_ = false;
 };
 

@@ -6,6 +6,7 @@
 
 #include "automation/error.h"
 #include "platform/win32/listening_window.h"
+#include "platform/win32/noting_program.h"
 #include "platform/win32/scratch.h"
 #include "platform/win32/text.h"
 #include "platform/win32/windows_platform.h"
@@ -244,6 +245,7 @@ TEST_F(WindowsPorts, APrinterThatIsNotThereCannotBeOpened) {
 }  // namespace foliant::platform::win32::test
 
 int main(int argc, char** argv) {
+    if (foliant::platform::win32::test::is_noting_program()) return 0;
     CoInitialize(nullptr);
     testing::InitGoogleTest(&argc, argv);
     const int failed = RUN_ALL_TESTS();

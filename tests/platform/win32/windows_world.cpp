@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/contract/world.h"
+#include "platform/win32/noting_program.h"
 #include "platform/win32/scratch.h"
 #include "platform/win32/text.h"
 #include "platform/win32/windows_platform.h"
@@ -123,6 +124,21 @@ class WindowsWorld : public contract::World {
     }
     std::string content(const std::string& name) const override { return from_ansi(scratch_.content(name)); }
     void enter_folder() override { SetCurrentDirectoryW(to_utf16(scratch_.folder()).c_str()); }
+    std::string install_program() override {
+        wchar_t own[MAX_PATH];
+        GetModuleFileNameW(nullptr, own, MAX_PATH);
+        CopyFileW(own, to_utf16(path(noting_program)).c_str(), TRUE);
+        enter_folder();
+        return noting_program;
+    }
+    std::string started_with() override {
+        for (int i = 0; i < 100 && scratch_.content(noted_arguments).empty(); ++i)
+            Sleep(50);
+        // Its file can be deleted when it has ended.
+        for (int i = 0; i < 100 && DeleteFileW(to_utf16(path(noting_program)).c_str()) == 0; ++i)
+            Sleep(50);
+        return scratch_.content(noted_arguments);
+    }
     automation::Value make_collection(const std::vector<std::string>& texts) override {
         const automation::Value dictionary = ports().servers.create("Scripting.Dictionary");
         for (const std::string& text : texts)
