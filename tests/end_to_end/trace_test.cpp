@@ -80,6 +80,7 @@ class Trace : public testing::Test {
 constexpr const char* resources[] = {
     "/usr/share/ghostscript/",
     "/var/lib/ghostscript/",
+    "/usr/share/cups/fonts",
     "/usr/share/color/",
     "/usr/share/fonts",
     "/usr/local/share/fonts",

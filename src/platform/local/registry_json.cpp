@@ -177,14 +177,19 @@ json key_to_json(const KeyChanges& key) {
     return written;
 }
 
-/// The library's message without the identifier that it puts in front for programmers.
+/// The library's message without the identifier that it puts in front for programmers, and without what it
+/// has read last, which may be a password.
+std::string without_details(std::string message) {
+    message.erase(std::min(message.find("; last read: "), message.size()));
+    const std::size_t identifier = message.find("] ");
+    return identifier == std::string::npos ? message : message.substr(identifier + 2);
+}
+
 json parsed(const std::string& text) {
     try {
         return json::parse(text);
     } catch (const json::parse_error& error) {
-        const std::string message = error.what();
-        const std::size_t identifier = message.find("] ");
-        refuse(identifier == std::string::npos ? message : message.substr(identifier + 2));
+        refuse(without_details(error.what()));
     }
 }
 

@@ -106,6 +106,15 @@ TEST(RegistryJson, SaysWhereItIsNotUnderstood) {
         << refusal("{\n  \"HKCU\": {,}\n}");
 }
 
+TEST(RegistryJson, ShowsNoPartOfAValueThatIsNotUnderstood) {
+    for (const char* text :
+         {R"({"HKCU\\A": {"OpenPassword": "hush", "x": "hush})", R"({"HKCU\\A": {"OpenPassword": hush}})",
+          "{\"HKCU\\\\A\": {\"OpenPassword\": \"hush\xFF\"}}", R"({"A": {"OpenPassword": "hush; x \q"}})"}) {
+        EXPECT_EQ(refusal(text).find("hu"), std::string::npos) << refusal(text);
+        EXPECT_TRUE(refusal(text).starts_with("parse error at line 1, ")) << refusal(text);
+    }
+}
+
 TEST(RegistryJson, RefusesEveryTruncationOfAFile) {
     const std::string whole = R"({"HKCU\\A": {"v": {"type": 3, "hex": "00"}, "w": "x"}})";
     for (std::size_t length = 0; length < whole.size(); ++length)

@@ -41,8 +41,9 @@ containment::Paths files_of_the_job() {
 containment::Policy distilling() {
     using namespace containment;
     containment::Policy policy;
-    policy.may_read = files_of_the_job() + system_libraries() + fonts() + locales() + empty_devices() +
-                      Paths{"/var/lib/ghostscript", "/usr/share/color", "/etc/papersize"};
+    policy.may_read =
+        files_of_the_job() + system_libraries() + fonts() + locales() + empty_devices() +
+        Paths{"/var/lib/ghostscript", "/usr/share/cups/fonts", "/usr/share/color", "/etc/papersize"};
     policy.may_write = {scratch_folder, output_file};
     return policy;
 }
