@@ -13,6 +13,8 @@ struct Host {
     std::string_view engine;   ///< What does the work; "" when there is no engine for it.
     std::string_view module;   ///< File name without ".so" of its module; "" in a version without it.
     std::string_view package;  ///< The Debian package that brings the engine; "" when there is none.
+    /// Runs in a process of its own that the kernel contains, by the policy that its module states.
+    bool contained = false;
 };
 
 /// All hosts that the library drives, whether this version has a stand-in or not; in the order to show them

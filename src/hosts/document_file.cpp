@@ -8,7 +8,7 @@
 namespace foliant::hosts {
 
 DocumentFile open_document_file(const std::filesystem::path& path) {
-    DocumentFile document{std::filesystem::absolute(path), {}};
+    DocumentFile document{std::filesystem::absolute(path), std::filesystem::absolute(path), {}};
     const auto fail = [&](int code) {
         throw std::filesystem::filesystem_error("cannot read", document.path,
                                                 std::error_code(code, std::generic_category()));

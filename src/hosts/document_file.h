@@ -9,6 +9,8 @@ namespace foliant::hosts {
 /// A document that is open for reading: the file that was found under its name, whatever that leads to later.
 struct DocumentFile {
     std::filesystem::path path;  ///< absolute; for messages and titles
+    /// Where it can be opened again: `path`, or a copy of it for a host that may not reach that.
+    std::filesystem::path place;
     posix::FileDescriptor descriptor;
 };
 

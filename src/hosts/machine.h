@@ -3,12 +3,14 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "hosts/document_file.h"
+#include "hosts/pending_file.h"
 
 /// Stand-in hosts: automation objects with the members that the library calls on the real programs, giving
 /// the real result through an open engine. This room knows automation/ and the engines it wraps; what else a
@@ -39,6 +41,9 @@ struct Dialog {
     bool accepted = false;  ///< set when the dialog was closed by its default button or Enter
 };
 
+/// What a host may allocate where nobody says otherwise, in bytes: several times what large documents take.
+inline constexpr std::uint64_t usual_memory_limit = std::uint64_t{2} << 30U;
+
 /// The machine as a host sees it.
 class Machine {
   public:
@@ -58,6 +63,15 @@ class Machine {
     /// Opens a document of the user's for reading: a host that is contained cannot open one itself. Throws
     /// what open_document_file does.
     virtual DocumentFile open_document(const std::filesystem::path& path) { return open_document_file(path); }
+
+    /// A new file that appears under that name when it is complete; also a contained host's only way to make
+    /// one. Throws what PendingFile does.
+    virtual std::unique_ptr<OutputFile> make_output(const std::filesystem::path& path) {
+        return std::make_unique<PendingFile>(path);
+    }
+
+    /// How much a host may allocate, in bytes.
+    virtual std::uint64_t memory_limit_bytes() const { return usual_memory_limit; }
 
     /// Whether a printer of that name exists; case matters, as it does for the spooler.
     virtual bool has_printer(std::string_view name) const = 0;

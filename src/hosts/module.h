@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "automation/object.h"
+#include "hosts/containment/policy.h"
 #include "hosts/machine.h"
 
 namespace foliant::hosts {
@@ -18,6 +19,11 @@ struct Module {
     /// outlives every object of the module. Raises 429 with the reason, and the package that brings the
     /// engine when that is missing.
     automation::ObjectPtr (*create)(std::string_view class_name, Machine& machine);
+
+    /// What the process that the host runs in may do, `folder` being its private folder; limits are set by
+    /// whoever makes the process. Null for a host that runs in the caller's process, because what it does
+    /// with documents it does in contained processes of its own.
+    containment::Policy (*policy)(const std::filesystem::path& folder) = nullptr;
 };
 
 /// Every module exports this function under the name `foliant_host_module`.

@@ -15,6 +15,11 @@ namespace {
 
 constexpr mode_t new_file_rights = 0666;  // less the umask
 
+[[noreturn]] void throw_failure(const std::filesystem::path& path, int code) {
+    throw std::filesystem::filesystem_error("cannot write", path,
+                                            std::error_code(code, std::generic_category()));
+}
+
 }  // namespace
 
 PendingFile::PendingFile(std::filesystem::path target, Name name) : target_(std::move(target)) {
@@ -51,12 +56,7 @@ std::filesystem::path PendingFile::path_in_this_process() const {
 }
 
 void PendingFile::write(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(file_.get(), bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0) fail(errno);
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
+    write_all(file_.get(), bytes, target_);
 }
 
 void PendingFile::commit() {
@@ -69,8 +69,7 @@ void PendingFile::commit() {
         }
         hidden_ = std::move(name);
     }
-    // Network file systems report a full disk only when a file is closed.
-    if (::close(file_.release()) != 0 && errno != EINTR) fail(errno);
+    close_written(file_, target_);
     if (std::rename(hidden_.c_str(), target_.c_str()) != 0) fail(errno);
     hidden_.clear();
 }
@@ -84,8 +83,20 @@ std::filesystem::path PendingFile::hidden_sibling() const {
 }
 
 void PendingFile::fail(int code) const {
-    throw std::filesystem::filesystem_error("cannot write", target_,
-                                            std::error_code(code, std::generic_category()));
+    throw_failure(target_, code);
+}
+
+void write_all(int descriptor, std::string_view bytes, const std::filesystem::path& path) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) throw_failure(path, errno);
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+void close_written(posix::FileDescriptor& file, const std::filesystem::path& path) {
+    if (::close(file.release()) != 0 && errno != EINTR) throw_failure(path, errno);
 }
 
 }  // namespace foliant::hosts

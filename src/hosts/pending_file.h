@@ -7,13 +7,29 @@
 
 namespace foliant::hosts {
 
+/// A file that somebody writes and that appears under its name when it is complete.
+class OutputFile {
+  public:
+    virtual ~OutputFile() = default;
+
+    /// Open for reading and writing.
+    virtual int descriptor() const noexcept = 0;
+
+    /// Appends all of `bytes`.
+    virtual void write(std::string_view bytes) = 0;
+
+    /// Gives the file its name, in place of what had it before. Nothing can be written afterwards. What is
+    /// never committed is gone with this object.
+    virtual void commit() = 0;
+};
+
 /// A file on its way to a name: it has none, or a hidden one where the file system cannot do without, until
 /// `commit`. What is never committed is gone with this object, and without a name also when the process is
 /// killed.
 ///
 /// Failures are thrown as std::filesystem::filesystem_error with the target as its path and an errno value as
 /// its code; hosts say it in their own words.
-class PendingFile {
+class PendingFile : public OutputFile {
   public:
     /// What a pending file is called. Not every file system can hold nameless files (network and FAT ones
     /// cannot); `nameless` falls back on `hidden` there.
@@ -25,19 +41,15 @@ class PendingFile {
     explicit PendingFile(std::filesystem::path target, Name name = Name::nameless);
     PendingFile(const PendingFile&) = delete;
     PendingFile& operator=(const PendingFile&) = delete;
-    ~PendingFile();
+    ~PendingFile() override;
 
-    /// Open for reading and writing.
-    int descriptor() const noexcept { return file_.get(); }
+    int descriptor() const noexcept override { return file_.get(); }
 
     /// A path that opens the file again, within this process only.
     std::filesystem::path path_in_this_process() const;
 
-    /// Appends all of `bytes`.
-    void write(std::string_view bytes);
-
-    /// Gives the file its name, in place of what had it before. Nothing can be written afterwards.
-    void commit();
+    void write(std::string_view bytes) override;
+    void commit() override;
 
   private:
     void open_nameless();
@@ -50,5 +62,11 @@ class PendingFile {
     std::filesystem::path hidden_;  ///< its name so far; empty while it has none
     posix::FileDescriptor file_;
 };
+
+/// Writes all of `bytes` to an open file. Throws as PendingFile does, `path` being its name.
+void write_all(int descriptor, std::string_view bytes, const std::filesystem::path& path);
+
+/// Closes a file that was written; network file systems report a full disk only then. Throws likewise.
+void close_written(posix::FileDescriptor& file, const std::filesystem::path& path);
 
 }  // namespace foliant::hosts

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <iterator>
 #include <linux/capability.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -68,6 +69,14 @@ void drop_privileges() {
     require(::syscall(SYS_capset, &header, sets) == 0, "cannot give privileges up");
 }
 
+/// Files are guarded from one thread and what it starts: another one would go free.
+void require_one_thread() {
+    std::error_code out_of_sight;  // for a process that is contained already
+    const std::filesystem::directory_iterator threads("/proc/self/task", out_of_sight);
+    if (std::distance(begin(threads), end(threads)) > 1)
+        throw std::system_error(EBUSY, std::generic_category(), "cannot contain a process with threads");
+}
+
 }  // namespace
 
 Enforcement offered() noexcept {
@@ -76,6 +85,7 @@ Enforcement offered() noexcept {
 
 Enforcement apply(const Policy& policy) {
     const Enforcement enforcement = offered();
+    require_one_thread();
     drop_privileges();
     apply_limits(policy.limits);
     if (enforcement.landlock > 0) restrict_files(policy, enforcement.landlock);

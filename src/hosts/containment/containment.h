@@ -18,11 +18,10 @@ struct Enforcement {
 Enforcement offered() noexcept;
 
 /// Puts a policy into force for this process and all that it will start; there is no way back. To be called
-/// before the process has another thread, and before it sees a byte of a document. A second policy can only
-/// take more away.
+/// before the process sees a byte of a document. A second policy can only take more away.
 ///
 /// Returns what is in force now: all that is offered. Throws std::system_error when the kernel refuses what
-/// it offers, and then the process must not go on.
+/// it offers, or the process has more than one thread; then it must not go on.
 Enforcement apply(const Policy& policy);
 
 /// "Landlock (version 7), seccomp", "seccomp", or "nothing".

@@ -1,5 +1,6 @@
 #include "automation/error.h"
 #include "automation/text.h"
+#include "hosts/containment/usual_files.h"
 #include "hosts/module.h"
 #include "hosts/office/engine/installation.h"
 #include "hosts/office/word/word_application.h"
@@ -15,7 +16,19 @@ automation::ObjectPtr create(std::string_view class_name, Machine& machine) {
                                "LibreOffice stands in for no class " + std::string(class_name) + ".");
 }
 
-constexpr Module module = {[] { return office_version(); }, create};
+/// LibreOffice's own files, what its libraries read everywhere, and the profile.
+containment::Policy policy(const std::filesystem::path& folder) {
+    using namespace containment;
+    const Paths office{office_folder(),         "/etc/libreoffice",    "/usr/share/libreoffice",
+                       "/usr/share/liblangtag", "/usr/share/hunspell", "/usr/share/hyphen",
+                       "/usr/share/mythes"};
+    return {.may_read = office + system_libraries() + fonts() + locales() + empty_devices(),
+            .may_write = {folder, "/dev/null"},
+            .may_start = {},
+            .limits = {}};
+}
+
+constexpr Module module = {[] { return office_version(); }, create, policy};
 
 }  // namespace
 }  // namespace foliant::hosts::office

@@ -54,7 +54,8 @@ automation::ObjectPtr HostModules::create(std::string_view class_name) {
     const hosts::Host& host = *wanted.host;
     if (host.module.empty()) throw cannot_create(host.name, absence(host));
     try {
-        automation::ObjectPtr object = module_of(host).create(wanted.name, machine_);
+        automation::ObjectPtr object =
+            host.contained ? create_contained(wanted) : module_of(host).create(wanted.name, machine_);
         if (object == nullptr) throw std::runtime_error("Its module made no object.");
         return object;
     } catch (const Error& error) {
@@ -62,6 +63,18 @@ automation::ObjectPtr HostModules::create(std::string_view class_name) {
     } catch (const std::exception& problem) {
         throw cannot_create(host.name, problem.what());
     }
+}
+
+automation::ObjectPtr HostModules::create_contained(const hosts::HostClass& wanted) {
+    const hosts::Host& host = *wanted.host;
+    auto& process = processes_[host.module];
+    if (process == nullptr || !process->is_running()) {
+        process = std::make_unique<hosts::process::HostProcess>(
+            hosts::process::HostProgram{std::string(host.name), std::string(host.engine),
+                                        [this, &host]() -> const hosts::Module& { return load(host); }},
+            machine_);
+    }
+    return process->create(wanted.name);
 }
 
 const hosts::Module& HostModules::module_of(const hosts::Host& host) {

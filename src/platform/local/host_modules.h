@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "hosts/catalogue.h"
 #include "hosts/machine.h"
 #include "hosts/module.h"
+#include "hosts/process/host_process.h"
 #include "platform/servers.h"
 
 namespace foliant::platform::local {
@@ -23,7 +25,8 @@ struct HostStatus {
 };
 
 /// The automation classes of the stand-in hosts. A host's module is loaded when one of its classes is first
-/// created, and stays loaded: engines do not survive being unloaded.
+/// created, and stays loaded: engines do not survive being unloaded. A host that is contained has a process
+/// of its own, which is started then, and again when it is wanted after it has died.
 class HostModules : public Servers {
   public:
     /// Modules are looked for in `folders`, in this order. `machine` outlives this and every object created.
@@ -43,10 +46,12 @@ class HostModules : public Servers {
     /// Throws std::runtime_error with the reason when the module is not there or does not load.
     const hosts::Module& module_of(const hosts::Host& host);
     const hosts::Module& load(const hosts::Host& host) const;
+    automation::ObjectPtr create_contained(const hosts::HostClass& wanted);
 
     std::vector<std::filesystem::path> folders_;
     hosts::Machine& machine_;
     std::map<std::string_view, const hosts::Module*> loaded_;
+    std::map<std::string_view, std::unique_ptr<hosts::process::HostProcess>> processes_;
 };
 
 }  // namespace foliant::platform::local

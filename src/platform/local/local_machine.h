@@ -33,6 +33,8 @@ struct LocalOptions {
     std::filesystem::path executable{};  ///< The running program.
     std::filesystem::path
         hosts_folder{};  ///< Modules are looked for there only; else where the program's own lie.
+    /// How much each host may allocate, in bytes.
+    std::uint64_t memory_limit_bytes = hosts::usual_memory_limit;
     /// Shows a message box; nobody sees it when empty.
     Desktop::MessageBox on_message_box{};
     /// Told, in a sentence, of trouble that raises no error in the library; may be empty.
@@ -69,6 +71,7 @@ class LocalMachine : public hosts::Machine {
     // What hosts ask for.
     std::filesystem::path private_folder() const override { return private_folder_.path(); }
     std::optional<std::vector<std::string>> scratch_text(const std::string& path) const override;
+    std::uint64_t memory_limit_bytes() const override { return options_.memory_limit_bytes; }
     bool has_printer(std::string_view name) const override { return printers_.has(name); }
     bool is_pdf_printer(std::string_view name) const override { return printers_.is_pdf_printer(name); }
     std::string default_printer() const override { return printers_.default_name(); }

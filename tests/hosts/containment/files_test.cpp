@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
+#include <system_error>
 #include <thread>
 #include <unistd.h>
 
@@ -130,6 +131,22 @@ TEST_F(Files, AreGuardedFromThreadsToo) {
                             return result;
                         }),
               "EACCES");
+}
+
+TEST_F(Files, AreNotGuardedFromSomeThreadsOnly) {
+    EXPECT_EQ(test::in_a_process([&] {
+                  std::string result;
+                  std::thread([&] {
+                      try {
+                          apply(policy);
+                          result = "applied";
+                      } catch (const std::system_error&) {
+                          result = "refused";
+                      }
+                  }).join();
+                  return result;
+              }),
+              "refused");
 }
 
 TEST_F(Files, StayGuardedUnderAPolicyThatAllowsMore) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "hosts/office/noting_machine.h"
 #include "hosts/office/support.h"
 #include "hosts/office/word/word_error.h"
 #include "support/scratch_folder.h"
@@ -12,14 +13,16 @@ namespace {
 
 using tests::ScratchFolder;
 
+test::NotingMachine machine;
+
 automation::Error failure(const std::filesystem::path& target) {
     return test::error_of(
-        [&] { write_output(target, microsoft_word, [] { return std::string("content"); }); });
+        [&] { write_output(target, machine, microsoft_word, [] { return std::string("content"); }); });
 }
 
 TEST(Output, AppearsWhenItsContentIsComplete) {
     const ScratchFolder folder;
-    write_output(folder / "out.pdf", microsoft_word, [&] {
+    write_output(folder / "out.pdf", machine, microsoft_word, [&] {
         EXPECT_EQ(tests::names_in(folder.path()), tests::Names());
         return std::string("content");
     });
@@ -29,7 +32,7 @@ TEST(Output, AppearsWhenItsContentIsComplete) {
 
 TEST(Output, LeavesNothingWhenItsContentCannotBeMade) {
     const ScratchFolder folder;
-    EXPECT_THROW(write_output(folder / "out.pdf", microsoft_word,
+    EXPECT_THROW(write_output(folder / "out.pdf", machine, microsoft_word,
                               []() -> std::string { throw std::runtime_error("no"); }),
                  std::runtime_error);
     EXPECT_EQ(tests::names_in(folder.path()), tests::Names());
@@ -38,7 +41,7 @@ TEST(Output, LeavesNothingWhenItsContentCannotBeMade) {
 TEST(Output, IsTriedBeforeItsContentIsMade) {
     bool made = false;
     test::error_of([&] {
-        write_output("/nowhere/out.pdf", microsoft_word, [&] { return made = true, std::string(); });
+        write_output("/nowhere/out.pdf", machine, microsoft_word, [&] { return made = true, std::string(); });
     });
     EXPECT_FALSE(made);
 }

@@ -1,17 +1,14 @@
 #include "hosts/office/support.h"
 
-#include "hosts/office/engine/start.h"
 #include "hosts/office/noting_machine.h"
 #include "hosts/office/word/open_document.h"
-#include "hosts/office/word/word_error.h"
 
 namespace foliant::hosts::office::test {
 
 std::unique_ptr<TextDocument> open(const std::filesystem::path& path, const std::string& open_password,
                                    const std::string& write_password) {
     static NotingMachine machine;
-    return open_document(start_office(machine.private_folder(), microsoft_word), machine, path, open_password,
-                         write_password);
+    return open_document(machine, path, open_password, write_password);
 }
 
 }  // namespace foliant::hosts::office::test

@@ -7,6 +7,7 @@
 #include "hosts/office/noting_machine.h"
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/scratch.h"
+#include "hosts/process/host_process.h"
 #include "support/scratch_folder.h"
 
 namespace foliant::hosts::office {
@@ -33,7 +34,8 @@ class WordHost : public testing::Test {
 
     tests::ScratchFolder folder;
     NotingMachine machine;
-    Value word = office_module().create("Word.Application", machine);
+    process::HostProcess host{{"Word", "LibreOffice Writer", office_module}, machine};
+    Value word = host.create("Word.Application");
 };
 
 TEST(WordModule, NamesTheVersionOfItsEngine) {
@@ -158,7 +160,7 @@ TEST_F(WordHost, ClosesItsDocumentsWhenItQuits) {
 
 TEST_F(WordHost, IsAnotherWordEachTime) {
     word.call("Quit");
-    word = office_module().create("word.application", machine);
+    word = host.create("word.application");
     EXPECT_EQ(word.get("Documents").get("Count"), Value(std::int32_t{0}));
     open("one.docx").call("Close", {false});
 }

@@ -54,7 +54,7 @@ automation::Error load_error(const std::filesystem::path& path, const std::strin
 
 std::unique_ptr<LoadedDocument> load_document(const Office& office, DocumentFile file,
                                               const ImportFilter& filter, const Passwords& passwords,
-                                              const Application& application) {
+                                              Machine& machine, const Application& application) {
     const CallGuard call(office.temporary_folder);
     const StandStill from_the_beginning;
     const Reference<LoadInteraction> interaction(new LoadInteraction(passwords));
@@ -62,7 +62,7 @@ std::unique_ptr<LoadedDocument> load_document(const Office& office, DocumentFile
     std::string reason;
     try {
         document = css::frame::Desktop::create(office.context)
-                       ->loadComponentFromURL(file_url(file.path), to_uno("_blank"), 0,
+                       ->loadComponentFromURL(file_url(file.place), to_uno("_blank"), 0,
                                               load_arguments(filter, file, interaction));
     } catch (const css::uno::Exception& exception) {
         reason = from_uno(exception.Message);
@@ -71,7 +71,7 @@ std::unique_ptr<LoadedDocument> load_document(const Office& office, DocumentFile
         throw password_error(file.path, !passwords.open.empty(), application);
     if (!document.is()) throw load_error(file.path, reason, application);
     return std::unique_ptr<LoadedDocument>(
-        new LoadedDocument{{}, std::move(file), document, office.temporary_folder, application});
+        new LoadedDocument{{}, std::move(file), document, office.temporary_folder, machine, application});
 }
 
 }  // namespace foliant::hosts::office

@@ -28,6 +28,6 @@ struct ImportFilter {
 /// wrong_password (also for one that is needed and missing) and file_corrupted.
 std::unique_ptr<LoadedDocument> load_document(const Office& office, DocumentFile file,
                                               const ImportFilter& filter, const Passwords& passwords,
-                                              const Application& application);
+                                              Machine& machine, const Application& application);
 
 }  // namespace foliant::hosts::office

@@ -3,7 +3,7 @@
 #include <com/sun/star/lang/XComponent.hpp>
 #include <filesystem>
 
-#include "hosts/document_file.h"
+#include "hosts/machine.h"
 #include "hosts/office/application.h"
 #include "hosts/office/engine/stand_still.h"
 
@@ -15,6 +15,7 @@ struct LoadedDocument {
     DocumentFile file;  ///< LibreOffice may read from it at any time
     com::sun::star::uno::Reference<com::sun::star::lang::XComponent> component;
     std::filesystem::path temporary_folder;  ///< for what LibreOffice writes while it exports
+    Machine& machine;                        ///< makes its outputs
     const Application& application;          ///< whose errors it raises
 };
 

@@ -84,26 +84,31 @@ Context start_engine(const std::filesystem::path& private_folder, const Applicat
     return context;
 }
 
+automation::Error unusable(const Application& application, const std::string& reason) {
+    return missing_engine(application.name, "LibreOffice in " + office_folder().string(), reason,
+                          "libreoffice-writer-nogui");
+}
+
 }  // namespace
+
+void require_office(const Application& application) {
+    if (!std::filesystem::exists(office_folder() / "program/libmergedlo.so"))
+        throw unusable(application, "it is not installed there");
+}
 
 const Office& start_office(const std::filesystem::path& private_folder, const Application& application) {
     static const Office* office = nullptr;  // never destroyed: LibreOffice's threads outlive static objects
     if (office) return *office;
-    const auto unusable = [&](const std::string& reason) {
-        return missing_engine(application.name, "LibreOffice in " + office_folder().string(), reason,
-                              "libreoffice-writer-nogui");
-    };
+    require_office(application);
     const std::filesystem::path folder = std::filesystem::absolute(private_folder);
     try {
-        if (!std::filesystem::exists(office_folder() / "program/libmergedlo.so"))
-            throw Unusable("it is not installed there");
         const StartGuard start(folder);  // ends last, when the handlers are the program's own again
         const CallGuard call(folder);
         return *(office = new Office{start_engine(folder, application), folder});
     } catch (const Unusable& reason) {
-        throw unusable(reason.what());
+        throw unusable(application, reason.what());
     } catch (const css::uno::Exception& exception) {
-        throw unusable(from_uno(exception.Message));
+        throw unusable(application, from_uno(exception.Message));
     }
 }
 

@@ -8,6 +8,9 @@ namespace foliant::hosts::office {
 
 struct Office;
 
+/// Raises, as an error of `application`, 429 naming the package when LibreOffice is not there.
+void require_office(const Application& application);
+
 /// Starts LibreOffice inside this process (no other process, no daemon, no pipe), with a fresh profile in
 /// `private_folder`, an existing folder that stays until the process ends and that the caller removes then;
 /// profile and temporary files live there.

@@ -5,6 +5,7 @@
 
 #include "hosts/office/engine/document_loader.h"
 #include "hosts/office/engine/process_guard.h"
+#include "hosts/office/engine/start.h"
 #include "hosts/office/word/content_kind.h"
 #include "hosts/office/word/word_error.h"
 
@@ -45,16 +46,18 @@ DocumentFile open_file(Machine& machine, const std::filesystem::path& path) {
 
 }  // namespace
 
-std::unique_ptr<TextDocument> open_document(const Office& office, Machine& machine,
-                                            const std::filesystem::path& path,
+std::unique_ptr<TextDocument> open_document(Machine& machine, const std::filesystem::path& path,
                                             const std::string& open_password,
                                             const std::string& write_password) {
+    // In this order: a process is contained when it gets its first document, and that has to be before
+    // LibreOffice has threads.
     DocumentFile file = open_file(machine, path);
+    const Office& office = start_office(machine.private_folder(), microsoft_word);
     const CallGuard call(office.temporary_folder);
     const StandStill from_the_beginning;
     const ImportFilter filter = import_filter(file, office);
-    return std::make_unique<TextDocument>(
-        load_document(office, std::move(file), filter, {open_password, write_password}, microsoft_word));
+    return std::make_unique<TextDocument>(load_document(
+        office, std::move(file), filter, {open_password, write_password}, machine, microsoft_word));
 }
 
 }  // namespace foliant::hosts::office

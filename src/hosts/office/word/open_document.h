@@ -9,13 +9,10 @@
 
 namespace foliant::hosts::office {
 
-struct Office;
-
 /// Opens a Word, OpenDocument, RTF, HTML or text document, whose file `machine` opens (see load_document for
 /// what is promised). Raises 5174 (no such file), 5408 (password needed or wrong), 5792 (empty or damaged),
 /// 5151 (not a document that Word reads), 70.
-std::unique_ptr<TextDocument> open_document(const Office& office, Machine& machine,
-                                            const std::filesystem::path& path,
+std::unique_ptr<TextDocument> open_document(Machine& machine, const std::filesystem::path& path,
                                             const std::string& open_password,
                                             const std::string& write_password);
 

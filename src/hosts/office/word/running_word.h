@@ -10,11 +10,8 @@
 
 namespace foliant::hosts::office {
 
-struct Office;
-
 /// One running Word: what its application object and its documents share.
 struct RunningWord {
-    const Office& office;
     Machine& machine;
     std::string active_printer;
     std::int32_t display_alerts = -1;  ///< kept, without effect: this Word asks nothing

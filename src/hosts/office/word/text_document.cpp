@@ -112,11 +112,11 @@ std::string TextDocument::postscript(std::string_view pages) const {
 }
 
 void TextDocument::export_pdf(std::string_view pages, const std::filesystem::path& output) const {
-    write_output(output, microsoft_word, [&] { return pdf(pages, false); });
+    write_output(output, loaded().machine, microsoft_word, [&] { return pdf(pages, false); });
 }
 
 void TextDocument::export_ps(std::string_view pages, const std::filesystem::path& output) const {
-    write_output(output, microsoft_word, [&] { return postscript(pages); });
+    write_output(output, loaded().machine, microsoft_word, [&] { return postscript(pages); });
 }
 
 void TextDocument::close() {

@@ -30,10 +30,10 @@ std::string given_text(const Value& argument) {
     return argument.holds<automation::Missing>() ? std::string() : to_text(argument);
 }
 
-Value open_document(const SessionPtr& session, const Bound& arguments) {
+Value open(const SessionPtr& session, const Bound& arguments) {
     const std::string path = to_text(arguments[0]);
-    std::shared_ptr<TextDocument> document = open_document(
-        running(session).office, session->machine, path, given_text(arguments[4]), given_text(arguments[7]));
+    std::shared_ptr<TextDocument> document =
+        open_document(running(session).machine, path, given_text(arguments[4]), given_text(arguments[7]));
     session->documents.push_back(document);
     return make_word_document(session, std::move(document));
 }
@@ -51,7 +51,7 @@ automation::ObjectPtr make_documents(const SessionPtr& session) {
     documents->add_method("Open",
                           {"FileName", "ConfirmConversions", "ReadOnly", "AddToRecentFiles",
                            "PasswordDocument", "PasswordTemplate", "Revert", "WritePasswordDocument"},
-                          [session](const Bound& arguments) { return open_document(session, arguments); });
+                          [session](const Bound& arguments) { return open(session, arguments); });
     return documents;
 }
 
@@ -72,8 +72,8 @@ void quit(RunningWord& session) {
 }  // namespace
 
 automation::ObjectPtr make_word_application(Machine& machine) {
-    auto session = std::make_shared<RunningWord>(start_office(machine.private_folder(), microsoft_word),
-                                                 machine, machine.default_printer());
+    require_office(microsoft_word);
+    auto session = std::make_shared<RunningWord>(machine, machine.default_printer());
     auto application = std::make_shared<LateBound>(microsoft_word.name);
     application->add_property("Documents", [session] {
         running(session);

@@ -14,7 +14,8 @@ namespace foliant::hosts::office {
 ///
 /// ActivePrinter takes a printer's plain name and raises 5216 for one that the machine does not have. After
 /// Quit, which closes the documents that are still open, every member but Quit raises 462.
-/// `machine` outlives the object. Raises 429 when LibreOffice is not there.
+/// `machine` outlives the object. Raises 429 when LibreOffice is not there;
+/// it is started with the first document.
 automation::ObjectPtr make_word_application(Machine& machine);
 
 }  // namespace foliant::hosts::office

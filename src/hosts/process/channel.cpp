@@ -1,0 +1,122 @@
+#include "hosts/process/channel.h"
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <sys/socket.h>
+#include <sys/uio.h>
+#include <system_error>
+
+namespace foliant::hosts::process {
+
+using posix::FileDescriptor;
+
+namespace {
+
+constexpr std::size_t most_descriptors = 4;
+constexpr std::uint32_t longest_message = 64U << 20U;  // documents and outputs travel as open files
+
+using Control = std::array<char, CMSG_SPACE(sizeof(int) * most_descriptors)>;
+
+/// Puts the descriptors into a message's control part.
+void attach(msghdr& header, Control& control, const std::vector<FileDescriptor>& files) {
+    if (files.empty()) return;
+    std::array<int, most_descriptors> numbers{};
+    const std::size_t size = files.size() * sizeof(int);
+    for (std::size_t i = 0; i < files.size(); ++i)
+        numbers.at(i) = files[i].get();
+    header.msg_control = control.data();
+    header.msg_controllen = CMSG_SPACE(size);
+    cmsghdr* const part = CMSG_FIRSTHDR(&header);
+    part->cmsg_level = SOL_SOCKET;
+    part->cmsg_type = SCM_RIGHTS;
+    part->cmsg_len = CMSG_LEN(size);
+    std::memcpy(CMSG_DATA(part), numbers.data(), size);
+}
+
+std::vector<FileDescriptor> attached(msghdr& header) {
+    std::vector<FileDescriptor> descriptors;
+    for (cmsghdr* part = CMSG_FIRSTHDR(&header); part != nullptr; part = CMSG_NXTHDR(&header, part)) {
+        if (part->cmsg_level != SOL_SOCKET || part->cmsg_type != SCM_RIGHTS) continue;
+        const std::size_t count = (part->cmsg_len - CMSG_LEN(0)) / sizeof(int);
+        for (std::size_t i = 0; i < count; ++i) {
+            int number = -1;
+            std::memcpy(&number, CMSG_DATA(part) + i * sizeof number, sizeof number);
+            descriptors.emplace_back(number);
+        }
+    }
+    return descriptors;
+}
+
+/// One recvmsg that is not interrupted; 0 when the other end is gone.
+ssize_t receive_some(int socket, char* target, std::size_t size, msghdr& header) {
+    iovec place{target, size};
+    header.msg_iov = &place;
+    header.msg_iovlen = 1;
+    ssize_t got = 0;
+    do {
+        got = ::recvmsg(socket, &header, MSG_CMSG_CLOEXEC);
+    } while (got < 0 && errno == EINTR);
+    return got < 0 ? 0 : got;
+}
+
+bool receive_all(int socket, char* target, std::size_t size) {
+    while (size > 0) {
+        msghdr header{};
+        const ssize_t got = receive_some(socket, target, size, header);
+        if (got == 0) return false;
+        target += got;
+        size -= static_cast<std::size_t>(got);
+    }
+    return true;
+}
+
+}  // namespace
+
+std::pair<Channel, Channel> Channel::pair() {
+    std::array<int, 2> ends{};
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
+        throw std::system_error(errno, std::generic_category(), "cannot make a connection");
+    return {Channel(FileDescriptor(ends[0])), Channel(FileDescriptor(ends[1]))};
+}
+
+bool Channel::send(const Writer& message) {
+    const auto size = static_cast<std::uint32_t>(message.bytes().size());
+    std::string bytes(reinterpret_cast<const char*>(&size), sizeof size);
+    bytes += message.bytes();
+    Control control{};
+    msghdr header{};
+    attach(header, control, message.files());
+    std::string_view rest = bytes;
+    while (!rest.empty()) {
+        iovec part{const_cast<char*>(rest.data()), rest.size()};
+        header.msg_iov = &part;
+        header.msg_iovlen = 1;
+        const ssize_t sent = ::sendmsg(socket_.get(), &header, MSG_NOSIGNAL);
+        if (sent < 0 && errno == EINTR) continue;
+        if (sent < 0) return false;
+        rest.remove_prefix(static_cast<std::size_t>(sent));
+        header = {};  // the files went with the first byte
+    }
+    return true;
+}
+
+std::optional<Reader> Channel::receive() {
+    std::uint32_t size = 0;
+    auto* const start = reinterpret_cast<char*>(&size);
+    Control control{};
+    msghdr header{};
+    header.msg_control = control.data();
+    header.msg_controllen = control.size();
+    const ssize_t got = receive_some(socket_.get(), start, sizeof size, header);
+    if (got == 0) return std::nullopt;
+    std::vector<FileDescriptor> descriptors = attached(header);
+    if (!receive_all(socket_.get(), start + got, sizeof size - static_cast<std::size_t>(got)))
+        return std::nullopt;
+    if (size > longest_message) throw Garbled();
+    std::string bytes(size, '\0');
+    if (!receive_all(socket_.get(), bytes.data(), bytes.size())) return std::nullopt;
+    return Reader(std::move(bytes), std::move(descriptors));
+}
+
+}  // namespace foliant::hosts::process

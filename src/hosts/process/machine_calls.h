@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+
+#include "hosts/machine.h"
+#include "hosts/process/wire.h"
+
+namespace foliant::hosts::process {
+
+/// A window as messages have it.
+using WindowNumber = std::uint64_t;
+
+/// What a contained host asks of the process that it works for.
+enum class MachineCall : std::uint8_t {
+    open_document,    ///< path; the file, and its absolute path
+    make_output,      ///< path; the file, and a number for it
+    commit_output,    ///< its number
+    drop_output,      ///< its number
+    has_printer,      ///< name; truth
+    is_pdf_printer,   ///< name; truth
+    default_printer,  ///< its name
+    print,            ///< printer, path, title
+    show,             ///< dialog; the dialog as it was left
+    open_window,      ///< caption; the window
+    close_window,     ///< the window
+};
+
+/// What it is asked, besides its objects' members.
+enum class HostCall : std::uint8_t {
+    create,  ///< class name; an object
+    click,   ///< index of a control, and the dialog that is shown; the dialog as the host wants it
+    closed,  ///< a window
+};
+
+/// A dialog without its function.
+void put_dialog(Writer& message, const Dialog& dialog);
+
+/// Takes everything but the function from a message.
+void update_dialog(Dialog& dialog, Reader& message);
+
+}  // namespace foliant::hosts::process

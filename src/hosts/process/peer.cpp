@@ -1,0 +1,387 @@
+#include "hosts/process/peer.h"
+
+#include <utility>
+
+#include "automation/error.h"
+#include "hosts/process/failure.h"
+
+namespace foliant::hosts::process {
+
+using automation::Access;
+using automation::Arguments;
+using automation::Array;
+using automation::ObjectPtr;
+using automation::Value;
+
+enum class Peer::Message : std::uint8_t {
+    invoke,
+    call,
+    subscribe,
+    unsubscribe,
+    notify,
+    release,
+    result,
+    failure
+};
+
+namespace {
+
+enum class Kind : std::uint8_t {
+    empty,
+    missing,
+    null,
+    truth,
+    int16,
+    int32,
+    single,
+    real,
+    text,
+    nothing,
+    theirs,
+    yours,
+    array
+};
+
+constexpr int deepest_array = 8;
+constexpr int deepest_call = 64;  // callbacks in callbacks; honest hosts make two
+
+/// Counts calls that are under way inside each other.
+class Nesting {
+  public:
+    explicit Nesting(int& depth) : depth_(depth) { ++depth_; }
+    Nesting(const Nesting&) = delete;
+    Nesting& operator=(const Nesting&) = delete;
+    ~Nesting() { --depth_; }
+
+  private:
+    int& depth_;
+};
+
+}  // namespace
+
+/// The other side's object.
+class Peer::Proxy : public automation::Object {
+  public:
+    Proxy(std::shared_ptr<Peer> peer, Handle handle) : peer_(std::move(peer)), handle_(handle) {}
+    ~Proxy() override {
+        peer_->proxies_.erase(handle_);
+        peer_->channel_.send(Writer().put(Message::release).put(handle_).put(received_));
+    }
+
+    void was_received() noexcept { ++received_; }
+    bool belongs_to(const Peer& peer) const noexcept { return peer_.get() == &peer; }
+    Handle handle() const noexcept { return handle_; }
+
+    Value invoke(Access access, std::string_view member, const Arguments& arguments) override {
+        const ObjectPtr alive = shared_from_this();  // a member may let go of the object
+        return peer_->invoke(handle_, access, member, arguments);
+    }
+    std::unique_ptr<automation::Subscription> subscribe(automation::EventSink& sink) override;
+
+  private:
+    std::shared_ptr<Peer> peer_;
+    Handle handle_;
+    std::uint32_t received_ = 0;
+};
+
+/// A subscription to the other side's object, for a sink on this side.
+class Peer::RemoteSubscription : public automation::Subscription {
+  public:
+    RemoteSubscription(std::shared_ptr<Peer> peer, Handle sink) : peer_(std::move(peer)), sink_(sink) {}
+    ~RemoteSubscription() override {
+        peer_->sinks_.erase(sink_);
+        peer_->channel_.send(Writer().put(Message::unsubscribe).put(sink_));
+    }
+
+  private:
+    std::shared_ptr<Peer> peer_;
+    Handle sink_;
+};
+
+/// The other side's sink, listening to an object on this side.
+class Peer::Listener : public automation::EventSink {
+  public:
+    Listener(Peer& peer, Handle sink) : peer_(peer), sink_(sink) {}
+
+    void listen_to(automation::Object& object) { subscription_ = object.subscribe(*this); }
+
+    void notify(std::string_view event, std::span<const Value> arguments) override {
+        Writer request;
+        request.put(Message::notify).put(sink_).put(event);
+        request.put(static_cast<std::uint32_t>(arguments.size()));
+        for (const Value& argument : arguments)
+            peer_.put(request, argument);
+        peer_.ask(request);
+    }
+
+  private:
+    Peer& peer_;
+    Handle sink_;
+    std::unique_ptr<automation::Subscription> subscription_;
+};
+
+std::unique_ptr<automation::Subscription> Peer::Proxy::subscribe(automation::EventSink& sink) {
+    const Handle number = ++peer_->last_handle_;
+    peer_->sinks_[number] = &sink;
+    try {
+        peer_->ask(Writer().put(Message::subscribe).put(handle_).put(number));
+    } catch (...) {
+        peer_->sinks_.erase(number);
+        throw;
+    }
+    return std::make_unique<RemoteSubscription>(peer_, number);
+}
+
+Peer::Peer(Channel channel, Manners manners) : channel_(std::move(channel)), manners_(std::move(manners)) {}
+
+Peer::~Peer() = default;
+
+Reader Peer::call(const Writer& arguments) {
+    return ask(Writer().put(Message::call).put(arguments));
+}
+
+Value Peer::call_for_value(const Writer& arguments) {
+    return ask_for_value(Writer().put(Message::call).put(arguments));
+}
+
+Value Peer::invoke(Handle handle, Access access, std::string_view member, const Arguments& arguments) {
+    member_ = member;
+    Writer request;
+    request.put(Message::invoke).put(handle).put(static_cast<std::uint8_t>(access)).put(member);
+    put_arguments(request, arguments);
+    return ask_for_value(request);
+}
+
+/// Sends a request and waits for its answer, answering the other side's requests meanwhile.
+Reader Peer::ask(const Writer& request) {
+    const Nesting nesting(depth_);
+    try {
+        if (depth_ > deepest_call) throw Garbled();
+        if (!channel_.send(request)) lose(Loss::gone);
+        while (auto message = channel_.receive()) {
+            const auto kind = static_cast<Message>(message->number<std::uint8_t>());
+            if (kind == Message::result) return std::move(*message);
+            if (kind == Message::failure) {
+                if (manners_.failed) manners_.failed(member_);
+                throw_failure(*message);
+            }
+            answer(kind, *message);
+        }
+    } catch (const Garbled&) {
+        lose(Loss::garbled);
+    }
+    lose(Loss::gone);
+}
+
+void Peer::lose(Loss loss) {
+    channel_.close();
+    manners_.lost(loss, member_);
+    throw automation::Error(automation::RuntimeError::internal_error);
+}
+
+Value Peer::ask_for_value(const Writer& request) {
+    Reader result = ask(request);
+    try {
+        return value(result, 0);
+    } catch (const Garbled&) {
+        lose(Loss::garbled);
+    }
+}
+
+void Peer::serve() {
+    while (auto request = channel_.receive())
+        answer(static_cast<Message>(request->number<std::uint8_t>()), *request);
+}
+
+void Peer::answer(Message kind, Reader& request) {
+    if (kind == Message::release) return let_go(request);
+    if (kind == Message::unsubscribe) {
+        listeners_.erase(request.number<Handle>());
+        return;
+    }
+    Writer result;
+    try {
+        result.put(Message::result);
+        perform(kind, request, result);
+    } catch (const Garbled&) {
+        throw;
+    } catch (...) {
+        result = Writer();
+        result.put(Message::failure);
+        put_failure(result);
+    }
+    channel_.send(result);  // that nobody is there any more shows with the next message
+}
+
+void Peer::perform(Message kind, Reader& request, Writer& result) {
+    switch (kind) {
+        case Message::invoke:
+            return perform_invoke(request, result);
+        case Message::call:
+            return manners_.service(*this, request, result);
+        case Message::subscribe:
+            return perform_subscribe(request);
+        case Message::notify:
+            return perform_notify(request);
+        default:
+            throw Garbled();
+    }
+}
+
+void Peer::perform_invoke(Reader& request, Writer& result) {
+    const ObjectPtr object = exported(request.number<Handle>());
+    const auto access = request.number<std::uint8_t>();
+    if (access > static_cast<std::uint8_t>(Access::set_reference)) throw Garbled();
+    const std::string member = request.text();
+    Arguments arguments;
+    for (auto count = request.count(); count > 0; --count) {
+        const std::string name = request.text();
+        arguments.emplace_back(name, value(request, 0));
+    }
+    put(result, object->invoke(static_cast<Access>(access), member, arguments));
+}
+
+void Peer::perform_subscribe(Reader& request) {
+    const ObjectPtr object = exported(request.number<Handle>());
+    const auto sink = request.number<Handle>();
+    auto listener = std::make_unique<Listener>(*this, sink);
+    listener->listen_to(*object);
+    if (!listeners_.emplace(sink, std::move(listener)).second) throw Garbled();
+}
+
+void Peer::perform_notify(Reader& request) {
+    const auto sink = sinks_.find(request.number<Handle>());
+    const std::string event = request.text();
+    std::vector<Value> arguments;
+    for (auto count = request.count(); count > 0; --count)
+        arguments.push_back(value(request, 0));
+    if (sink != sinks_.end()) sink->second->notify(event, arguments);  // else it has just been unsubscribed
+}
+
+void Peer::let_go(Reader& request) {
+    const auto entry = exported_.find(request.number<Handle>());
+    const auto count = request.number<std::uint32_t>();
+    if (entry == exported_.end() || entry->second.count < count) throw Garbled();
+    entry->second.count -= count;
+    if (entry->second.count > 0) return;
+    const ObjectPtr last = entry->second.object;  // goes when the tables are in order again
+    handles_.erase(last.get());
+    exported_.erase(entry);
+}
+
+ObjectPtr Peer::exported(Handle handle) const {
+    const auto entry = exported_.find(handle);
+    if (entry == exported_.end()) throw Garbled();
+    return entry->second.object;
+}
+
+void Peer::put_arguments(Writer& message, const Arguments& arguments) {
+    message.put(static_cast<std::uint32_t>(arguments.size()));
+    for (const automation::Argument& argument : arguments) {
+        message.put(std::string_view(argument.name));
+        put(message, argument.value);
+    }
+}
+
+void Peer::put_object(Writer& message, const ObjectPtr& object) {
+    if (object == nullptr) {
+        message.put(Kind::nothing);
+    } else if (const auto* proxy = dynamic_cast<const Proxy*>(object.get());
+               proxy != nullptr && proxy->belongs_to(*this)) {
+        message.put(Kind::yours).put(proxy->handle());
+    } else {
+        const auto [known, is_new] = handles_.try_emplace(object.get(), last_handle_ + 1);
+        if (is_new) ++last_handle_;
+        Exported& entry = exported_[known->second];
+        entry.object = object;
+        ++entry.count;
+        message.put(Kind::theirs).put(known->second);
+    }
+}
+
+void Peer::put_array(Writer& message, const Array& array) {
+    message.put(Kind::array).put(array.lower_bound).put(array.element == Array::Element::text);
+    message.put(static_cast<std::uint32_t>(array.items.size()));
+    for (const Value& item : array.items)
+        put(message, item);
+}
+
+void Peer::put(Writer& message, const Value& value) {
+    if (const auto* text = value.if_holds<std::string>()) {
+        if (manners_.sent) manners_.sent(*text);
+        message.put(Kind::text).put(*text);
+    } else if (const auto* truth = value.if_holds<bool>()) {
+        message.put(Kind::truth).put(*truth);
+    } else if (const auto* small = value.if_holds<std::int16_t>()) {
+        message.put(Kind::int16).put(*small);
+    } else if (const auto* number = value.if_holds<std::int32_t>()) {
+        message.put(Kind::int32).put(*number);
+    } else if (const auto* single = value.if_holds<float>()) {
+        message.put(Kind::single).put(*single);
+    } else if (const auto* real = value.if_holds<double>()) {
+        message.put(Kind::real).put(*real);
+    } else if (const auto* object = value.if_holds<ObjectPtr>()) {
+        put_object(message, *object);
+    } else if (const auto* array = value.if_holds<automation::ArrayPtr>()) {
+        put_array(message, **array);
+    } else {
+        message.put(value.holds<automation::Missing>() ? Kind::missing
+                    : value.holds<automation::Null>()  ? Kind::null
+                                                       : Kind::empty);
+    }
+}
+
+Value Peer::value(Reader& message, int depth) {
+    switch (const auto kind = static_cast<Kind>(message.number<std::uint8_t>()); kind) {
+        case Kind::empty:
+            return {};
+        case Kind::missing:
+            return automation::Missing();
+        case Kind::null:
+            return automation::Null();
+        case Kind::truth:
+            return message.truth();
+        case Kind::int16:
+            return message.number<std::int16_t>();
+        case Kind::int32:
+            return message.number<std::int32_t>();
+        case Kind::single:
+            return message.number<float>();
+        case Kind::real:
+            return message.number<double>();
+        case Kind::text:
+            return message.text();
+        case Kind::nothing:
+            return ObjectPtr();
+        case Kind::theirs:
+            return received(message.number<Handle>());
+        case Kind::yours:
+            return exported(message.number<Handle>());
+        case Kind::array:
+            return array(message, depth + 1);
+    }
+    throw Garbled();
+}
+
+ObjectPtr Peer::received(Handle handle) {
+    std::weak_ptr<Proxy>& known = proxies_[handle];
+    std::shared_ptr<Proxy> proxy = known.lock();
+    if (proxy == nullptr) {
+        proxy = std::make_shared<Proxy>(shared_from_this(), handle);
+        known = proxy;
+    }
+    proxy->was_received();
+    return proxy;
+}
+
+Value Peer::array(Reader& message, int depth) {
+    if (depth > deepest_array) throw Garbled();
+    Array array;
+    array.lower_bound = message.number<std::int32_t>();
+    array.element = message.truth() ? Array::Element::text : Array::Element::any;
+    for (auto count = message.count(); count > 0; --count)
+        array.items.push_back(value(message, depth));
+    return array;
+}
+
+}  // namespace foliant::hosts::process

@@ -1,0 +1,165 @@
+#include "hosts/process/remote_machine.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+#include "hosts/process/machine_calls.h"
+
+namespace foliant::hosts::process {
+
+using posix::FileDescriptor;
+
+namespace {
+
+Writer request(MachineCall call) {
+    Writer message;
+    message.put(call);
+    return message;
+}
+
+[[noreturn]] void fail(const std::filesystem::path& path) {
+    throw std::filesystem::filesystem_error("", path, std::error_code(errno, std::generic_category()));
+}
+
+/// A file that the other side has made; here it is only written.
+class RemoteOutput : public OutputFile {
+  public:
+    RemoteOutput(std::shared_ptr<Peer> peer, std::filesystem::path path, std::uint32_t number,
+                 FileDescriptor file)
+        : peer_(std::move(peer)), path_(std::move(path)), number_(number), file_(std::move(file)) {}
+    RemoteOutput(const RemoteOutput&) = delete;
+    RemoteOutput& operator=(const RemoteOutput&) = delete;
+    ~RemoteOutput() override {
+        if (is_committed_) return;
+        try {
+            peer_->call(request(MachineCall::drop_output).put(number_));
+        } catch (...) {  // NOLINT(bugprone-empty-catch): without anybody to tell there is no file either
+        }
+    }
+
+    int descriptor() const noexcept override { return file_.get(); }
+    void write(std::string_view bytes) override { write_all(file_.get(), bytes, path_); }
+    void commit() override {
+        close_written(file_, path_);
+        is_committed_ = true;
+        peer_->call(request(MachineCall::commit_output).put(number_));
+    }
+
+  private:
+    std::shared_ptr<Peer> peer_;
+    std::filesystem::path path_;
+    std::uint32_t number_;
+    FileDescriptor file_;
+    bool is_committed_ = false;
+};
+
+}  // namespace
+
+DocumentFile RemoteMachine::open_document(const std::filesystem::path& path) {
+    Reader result = peer_->call(request(MachineCall::open_document).put(path.native()));
+    DocumentFile document;
+    document.path = result.text();
+    document.descriptor = result.descriptor();
+    if (contain_) {
+        std::exchange(contain_, nullptr)(document.path);
+        document.place = document.path;
+    } else {
+        document.place = copy_of(document);
+    }
+    return document;
+}
+
+/// A copy under the document's own name.
+std::filesystem::path RemoteMachine::copy_of(const DocumentFile& document) {
+    const std::filesystem::path folder = folder_ / ("document-" + std::to_string(++copies_));
+    std::filesystem::create_directory(folder);
+    const std::filesystem::path place = folder / document.path.filename();
+    FileDescriptor copy(::open(place.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    if (!copy) fail(place);
+    std::string piece(std::size_t{1} << 20U, '\0');
+    off_t position = 0;
+    while (true) {
+        const ssize_t got = ::pread(document.descriptor.get(), piece.data(), piece.size(), position);
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) fail(document.path);
+        if (got == 0) break;
+        write_all(copy.get(), std::string_view(piece).substr(0, static_cast<std::size_t>(got)), place);
+        position += got;
+    }
+    close_written(copy, place);
+    return place;
+}
+
+std::unique_ptr<OutputFile> RemoteMachine::make_output(const std::filesystem::path& path) {
+    if (path.parent_path() == folder_)
+        return std::make_unique<PendingFile>(path, PendingFile::Name::hidden);  // nothing to ask anybody
+    Reader result = peer_->call(request(MachineCall::make_output).put(path.native()));
+    const auto number = result.number<std::uint32_t>();
+    return std::make_unique<RemoteOutput>(peer_, path, number, result.descriptor());
+}
+
+bool RemoteMachine::has_printer(std::string_view name) const {
+    return peer_->call(request(MachineCall::has_printer).put(name)).truth();
+}
+
+bool RemoteMachine::is_pdf_printer(std::string_view name) const {
+    return peer_->call(request(MachineCall::is_pdf_printer).put(name)).truth();
+}
+
+std::string RemoteMachine::default_printer() const {
+    return peer_->call(request(MachineCall::default_printer)).text();
+}
+
+void RemoteMachine::print(std::string_view printer, const std::filesystem::path& pdf,
+                          std::string_view title) {
+    peer_->call(request(MachineCall::print).put(printer).put(pdf.native()).put(title));
+}
+
+void RemoteMachine::show(Dialog& dialog) {
+    Dialog* const below = std::exchange(shown_, &dialog);
+    Writer message = request(MachineCall::show);
+    message.put(static_cast<bool>(dialog.on_click));
+    put_dialog(message, dialog);
+    try {
+        Reader result = peer_->call(message);
+        update_dialog(dialog, result);
+    } catch (...) {
+        shown_ = below;
+        throw;
+    }
+    shown_ = below;
+}
+
+void RemoteMachine::click(Reader& arguments, Writer& result) {
+    if (shown_ == nullptr) throw Garbled();
+    const auto index = arguments.number<std::uint32_t>();
+    update_dialog(*shown_, arguments);
+    if (shown_->on_click) shown_->on_click(*shown_, index);
+    put_dialog(result, *shown_);
+}
+
+HostWindow RemoteMachine::open_window(std::string caption, std::function<void()> on_close) {
+    Reader result = peer_->call(request(MachineCall::open_window).put(std::string_view(caption)));
+    const auto window = static_cast<HostWindow>(result.number<WindowNumber>());
+    windows_[window] = std::move(on_close);
+    return window;
+}
+
+void RemoteMachine::close_window(HostWindow window) {
+    windows_.erase(window);
+    peer_->call(request(MachineCall::close_window).put(static_cast<WindowNumber>(window)));
+}
+
+void RemoteMachine::closed(Reader& arguments) {
+    const auto window = windows_.extract(static_cast<HostWindow>(arguments.number<WindowNumber>()));
+    if (!window.empty() && window.mapped()) window.mapped()();
+}
+
+std::optional<std::string> RemoteMachine::setting(std::string_view, std::string_view) const {
+    return std::nullopt;
+}
+
+}  // namespace foliant::hosts::process
