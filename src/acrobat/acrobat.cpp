@@ -1,6 +1,7 @@
 #include "acrobat/acrobat.h"
 
 #include "engines/host_program.h"
+#include "registered/classes.h"
 
 namespace foliant::acrobat {
 
@@ -8,15 +9,15 @@ using automation::Value;
 using session::Session;
 
 Value new_application(const Session& session) {
-    return session.outside().servers.create("AcroExch.App");
+    return session.outside().servers.create(registered::acrobat);
 }
 
 Value new_viewer(const Session& session) {
-    return session.outside().servers.create("AcroExch.AVDoc");
+    return session.outside().servers.create(registered::acrobat_viewer);
 }
 
 Value new_document(const Session& session) {
-    return session.outside().servers.create("AcroExch.PDDoc");
+    return session.outside().servers.create(registered::acrobat_document);
 }
 
 void Acrobat::close_and_exit() {

@@ -11,6 +11,7 @@
 #include "cli/visible_text.h"
 #include "platform/stage/cast/cast.h"
 #include "platform/stage/stage.h"
+#include "registered/keys.h"
 #include "session/session.h"
 
 namespace foliant::cli {
@@ -57,9 +58,9 @@ void cast_like(Stage& stage, const platform::Platform& here) {
     stage.system_folder = "/system";
     stage.library_folder = session.TempFilePath();
     cast_usual_machine(stage);
-    stage.set_registry_text("HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\AcroExch.App\\AcrobatVersion", "",
+    stage.set_registry_text(registered::key_of_computer(registered::acrobat_version_key), "",
                             session.AcrobatVersion());
-    stage.set_registry_text("HKEY_LOCAL_MACHINE\\SOFTWARE\\Adobe\\Acrobat Distiller\\6.0\\PrinterName", "",
+    stage.set_registry_text(registered::key_of_computer(registered::pdf_printer_key), "",
                             session.PrinterName());
     stage.real_length = [&here](const std::string& path) -> std::optional<std::int64_t> {
         try {

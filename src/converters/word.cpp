@@ -5,6 +5,7 @@
 #include "engines/acrobat_windows.h"
 #include "engines/host_program.h"
 #include "engines/printer_job.h"
+#include "registered/classes.h"
 #include "session/errors.h"
 
 namespace foliant::converters {
@@ -19,7 +20,7 @@ namespace {
 constexpr std::int16_t print_range_of_pages = 4;
 
 void open_document(const Session& session, const WordJob& job, HostProgram& word) {
-    word.application = session.outside().servers.create("Word.Application");
+    word.application = session.outside().servers.create(registered::word);
     word.document = word.application.get("Documents")
                         .call("Open", {job.document, named("PasswordDocument", job.password),
                                        named("WritePasswordDocument", job.write_password)});

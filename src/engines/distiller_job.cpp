@@ -1,6 +1,7 @@
 #include "engines/distiller_job.h"
 
 #include "engines/event_relay.h"
+#include "registered/classes.h"
 #include "session/acrobat_versions.h"
 
 namespace foliant::engines {
@@ -37,7 +38,7 @@ void DistillerJob::run(const std::string& input_postscript, const std::string& o
 
 void DistillerJob::run_with_security(const std::string& input, const std::string& output,
                                      const DistillerOptions& options) {
-    secure_distiller_ = session_.outside().servers.create(security_capable_distiller);
+    secure_distiller_ = session_.outside().servers.create(registered::security_capable_distiller);
     secure_distiller_.set("bShowWindow", options.show_window);
     secure_distiller_.set("bSpoolJobs", options.spool_jobs);
     secure_distiller_.call("FileToPDF2", {input, output, options.job_options_file, true});
@@ -49,7 +50,7 @@ void DistillerJob::run_with_events(const std::string& input, const std::string& 
     auto& bound = session_.objAdobeDistiller;
     // Held here as well: a client that calls in again during an event replaces the member, but not the object
     // whose call is still running.
-    const Value distiller = session_.outside().servers.create(event_bound_distiller);
+    const Value distiller = session_.outside().servers.create(registered::event_bound_distiller);
     bound.object = distiller;
     bound.subscription = std::make_unique<RelaySubscription>(distiller.object(), session_.events());
     distiller.set("bShowWindow", options.show_window);

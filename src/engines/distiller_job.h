@@ -9,10 +9,6 @@
 /// Knows session/ and what it stands on.
 namespace foliant::engines {
 
-/// The Distiller classes, by class identifier.
-inline constexpr std::string_view event_bound_distiller = "{1CD675B2-ECD1-11D1-B976-00600802DB86}";
-inline constexpr std::string_view security_capable_distiller = "{FC403250-51F5-4E1B-AC8C-ED9C5E551B9B}";
-
 /// What a caller can ask of Distiller.
 struct DistillerOptions {
     bool show_window = false;

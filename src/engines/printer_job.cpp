@@ -2,6 +2,7 @@
 
 #include "automation/text.h"
 #include "engines/dialog_sender.h"
+#include "registered/keys.h"
 #include "session/acrobat_versions.h"
 #include "session/registry_access.h"
 
@@ -39,14 +40,14 @@ void choose_pdf_writer(const Session& session, std::string& strPDFWriter, const 
 }
 
 void write_pdf_writer_target(const Session& session, const std::string& target) {
-    const std::string key = "Software\\Adobe\\Acrobat PDFWriter";
+    const std::string key(registered::pdf_writer_key);
     session::clsRegistry registry(session.outside());
     if (!registry.OpenRegistry(platform::hkey_current_user, key)) {
         registry.OpenRegistry(platform::hkey_current_user, "");
         registry.CreateDirectory(key);
         registry.OpenRegistry(platform::hkey_current_user, key);
     }
-    registry.CreateValue("PDFFilename", target, platform::reg_string);
+    registry.CreateValue(std::string(registered::pdf_writer_target_value), target, platform::reg_string);
     registry.CloseRegistry();
 }
 

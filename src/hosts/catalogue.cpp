@@ -4,23 +4,25 @@
 #include <array>
 
 #include "automation/text.h"
+#include "registered/classes.h"
 
 namespace foliant::hosts {
 namespace {
 
-constexpr std::array<std::string_view, 2> distiller_classes{"{1CD675B2-ECD1-11D1-B976-00600802DB86}",
-                                                            "{FC403250-51F5-4E1B-AC8C-ED9C5E551B9B}"};
-constexpr std::array<std::string_view, 1> word_classes{"Word.Application"};
-constexpr std::array<std::string_view, 5> acrobat_classes{"AcroExch.App", "AcroExch.AVDoc", "AcroExch.PDDoc",
-                                                          "AcroExch.Rect", "AcroExch.PDBookmark"};
-constexpr std::array<std::string_view, 1> excel_classes{"Excel.Application"};
-constexpr std::array<std::string_view, 1> powerpoint_classes{"Powerpoint.Application"};
-constexpr std::array<std::string_view, 1> visio_classes{"Visio.Application"};
-constexpr std::array<std::string_view, 1> pdfmaker_classes{"AdobePDFMakerX.Word"};
-constexpr std::array<std::string_view, 1> autocad_classes{"AutoCAD.Application"};
-constexpr std::array<std::string_view, 1> access_classes{"Access.Application"};
-constexpr std::array<std::string_view, 1> crystal_classes{"crystal.crpe.application"};
-constexpr std::array<std::string_view, 1> transfer_classes{"InetCtls.Inet"};
+constexpr std::array distiller_classes{registered::event_bound_distiller,
+                                       registered::security_capable_distiller};
+constexpr std::array word_classes{registered::word};
+constexpr std::array acrobat_classes{registered::acrobat, registered::acrobat_viewer,
+                                     registered::acrobat_document, registered::acrobat_rectangle,
+                                     registered::acrobat_bookmark};
+constexpr std::array excel_classes{registered::excel};
+constexpr std::array powerpoint_classes{registered::powerpoint};
+constexpr std::array visio_classes{registered::visio};
+constexpr std::array pdfmaker_classes{registered::pdfmaker};
+constexpr std::array autocad_classes{registered::autocad};
+constexpr std::array access_classes{registered::access};
+constexpr std::array crystal_classes{registered::crystal_reports};
+constexpr std::array transfer_classes{registered::transfer_control};
 constexpr std::span<const std::string_view> no_classes;
 
 constexpr std::array<Host, 13> hosts{{

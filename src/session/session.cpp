@@ -2,6 +2,7 @@
 
 #include "automation/coerce.h"
 #include "automation/error.h"
+#include "registered/keys.h"
 #include "session/acrobat_versions.h"
 #include "session/errors.h"
 #include "session/registry_access.h"
@@ -25,22 +26,21 @@ std::string with_separator(std::string folder, char separator) {
 
 Session::Session(const platform::Platform& platform, automation::EventSink& events)
     : platform_(platform), events_(events) {
-    acrobat_version_ = read_default_value("SOFTWARE\\Classes\\AcroExch.App\\AcrobatVersion");
-    // The key names 6.0 whatever Acrobat is installed: that is where every later one registers its printer,
-    // too.
-    printer_name_ = read_default_value("SOFTWARE\\Adobe\\Acrobat Distiller\\6.0\\PrinterName");
+    acrobat_version_ = read_default_value(registered::acrobat_version_key);
+    printer_name_ = read_default_value(registered::pdf_printer_key);
     if (printer_name_.empty())
-        printer_name_ = acrobat_is_exactly_6_0(*this) ? "Adobe PDF" : "Acrobat Distiller";
+        printer_name_ =
+            acrobat_is_exactly_6_0(*this) ? registered::pdf_printer_of_6_0 : registered::usual_pdf_printer;
     ignoring_errors([&] {
         temp_file_path_ = with_separator(platform_.shell.library_folder(), platform_.files.separator());
     });
 }
 
-std::string Session::read_default_value(const std::string& key) const {
+std::string Session::read_default_value(std::string_view key) const {
     std::string text;
     ignoring_errors([&] {
         clsRegistry registry(platform_);
-        registry.OpenRegistry(platform::hkey_local_machine, key);
+        registry.OpenRegistry(platform::hkey_local_machine, std::string(key));
         text = automation::to_text(registry.GetValue("", false));
     });
     return text;

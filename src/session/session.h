@@ -63,7 +63,7 @@ class Session {
     EventBoundDistiller objAdobeDistiller;
 
   private:
-    std::string read_default_value(const std::string& key) const;
+    std::string read_default_value(std::string_view key) const;
 
     platform::Platform platform_;
     automation::EventSink& events_;

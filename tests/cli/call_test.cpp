@@ -10,6 +10,7 @@
 #include "core/dispatch.h"
 #include "platform/stage/cast/cast.h"
 #include "platform/stage/stage_object.h"
+#include "registered/classes.h"
 
 namespace foliant::cli {
 namespace {
@@ -74,7 +75,7 @@ TEST_F(Call, EveryKindOfFailureHasItsExitCode) {
     request.arguments[1].value = "none.ps";
     EXPECT_EQ(call().exit_code, exit_missing_input);
     request.arguments[1].value = "a.ps";
-    stage.missing_classes.insert("{1CD675B2-ECD1-11D1-B976-00600802DB86}");
+    stage.missing_classes.insert(std::string(registered::event_bound_distiller));
     EXPECT_EQ(call().exit_code, exit_missing_engine);
     EXPECT_EQ(exit_code_for(automation::Error(5408, "Foliant", "wrong password")), exit_host_failure);
     EXPECT_EQ(exit_code_for(automation::Error(automation::RuntimeError::permission_denied)), exit_failure);

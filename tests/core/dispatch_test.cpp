@@ -5,6 +5,7 @@
 #include "core/members.h"
 #include "platform/stage/cast/cast.h"
 #include "platform/stage/stage.h"
+#include "registered/classes.h"
 
 namespace foliant::core {
 namespace {
@@ -83,7 +84,7 @@ TEST_F(Dispatch, NamedByReferenceArgumentsAreWrittenBackToo) {
 }
 
 TEST_F(Dispatch, ByReferenceResultsArriveAlsoWhenTheMemberFails) {
-    stage.missing_classes.insert("{1CD675B2-ECD1-11D1-B976-00600802DB86}");
+    stage.missing_classes.insert(std::string(registered::event_bound_distiller));
     EXPECT_EQ(error_of("CreatePDFfromPS", {"C:\\out\\a.pdf", "C:\\in\\a.ps", ""}),
               "429 Foliant: ActiveX component can't create object");
     EXPECT_EQ(last[2].value, Value("Adobe PDF"));

@@ -4,6 +4,7 @@
 
 #include "automation/error.h"
 #include "platform/stage/stage_object.h"
+#include "registered/classes.h"
 #include "support/staged_session.h"
 
 namespace foliant::engines {
@@ -66,8 +67,8 @@ TEST_F(DistillerJobTest, SecurityGoesToTheOtherDistillerWithoutEvents) {
 }
 
 TEST_F(DistillerJobTest, TheClassesAreThoseOfDistillersTypeLibrary) {
-    EXPECT_EQ(event_bound_distiller, "{1CD675B2-ECD1-11D1-B976-00600802DB86}");
-    EXPECT_EQ(security_capable_distiller, "{FC403250-51F5-4E1B-AC8C-ED9C5E551B9B}");
+    EXPECT_EQ(registered::event_bound_distiller, "{1CD675B2-ECD1-11D1-B976-00600802DB86}");
+    EXPECT_EQ(registered::security_capable_distiller, "{FC403250-51F5-4E1B-AC8C-ED9C5E551B9B}");
 }
 
 class SecurityDecision : public tests::StagedSession,
@@ -139,7 +140,7 @@ TEST_F(DistillerJobTest, TheOutputIsNotTested) {
 }
 
 TEST_F(DistillerJobTest, ADistillerThatIsNotInstalledIsError429) {
-    stage.missing_classes.insert(std::string(event_bound_distiller));
+    stage.missing_classes.insert(std::string(registered::event_bound_distiller));
     convert();
     expect_journal(R"(
         create Distiller

@@ -3,6 +3,7 @@
 #include "automation/describe.h"
 #include "automation/error.h"
 #include "platform/stage/cast/cast.h"
+#include "registered/keys.h"
 
 namespace foliant::tests {
 
@@ -27,8 +28,7 @@ void expect_journal(const platform::stage::Stage& stage, std::string_view expect
 }
 
 void register_acrobat(platform::stage::Stage& stage, const std::string& version) {
-    stage.set_registry_text("HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\AcroExch.App\\AcrobatVersion", "",
-                            version);
+    stage.set_registry_text(registered::key_of_computer(registered::acrobat_version_key), "", version);
 }
 
 StagedTest::StagedTest() {

@@ -11,14 +11,13 @@
 #include "hosts/distiller/distill_error.h"
 #include "hosts/distiller/distiller_object.h"
 #include "hosts/module.h"
+#include "registered/classes.h"
 
 namespace foliant::hosts::distiller {
 namespace {
 
-constexpr std::array<std::string_view, 2> distiller_classes = {
-    "{1CD675B2-ECD1-11D1-B976-00600802DB86}",  // notifies its listeners
-    "{FC403250-51F5-4E1B-AC8C-ED9C5E551B9B}",  // also applies security
-};
+constexpr std::array distiller_classes{registered::event_bound_distiller,
+                                       registered::security_capable_distiller};
 
 automation::Error cannot_create(const std::string& reason) {
     return {automation::RuntimeError::cannot_create_object, "Cannot create Acrobat Distiller: " + reason};

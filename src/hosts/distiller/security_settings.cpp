@@ -4,25 +4,24 @@
 #include <string_view>
 
 #include "automation/error.h"
+#include "registered/keys.h"
 
 namespace foliant::hosts::distiller {
 namespace {
 
-constexpr std::string_view security_key = R"(Software\Adobe\Acrobat Distiller\6.0\Security)";
-
 std::string password(const Machine& machine, std::string_view name) {
-    return machine.setting(security_key, name).value_or("");
+    return machine.setting(registered::distiller_security_key, name).value_or("");
 }
 
 bool permission(const Machine& machine, std::string_view name, bool otherwise) {
-    const auto text = machine.setting(security_key, name);
+    const auto text = machine.setting(registered::distiller_security_key, name);
     if (!text) return otherwise;
     if (*text == "1") return true;
     if (*text == "0") return false;
     throw automation::Error(automation::RuntimeError::type_mismatch,
                             "The Distiller security setting " + std::string(name) + " is \"" + *text +
                                 "\". Set it to 1 (allowed) or 0 (not allowed) under " +
-                                std::string(security_key) + ".");
+                                std::string(registered::distiller_security_key) + ".");
 }
 
 }  // namespace

@@ -5,13 +5,13 @@
 #include "hosts/office/engine/installation.h"
 #include "hosts/office/word/word_application.h"
 #include "hosts/office/word/word_error.h"
+#include "registered/classes.h"
 
 namespace foliant::hosts::office {
 namespace {
 
 automation::ObjectPtr create(std::string_view class_name, Machine& machine) {
-    if (automation::equal_ignoring_case(class_name, "Word.Application"))
-        return make_word_application(machine);
+    if (automation::equal_ignoring_case(class_name, registered::word)) return make_word_application(machine);
     throw microsoft_word.error(automation::RuntimeError::cannot_create_object,
                                "LibreOffice stands in for no class " + std::string(class_name) + ".");
 }

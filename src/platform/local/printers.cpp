@@ -1,24 +1,20 @@
 #include "platform/local/printers.h"
 
 #include "automation/error.h"
+#include "registered/keys.h"
 
 namespace foliant::platform::local {
 
 using automation::Error;
 using automation::RuntimeError;
 
-namespace {
-constexpr std::string_view usual_name = "Adobe PDF";
-constexpr std::string_view older_name = "Acrobat Distiller";
-}  // namespace
-
 std::string Printers::registered_name() {
-    return store_.text("HKEY_LOCAL_MACHINE\\SOFTWARE\\Adobe\\Acrobat Distiller\\6.0\\PrinterName", "")
-        .value_or(std::string());
+    return store_.text(registered::key_of_computer(registered::pdf_printer_key), "").value_or(std::string());
 }
 
 bool Printers::is_pdf_printer(std::string_view name) {
-    return name == usual_name || name == older_name || (!name.empty() && name == registered_name());
+    return name == registered::pdf_printer_of_6_0 || name == registered::usual_pdf_printer ||
+           (!name.empty() && name == registered_name());
 }
 
 bool Printers::has(std::string_view name) {
@@ -38,8 +34,8 @@ std::string Printers::default_name() {
     if (std::string chosen = chosen_name(); !chosen.empty() && has(chosen)) return chosen;
     std::string queue = cups_.default_printer();
     if (!queue.empty()) return queue;
-    const std::string registered = registered_name();
-    return registered.empty() ? std::string(usual_name) : registered;
+    const std::string name = registered_name();
+    return name.empty() ? std::string(registered::pdf_printer_of_6_0) : name;
 }
 
 std::vector<std::string> Printers::names() {

@@ -1,5 +1,7 @@
 #include "platform/local/registry_value.h"
 
+#include "registered/keys.h"
+
 namespace foliant::platform::local {
 
 std::optional<std::string> StoredValue::text() const {
@@ -9,10 +11,9 @@ std::optional<std::string> StoredValue::text() const {
 
 const StoredKeys& default_registry() {
     static const StoredKeys keys{
-        {"HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\AcroExch.App\\AcrobatVersion",
-         {{"", StoredValue::of_text("6.0")}}},
-        {"HKEY_LOCAL_MACHINE\\SOFTWARE\\Adobe\\Acrobat Distiller\\6.0\\PrinterName",
-         {{"", StoredValue::of_text("Adobe PDF")}}},
+        {registered::key_of_computer(registered::acrobat_version_key), {{"", StoredValue::of_text("6.0")}}},
+        {registered::key_of_computer(registered::pdf_printer_key),
+         {{"", StoredValue::of_text(std::string(registered::pdf_printer_of_6_0))}}},
     };
     return keys;
 }

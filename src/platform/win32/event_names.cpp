@@ -2,8 +2,10 @@
 
 #include <ocidl.h>
 
+#include "platform/win32/class_identifier.h"
 #include "platform/win32/text.h"
 #include "platform/win32/variant.h"
+#include "registered/classes.h"
 
 namespace foliant::platform::win32 {
 namespace {
@@ -12,8 +14,7 @@ using TypeInfo = ComPointer<ITypeInfo>;
 using TypeLibrary = ComPointer<ITypeLib>;
 
 /// The event-bound Distiller.
-constexpr CLSID distiller_class = {
-    0x1CD675B2, 0xECD1, 0x11D1, {0xB9, 0x76, 0x00, 0x60, 0x08, 0x02, 0xDB, 0x86}};
+constexpr CLSID distiller_class = class_identifier(registered::event_bound_distiller);
 
 const EventNames distiller_events{{1, "OnJobStart"},   {2, "OnJobDone"},     {3, "OnJobFail"},
                                   {4, "OnLogMessage"}, {5, "OnPercentDone"}, {6, "OnPageNumber"}};

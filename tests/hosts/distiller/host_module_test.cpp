@@ -5,6 +5,7 @@
 #include "hosts/distiller/fixture.h"
 #include "hosts/machine.h"
 #include "hosts/module.h"
+#include "registered/classes.h"
 
 namespace foliant::hosts::distiller {
 namespace {
@@ -12,8 +13,8 @@ namespace {
 using automation::Value;
 using Lines = std::vector<std::string>;
 
-constexpr const char* event_bound = "{1CD675B2-ECD1-11D1-B976-00600802DB86}";
-constexpr const char* security_capable = "{FC403250-51F5-4E1B-AC8C-ED9C5E551B9B}";
+constexpr std::string_view event_bound = registered::event_bound_distiller;
+constexpr std::string_view security_capable = registered::security_capable_distiller;
 
 /// A machine with nothing but a private folder and settings.
 class BareMachine : public Machine {

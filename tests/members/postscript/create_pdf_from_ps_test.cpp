@@ -3,6 +3,7 @@
 #include "engines/distiller_job.h"
 #include "members/distiller_member.h"
 #include "members/endings.h"
+#include "registered/classes.h"
 #include "support/fault_cases.h"
 #include "support/member_cases.h"
 
@@ -158,7 +159,7 @@ TEST_F(CreatePDFfromPS, AnOldOutputThatCannotBeDeletedIsAFailureBeforeDistiller)
 
 TEST_F(CreatePDFfromPS, WithoutDistillerIsError429AndTheOldOutputIsGone) {
     stage.put_file("C:\\out\\a.pdf");
-    stage.missing_classes.insert(std::string(engines::event_bound_distiller));
+    stage.missing_classes.insert(std::string(registered::event_bound_distiller));
     call({named("strDistiller", "")});
     expect_journal(R"(
         length C:\in\a.ps -> 1000

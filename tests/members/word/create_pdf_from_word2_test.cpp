@@ -2,6 +2,7 @@
 
 #include "engines/distiller_job.h"
 #include "members/word/word_member.h"
+#include "registered/classes.h"
 
 namespace foliant::members {
 namespace {
@@ -197,7 +198,7 @@ TEST_F(CreatePDFfromWord2, ClosesTheDocumentAndQuitsWordWhenPrintingFails) {
 }
 
 TEST_F(CreatePDFfromWord2, NeedsNoDistiller) {
-    stage.missing_classes = {std::string(engines::event_bound_distiller)};
+    stage.missing_classes = {std::string(registered::event_bound_distiller)};
     call();
     EXPECT_EQ(last_line(), "release Word.Application");
 }

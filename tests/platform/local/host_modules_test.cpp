@@ -6,6 +6,7 @@
 
 #include "automation/error.h"
 #include "platform/local/local_machine.h"
+#include "registered/classes.h"
 #include "support/scratch_folder.h"
 
 namespace foliant::platform::local::test {
@@ -13,8 +14,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* distiller = "{1CD675B2-ECD1-11D1-B976-00600802DB86}";
-constexpr const char* secure_distiller = "{FC403250-51F5-4E1B-AC8C-ED9C5E551B9B}";
+constexpr std::string_view distiller = registered::event_bound_distiller;
+constexpr std::string_view secure_distiller = registered::security_capable_distiller;
 const fs::path module_folder = FOLIANT_TEST_HOSTS;
 
 std::string failure(const std::function<void()>& call) {

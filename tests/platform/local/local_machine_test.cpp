@@ -8,6 +8,7 @@
 #include "engines/acrobat_windows.h"
 #include "engines/dialog_sender.h"
 #include "engines/printer_job.h"
+#include "registered/classes.h"
 #include "session/session.h"
 #include "support/scratch_folder.h"
 
@@ -91,7 +92,7 @@ TEST_F(LocalMachineTest, APrinterJobAnswersTheDialogOfAHostAndClosesTheViewer) {
     const session::Session session(ports, events);
     const std::string target = folder / "My Report.pdf";
     engines::answer_printer_dialogs(session, target);
-    const automation::Value host = ports.servers.create("{1CD675B2-ECD1-11D1-B976-00600802DB86}");
+    const automation::Value host = ports.servers.create(registered::event_bound_distiller);
     const auto begin = std::chrono::steady_clock::now();
     EXPECT_EQ(host.call("Save"), automation::Value(target));
     tests::write_file(target, "%PDF-1.4");
@@ -105,7 +106,7 @@ TEST_F(LocalMachineTest, APrinterJobAnswersTheDialogOfAHostAndClosesTheViewer) {
 }
 
 TEST_F(LocalMachineTest, AHostWhoseDialogNobodyAnswersRaisesAndLeavesNoViewer) {
-    const automation::Value host = ports.servers.create("{1CD675B2-ECD1-11D1-B976-00600802DB86}");
+    const automation::Value host = ports.servers.create(registered::event_bound_distiller);
     EXPECT_THROW(host.call("Save"), automation::Error);
     EXPECT_EQ(ports.windows.find_window("Adobe Acrobat - [untitled.pdf]"), 0);
 }

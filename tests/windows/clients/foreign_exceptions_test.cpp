@@ -11,7 +11,9 @@
 
 #include "com/class_factory.h"
 #include "foliant.h"
+#include "platform/win32/class_identifier.h"
 #include "platform/win32/text.h"
+#include "registered/classes.h"
 #include "windows/clients/client_run.h"
 #include "windows/clients/recording_sink.h"
 #include "windows/com/component.h"
@@ -24,8 +26,7 @@ using com::ComPointer;
 using platform::win32::Bstr;
 using platform::win32::to_utf8;
 
-constexpr CLSID secure_distiller{
-    0xFC403250, 0x51F5, 0x4E1B, {0xAC, 0x8C, 0xED, 0x9C, 0x5E, 0x55, 0x1B, 0x9B}};
+constexpr CLSID secure_distiller = platform::win32::class_identifier(registered::security_capable_distiller);
 
 struct Unrelated {};
 

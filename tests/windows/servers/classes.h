@@ -5,7 +5,12 @@
 #include <ole2.h>
 #include <string_view>
 
+#include "platform/win32/class_identifier.h"
+#include "registered/classes.h"
+
 namespace foliant::tests::servers {
+
+using platform::win32::class_identifier;
 
 /// A class that can be created.
 struct Class {
@@ -18,10 +23,8 @@ inline constexpr Class classes[]{
     {{0x000209FF, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}},
      L"Word.Application",
      "Word.Application"},
-    {{0x1CD675B2, 0xECD1, 0x11D1, {0xB9, 0x76, 0x00, 0x60, 0x08, 0x02, 0xDB, 0x86}}, nullptr, "Distiller"},
-    {{0xFC403250, 0x51F5, 0x4E1B, {0xAC, 0x8C, 0xED, 0x9C, 0x5E, 0x55, 0x1B, 0x9B}},
-     nullptr,
-     "SecureDistiller"},
+    {class_identifier(registered::event_bound_distiller), nullptr, "Distiller"},
+    {class_identifier(registered::security_capable_distiller), nullptr, "SecureDistiller"},
 };
 
 /// A member of a class, and what it gives back.

@@ -2,6 +2,7 @@
 #include "platform/stage/cast/cast.h"
 #include "platform/stage/cast/sender_command.h"
 #include "platform/stage/stage_object.h"
+#include "registered/keys.h"
 
 namespace foliant::platform::stage {
 
@@ -65,7 +66,7 @@ void cast_bookmark(Stage& stage) {
 }  // namespace
 
 void cast_acrobat(Stage& stage) {
-    stage.set_registry_text("HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\AcroExch.App\\AcrobatVersion", "", "6.0");
+    stage.set_registry_text(registered::key_of_computer(registered::acrobat_version_key), "", "6.0");
     cast_application(stage);
     cast_viewer_document(stage);
     cast_document(stage);

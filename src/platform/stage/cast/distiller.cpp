@@ -1,6 +1,8 @@
 #include "automation/coerce.h"
 #include "platform/stage/cast/cast.h"
 #include "platform/stage/stage_object.h"
+#include "registered/classes.h"
+#include "registered/keys.h"
 
 namespace foliant::platform::stage {
 
@@ -23,10 +25,10 @@ Value convert(StageObject& distiller, const Arguments& arguments) {
 }  // namespace
 
 void cast_distiller(Stage& stage) {
-    stage.set_registry_text("HKEY_LOCAL_MACHINE\\SOFTWARE\\Adobe\\Acrobat Distiller\\6.0\\PrinterName", "",
-                            "Adobe PDF");
-    stage.call_class("{1CD675B2-ECD1-11D1-B976-00600802DB86}", "Distiller");
-    stage.call_class("{FC403250-51F5-4E1B-AC8C-ED9C5E551B9B}", "SecureDistiller");
+    stage.set_registry_text(registered::key_of_computer(registered::pdf_printer_key), "",
+                            std::string(registered::pdf_printer_of_6_0));
+    stage.call_class(std::string(registered::event_bound_distiller), "Distiller");
+    stage.call_class(std::string(registered::security_capable_distiller), "SecureDistiller");
     stage.when("Distiller.FileToPDF", convert);
     stage.when("SecureDistiller.FileToPDF2", convert);
 }

@@ -7,6 +7,7 @@
 #include "automation/error.h"
 #include "hosts/module.h"
 #include "hosts/viewer.h"
+#include "registered/classes.h"
 
 namespace {
 
@@ -51,7 +52,7 @@ std::string engine_version() {
 }
 
 foliant::automation::ObjectPtr create(std::string_view class_name, hosts::Machine& machine) {
-    if (class_name == "{FC403250-51F5-4E1B-AC8C-ED9C5E551B9B}") {
+    if (class_name == foliant::registered::security_capable_distiller) {
         throw Error(RuntimeError::disk_full, "The engine's profile does not fit on the disk.");
     }
     return std::make_shared<PrintingHost>(std::string(class_name), machine);
