@@ -108,8 +108,8 @@ std::string bash_script() {
            "        -*) words=\"$words " +
            names_of(common_options()) +
            "\" ;;\n"
-           "        *) [ -n \"$command\" ] && case $command in registry | completion) ;; *) words= ;; esac "
-           ";;\n"
+           "        *) [ -n \"$command\" ] &&\n"
+           "               case $command in registry | completion) ;; *) words= ;; esac ;;\n"
            "    esac\n"
            "    COMPREPLY=($(compgen -W \"$words\" -- \"$current\"))\n"
            "}\n"

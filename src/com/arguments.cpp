@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "automation/error.h"
-#include "com/conversion.h"
+#include "com/parameter_variant.h"
 #include "core/dispatch.h"
 
 namespace foliant::com {

@@ -5,9 +5,9 @@
 #include <ole2.h>
 #include <olectl.h>
 
-#include "com/conversion.h"
 #include "com/guard.h"
 #include "com/identifiers.h"
+#include "com/parameter_variant.h"
 #include "com/slots.h"
 #include "core/dispatch.h"
 #include "platform/win32/text.h"

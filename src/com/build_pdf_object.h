@@ -4,7 +4,7 @@
 #include <span>
 
 #include "com/arguments.h"
-#include "com/event_source.h"
+#include "com/connection_point.h"
 #include "com/unknown.h"
 #include "core/build_pdf.h"
 #include "platform/win32/windows_platform.h"
@@ -57,7 +57,7 @@ class BuildPdfObject final : public ISupportErrorInfo,
     ~BuildPdfObject() = default;
 
     DualInterface dual_;
-    EventSource events_;
+    ConnectionPoint events_;
     platform::win32::WindowsPlatform windows_;
     core::BuildPDF component_;
 };

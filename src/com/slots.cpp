@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "com/build_pdf_object.h"
-#include "com/conversion.h"
+#include "com/parameter_variant.h"
 #include "core/member_table.h"
 #include "core/members.h"
 

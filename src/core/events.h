@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "core/conversion.h"
+#include "core/value_type.h"
 
 namespace foliant::core {
 

@@ -15,8 +15,8 @@
 
 #include "automation/value.h"
 #include "core/build_pdf.h"
-#include "core/conversion.h"
 #include "core/family.h"
+#include "core/value_type.h"
 
 namespace foliant::core {
 

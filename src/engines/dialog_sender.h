@@ -10,9 +10,8 @@ namespace foliant::engines {
 
 /// The text for every case in which the window sender is in neither of its folders.
 inline constexpr std::string_view sender_missing_text =
-    "Error! Can't find file QUORIXSEND.EXE. Please copy this file into the same path as QUORIX.OCX or into "
-    "your "
-    "Window's System Directory.";
+    "Error! Can't find file QUORIXSEND.EXE. Please copy this file into the same path as QUORIX.OCX or "
+    "into your Window's System Directory.";
 
 /// What the window sender is told: wait for the window with that caption (written in lower case), act on a
 /// control of that class, with that text. Nothing is quoted or escaped.

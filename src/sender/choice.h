@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "sender/command.h"
-#include "sender/windows.h"
+#include "sender/windows_port.h"
 
 namespace foliant::sender {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "sender/sender.h"
-#include "sender/windows.h"
+#include "sender/windows_port.h"
 
 namespace foliant::sender::test {
 

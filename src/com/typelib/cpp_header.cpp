@@ -54,8 +54,7 @@ void write_member(std::ostream& out, const core::Member& member) {
 
 std::string cpp_header() {
     std::ostringstream out;
-    out << "/* Foliant.BuildPDF for C++ clients that call by slot. Made from the member table; do not edit. "
-           "*/\n"
+    out << "/* Foliant.BuildPDF for C++ clients that call by slot. Made from the member table. */\n"
         << "#pragma once\n\n#include <oaidl.h>\n\nnamespace Foliant {\n\n"
         << "inline constexpr GUID CLSID_BuildPDF = " << initializer(class_id) << ";\n"
         << "inline constexpr GUID IID__BuildPDF = " << initializer(interface_id) << ";\n"

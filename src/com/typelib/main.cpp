@@ -2,8 +2,7 @@
 //
 //   make_typelib idl FILE            the type library's source, for widl
 //   make_typelib header FILE         the header for C++ clients
-//   make_typelib arrange LIBRARY 4   corrects what widl has made, in place; the number is the size of a
-//   pointer
+//   make_typelib arrange LIBRARY 4   corrects what widl has made, in place; the number is a pointer's size
 
 #include <cstdio>
 #include <fstream>

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/conversion.h"
 #include "core/member.h"
+#include "core/value_type.h"
 
 /// The faces of the member table that Windows clients see: type library source and C++ header.
 namespace foliant::com::typelib {

@@ -12,10 +12,10 @@ namespace foliant::hosts::distiller {
 
 /// Acrobat Distiller as automation sees it. Members, in any case:
 ///
-///     bShowWindow, bSpoolJobs             kept, without effect: there is no window, and every job runs at
-///     once FileToPDF(input, output, options)   runs a job; 1 when the PDF was made, 0 for an argument that
-///     is empty
-///                                         where a path has to be, -1 when the job failed
+///     bShowWindow, bSpoolJobs             kept, without effect: there is no window, and every job runs
+///                                         at once
+///     FileToPDF(input, output, options)   runs a job; 1 when the PDF was made, 0 for an argument that is
+///                                         empty where a path has to be, -1 when the job failed
 ///     FileToPDF2(..., applySecurity)      the same, and locks the PDF as the machine's settings say
 ///
 /// Notifications: OnJobStart and OnJobDone or OnJobFail (input, output), OnLogMessage (text), OnPercentDone

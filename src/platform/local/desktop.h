@@ -14,7 +14,7 @@
 #include "hosts/machine.h"
 #include "platform/window_manager.h"
 #include "sender/sender.h"
-#include "sender/windows.h"
+#include "sender/windows_port.h"
 
 namespace foliant::platform::local {
 

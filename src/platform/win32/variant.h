@@ -58,9 +58,8 @@ class Variant {
 
 /// The value in a variant; the variant stays the caller's.
 ///
-/// - Exact: empty, null, Boolean, 16- and 32-bit signed integers, single, double, text, objects (an
-/// `IUnknown`
-///   is asked for `IDispatch`), and the error that stands for a missing argument.
+/// - Exact: empty, null, Boolean, 16- and 32-bit signed integers, single, double, text, objects
+///   (an `IUnknown` is asked for `IDispatch`), and the error that stands for a missing argument.
 /// - Nearest type: 8-bit integers become 16-bit ones, other integers 32-bit ones or, beyond their range,
 ///   doubles; dates, currency and decimals become doubles.
 /// - One-dimensional arrays, whatever their lower bound; the elements are converted one by one. Arrays of

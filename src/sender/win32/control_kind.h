@@ -3,7 +3,7 @@
 #include <string_view>
 #include <windows.h>
 
-#include "sender/windows.h"
+#include "sender/windows_port.h"
 
 namespace foliant::sender::win32 {
 

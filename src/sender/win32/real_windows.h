@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sender/windows.h"
+#include "sender/windows_port.h"
 
 namespace foliant::sender::win32 {
 

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <olectl.h>
 
-#include "com/event_source.h"
+#include "com/connection_point.h"
 #include "com/identifiers.h"
 #include "windows/com/component.h"
 
@@ -74,7 +74,7 @@ class Events : public testing::Test {
     }
 
     Owner owner_;
-    EventSource source_{owner_};
+    ConnectionPoint source_{owner_};
     Sink first_;
     Sink second_;
 };

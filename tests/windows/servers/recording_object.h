@@ -23,9 +23,8 @@ inline void (*before_death)() = [] {};
 ///
 /// - A document that is printed to a file makes that file; one that is printed without asks for the file's
 ///   name in a dialog, as PDF printers do.
-/// - A Distiller makes its output and raises its events. It writes a line of its log for each line "%log
-/// TEXT"
-///   of its input, records the files that the input runs, and fails when a line of the input is "%fail".
+/// - A Distiller makes its output and raises its events. It writes a line of its log for each line
+///   "%log TEXT" of its input, records the files that the input runs, and fails when a line of the input is "%fail".
 class RecordingObject final : public IDispatch, public IConnectionPointContainer, public IConnectionPoint {
   public:
     /// A host, such as Word itself, or an object of one. Hosts and documents record their end.

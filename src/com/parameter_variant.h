@@ -3,7 +3,7 @@
 #include <oaidl.h>
 
 #include "automation/value.h"
-#include "core/conversion.h"
+#include "core/value_type.h"
 
 namespace foliant::com {
 

@@ -1,4 +1,4 @@
-#include "com/conversion.h"
+#include "com/parameter_variant.h"
 
 #include <cstring>
 #include <memory>

@@ -8,18 +8,17 @@
 
 namespace foliant::com {
 
-/// The component's connection point: the sinks that clients have connected, and the raising of events to
-/// them.
+/// The component's connection point: the sinks that clients have connected, and the raising of events.
 ///
 /// It is a part of its owner and shares the owner's reference count. Sinks may connect and disconnect,
 /// themselves or others, while an event is being raised.
-class EventSource final : public IConnectionPoint, public automation::EventSink {
+class ConnectionPoint final : public IConnectionPoint, public automation::EventSink {
   public:
     /// `owner` is the object that the point is a part of.
-    explicit EventSource(IConnectionPointContainer& owner) noexcept : owner_(owner) {}
-    EventSource(const EventSource&) = delete;
-    EventSource& operator=(const EventSource&) = delete;
-    ~EventSource() override = default;
+    explicit ConnectionPoint(IConnectionPointContainer& owner) noexcept : owner_(owner) {}
+    ConnectionPoint(const ConnectionPoint&) = delete;
+    ConnectionPoint& operator=(const ConnectionPoint&) = delete;
+    ~ConnectionPoint() override = default;
 
     /// Raises one of the component's events at every sink, in the order in which they connected, each with
     /// arguments of its own. What a sink returns, or does to its arguments, stays with that sink.

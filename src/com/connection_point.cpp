@@ -1,13 +1,13 @@
-#include "com/event_source.h"
+#include "com/connection_point.h"
 
 #include <algorithm>
 #include <array>
 #include <olectl.h>
 
-#include "com/conversion.h"
 #include "com/enumerator.h"
 #include "com/guard.h"
 #include "com/identifiers.h"
+#include "com/parameter_variant.h"
 #include "core/events.h"
 #include "platform/win32/variant.h"
 
@@ -53,16 +53,16 @@ struct PointEntry {
 
 }  // namespace
 
-CONNECTDATA EventSource::Connection::give() const noexcept {
+CONNECTDATA ConnectionPoint::Connection::give() const noexcept {
     return {ComPointer<IDispatch>(sink).release(), cookie};
 }
 
-bool EventSource::is_connected(DWORD cookie) const noexcept {
+bool ConnectionPoint::is_connected(DWORD cookie) const noexcept {
     return std::any_of(connections_.begin(), connections_.end(),
                        [&](const Connection& connection) { return connection.cookie == cookie; });
 }
 
-void EventSource::notify(std::string_view name, std::span<const automation::Value> arguments) {
+void ConnectionPoint::notify(std::string_view name, std::span<const automation::Value> arguments) {
     const auto* event = std::find_if(core::events.begin(), core::events.end(),
                                      [&](const core::Event& candidate) { return candidate.name == name; });
     if (event == core::events.end()) return;
@@ -72,7 +72,7 @@ void EventSource::notify(std::string_view name, std::span<const automation::Valu
     }
 }
 
-HRESULT EventSource::QueryInterface(REFIID id, void** object) noexcept {
+HRESULT ConnectionPoint::QueryInterface(REFIID id, void** object) noexcept {
     if (object == nullptr) return E_POINTER;
     const bool known = id == IID_IUnknown || id == IID_IConnectionPoint;
     *object = known ? static_cast<IConnectionPoint*>(this) : nullptr;
@@ -81,28 +81,28 @@ HRESULT EventSource::QueryInterface(REFIID id, void** object) noexcept {
     return S_OK;
 }
 
-ULONG EventSource::AddRef() noexcept {
+ULONG ConnectionPoint::AddRef() noexcept {
     return owner_.AddRef();
 }
 
-ULONG EventSource::Release() noexcept {
+ULONG ConnectionPoint::Release() noexcept {
     return owner_.Release();
 }
 
-HRESULT EventSource::GetConnectionInterface(IID* id) noexcept {
+HRESULT ConnectionPoint::GetConnectionInterface(IID* id) noexcept {
     if (id == nullptr) return E_POINTER;
     *id = events_id;
     return S_OK;
 }
 
-HRESULT EventSource::GetConnectionPointContainer(IConnectionPointContainer** container) noexcept {
+HRESULT ConnectionPoint::GetConnectionPointContainer(IConnectionPointContainer** container) noexcept {
     if (container == nullptr) return E_POINTER;
     *container = &owner_;
     owner_.AddRef();
     return S_OK;
 }
 
-HRESULT EventSource::Advise(IUnknown* sink, DWORD* cookie) noexcept {
+HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept {
     if (sink == nullptr || cookie == nullptr) return E_POINTER;
     *cookie = 0;
     return guarded([&] {
@@ -116,7 +116,7 @@ HRESULT EventSource::Advise(IUnknown* sink, DWORD* cookie) noexcept {
     });
 }
 
-HRESULT EventSource::Unadvise(DWORD cookie) noexcept {
+HRESULT ConnectionPoint::Unadvise(DWORD cookie) noexcept {
     const auto found =
         std::find_if(connections_.begin(), connections_.end(),
                      [&](const Connection& connection) { return connection.cookie == cookie; });
@@ -127,7 +127,7 @@ HRESULT EventSource::Unadvise(DWORD cookie) noexcept {
     return S_OK;
 }
 
-HRESULT EventSource::EnumConnections(IEnumConnections** connections) noexcept {
+HRESULT ConnectionPoint::EnumConnections(IEnumConnections** connections) noexcept {
     if (connections == nullptr) return E_POINTER;
     *connections = nullptr;
     return guarded([&] {
