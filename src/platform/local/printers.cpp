@@ -12,6 +12,11 @@ std::string Printers::registered_name() {
     return store_.text(registered::key_of_computer(registered::pdf_printer_key), "").value_or(std::string());
 }
 
+std::string Printers::pdf_printer_name() {
+    const std::string name = registered_name();
+    return name.empty() ? std::string(registered::pdf_printer_of_6_0) : name;
+}
+
 bool Printers::is_pdf_printer(std::string_view name) {
     return name == registered::pdf_printer_of_6_0 || name == registered::usual_pdf_printer ||
            (!name.empty() && name == registered_name());
@@ -34,13 +39,13 @@ std::string Printers::default_name() {
     if (std::string chosen = chosen_name(); !chosen.empty() && has(chosen)) return chosen;
     std::string queue = cups_.default_printer();
     if (!queue.empty()) return queue;
-    const std::string name = registered_name();
-    return name.empty() ? std::string(registered::pdf_printer_of_6_0) : name;
+    return pdf_printer_name();
 }
 
 std::vector<std::string> Printers::names() {
     const std::string registered = registered_name();
-    std::vector<std::string> names{registered.empty() ? std::string(usual_name) : registered};
+    std::vector<std::string> names{registered.empty() ? std::string(registered::pdf_printer_of_6_0)
+                                                      : registered};
     const std::vector<std::string> queues = cups_.printers();
     names.insert(names.end(), queues.begin(), queues.end());
     return names;

@@ -36,6 +36,7 @@ class Printers {
 
   private:
     std::string registered_name();
+    std::string pdf_printer_name();
     std::string chosen_name();
 
     RegistryStore& store_;
