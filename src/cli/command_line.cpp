@@ -6,9 +6,11 @@
 #include "automation/text.h"
 #include "cli/exit_codes.h"
 #include "cli/member_command.h"
+#include "cli/option_names.h"
 #include "cli/quantities.h"
 #include "cli/report.h"
 #include "cli/request.h"
+#include "cli/suggestions.h"
 #include "core/members.h"
 #include "foliant_version.h"
 
@@ -45,6 +47,12 @@ class ExamplesFirst : public CLI::Formatter {
         const bool whole = app->get_parent() == nullptr;
         return (whole ? std::string(examples) + "\n" : "") + CLI::Formatter::make_help(app, name, mode);
     }
+    /// What an option takes, without what it excludes, which the parser says when it matters.
+    std::string make_option_opts(const CLI::Option* option) const override {
+        const bool takes_value = option->get_items_expected_max() > 0;
+        return (takes_value && !option->get_type_name().empty() ? " " + option->get_type_name() : "") +
+               (option->get_required() ? " REQUIRED" : "");
+    }
 };
 
 /// An option whose text stands for a quantity; `read` says which, or nothing.
@@ -64,6 +72,9 @@ CLI::Option* add_quantity(CLI::App& app, const char* name, Quantity& quantity, R
 void add_call_options(CLI::App& app, CallOptions& options) {
     app.add_flag("--json", options.json, "print the outcome as JSON, a failure too");
     app.add_flag("-q,--quiet", options.quiet, "no progress and no closing line; errors still show");
+    app.add_flag("-v,--verbose", options.verbose,
+                 "show what the call does outside, as it does it; alone: the version");
+    app.add_option("--log", options.log_file, "write that to a file as well, at its end")->type_name("FILE");
     app.add_flag("--no-clobber", options.no_clobber, "replace no file that exists");
     add_quantity(app, "--timeout", options.timeout_seconds, seconds_in,
                  "a time such as 30, 2.5s, 5m or 1h, or none",
@@ -100,6 +111,8 @@ class CommandLine {
     void complete_set(const AskPassword& ask_password);
     void add_tools();
     bool is_mentioned(std::string_view name) const;
+    std::string problem_of(const CLI::ParseError& error) const;
+    std::string advice_on(const CLI::ParseError& error) const;
     void fail(Parsed& parsed, int exit_code, const std::string& problem, const std::string& advice) const;
     Request build(const AskPassword& ask_password);
 
@@ -113,7 +126,16 @@ class CommandLine {
     CLI::App app_{"foliant turns documents into PDF, and works on PDFs, with one call each.", "foliant"};
 };
 
-CommandLine::CommandLine(const std::vector<std::string>& words) : words_(words) {
+/// "help", "help MEMBER" and "-v" alone, in the words that have always been there for them.
+std::vector<std::string> in_usual_words(std::vector<std::string> words) {
+    if (words == std::vector<std::string>{"-v"}) return {"--version"};
+    if (words.empty() || words.front() != "help") return words;
+    words.erase(words.begin());
+    words.emplace_back("--help");
+    return words;
+}
+
+CommandLine::CommandLine(const std::vector<std::string>& words) : words_(in_usual_words(words)) {
     app_.formatter(std::make_shared<ExamplesFirst>());
     app_.footer("\n" + exit_codes_text() +
                 "\nfoliant MEMBER --help explains one member; foliant man prints the manual.");
@@ -226,6 +248,8 @@ void CommandLine::add_tools() {
         ->expected(1)
         ->required()
         ->check(CLI::IsMember({"bash", "zsh", "fish"}));
+    app_.add_subcommand("help", "Explains a member or a tool: foliant help CreatePDFfromWord.")
+        ->group("Tools");
     auto* manual = app_.add_subcommand("man", "Prints the manual page.");
     manual->group("Tools")->final_callback([this] { request_.action = Request::Action::manual; });
 }
@@ -249,6 +273,25 @@ void CommandLine::fail(Parsed& parsed, int exit_code, const std::string& problem
     parsed.exit_code = exit_code;
 }
 
+std::string CommandLine::problem_of(const CLI::ParseError& error) const {
+    const std::string better = diagnosis(app_, words_);
+    if (!better.empty()) return better;
+    return words_.empty() ? "name a member to call, or a tool" : error.what();
+}
+
+/// Where a member's words are too few or too many, the order of those that it takes.
+std::string CommandLine::advice_on(const CLI::ParseError& error) const {
+    const auto chosen = app_.get_subcommands();
+    const std::string name = chosen.empty() ? "" : chosen.front()->get_name();
+    const auto member = std::find_if(core::members.begin(), core::members.end(),
+                                     [&](const Member& each) { return each.name == name; });
+    const bool miscounted = dynamic_cast<const CLI::RequiredError*>(&error) != nullptr ||
+                            dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
+    const bool helps = member != core::members.end() && member->kind == MemberKind::method && miscounted;
+    return (helps ? "The order is: " + usage_line(*member) + "\n" : "") + "See 'foliant" +
+           (name.empty() ? "" : " " + name) + " --help'.\n";
+}
+
 Parsed CommandLine::parse(const AskPassword& ask_password) {
     Parsed parsed;
     try {
@@ -260,9 +303,7 @@ Parsed CommandLine::parse(const AskPassword& ask_password) {
         app_.exit(shown, out, out);
         parsed.output = out.str();
     } catch (const CLI::ParseError& error) {
-        const auto chosen = app_.get_subcommands();
-        fail(parsed, exit_usage, error.what(),
-             "See 'foliant" + (chosen.empty() ? "" : " " + chosen.front()->get_name()) + " --help'.\n");
+        fail(parsed, exit_usage, problem_of(error), advice_on(error));
     } catch (const TimeLimitReached& error) {
         fail(parsed, exit_time_limit, error.what(), "");
     }

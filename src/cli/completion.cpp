@@ -1,8 +1,11 @@
 #include "cli/completion.h"
 
+#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
+#include "automation/text.h"
 #include "cli/option_names.h"
 #include "core/members.h"
 #include "core/parameter_help.h"
@@ -19,12 +22,15 @@ struct Word {
     std::string text;
     std::string help;
     bool takes_value = false;
+    std::string values{};  ///< the names of its values, where they have names
 };
 
 const std::vector<Word>& common_options() {
     static const std::vector<Word> options{
         {"--json", "print the outcome as JSON"},
         {"--quiet", "no progress"},
+        {"--verbose", "show what the call does outside"},
+        {"--log", "write that to a file", true},
         {"--no-clobber", "replace no file that exists"},
         {"--timeout", "end the call after that time", true},
         {"--memory", "end the call when it needs more", true},
@@ -34,13 +40,20 @@ const std::vector<Word>& common_options() {
     return options;
 }
 
+/// The names that stand for the values of an enumeration, "" for other types.
+std::string values_of(core::ValueType type) {
+    if (type == core::ValueType::align_type) return "left center right";
+    return type == core::ValueType::read_type ? "none page document" : "";
+}
+
 std::vector<Word> options_of(const Member& member) {
     std::vector<Word> options;
     for (const Parameter& parameter : member.parameters()) {
         if (is_made_by_the_command(parameter)) continue;
         const std::string name = "--" + option_name(parameter.name);
         const std::string help(core::parameter_help(member, parameter));
-        options.push_back({name, help, parameter.type != core::ValueType::boolean});
+        options.push_back(
+            {name, help, parameter.type != core::ValueType::boolean, values_of(parameter.type)});
         if (core::parameter_role(member, parameter) != core::ParameterRole::password) continue;
         options.push_back({name + "-file", "read that password from a file", true});
         options.push_back({name + "-ask", "ask for that password"});
@@ -49,17 +62,15 @@ std::vector<Word> options_of(const Member& member) {
 }
 
 std::vector<Word> tools() {
-    return {{"rehearse", "show every step, take none"},
-            {"hosts", "list the host programs"},
-            {"registry", "read and change the settings store"},
-            {"completion", "print a completion script"},
-            {"man", "print the manual page"}};
+    return {{"help", "explain a member or a tool"},      {"rehearse", "show every step, take none"},
+            {"hosts", "list the host programs"},         {"registry", "read and change the settings store"},
+            {"completion", "print a completion script"}, {"man", "print the manual page"}};
 }
 
 std::vector<const Member*> methods() {
     std::vector<const Member*> found;
     for (const Member& member : core::members) {
-        if (member.kind != MemberKind::property_put) found.push_back(&member);
+        if (member.available && member.kind != MemberKind::property_put) found.push_back(&member);
     }
     return found;
 }
@@ -84,23 +95,59 @@ std::string quoted(std::string text) {
     return "'" + text + "'";
 }
 
+/// Lines of a `case` in which every option with named values, by either of its names, gives those.
+std::string bash_values() {
+    std::map<std::string, std::string> options;  // by values
+    std::set<std::string_view> known;
+    for (const Member* member : methods()) {
+        for (const Parameter& parameter : member->parameters()) {
+            const std::string values = values_of(parameter.type);
+            if (values.empty() || !known.insert(parameter.name).second) continue;
+            std::string& names = options[values];
+            names += (names.empty() ? "--" : " | --") + option_name(parameter.name) + " | --" +
+                     std::string(parameter.name);
+        }
+    }
+    std::string lines;
+    for (const auto& [values, names] : options)
+        lines += "        " + names + ") words='" + values + "' ;;\n";
+    return lines;
+}
+
+/// The common options behind which a word is their value, as alternatives of a pattern.
+std::string with_value() {
+    std::string names;
+    for (const Word& word : common_options()) {
+        if (word.takes_value) names += (names.empty() ? "" : "|") + word.text;
+    }
+    return names;
+}
+
 std::string bash_script() {
+    const std::string valued = with_value();
     std::string script =
         "# bash completion for foliant\n"
         "_foliant() {\n"
-        "    local current=${COMP_WORDS[COMP_CWORD]} command= words= i\n"
+        "    local current=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command= words= "
+        "word i\n"
         "    for ((i = 1; i < COMP_CWORD; i++)); do\n"
-        "        case ${COMP_WORDS[i]} in -* | rehearse) ;; *) command=${COMP_WORDS[i]}; break ;; esac\n"
+        "        case ${COMP_WORDS[i]} in\n"
+        "            " +
+        valued +
+        ") ((i++)) ;;\n"
+        "            -* | rehearse | help) ;;\n"
+        "            *) command=${COMP_WORDS[i]}; break ;;\n"
+        "        esac\n"
         "    done\n"
-        "    case $command in\n"
+        "    case ${command,,} in\n"
         "        '') words='" +
         all_commands() +
         "' ;;\n"
         "        registry) words='list get set remove reset' ;;\n"
         "        completion) words='bash zsh fish' ;;\n";
     for (const Member* member : methods()) {
-        script +=
-            "        " + std::string(member->name) + ") words='" + names_of(options_of(*member)) + "' ;;\n";
+        script += "        " + automation::to_lower(member->name) + ") words='" +
+                  names_of(options_of(*member)) + "' ;;\n";
     }
     return script +
            "    esac\n"
@@ -111,7 +158,17 @@ std::string bash_script() {
            "        *) [ -n \"$command\" ] &&\n"
            "               case $command in registry | completion) ;; *) words= ;; esac ;;\n"
            "    esac\n"
-           "    COMPREPLY=($(compgen -W \"$words\" -- \"$current\"))\n"
+           "    # An equals sign is a word of its own.\n"
+           "    [ \"$current\" = = ] && current=\n"
+           "    [ \"$before\" = = ] && before=${COMP_WORDS[COMP_CWORD - 2]}\n"
+           "    case $before in\n" +
+           bash_values() + "        " + valued +
+           ") words= ;;\n"
+           "    esac\n"
+           "    COMPREPLY=()\n"
+           "    for word in $words; do\n"
+           "        [[ ${word,,} == \"${current,,}\"* ]] && COMPREPLY+=(\"$word\")\n"
+           "    done\n"
            "}\n"
            "complete -o default -o bashdefault -F _foliant foliant\n";
 }
@@ -121,7 +178,9 @@ std::string zsh_option(const Word& word) {
     for (char& c : help) {
         if (c == '[' || c == ']' || c == ':') c = ' ';
     }
-    return " " + quoted(word.text + "[" + help + "]" + (word.takes_value ? ":value:_files" : ""));
+    std::string action = word.takes_value ? ":value:_files" : "";
+    if (!word.values.empty()) action = ":value:{compadd -M 'm\\:{a-zA-Z}={A-Za-z}' " + word.values + "}";
+    return " " + quoted(word.text + "[" + help + "]" + action);
 }
 
 std::string zsh_script() {
@@ -138,11 +197,18 @@ std::string zsh_script() {
     }
     script +=
         "    )\n"
-        "    if (( CURRENT == 2 )) || [[ $words[2] == rehearse && CURRENT -eq 3 ]]; then\n"
-        "        _describe command commands\n"
+        "    if [[ $words[CURRENT-1] == (" +
+        with_value() +
+        ") ]]; then\n"
+        "        _files\n"
         "        return\n"
         "    fi\n"
-        "    case $words[2] in\n"
+        "    local tool=${words[(r)(registry|completion)]}\n"
+        "    if [[ -z $command$tool || $words[CURRENT] == $command ]]; then\n"
+        "        _describe -M 'm:{a-zA-Z}={A-Za-z}' command commands\n"
+        "        return\n"
+        "    fi\n"
+        "    case $tool in\n"
         "        registry) _values action list get set remove reset; return ;;\n"
         "        completion) _values shell bash zsh fish; return ;;\n"
         "    esac\n"
@@ -162,7 +228,8 @@ std::string fish_script() {
     std::string script = "# fish completion for foliant\n";
     const auto subcommand = [&](const std::string& name, const std::string& help) {
         script +=
-            "complete -c foliant -n '__fish_use_subcommand; or __fish_seen_subcommand_from rehearse' -a " +
+            "complete -c foliant -n '__fish_use_subcommand; or __fish_seen_subcommand_from rehearse help' "
+            "-a " +
             name + " -d " + quoted(help) + "\n";
     };
     for (const Word& tool : tools())
@@ -171,7 +238,9 @@ std::string fish_script() {
         subcommand(std::string(member->name), std::string(member->help));
     const auto option = [&](const std::string& condition, const Word& word) {
         script += "complete -c foliant" + condition + " -l " + word.text.substr(2) +
-                  (word.takes_value ? " -r" : "") + " -d " + quoted(word.help) + "\n";
+                  (word.takes_value ? " -r" : "") +
+                  (word.values.empty() ? "" : " -f -a " + quoted(word.values)) + " -d " + quoted(word.help) +
+                  "\n";
     };
     for (const Word& word : common_options())
         option("", word);

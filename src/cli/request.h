@@ -18,6 +18,8 @@ struct CallOptions {
     double timeout_seconds = 0;  ///< 0 is no limit
     Deadline deadline;           ///< that many seconds after the command began to read its words
     std::optional<std::uint64_t> memory_bytes;  ///< 0 is no limit; nothing is the usual one
+    bool verbose = false;                       ///< every call on things outside shows as it happens
+    std::string log_file;                       ///< gets the same; "" for none
     bool no_clobber = false;                    ///< an output that exists is not replaced
     std::string temp_path;                      ///< put into `TempFilePath` before the call; "" leaves it
 };

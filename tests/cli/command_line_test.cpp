@@ -107,7 +107,8 @@ TEST(CommandLine, RequiredPasswordsMayComeFromAFileAsWell) {
     EXPECT_EQ(outcome_of({"SetOpenPassword", "a.pdf", "--open-password-file", file.path()}),
               "SetOpenPassword(strPDFFile:=\"a.pdf\", strOpenPassword:=\"secret\")");
     EXPECT_EQ(outcome_of({"SetOpenPassword", "a.pdf"}),
-              "2 foliant: OPEN_PASSWORD is required\nSee 'foliant SetOpenPassword --help'.\n");
+              "2 foliant: OPEN_PASSWORD is required\nThe order is: foliant SetOpenPassword PDF_FILE\nSee "
+              "'foliant SetOpenPassword --help'.\n");
 }
 
 TEST(CommandLine, UnreadablePasswordFilesAreNamed) {
@@ -118,15 +119,54 @@ TEST(CommandLine, UnreadablePasswordFilesAreNamed) {
 
 TEST(CommandLine, WrongUseSaysWhatIsWrongAndWhereToLook) {
     EXPECT_EQ(outcome_of({"CreatePDFfromPS", "a.pdf"}),
-              "2 foliant: --ps-file is required\nSee 'foliant CreatePDFfromPS --help'.\n");
+              "2 foliant: --ps-file is required\nThe order is: foliant CreatePDFfromPS PDF_FILE PS_FILE\n"
+              "See 'foliant CreatePDFfromPS --help'.\n");
     EXPECT_EQ(outcome_of({"CreatePDFfromWord", "a", "b", "--page-number-alignment", "upwards"}),
               "2 foliant: --page-number-alignment: 'upwards' is not left, center, right or a number\n"
               "See 'foliant CreatePDFfromWord --help'.\n");
-    EXPECT_EQ(outcome_of({}), "2 foliant: A subcommand is required\nSee 'foliant --help'.\n");
+    EXPECT_EQ(outcome_of({}), "2 foliant: name a member to call, or a tool\nSee 'foliant --help'.\n");
     EXPECT_EQ(parse_words({"CreatePDFfromNowhere", "a"}).exit_code, exit_usage);
     EXPECT_EQ(parse_words({"CreatePDFfromPS", "a", "b", "c"}).exit_code, exit_usage);
     EXPECT_EQ(parse_words({"CreatePDFfromPS", "a", "b", "--no-such-option"}).exit_code, exit_usage);
     EXPECT_EQ(parse_words({"completion", "tcsh"}).exit_code, exit_usage);
+}
+
+TEST(CommandLine, WhatIsMistypedIsAskedFor) {
+    const auto told = [](const std::vector<std::string>& words) {
+        const std::string error = parse_words(words).error;
+        return error.substr(0, error.find('\n'));
+    };
+    EXPECT_EQ(told({"CreatePDFfromWrod", "a", "b"}),
+              "foliant: there is no member or tool 'CreatePDFfromWrod'. Did you mean CreatePDFfromWord or "
+              "CreatePDFfromWord2?");
+    EXPECT_EQ(told({"--timeout", "5", "hots"}),
+              "foliant: there is no member or tool 'hots'. Did you mean hosts?");
+    EXPECT_EQ(told({"frobnicate"}), "foliant: there is no member or tool 'frobnicate'.");
+    EXPECT_EQ(told({"registry", "gte"}), "foliant: foliant registry has no 'gte'. Did you mean get or set?");
+    EXPECT_EQ(told({"CreatePDFfromPS", "a", "b", "--landscap"}), "foliant: there is no option --landscap.");
+    EXPECT_EQ(told({"CreatePDFfromWord", "a", "b", "--landscap=true"}),
+              "foliant: there is no option --landscap. Did you mean --landscape?");
+    EXPECT_EQ(told({"CreatePDFfromPS", "a", "b", "c"}),
+              "foliant: The following argument was not expected: c");
+}
+
+TEST(CommandLine, NamesThatBeginWithADashAreExplained) {
+    for (const char* name : {"-x.pdf", "-quarterly.pdf"}) {
+        const std::string error = parse_words({"CreatePDFfromPS", name, "a.ps"}).error;
+        EXPECT_TRUE(
+            error.starts_with("foliant: '" + std::string(name) +
+                              "' is taken for an option. A name that begins with a dash is written ./" +
+                              name + ", or stands behind --.\n"))
+            << error;
+    }
+}
+
+TEST(CommandLine, HelpAndVersionGoByTheirUsualNames) {
+    EXPECT_EQ(parse_words({"help"}).output, parse_words({"--help"}).output);
+    EXPECT_EQ(parse_words({"help", "CreatePDFfromWord"}).output,
+              parse_words({"CreatePDFfromWord", "--help"}).output);
+    EXPECT_EQ(parse_words({"-v"}).output, parse_words({"--version"}).output);
+    EXPECT_TRUE(parse_words({"CreatePDFfromPS", "a", "b", "-v"}).request->options.verbose);
 }
 
 TEST(CommandLine, CommonOptionsMayFollowTheMember) {

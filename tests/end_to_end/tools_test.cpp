@@ -184,5 +184,24 @@ TEST(Command, CompletionScriptsAndManualAreAcceptedByTheirPrograms) {
     EXPECT_EQ(completed.output, "CreatePDFfromWord CreatePDFfromWord2\n--show-window\n") << completed.errors;
 }
 
+TEST(Command, CompletionGoesOnBehindValuesAndKnowsThemInAnyCase) {
+    const Workshop shop;
+    const auto completed = [&](const std::string& words) {
+        const std::string script =
+            "eval \"$(" FOLIANT_COMMAND " completion bash)\"; COMP_WORDS=(foliant " + words +
+            "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _foliant; echo \"${COMPREPLY[@]}\"";
+        return shop.run({"bash", "-c", script}).output;
+    };
+    EXPECT_EQ(completed("--timeout 5 createpdfFROMp"), "CreatePDFfromPS\n");
+    EXPECT_EQ(completed("--timeout h"), "\n");
+    EXPECT_EQ(completed("CreatePDFfromWord a b --page-number-alignment ''"), "left center right\n");
+    EXPECT_EQ(completed("createpdffromword a b --lngPageNumberAlignment R"), "right\n");
+    EXPECT_EQ(completed("CreatePDFfromWord a b --page-number-alignment = c"), "center\n");
+    EXPECT_EQ(completed("CreatePDFfromWord a b --page-number-alignment right --land"), "--landscape\n");
+    EXPECT_EQ(completed("help CreatePDFfromM"), "CreatePDFfromMultiPS\n");
+    EXPECT_EQ(completed("CreatePDFfromExc"), "\n") << "it is not there yet";
+    EXPECT_EQ(completed("registry re"), "remove reset\n");
+}
+
 }  // namespace
 }  // namespace foliant::end_to_end
