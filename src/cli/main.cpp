@@ -1,11 +1,13 @@
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <system_error>
 
 #include "automation/error.h"
 #include "cli/completion.h"
 #include "cli/exit_codes.h"
 #include "cli/manual.h"
+#include "cli/memory_use.h"
 #include "cli/output_guard.h"
 #include "cli/rehearsal.h"
 #include "cli/report.h"
@@ -21,7 +23,7 @@ using namespace foliant;
 using cli::Request;
 using platform::local::LocalMachine;
 
-platform::local::LocalOptions local_options() {
+platform::local::LocalOptions local_options(const cli::CallOptions& asked) {
     platform::local::LocalOptions options;
     std::error_code none;
     options.executable = std::filesystem::read_symlink("/proc/self/exe", none);
@@ -31,7 +33,23 @@ platform::local::LocalOptions local_options() {
     options.on_trouble = [](const std::string& sentence) {
         std::cerr << "foliant: " << cli::visible_text(sentence) << '\n';
     };
+    // Hosts have no word for "no limit".
+    constexpr std::uint64_t without_end = std::uint64_t{1} << 62U;
+    const std::uint64_t limit = asked.memory_bytes.value_or(cli::usual_memory_limit());
+    options.memory_limit_bytes = limit == 0 ? without_end : limit;
     return options;
+}
+
+/// Nothing can be done without a private folder, so what is wrong with the temporary one needs a remedy.
+std::unique_ptr<LocalMachine> make_machine(const cli::CallOptions& asked) {
+    try {
+        return std::make_unique<LocalMachine>(local_options(asked));
+    } catch (const automation::Error& error) {
+        throw automation::Error(
+            error.number(), error.source(),
+            error.description() +
+                "\nFree some space there, or name another folder: TMPDIR=FOLDER foliant ...");
+    }
 }
 
 int run(const Request& request) {
@@ -45,7 +63,8 @@ int run(const Request& request) {
         default:
             break;
     }
-    LocalMachine machine(local_options());
+    const auto made = make_machine(request.options);
+    LocalMachine& machine = *made;
     switch (request.action) {
         case Request::Action::call:
             return cli::call_supervised(request, machine);

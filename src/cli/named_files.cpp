@@ -61,4 +61,15 @@ std::vector<std::string> passwords_of(const core::Member& member, const automati
     return passwords;
 }
 
+std::string without_passwords(std::string line, const std::vector<std::string>& passwords) {
+    for (const std::string& password : passwords) {
+        std::size_t at = 0;
+        while ((at = line.find("\"" + password + "\"", at)) != std::string::npos) {
+            line.replace(at, password.size() + 2, "\"***\"");
+            at += 5;
+        }
+    }
+    return line;
+}
+
 }  // namespace foliant::cli

@@ -39,17 +39,6 @@ class Silence : public automation::EventSink {
     void notify(std::string_view, std::span<const Value>) override {}
 };
 
-std::string without_passwords(std::string line, const std::vector<std::string>& passwords) {
-    for (const std::string& password : passwords) {
-        std::size_t at = 0;
-        while ((at = line.find("\"" + password + "\"", at)) != std::string::npos) {
-            line.replace(at, password.size() + 2, "\"***\"");
-            at += 5;
-        }
-    }
-    return line;
-}
-
 /// A stage that looks like this machine: same settings, same input files, the sender in the system folder.
 void cast_like(Stage& stage, const platform::Platform& here) {
     Silence silence;

@@ -1,23 +1,21 @@
 #include "cli/supervised_call.h"
 
 #include <csignal>
+#include <fcntl.h>
 #include <iostream>
 #include <unistd.h>
 
 #include "automation/error.h"
-#include "cli/call.h"
+#include "cli/call_log.h"
 #include "cli/exit_codes.h"
 #include "cli/kept_file.h"
-#include "cli/machine_check.h"
 #include "cli/memory_use.h"
 #include "cli/named_files.h"
-#include "cli/output_check.h"
 #include "cli/output_guard.h"
-#include "cli/preflight.h"
-#include "cli/progress.h"
 #include "cli/quantities.h"
 #include "cli/report.h"
 #include "cli/supervisor.h"
+#include "cli/worker_call.h"
 
 namespace foliant::cli {
 
@@ -26,58 +24,6 @@ using automation::RuntimeError;
 using platform::local::LocalMachine;
 
 namespace {
-
-/// The call with everything that makes its success one.
-Outcome make(const Request& request, LocalMachine& machine, const KeptFile& kept, ProgressBar& bar) {
-    Outcome outcome;
-    try {
-        require_machine(request, machine);
-        std::vector<std::string> left_out = preflight(request, machine.platform());
-        outcome = call_member(request, machine.platform(), bar);
-        outcome.left_out = std::move(left_out);
-    } catch (...) {
-        fail(outcome, automation::current_error());
-    }
-    if (outcome.error) return outcome;
-    if (kept.is_in_place()) {
-        fail(outcome, not_made(output_of(*request.member, outcome.arguments)->path));
-    } else if (auto problem = unkept_promise(request, machine)) {
-        fail(outcome, *problem);
-    } else {
-        check_output(request, outcome);
-    }
-    if (!outcome.error && !outcome.left_out.empty()) outcome.exit_code = exit_incomplete;
-    return outcome;
-}
-
-int make_and_report(const Request& request, LocalMachine& machine, const KeptFile& kept) {
-    const bool talkative = !request.options.quiet && isatty(STDERR_FILENO) == 1;
-    ProgressBar bar(talkative ? &std::cerr : nullptr);
-    const Outcome outcome = make(request, machine, kept, bar);
-    bar.finish();
-    std::cout << (request.options.json ? json_report(*request.member, outcome)
-                                       : result_text(outcome, isatty(STDOUT_FILENO) == 1));
-    std::cerr << left_out_text(outcome);
-    if (outcome.error) {
-        std::cerr << error_text(*outcome.error);
-    } else if (talkative) {
-        std::cerr << closing_line(outcome);
-    }
-    if (!std::cout.flush()) {
-        std::cerr << "foliant: the result could not be written to standard output\n";
-        return outcome.error ? outcome.exit_code : exit_failure;
-    }
-    return outcome.exit_code;
-}
-
-/// Makes the call and reports it; this runs in the worker.
-int work(const Request& request, LocalMachine& machine, const KeptFile& kept) {
-    try {
-        return make_and_report(request, machine, kept);
-    } catch (...) {
-        return report_failure(request, exit_failure, automation::current_error().description());
-    }
-}
 
 std::string crash_text(const std::string& member, int signal) {
     if (signal == SIGKILL) {
@@ -116,13 +62,35 @@ Limits limits_of(const CallOptions& options) {
     return {options.deadline, options.memory_bytes.value_or(usual_memory_limit())};
 }
 
-}  // namespace
+/// What engines write to standard output and standard error, kept for the log.
+posix::FileDescriptor engine_output_file(const LocalMachine& machine) {
+    const auto path = machine.private_folder() / "engine-output";
+    return posix::FileDescriptor(
+        ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0600));
+}
 
-int call_supervised(const Request& request, LocalMachine& machine) {
-    if (const auto refused = refusal(request)) return report_failure(request, exit_usage, *refused);
+/// A worker that was stopped leaves its status line.
+void clear_status_line(const Request& request, const Ending& ending) {
+    const bool moving = !request.options.quiet && !request.options.verbose && isatty(STDERR_FILENO) == 1;
+    if (moving && ending.kind != Ending::Kind::finished) std::cerr << "\r\x1B[K" << std::flush;
+}
+
+/// The worker's part. What fails in it beyond the call itself is a failure, too.
+int work(const Request& request, LocalMachine& machine, const KeptFile& kept, CallLog& log,
+         int engine_output) {
+    try {
+        return make_call(request, machine, kept, log, engine_output);
+    } catch (...) {
+        return report_failure(request, exit_failure, automation::current_error().description());
+    }
+}
+
+int supervise(const Request& request, LocalMachine& machine, CallLog& log) {
     KeptFile kept;
+    const posix::FileDescriptor engine_output =
+        log.is_wanted() ? engine_output_file(machine) : posix::FileDescriptor();
     Work plan;
-    plan.call = [&] { return work(request, machine, kept); };
+    plan.call = [&] { return work(request, machine, kept, log, engine_output.get()); };
     plan.prepare = [&] {
         if (const auto output = output_of(*request.member, request.arguments)) kept.keep(output->path);
     };
@@ -136,9 +104,22 @@ int call_supervised(const Request& request, LocalMachine& machine) {
         kept.put_back();
         machine.remove_private_folder();
     };
+    const Limits limits = limits_of(request.options);
+    const Ending ending = run_supervised(plan, limits);
+    clear_status_line(request, ending);
+    if (engine_output) log.engine_lines(engine_output.get());
+    const int code = conclude(request, ending, limits);
+    log.file_line("exit code " + std::to_string(code));
+    return code;
+}
+
+}  // namespace
+
+int call_supervised(const Request& request, LocalMachine& machine) {
+    if (const auto refused = refusal(request)) return report_failure(request, exit_usage, *refused);
     try {
-        const Limits limits = limits_of(request.options);
-        return conclude(request, run_supervised(plan, limits), limits);
+        CallLog log(request);
+        return supervise(request, machine, log);
     } catch (const Error& error) {
         return report_failure(request, exit_usage, error.description());
     }

@@ -127,5 +127,33 @@ TEST_F(WordToPdf, UnwritableFoldersAreTold) {
     expect_failure({"CreatePDFfromWord2", "/proc/a.pdf", letter}, 2, {"/proc"});
 }
 
+TEST_F(WordToPdf, WhatIsDoneOutsideIsShownAndKeptWithoutPasswords) {
+    const Finished call = expect_success(
+        {"CreatePDFfromWord2", "a.pdf", letter, "--verbose", "--log", "log.txt", "--password", "hidden one"});
+    for (const std::string& text : {call.errors, shop.read("log.txt")}) {
+        EXPECT_NE(text.find("PasswordDocument:=\"***\""), std::string::npos) << text;
+        EXPECT_NE(text.find("Word.Document.PrintOut()\n"), std::string::npos) << text;
+        EXPECT_EQ(text.find("hidden one"), std::string::npos) << text;
+    }
+    EXPECT_TRUE(shop.read("log.txt").ends_with("exit code 0\n"));
+}
+
+TEST_F(WordToPdf, ALogSpoilsNoDocument) {
+    shop.write("a.docx", "PK\x03\x04 not text");
+    expect_failure({"CreatePDFfromWord2", "a.pdf", letter, "--log", "a.docx"}, 2, {"a.docx is no text"});
+    EXPECT_EQ(shop.read("a.docx"), "PK\x03\x04 not text");
+}
+
+TEST_F(WordToPdf, TooLittleMemoryIsToldByName) {
+    expect_failure({"CreatePDFfromWord2", "a.pdf", letter, "--memory", "30M"}, 125, {"30", "--memory"});
+}
+
+TEST_F(WordToPdf, SomethingMovesOnTheTerminalAndTheResultIsTold) {
+    const Finished call =
+        shop.run({"script", "-qc", FOLIANT_COMMAND " CreatePDFfromWord2 a.pdf " + letter, "/dev/null"});
+    EXPECT_NE(call.output.find("\r| Converting letter.docx\r/ Converting"), std::string::npos) << call.output;
+    EXPECT_NE(call.output.find("\r\x1B[KWrote a.pdf ("), std::string::npos) << call.output;
+}
+
 }  // namespace
 }  // namespace foliant::end_to_end

@@ -26,6 +26,7 @@ Error cannot_create(std::string_view host, const std::string& reason) {
 /// The same failure, with the usual sentence in front and the host's name, whatever the module called it.
 Error as_creation_error(std::string_view host, const Error& error) {
     const std::string& text = error.description();
+    if (error.is(RuntimeError::out_of_memory)) return error;  // a limit of the caller's, not a missing engine
     if (error.is(RuntimeError::cannot_create_object) &&
         text.starts_with(automation::usual_description(RuntimeError::cannot_create_object))) {
         return error;

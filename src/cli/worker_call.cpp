@@ -1,0 +1,115 @@
+#include "cli/worker_call.h"
+
+#include <filesystem>
+#include <iostream>
+#include <unistd.h>
+
+#include "automation/coerce.h"
+#include "automation/error.h"
+#include "cli/call.h"
+#include "cli/exit_codes.h"
+#include "cli/machine_check.h"
+#include "cli/named_files.h"
+#include "cli/output_check.h"
+#include "cli/own_streams.h"
+#include "cli/preflight.h"
+#include "cli/progress.h"
+#include "cli/report.h"
+#include "cli/status_line.h"
+#include "cli/trace.h"
+#include "cli/visible_text.h"
+
+namespace foliant::cli {
+
+using platform::local::LocalMachine;
+
+namespace {
+
+/// Gives every event to the log and to the bar, which takes the place of the status line.
+class Watcher : public automation::EventSink {
+  public:
+    Watcher(StatusLine& status, ProgressBar& bar, CallLog& log) : status_(status), bar_(bar), log_(log) {}
+
+    void notify(std::string_view event, std::span<const automation::Value> arguments) override {
+        std::string line = "event " + std::string(event);
+        for (const automation::Value& argument : arguments)
+            line += " " + automation::to_text(argument);
+        log_.line(line);
+        if (event == "JobStart") status_.stop();
+        bar_.notify(event, arguments);
+    }
+
+  private:
+    StatusLine& status_;
+    ProgressBar& bar_;
+    CallLog& log_;
+};
+
+/// The call with everything that makes its success one.
+Outcome make(const Request& request, LocalMachine& machine, const platform::Platform& outside,
+             const KeptFile& kept, automation::EventSink& watcher) {
+    Outcome outcome;
+    try {
+        require_machine(request, machine);
+        std::vector<std::string> left_out = preflight(request, machine.platform());
+        outcome = call_member(request, outside, watcher);
+        outcome.left_out = std::move(left_out);
+    } catch (...) {
+        fail(outcome, automation::current_error());
+    }
+    if (outcome.error) return outcome;
+    if (kept.is_in_place()) {
+        fail(outcome, not_made(output_of(*request.member, outcome.arguments)->path));
+    } else if (auto problem = unkept_promise(request, machine)) {
+        fail(outcome, *problem);
+    } else {
+        check_output(request, outcome);
+    }
+    if (!outcome.error && !outcome.left_out.empty()) outcome.exit_code = exit_incomplete;
+    return outcome;
+}
+
+std::string activity(const Request& request) {
+    const auto inputs = inputs_of(*request.member, request.arguments);
+    if (inputs.empty()) return std::string(request.member->name);
+    return "Converting " + visible_line(std::filesystem::path(inputs.front().path).filename().string());
+}
+
+int report(const Request& request, const Outcome& outcome, CallLog& log, bool talkative, bool to_a_terminal) {
+    std::cout << (request.options.json ? json_report(*request.member, outcome)
+                                       : result_text(outcome, to_a_terminal));
+    std::cerr << left_out_text(outcome);
+    if (outcome.error) {
+        std::cerr << error_text(*outcome.error);
+        log.file_line("failed: " + outcome.error->description());
+    } else if (talkative) {
+        std::cerr << closing_line(outcome);
+    }
+    if (!std::cout.flush()) {
+        std::cerr << "foliant: the result could not be written to standard output\n";
+        return outcome.error ? outcome.exit_code : exit_failure;
+    }
+    return outcome.exit_code;
+}
+
+}  // namespace
+
+int make_call(const Request& request, LocalMachine& machine, const KeptFile& kept, CallLog& log,
+              int engine_output) {
+    const bool to_a_terminal = isatty(STDOUT_FILENO) == 1;
+    const bool talkative = !request.options.quiet && isatty(STDERR_FILENO) == 1;
+    const bool moving = talkative && !request.options.verbose;
+    // These last as long as the process does: whoever writes a message late still may.
+    static StatusLine status(moving ? STDERR_FILENO : -1, activity(request));
+    static const OwnStreams streams(engine_output, [] { status.hide(); });
+    ProgressBar bar(moving ? &std::cerr : nullptr);
+    Watcher watcher(status, bar, log);
+    const TracedPlatform traced(machine.platform(), [&log](const std::string& line) { log.line(line); });
+    const Outcome outcome =
+        make(request, machine, log.is_wanted() ? traced.platform() : machine.platform(), kept, watcher);
+    status.stop();
+    bar.finish();
+    return report(request, outcome, log, talkative, to_a_terminal);
+}
+
+}  // namespace foliant::cli

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "cli/call_log.h"
+#include "cli/kept_file.h"
+#include "cli/request.h"
+#include "platform/local/local_machine.h"
+
+namespace foliant::cli {
+
+/// Makes the call of a request and reports it on standard output and standard error; returns the exit code.
+/// This is the worker's part: what engines write to the two streams goes to `engine_output` from now on (-1
+/// for nowhere), and the process is to end without unwinding.
+int make_call(const Request& request, platform::local::LocalMachine& machine, const KeptFile& kept,
+              CallLog& log, int engine_output);
+
+}  // namespace foliant::cli
