@@ -76,7 +76,7 @@ TEST_F(ActiveDocument, ThatIsNotValidIsClosedAndNotSaved) {
 TEST_F(ActiveDocument, WhetherSavingSucceededIsNotLookedAt) {
     stage.answer("AcroExch.PDDoc.Save", false);
     save();
-    EXPECT_EQ(stage.lines().back(), "release AcroExch.App");
+    EXPECT_EQ(last_line(), "release AcroExch.App");
 }
 
 TEST_F(ActiveDocument, AcrobatIsGivenTheSecondsToFinish) {

@@ -1,23 +1,15 @@
 #include "automation/coerce.h"
 
-#include <functional>
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "automation/error.h"
 #include "automation/object.h"
+#include "support/error_of.h"
 
 namespace foliant::automation {
 namespace {
 
-std::int32_t error_of(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Error& error) {
-        return error.number();
-    }
-    return 0;
-}
+using tests::error_number;
 
 TEST(Coerce, TextHoldingANumberBecomesThatNumber) {
     EXPECT_EQ(to_int32(" 42 "), 42);
@@ -41,28 +33,28 @@ TEST(Coerce, WhatIsNoNumberIsATypeMismatch) {
     for (const Value& value :
          {Value("abc"), Value(""), Value("1 2"), Value("1,5"), Value("0x10"), Value("inf"), Value("nan"),
           Value("+-1"), Value(Missing{}), Value(ObjectPtr()), Value(Array{})}) {
-        EXPECT_EQ(error_of([&] { to_int32(value); }), 13);
-        EXPECT_EQ(error_of([&] { to_bool(value); }), 13);
-        EXPECT_EQ(error_of([&] { to_double(value); }), 13);
+        EXPECT_EQ(error_number([&] { to_int32(value); }), 13);
+        EXPECT_EQ(error_number([&] { to_bool(value); }), 13);
+        EXPECT_EQ(error_number([&] { to_double(value); }), 13);
     }
 }
 
 TEST(Coerce, WhatDoesNotFitOverflows) {
-    EXPECT_EQ(error_of([] { to_int16(std::int32_t{32768}); }), 6);
+    EXPECT_EQ(error_number([] { to_int16(std::int32_t{32768}); }), 6);
     EXPECT_EQ(to_int16(std::int32_t{32767}), 32767);
     EXPECT_EQ(to_int16(-32768.0), -32768);
-    EXPECT_EQ(error_of([] { to_int16(32767.5); }), 6);
-    EXPECT_EQ(error_of([] { to_int32(2147483648.0); }), 6);
-    EXPECT_EQ(error_of([] { to_int32("1e300"); }), 6);
-    EXPECT_EQ(error_of([] { to_double("1e999"); }), 6);
-    EXPECT_EQ(error_of([] { to_single(1e39); }), 6);
-    EXPECT_EQ(error_of([] { to_int32(std::numeric_limits<double>::quiet_NaN()); }), 6);
+    EXPECT_EQ(error_number([] { to_int16(32767.5); }), 6);
+    EXPECT_EQ(error_number([] { to_int32(2147483648.0); }), 6);
+    EXPECT_EQ(error_number([] { to_int32("1e300"); }), 6);
+    EXPECT_EQ(error_number([] { to_double("1e999"); }), 6);
+    EXPECT_EQ(error_number([] { to_single(1e39); }), 6);
+    EXPECT_EQ(error_number([] { to_int32(std::numeric_limits<double>::quiet_NaN()); }), 6);
 }
 
 TEST(Coerce, NullIsNeverANumberATextOrATruth) {
-    EXPECT_EQ(error_of([] { to_text(Null{}); }), 94);
-    EXPECT_EQ(error_of([] { to_int32(Null{}); }), 94);
-    EXPECT_EQ(error_of([] { to_bool(Null{}); }), 94);
+    EXPECT_EQ(error_number([] { to_text(Null{}); }), 94);
+    EXPECT_EQ(error_number([] { to_int32(Null{}); }), 94);
+    EXPECT_EQ(error_number([] { to_bool(Null{}); }), 94);
 }
 
 TEST(Coerce, TruthComesFromNumbersAndFromItsTwoNames) {
@@ -84,8 +76,8 @@ TEST(Coerce, TextOfEveryType) {
     EXPECT_EQ(to_text(0.1), "0.1");
     EXPECT_EQ(to_text(0.1F), "0.1");
     EXPECT_EQ(to_text(1e20), "1E+20");
-    EXPECT_EQ(error_of([] { to_text(Missing{}); }), 13);
-    EXPECT_EQ(error_of([] { to_text(Array{}); }), 13);
+    EXPECT_EQ(error_number([] { to_text(Missing{}); }), 13);
+    EXPECT_EQ(error_number([] { to_text(Array{}); }), 13);
 }
 
 TEST(Coerce, LeadingNumberStopsWhereTheNumberDoes) {

@@ -161,7 +161,7 @@ TEST_F(AcrobatWindows, AWaitWithoutALimitHasNone) {
     };
     run([&] { wait_for_acrobat_window(session(), "[letter.pdf]"); });
     EXPECT_EQ(rounds, 5000);
-    EXPECT_EQ(stage.lines().back(), "raise 51 from : the test has seen enough");
+    EXPECT_EQ(last_line(), "raise 51 from : the test has seen enough");
 }
 
 // Closing the main windows.

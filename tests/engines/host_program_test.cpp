@@ -35,7 +35,7 @@ TEST_F(AHostProgram, ClosesItsDocumentAndQuitsAndLetsEachGoAtOnce) {
 TEST_F(AHostProgram, ClosesWithoutArgumentsWhereNoneAreGiven) {
     HostProgram program = on_stage(stage);
     program.close_and_quit();
-    EXPECT_EQ(stage.lines().front(), "Drawing.Close()");
+    EXPECT_EQ(line_with("Drawing.Close"), "Drawing.Close()");
 }
 
 TEST_F(AHostProgram, InTheTrapLetsGoOfWhatItHolds) {

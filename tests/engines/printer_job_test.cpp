@@ -262,7 +262,7 @@ TEST_F(PrinterJob, AFileThatNeverComesIsWaitedForWithoutEnd) {
     };
     run([&] { wait_for_file(session(), target); });
     EXPECT_EQ(rounds, 5000);
-    EXPECT_EQ(stage.lines().back(), "raise 51 from : the test has seen enough");
+    EXPECT_EQ(last_line(), "raise 51 from : the test has seen enough");
 }
 
 TEST_F(PrinterJob, ALengthThatCannotBeReadAfterTheFileWasSeenIsAFailure) {

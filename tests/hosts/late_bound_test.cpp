@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "automation/error.h"
+#include "support/error_of.h"
 
 namespace foliant::hosts {
 namespace {
@@ -11,14 +11,7 @@ using automation::Missing;
 using automation::named;
 using automation::Value;
 
-automation::Error error_of(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const automation::Error& error) {
-        return error;
-    }
-    return {0, "", "no error"};
-}
+using tests::error_of;
 
 const std::vector<std::string_view> parameters = {"FileName", "ReadOnly", "Revert"};
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "session/errors.h"
+#include "support/error_of.h"
 #include "support/staged_session.h"
 
 namespace foliant::session {
@@ -309,18 +310,8 @@ TEST_F(ErrorTrap, ThatSaysOneSentenceHidesNothingEitherAndIsSilentAfterSuccess) 
     expect_journal("raise -2147467008 from Foliant: one sentence");
 }
 
-/// The error that steps raise.
-Error error_of(const std::function<void()>& steps) {
-    try {
-        steps();
-    } catch (const Error& error) {
-        return error;
-    }
-    return {0, "", "nothing was raised"};
-}
-
 TEST_F(ErrorTrap, TheCauseOfItsOneSentenceIsWhatFailed) {
-    const Error raised = error_of([] {
+    const Error raised = tests::error_of([] {
         with_error_trap_saying(
             "one sentence", [] { throw Error(429, "Hosts", "Acrobat is not installed"); }, [] {});
     });
@@ -333,13 +324,13 @@ TEST_F(ErrorTrap, TheCauseOfItsOneSentenceIsWhatFailed) {
 
 TEST_F(ErrorTrap, AnErrorThatSpeaksForItselfIsItsOwnRootCause) {
     const Error raised =
-        error_of([] { with_error_trap([] { throw Error(RuntimeError::disk_full); }, [] {}); });
+        tests::error_of([] { with_error_trap([] { throw Error(RuntimeError::disk_full); }, [] {}); });
     EXPECT_EQ(raised.cause(), nullptr);
     EXPECT_EQ(&root_cause(raised), &raised);
 }
 
 TEST_F(ErrorTrap, TheCauseIsKeptWhereOneMemberCallsAnother) {
-    const Error raised = error_of([] {
+    const Error raised = tests::error_of([] {
         with_error_trap_saying(
             "the outer sentence",
             [] {

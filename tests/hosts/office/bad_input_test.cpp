@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include "hosts/office/support.h"
+#include "support/error_of.h"
 #include "support/scratch_folder.h"
 
 namespace foliant::hosts::office {
@@ -10,7 +11,7 @@ namespace {
 
 /// Expects the error to have that number and to name the document and the reason.
 void expect_refusal(const std::string& name, std::int32_t number, const std::string& reason) {
-    const auto error = test::error_of([&] { test::open(test::document(name)); });
+    const auto error = tests::error_of([&] { test::open(test::document(name)); });
     EXPECT_EQ(error.number(), number) << error.description();
     EXPECT_EQ(error.source(), "Microsoft Word");
     EXPECT_NE(error.description().find(test::document(name).string()), std::string::npos)
@@ -29,7 +30,7 @@ TEST(BadDocument, IsAFolder) {
 TEST(BadDocument, IsAPipeThatNobodyWritesTo) {
     const tests::ScratchFolder folder;
     ASSERT_EQ(mkfifo((folder / "pipe.docx").c_str(), 0600), 0);
-    const auto error = test::error_of([&] { test::open(folder / "pipe.docx"); });
+    const auto error = tests::error_of([&] { test::open(folder / "pipe.docx"); });
     EXPECT_EQ(error.number(), 5151);
     EXPECT_NE(error.description().find("it is a device or a pipe"), std::string::npos) << error.description();
 }
@@ -47,7 +48,7 @@ TEST(BadDocument, IsTruncatedAtAnyLength) {
     const std::string whole = tests::read_file(test::document("picture.docx"));
     for (std::size_t size = 1; size < whole.size(); size += whole.size() / 23) {
         tests::write_file(folder / "cut.docx", whole.substr(0, size));
-        const auto error = test::error_of([&] { test::open(folder / "cut.docx"); });
+        const auto error = tests::error_of([&] { test::open(folder / "cut.docx"); });
         EXPECT_TRUE(error.number() == 5792 || error.number() == 5151) << size << ": " << error.description();
     }
 }
@@ -84,13 +85,13 @@ TEST(BadDocument, IsAnArchiveOfSomethingElse) {
 TEST(BadDocument, IsACompoundFileThatBreaksOff) {
     const tests::ScratchFolder folder;
     tests::write_file(folder / "cut.doc", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1 and no more");
-    EXPECT_EQ(test::error_of([&] { test::open(folder / "cut.doc"); }).number(), 5792);
+    EXPECT_EQ(tests::error_of([&] { test::open(folder / "cut.doc"); }).number(), 5792);
 }
 
 TEST(BadDocument, IsXmlOfAnotherKind) {
     const tests::ScratchFolder folder;
     tests::write_file(folder / "other.xml", "<?xml version=\"1.0\"?><invoice><total>1</total></invoice>");
-    EXPECT_EQ(test::error_of([&] { test::open(folder / "other.xml"); }).number(), 5151);
+    EXPECT_EQ(tests::error_of([&] { test::open(folder / "other.xml"); }).number(), 5151);
 }
 
 TEST(BadDocument, CannotBeRead) {
@@ -98,11 +99,11 @@ TEST(BadDocument, CannotBeRead) {
     const tests::ScratchFolder folder;
     tests::write_file(folder / "secret.txt", "text");
     std::filesystem::permissions(folder / "secret.txt", std::filesystem::perms::none);
-    EXPECT_EQ(test::error_of([&] { test::open(folder / "secret.txt"); }).number(), 70);
+    EXPECT_EQ(tests::error_of([&] { test::open(folder / "secret.txt"); }).number(), 70);
 }
 
 TEST(BadDocument, DoesNotSpoilTheNextOne) {
-    EXPECT_EQ(test::error_of([] { test::open(test::document("broken_xml.docx")); }).number(), 5792);
+    EXPECT_EQ(tests::error_of([] { test::open(test::document("broken_xml.docx")); }).number(), 5792);
     EXPECT_EQ(test::open(test::document("five.docx"))->page_count(), 5);
 }
 

@@ -5,6 +5,7 @@
 #include "hosts/office/engine/profile.h"
 #include "hosts/office/support.h"
 #include "hosts/office/word/word_error.h"
+#include "support/error_of.h"
 
 namespace foliant::hosts::office {
 namespace {
@@ -26,7 +27,8 @@ TEST(OfficeProfile, LeavesOutTheDesktopsSettingsAndEveryExtension) {
 }
 
 TEST(OfficeProfile, SaysWhenItCannotBeWritten) {
-    const auto error = test::error_of([] { write_profile("/proc/office", office_folder(), microsoft_word); });
+    const auto error =
+        tests::error_of([] { write_profile("/proc/office", office_folder(), microsoft_word); });
     EXPECT_EQ(error.number(), 75);
     EXPECT_NE(error.description().find("/proc/office"), std::string::npos) << error.description();
 }

@@ -2,6 +2,7 @@
 
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/support.h"
+#include "support/error_of.h"
 #include "support/scratch_folder.h"
 
 namespace foliant::hosts::office {
@@ -93,7 +94,7 @@ TEST(OpenDocument, OpensOneAfterTheOtherAndSeveralAtOnce) {
 TEST(OpenDocument, IsOfNoUseWhenClosed) {
     const auto document = test::open(test::document("one.docx"));
     document->close();
-    EXPECT_EQ(test::error_of([&] { document->page_count(); }).number(), 4198);
+    EXPECT_EQ(tests::error_of([&] { document->page_count(); }).number(), 4198);
 }
 
 }  // namespace

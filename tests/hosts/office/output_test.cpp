@@ -6,6 +6,7 @@
 #include "hosts/office/noting_machine.h"
 #include "hosts/office/support.h"
 #include "hosts/office/word/word_error.h"
+#include "support/error_of.h"
 #include "support/scratch_folder.h"
 
 namespace foliant::hosts::office {
@@ -16,7 +17,7 @@ using tests::ScratchFolder;
 test::NotingMachine machine;
 
 automation::Error failure(const std::filesystem::path& target) {
-    return test::error_of(
+    return tests::error_of(
         [&] { write_output(target, machine, microsoft_word, [] { return std::string("content"); }); });
 }
 
@@ -40,7 +41,7 @@ TEST(Output, LeavesNothingWhenItsContentCannotBeMade) {
 
 TEST(Output, IsTriedBeforeItsContentIsMade) {
     bool made = false;
-    test::error_of([&] {
+    tests::error_of([&] {
         write_output("/nowhere/out.pdf", machine, microsoft_word, [&] { return made = true, std::string(); });
     });
     EXPECT_FALSE(made);

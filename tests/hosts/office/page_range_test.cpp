@@ -4,6 +4,7 @@
 
 #include "hosts/office/support.h"
 #include "hosts/office/word/word_error.h"
+#include "support/error_of.h"
 
 namespace foliant::hosts::office {
 namespace {
@@ -38,22 +39,22 @@ TEST(PageRange, IsEmptyForAnEmptyExpression) {
 
 TEST(PageRange, RefusesWhatItDoesNotUnderstand) {
     for (const char* expression : {"p1s2", "-", "1--3", "two", "1,,2", "1-2-3", "+1", "1.5"}) {
-        const auto error = test::error_of([&] { read(expression); });
+        const auto error = tests::error_of([&] { read(expression); });
         EXPECT_EQ(error.number(), 4608) << expression;
         EXPECT_NE(error.description().find("is not understood"), std::string::npos) << error.description();
     }
 }
 
 TEST(PageRange, SaysHowManyPagesThereAre) {
-    EXPECT_EQ(test::error_of([] { read("2-12"); }).description(),
+    EXPECT_EQ(tests::error_of([] { read("2-12"); }).description(),
               "The page range \"2-12\" names page 12, but letter.docx has 9 pages.");
-    EXPECT_EQ(test::error_of([] { read("2", 1); }).description(),
+    EXPECT_EQ(tests::error_of([] { read("2", 1); }).description(),
               "The page range \"2\" names page 2, but letter.docx has 1 page.");
-    EXPECT_EQ(test::error_of([] { read("0"); }).number(), 4608);
+    EXPECT_EQ(tests::error_of([] { read("0"); }).number(), 4608);
 }
 
 TEST(PageRange, SurvivesNumbersOfAnySize) {
-    EXPECT_EQ(test::error_of([] { read("99999999999999999999"); }).description(),
+    EXPECT_EQ(tests::error_of([] { read("99999999999999999999"); }).description(),
               "The page range \"99999999999999999999\" names page 99999999999999999999, but letter.docx has "
               "9 pages.");
 }

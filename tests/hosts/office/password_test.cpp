@@ -9,6 +9,7 @@
 #include "hosts/office/engine/uno_support.h"
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/support.h"
+#include "support/error_of.h"
 #include "support/scratch_folder.h"
 
 namespace foliant::hosts::office {
@@ -59,13 +60,13 @@ TEST_P(Password, OpensTheDocument) {
 }
 
 TEST_P(Password, IsAskedForWhenMissing) {
-    const auto error = test::error_of([&] { test::open(path_); });
+    const auto error = tests::error_of([&] { test::open(path_); });
     EXPECT_EQ(error.number(), 5408);
     EXPECT_EQ(error.description(), path_.string() + " is encrypted. Give its open password.");
 }
 
 TEST_P(Password, IsRefusedWhenWrong) {
-    const auto error = test::error_of([&] { test::open(path_, "wrong"); });
+    const auto error = tests::error_of([&] { test::open(path_, "wrong"); });
     EXPECT_EQ(error.number(), 5408);
     EXPECT_EQ(error.description(), path_.string() +
                                        ": the password is incorrect. Give the open password that "
@@ -73,7 +74,7 @@ TEST_P(Password, IsRefusedWhenWrong) {
 }
 
 TEST_P(Password, IsNotTheWritePassword) {
-    EXPECT_EQ(test::error_of([&] { test::open(path_, "", password); }).number(), 5408);
+    EXPECT_EQ(tests::error_of([&] { test::open(path_, "", password); }).number(), 5408);
 }
 
 INSTANTIATE_TEST_SUITE_P(Formats, Password,

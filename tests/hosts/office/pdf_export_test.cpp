@@ -4,6 +4,7 @@
 
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/support.h"
+#include "support/error_of.h"
 #include "support/scratch_folder.h"
 
 namespace foliant::hosts::office {
@@ -41,7 +42,7 @@ TEST(PdfExport, PrintsThePagesInTheOrderOfTheRange) {
 TEST(PdfExport, RefusesAPageThatIsNotThereAndWritesNothing) {
     const tests::ScratchFolder folder;
     const auto document = test::open(test::document("five.docx"));
-    const auto error = test::error_of([&] { document->export_pdf("3-7", folder / "out.pdf"); });
+    const auto error = tests::error_of([&] { document->export_pdf("3-7", folder / "out.pdf"); });
     EXPECT_EQ(error.number(), 4608);
     EXPECT_EQ(error.description(), "The page range \"3-7\" names page 7, but " +
                                        test::document("five.docx").string() + " has 5 pages.");
@@ -70,8 +71,8 @@ TEST(PdfExport, CanBeRepeated) {
 TEST(PdfExport, NamesAMissingFolder) {
     const tests::ScratchFolder folder;
     const auto document = test::open(test::document("one.docx"));
-    EXPECT_EQ(test::error_of([&] { document->export_pdf("", folder / "no/out.pdf"); }).number(), 76);
-    EXPECT_EQ(test::error_of([&] { document->export_ps("", folder / "no/out.ps"); }).number(), 76);
+    EXPECT_EQ(tests::error_of([&] { document->export_pdf("", folder / "no/out.pdf"); }).number(), 76);
+    EXPECT_EQ(tests::error_of([&] { document->export_ps("", folder / "no/out.ps"); }).number(), 76);
 }
 
 TEST(PdfExport, ReportsAFullDiskUnderTheTemporaryFolder) {

@@ -22,14 +22,4 @@ bool is_version(const std::string& text) {
            text.front() != '.' && text.back() != '.';
 }
 
-automation::Error error_of(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const automation::Error& error) {
-        return error;
-    }
-    ADD_FAILURE() << "no error was raised";
-    return {0, "", ""};
-}
-
 }  // namespace foliant::hosts::office::test

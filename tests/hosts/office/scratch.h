@@ -1,10 +1,7 @@
 #pragma once
 
 #include <filesystem>
-#include <functional>
 #include <string>
-
-#include "automation/error.h"
 
 namespace foliant::hosts::office::test {
 
@@ -16,8 +13,5 @@ std::filesystem::path document(const std::string& name);
 
 /// Whether a text is numbers with dots between them, such as "7.4.7.2".
 bool is_version(const std::string& text);
-
-/// The automation error that `action` raises; fails the test when it raises none.
-automation::Error error_of(const std::function<void()>& action);
 
 }  // namespace foliant::hosts::office::test

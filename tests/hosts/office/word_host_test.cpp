@@ -8,6 +8,7 @@
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/scratch.h"
 #include "hosts/process/host_process.h"
+#include "support/error_of.h"
 #include "support/scratch_folder.h"
 
 namespace foliant::hosts::office {
@@ -45,7 +46,7 @@ TEST(WordModule, NamesTheVersionOfItsEngine) {
 
 TEST(WordModule, KnowsNoOtherClass) {
     NotingMachine machine;
-    EXPECT_EQ(test::error_of([&] { office_module().create("Excel.Application", machine); }).number(), 429);
+    EXPECT_EQ(tests::error_of([&] { office_module().create("Excel.Application", machine); }).number(), 429);
 }
 
 TEST_F(WordHost, PrintsToPostScriptInTheOrderOfTheLibrary) {
@@ -83,7 +84,7 @@ TEST_F(WordHost, PrintsToTheFileThatThePrintersDialogIsAnsweredWith) {
 TEST_F(WordHost, SaysThatNothingWasPrintedWhenTheDialogIsCancelled) {
     word.set("ActivePrinter", "Adobe PDF");
     const Value document = open("five.docx");
-    EXPECT_EQ(test::error_of([&] { document.call("PrintOut"); }).description(),
+    EXPECT_EQ(tests::error_of([&] { document.call("PrintOut"); }).description(),
               "five.docx was not printed: the dialog \"Save PDF File As\" was closed without a file name.");
 }
 
@@ -94,7 +95,7 @@ TEST_F(WordHost, PrintsOnAQueueOfTheSpooler) {
 }
 
 TEST_F(WordHost, RefusesAPrinterThatIsNotThere) {
-    const auto error = test::error_of([&] { word.set("ActivePrinter", "Nowhere"); });
+    const auto error = tests::error_of([&] { word.set("ActivePrinter", "Nowhere"); });
     EXPECT_EQ(error.number(), 5216);
     EXPECT_NE(error.description().find("\"Nowhere\""), std::string::npos) << error.description();
     EXPECT_EQ(word.get("ActivePrinter"), Value("Office"));
@@ -105,15 +106,15 @@ TEST_F(WordHost, TellsTheOrientation) {
     EXPECT_EQ(setup.get("Orientation"), Value(std::int32_t{1}));
     setup.set("Orientation", std::int16_t{0});
     EXPECT_EQ(setup.get("Orientation"), Value(std::int32_t{0}));
-    EXPECT_EQ(test::error_of([&] { setup.set("Orientation", std::int16_t{2}); }).number(), 4608);
+    EXPECT_EQ(tests::error_of([&] { setup.set("Orientation", std::int16_t{2}); }).number(), 4608);
 }
 
 TEST_F(WordHost, ReachesTheFirstSectionAndItsPrimaryHeaderOnly) {
     const Value document = open("sections.docx");
-    EXPECT_EQ(test::error_of([&] { document.get("Sections", {std::int16_t{2}}); }).number(), 5941);
+    EXPECT_EQ(tests::error_of([&] { document.get("Sections", {std::int16_t{2}}); }).number(), 5941);
     const Value section = document.get("Sections", {std::int16_t{1}});
-    EXPECT_EQ(test::error_of([&] { section.get("Headers", {std::int16_t{2}}); }).number(), 5941);
-    EXPECT_EQ(test::error_of([&] { section.get("Headers"); }).number(), 449);
+    EXPECT_EQ(tests::error_of([&] { section.get("Headers", {std::int16_t{2}}); }).number(), 5941);
+    EXPECT_EQ(tests::error_of([&] { section.get("Headers"); }).number(), 449);
 }
 
 TEST_F(WordHost, RefusesAnAlignmentThatPageNumbersDoNotHave) {
@@ -121,14 +122,14 @@ TEST_F(WordHost, RefusesAnAlignmentThatPageNumbersDoNotHave) {
                               .get("Sections", {std::int16_t{1}})
                               .get("Headers", {std::int16_t{1}})
                               .get("PageNumbers");
-    EXPECT_EQ(test::error_of([&] { numbers.call("Add", {std::int16_t{7}}); }).number(), 4608);
+    EXPECT_EQ(tests::error_of([&] { numbers.call("Add", {std::int16_t{7}}); }).number(), 4608);
 }
 
 TEST_F(WordHost, RaisesTheErrorsOfItsDocuments) {
-    EXPECT_EQ(test::error_of([&] { open("missing.docx"); }).number(), 5174);
-    EXPECT_EQ(test::error_of([&] { open("truncated.docx"); }).number(), 5792);
+    EXPECT_EQ(tests::error_of([&] { open("missing.docx"); }).number(), 5174);
+    EXPECT_EQ(tests::error_of([&] { open("truncated.docx"); }).number(), 5792);
     const Value document = open("five.docx");
-    EXPECT_EQ(test::error_of([&] {
+    EXPECT_EQ(tests::error_of([&] {
                   document.call("PrintOut", {named("Outputfilename", (folder / "out.ps").string()),
                                              named("Range", std::int16_t{4}), named("Pages", "9")});
               }).number(),
@@ -138,16 +139,16 @@ TEST_F(WordHost, RaisesTheErrorsOfItsDocuments) {
 
 TEST_F(WordHost, NeverSavesADocument) {
     const Value document = open("five.docx");
-    EXPECT_EQ(test::error_of([&] { document.call("Close", {true}); }).number(), 4198);
+    EXPECT_EQ(tests::error_of([&] { document.call("Close", {true}); }).number(), 4198);
     document.call("Close", {std::int16_t{0}});
 }
 
 TEST_F(WordHost, IsOfNoUseWhenClosedOrQuit) {
     const Value document = open("five.docx");
     document.call("Close", {false});
-    EXPECT_EQ(test::error_of([&] { document.call("Close", {false}); }).number(), 5825);
+    EXPECT_EQ(tests::error_of([&] { document.call("Close", {false}); }).number(), 5825);
     word.call("Quit");
-    EXPECT_EQ(test::error_of([&] { word.get("Documents"); }).number(), 462);
+    EXPECT_EQ(tests::error_of([&] { word.get("Documents"); }).number(), 462);
     EXPECT_NO_THROW(word.call("Quit"));
 }
 
@@ -155,7 +156,7 @@ TEST_F(WordHost, ClosesItsDocumentsWhenItQuits) {
     const Value document = open("five.docx");
     EXPECT_EQ(word.get("Documents").get("Count"), Value(std::int32_t{1}));
     word.call("Quit");
-    EXPECT_EQ(test::error_of([&] { document.call("PrintOut"); }).number(), 5825);
+    EXPECT_EQ(tests::error_of([&] { document.call("PrintOut"); }).number(), 5825);
 }
 
 TEST_F(WordHost, IsAnotherWordEachTime) {
@@ -176,7 +177,7 @@ TEST_F(WordHost, LeavesNoObjectBehind) {
 }
 
 TEST_F(WordHost, SaysWhatItDoesNotKnow) {
-    EXPECT_EQ(test::error_of([&] { word.get("Bookmarks"); }).number(), 438);
+    EXPECT_EQ(tests::error_of([&] { word.get("Bookmarks"); }).number(), 438);
 }
 
 }  // namespace

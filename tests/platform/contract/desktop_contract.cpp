@@ -55,8 +55,11 @@ TEST_P(PortContract, TheWindowSenderLiesInTheSystemFolderAndStartsThere) {
     const std::string folder = buffer->substr(0, buffer->find('\0'));
     const std::string sender = folder + ports.files.separator() + "quorixsend.exe";
     EXPECT_GT(ports.files.length(sender), 0);
-    EXPECT_EQ(error_of([&] { ports.programs.start(sender + " open~Edit~x~0~0~", WindowStyle::hidden); }), 0);
-    EXPECT_EQ(error_of([&] { ports.programs.start(sender + "2 open~Edit~x~0~0~", WindowStyle::hidden); }),
+    EXPECT_EQ(
+        tests::error_number([&] { ports.programs.start(sender + " open~Edit~x~0~0~", WindowStyle::hidden); }),
+        0);
+    EXPECT_EQ(tests::error_number(
+                  [&] { ports.programs.start(sender + "2 open~Edit~x~0~0~", WindowStyle::hidden); }),
               53);
 }
 
@@ -70,7 +73,7 @@ TEST_P(PortContract, AProgramGetsTheRestOfTheLineAsItStands) {
 TEST_P(PortContract, ThereAreNoOtherFoldersAndPrograms) {
     EXPECT_FALSE(ports.shell.special_folder(100, 9999).has_value());
     for (const char* line : {"nosuch.exe", "nosuch.exe /p \"C:\\in\\a b.txt\""})
-        EXPECT_EQ(error_of([&] { ports.programs.start(line, WindowStyle::hidden); }), 53) << line;
+        EXPECT_EQ(tests::error_number([&] { ports.programs.start(line, WindowStyle::hidden); }), 53) << line;
 }
 
 }  // namespace

@@ -12,27 +12,27 @@ TEST_P(PortContract, AFileHasALengthAndWhatIsNoFileRaises53) {
     world->put_folder("folder");
     EXPECT_GT(ports.files.length(world->path("there.doc")), 0);
     for (const char* name : {"missing.doc", "folder", "there.doc/below"})
-        EXPECT_EQ(error_of([&] { ports.files.length(world->path(name)); }), 53) << name;
-    EXPECT_EQ(error_of([&] { ports.files.length(""); }), 53);
+        EXPECT_EQ(tests::error_number([&] { ports.files.length(world->path(name)); }), 53) << name;
+    EXPECT_EQ(tests::error_number([&] { ports.files.length(""); }), 53);
 }
 
 TEST_P(PortContract, ADeletedFileIsGoneAndCannotBeDeletedAgain) {
     world->put_file("old.pdf");
     ports.files.remove(world->path("old.pdf"));
-    EXPECT_EQ(error_of([&] { ports.files.length(world->path("old.pdf")); }), 53);
-    EXPECT_EQ(error_of([&] { ports.files.remove(world->path("old.pdf")); }), 53);
-    EXPECT_EQ(error_of([&] { ports.files.remove(""); }), 53);
+    EXPECT_EQ(tests::error_number([&] { ports.files.length(world->path("old.pdf")); }), 53);
+    EXPECT_EQ(tests::error_number([&] { ports.files.remove(world->path("old.pdf")); }), 53);
+    EXPECT_EQ(tests::error_number([&] { ports.files.remove(""); }), 53);
 }
 
 TEST_P(PortContract, AFolderIsMadeOnceAndOnlyBelowOneThatExists) {
-    EXPECT_EQ(error_of([&] { ports.files.make_folder(world->path("new")); }), 0);
-    EXPECT_EQ(error_of([&] { ports.files.make_folder(world->path("new")); }), 75);
+    EXPECT_EQ(tests::error_number([&] { ports.files.make_folder(world->path("new")); }), 0);
+    EXPECT_EQ(tests::error_number([&] { ports.files.make_folder(world->path("new")); }), 75);
     const std::string trailing = world->path("new") + ports.files.separator();
-    EXPECT_EQ(error_of([&] { ports.files.make_folder(trailing); }), 75);
-    EXPECT_EQ(error_of([&] { ports.files.make_folder(trailing + "deeper"); }), 0);
+    EXPECT_EQ(tests::error_number([&] { ports.files.make_folder(trailing); }), 75);
+    EXPECT_EQ(tests::error_number([&] { ports.files.make_folder(trailing + "deeper"); }), 0);
     const std::string orphan = world->path("nowhere") + ports.files.separator() + "deeper";
-    EXPECT_EQ(error_of([&] { ports.files.make_folder(orphan); }), 76);
-    EXPECT_EQ(error_of([&] { ports.files.make_folder(""); }), 76);
+    EXPECT_EQ(tests::error_number([&] { ports.files.make_folder(orphan); }), 76);
+    EXPECT_EQ(tests::error_number([&] { ports.files.make_folder(""); }), 76);
 }
 
 TEST_P(PortContract, ATextFileHoldsItsLinesEachWithCarriageReturnAndLineFeed) {
@@ -57,8 +57,8 @@ TEST_P(PortContract, AScratchTextIsThereUnderItsPathUntilItIsRemoved) {
     text->close();
     EXPECT_GT(ports.files.length(path), 0);
     ports.files.remove(path);
-    EXPECT_EQ(error_of([&] { ports.files.length(path); }), 53);
-    EXPECT_EQ(error_of([&] { ports.files.remove(path); }), 53);
+    EXPECT_EQ(tests::error_number([&] { ports.files.length(path); }), 53);
+    EXPECT_EQ(tests::error_number([&] { ports.files.remove(path); }), 53);
 }
 
 TEST_P(PortContract, ABareNameIsLookedForInTheCurrentFolder) {

@@ -11,7 +11,7 @@ namespace {
 using automation::Value;
 
 TEST_P(PortContract, AClassThatNobodyHasRaises429) {
-    EXPECT_EQ(error_of([&] { ports.servers.create("No.SuchClass"); }), 429);
+    EXPECT_EQ(tests::error_number([&] { ports.servers.create("No.SuchClass"); }), 429);
 }
 
 TEST_P(PortContract, ACollectionGivesItsElementsInOrderAndStaysAtItsEnd) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <ostream>
@@ -11,6 +10,7 @@
 #include "automation/error.h"
 #include "automation/object.h"
 #include "platform/platform.h"
+#include "support/error_of.h"
 
 /// What the ports promise: one body of tests, run on every adapter. A difference between the stage and the
 /// others would make every test on the stage worth less.
@@ -73,15 +73,5 @@ class PortContract : public testing::TestWithParam<WorldMaker> {
     std::unique_ptr<World> world = GetParam().make();
     Platform ports = world->ports();
 };
-
-/// The number of the error that a call ends with; 0 for none.
-inline std::int32_t error_of(const std::function<void()>& call) {
-    try {
-        call();
-        return 0;
-    } catch (const automation::Error& error) {
-        return error.number();
-    }
-}
 
 }  // namespace foliant::platform::contract

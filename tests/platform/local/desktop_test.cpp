@@ -1,11 +1,11 @@
 #include "platform/local/desktop.h"
 
 #include <chrono>
-#include <functional>
 #include <gtest/gtest.h>
 
 #include "automation/error.h"
 #include "sender/command.h"
+#include "support/error_of.h"
 
 namespace foliant::platform::local::test {
 namespace {
@@ -30,14 +30,7 @@ hosts::Dialog notice() {
     return {"Adobe PDF - Security", {button("Help"), button("OK", true)}, {}, false};
 }
 
-std::string failure(const std::function<void()>& call) {
-    try {
-        call();
-        return "no failure";
-    } catch (const automation::Error& error) {
-        return std::to_string(error.number()) + " " + error.description();
-    }
-}
+using tests::failure;
 
 class DesktopTest : public testing::Test {
   protected:

@@ -1,12 +1,11 @@
 #include "platform/local/host_modules.h"
 
 #include <algorithm>
-#include <functional>
 #include <gtest/gtest.h>
 
-#include "automation/error.h"
 #include "platform/local/local_machine.h"
 #include "registered/classes.h"
+#include "support/error_of.h"
 #include "support/scratch_folder.h"
 
 namespace foliant::platform::local::test {
@@ -18,14 +17,7 @@ constexpr std::string_view distiller = registered::event_bound_distiller;
 constexpr std::string_view secure_distiller = registered::security_capable_distiller;
 const fs::path module_folder = FOLIANT_TEST_HOSTS;
 
-std::string failure(const std::function<void()>& call) {
-    try {
-        call();
-        return "no failure";
-    } catch (const automation::Error& error) {
-        return std::to_string(error.number()) + " " + error.description();
-    }
-}
+using tests::failure;
 
 class HostModulesTest : public testing::Test {
   protected:

@@ -1,14 +1,13 @@
 #include "platform/local/local_files.h"
 
 #include <csignal>
-#include <functional>
 #include <gtest/gtest.h>
 #include <string>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "automation/error.h"
+#include "support/error_of.h"
 #include "support/scratch_folder.h"
 
 namespace foliant::platform::local::test {
@@ -17,14 +16,7 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::string_literals;
 
-std::string failure(const std::function<void()>& call) {
-    try {
-        call();
-        return "no failure";
-    } catch (const automation::Error& error) {
-        return std::to_string(error.number()) + " " + error.description();
-    }
-}
+using tests::failure;
 
 class LocalFilesTest : public testing::Test {
   protected:

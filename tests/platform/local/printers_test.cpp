@@ -3,25 +3,17 @@
 #include "platform/local/printers.h"
 
 #include <cstdlib>
-#include <functional>
 #include <gtest/gtest.h>
 #include <optional>
 
-#include "automation/error.h"
 #include "platform/local/local_printer_control.h"
+#include "support/error_of.h"
 #include "support/scratch_folder.h"
 
 namespace foliant::platform::local::test {
 namespace {
 
-std::string failure(const std::function<void()>& call) {
-    try {
-        call();
-        return "no failure";
-    } catch (const automation::Error& error) {
-        return std::to_string(error.number()) + " " + error.description();
-    }
-}
+using tests::failure;
 
 class PrintersTest : public testing::Test {
   protected:

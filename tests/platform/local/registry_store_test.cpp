@@ -1,13 +1,12 @@
 #include "platform/local/registry_store.h"
 
 #include <algorithm>
-#include <functional>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "automation/error.h"
+#include "support/error_of.h"
 #include "support/scratch_folder.h"
 
 namespace foliant::platform::local::test {
@@ -19,14 +18,7 @@ constexpr const char* printer_key =
     "HKEY_LOCAL_MACHINE\\SOFTWARE\\Adobe\\Acrobat Distiller\\6.0\\PrinterName";
 constexpr const char* version_key = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\AcroExch.App\\AcrobatVersion";
 
-std::string failure(const std::function<void()>& call) {
-    try {
-        call();
-        return "no failure";
-    } catch (const automation::Error& error) {
-        return std::to_string(error.number()) + " " + error.description();
-    }
-}
+using tests::failure;
 
 class RegistryStoreTest : public testing::Test {
   protected:

@@ -10,6 +10,7 @@
 #include "platform/win32/scratch.h"
 #include "platform/win32/text.h"
 #include "platform/win32/windows_platform.h"
+#include "support/error_of.h"
 
 // clang-format off: it needs what the others bring
 #include <winspool.h>
@@ -21,15 +22,7 @@ namespace {
 constexpr std::uint32_t read_and_write = 0x2000F;
 constexpr std::uint32_t all_access = 0xF003F;
 
-template <class Call>
-std::int32_t error_of(Call call) {
-    try {
-        call();
-        return 0;
-    } catch (const automation::Error& error) {
-        return error.number();
-    }
-}
+using tests::error_number;
 
 int messages_handled = 0;
 
@@ -55,9 +48,9 @@ TEST_F(WindowsPorts, AFileHasALengthAndWhatIsNoFileRaises53) {
     ports.files.make_folder(path("folder"));
     EXPECT_EQ(ports.files.length(path("there \xE2\x82\xAC.doc")), 6);
     for (const char* name : {"missing.doc", "folder", "there.doc\\below", "*.doc", "ther?.doc"})
-        EXPECT_EQ(error_of([&] { ports.files.length(path(name)); }), 53) << name;
-    EXPECT_EQ(error_of([&] { ports.files.length(""); }), 53);
-    EXPECT_EQ(error_of([&] { ports.files.length("Q:\\nowhere"); }), 53);
+        EXPECT_EQ(error_number([&] { ports.files.length(path(name)); }), 53) << name;
+    EXPECT_EQ(error_number([&] { ports.files.length(""); }), 53);
+    EXPECT_EQ(error_number([&] { ports.files.length("Q:\\nowhere"); }), 53);
 }
 
 TEST_F(WindowsPorts, AFileThatAnotherHoldsHasALengthAndCannotBeDeleted) {
@@ -65,21 +58,21 @@ TEST_F(WindowsPorts, AFileThatAnotherHoldsHasALengthAndCannotBeDeleted) {
     const HANDLE held =
         CreateFileA(path("held.pdf").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     EXPECT_EQ(ports.files.length(path("held.pdf")), 6);
-    EXPECT_EQ(error_of([&] { ports.files.remove(path("held.pdf")); }), 70);
-    EXPECT_EQ(error_of([&] { ports.files.create_text(path("held.pdf"), TextPurpose::result); }), 70);
+    EXPECT_EQ(error_number([&] { ports.files.remove(path("held.pdf")); }), 70);
+    EXPECT_EQ(error_number([&] { ports.files.create_text(path("held.pdf"), TextPurpose::result); }), 70);
     CloseHandle(held);
     ports.files.remove(path("held.pdf"));
-    EXPECT_EQ(error_of([&] { ports.files.remove(path("held.pdf")); }), 53);
-    EXPECT_EQ(error_of([&] { ports.files.remove(""); }), 53);
+    EXPECT_EQ(error_number([&] { ports.files.remove(path("held.pdf")); }), 53);
+    EXPECT_EQ(error_number([&] { ports.files.remove(""); }), 53);
 }
 
 TEST_F(WindowsPorts, AFolderIsMadeOnceAndOnlyBelowOneThatExists) {
-    EXPECT_EQ(error_of([&] { ports.files.make_folder(path("new")); }), 0);
-    EXPECT_EQ(error_of([&] { ports.files.make_folder(path("new")); }), 75);
-    EXPECT_EQ(error_of([&] { ports.files.make_folder(path("new\\")); }), 75);
-    EXPECT_EQ(error_of([&] { ports.files.make_folder("C:\\"); }), 75);
-    EXPECT_EQ(error_of([&] { ports.files.make_folder(path("nowhere\\deeper")); }), 76);
-    EXPECT_EQ(error_of([&] { ports.files.make_folder(""); }), 76);
+    EXPECT_EQ(error_number([&] { ports.files.make_folder(path("new")); }), 0);
+    EXPECT_EQ(error_number([&] { ports.files.make_folder(path("new")); }), 75);
+    EXPECT_EQ(error_number([&] { ports.files.make_folder(path("new\\")); }), 75);
+    EXPECT_EQ(error_number([&] { ports.files.make_folder("C:\\"); }), 75);
+    EXPECT_EQ(error_number([&] { ports.files.make_folder(path("nowhere\\deeper")); }), 76);
+    EXPECT_EQ(error_number([&] { ports.files.make_folder(""); }), 76);
 }
 
 TEST_F(WindowsPorts, ATextFileIsEmptiedAndHoldsItsLinesInTheCodePage) {
@@ -90,8 +83,9 @@ TEST_F(WindowsPorts, ATextFileIsEmptiedAndHoldsItsLinesInTheCodePage) {
     file->write_line("(caf\xC3\xA9 \xD0\x94) show");
     file->close();
     EXPECT_EQ(scratch_.content("driver.ps"), "%!PS\r\n\r\n(caf\xE9 ?) show\r\n");
-    EXPECT_EQ(error_of([&] { ports.files.create_text(path("nowhere\\a.txt"), TextPurpose::result); }), 76);
-    EXPECT_EQ(error_of([&] { ports.files.create_text("", TextPurpose::result); }), 75);
+    EXPECT_EQ(error_number([&] { ports.files.create_text(path("nowhere\\a.txt"), TextPurpose::result); }),
+              76);
+    EXPECT_EQ(error_number([&] { ports.files.create_text("", TextPurpose::result); }), 75);
 }
 
 TEST_F(WindowsPorts, AListingTakesAnyNameAndLeavesOutWhatBelongsToTheSystem) {
@@ -108,8 +102,8 @@ TEST_F(WindowsPorts, AListingTakesAnyNameAndLeavesOutWhatBelongsToTheSystem) {
 
 TEST_F(WindowsPorts, AListingOfAnUnknownDriveIsEmptyAndOneOfABadNameRaises52) {
     EXPECT_EQ(ports.files.list("Q:\\in\\*.pdf")->next(), std::nullopt);
-    EXPECT_EQ(error_of([&] { ports.files.list(path("<|>\\*.pdf")); }), 52);
-    EXPECT_EQ(error_of([&] { ports.files.list(std::string("C:\\*\0.pdf", 9)); }), 52);
+    EXPECT_EQ(error_number([&] { ports.files.list(path("<|>\\*.pdf")); }), 52);
+    EXPECT_EQ(error_number([&] { ports.files.list(std::string("C:\\*\0.pdf", 9)); }), 52);
 }
 
 TEST_F(WindowsPorts, RegistryRootsOpenWithTheAccessThatMembersAskFor) {
@@ -167,12 +161,12 @@ TEST_F(WindowsPorts, AProgramStartsFromAnUnquotedPathAndIsNotAwaited) {
     for (int i = 0; i < 100 && GetFileAttributesA(made.c_str()) == INVALID_FILE_ATTRIBUTES; ++i)
         Sleep(100);
     EXPECT_NE(GetFileAttributesA(made.c_str()), INVALID_FILE_ATTRIBUTES);
-    EXPECT_EQ(error_of([&] { ports.programs.start("C:\\nosuch.exe a~b~", WindowStyle::hidden); }), 53);
+    EXPECT_EQ(error_number([&] { ports.programs.start("C:\\nosuch.exe a~b~", WindowStyle::hidden); }), 53);
 }
 
 TEST_F(WindowsPorts, AClassThatNobodyHasRaises429) {
     for (const char* name : {"No.SuchClass", "{00000000-1111-2222-3333-444444444444}", "{no class}", ""})
-        EXPECT_EQ(error_of([&] { ports.servers.create(name); }), 429) << name;
+        EXPECT_EQ(error_number([&] { ports.servers.create(name); }), 429) << name;
 }
 
 TEST_F(WindowsPorts, APrinterOfTheProfileBecomesTheDefaultAndEveryWindowIsTold) {
