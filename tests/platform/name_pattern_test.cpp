@@ -66,10 +66,11 @@ TEST(NamePattern, ManyStarsTakeNoLongerThanOthers) {
 }
 
 TEST(NamePattern, ADirectoryComparesCapitals) {
-    std::vector<std::string> names{"b.pdf", "_.pdf", "A.pdf", "a.pdf", "10.pdf", "9.pdf", "\xC3\xA4.pdf"};
+    std::vector<std::string> names{"b.pdf", "_.pdf",  "\xC3\x84 2.pdf", "A.pdf",
+                                   "a.pdf", "10.pdf", "9.pdf",          "\xC3\xA4 1.pdf"};
     std::sort(names.begin(), names.end(), comes_before);
     EXPECT_EQ(names, (std::vector<std::string>{"10.pdf", "9.pdf", "A.pdf", "a.pdf", "b.pdf", "_.pdf",
-                                               "\xC3\xA4.pdf"}));
+                                               "\xC3\xA4 1.pdf", "\xC3\x84 2.pdf"}));
 }
 
 }  // namespace
