@@ -88,6 +88,13 @@ void put_temporary_folder(core::BuildPDF& object, const std::string& folder) {
                 "The folder for temporary files cannot be had: " + folder + ".");
 }
 
+/// A host knows that it may have no more memory, the command how to give it more.
+Error with_remedy(Error error) {
+    if (!error.is(automation::RuntimeError::out_of_memory)) return error;
+    return {error.number(), error.source(),
+            error.description() + " Give it more with --memory SIZE, or --memory none for no limit."};
+}
+
 }  // namespace
 
 Error host_error(std::string description) {
@@ -107,7 +114,7 @@ std::optional<long> pages_announced(const Outcome& outcome) {
 
 void fail(Outcome& outcome, Error error) {
     outcome.exit_code = exit_code_for(error);
-    outcome.error = std::move(error);
+    outcome.error = with_remedy(std::move(error));
 }
 
 Error not_made(const std::string& output) {

@@ -7,18 +7,10 @@
 #include <string_view>
 #include <vector>
 
-namespace foliant::hosts::distiller {
+#include "hosts/distiller/security.h"
+#include "hosts/machine.h"
 
-/// How a finished PDF is locked. Passwords are UTF-8; AES-256 is used, so a reader of PDF 1.7 or newer is
-/// needed.
-struct Security {
-    std::string open_password;   ///< asked for when the PDF is opened; empty: it opens without one
-    std::string owner_password;  ///< lifts the permissions; empty: a random one that nobody is told
-    bool allow_printing = true;
-    bool allow_accessibility = true;  ///< text for screen readers
-    bool allow_copying = false;
-    bool allow_changing = false;  ///< pages, notes, form fields and everything else
-};
+namespace foliant::hosts::distiller {
 
 /// One PostScript file to turn into one PDF. Relative paths start at the process's current folder.
 struct DistillJob {
@@ -30,8 +22,9 @@ struct DistillJob {
     std::filesystem::path job_options_file = {};  ///< PostScript run before the input; empty: the defaults
     std::optional<Security> security = {};        ///< empty: the PDF is not protected
     std::filesystem::path private_folder = {};  ///< scratch space is made in it; empty: the temporary folder
-    /// What each of the job's engine processes may allocate. A thousand pages take 32 MiB.
-    std::uint64_t memory_bytes = std::uint64_t{2} << 30U;
+    /// What each of the job's engine processes may allocate; 0 for as much as there is. A thousand pages take
+    /// 32 MiB.
+    std::uint64_t memory_bytes = usual_memory_limit;
 };
 
 /// Is told what a job does while it does it, on the thread that called `Distiller::distill`. An exception

@@ -144,7 +144,7 @@ DistillResult Distiller::distill(const DistillJob& wanted, Progress& progress) c
 
 std::string Distiller::engine_version() const {
     EngineProcess process(engine_folder_, ghostscript_engine,
-                          {engine::version_command, "/", {}, DistillJob{}.memory_bytes});
+                          {engine::version_command, "/", {}, usual_memory_limit});
     const auto record = process.next([] { return false; });
     const std::string how_it_ended = process.wait_for_end();
     if (!record) throw DistillError("The Distiller engine does not run: " + how_it_ended + ".");

@@ -106,6 +106,7 @@ std::int16_t DistillerObject::convert(const Arguments& arguments, bool with_secu
     job.output_pdf = automation::to_text(arguments[1].value);
     job.job_options_file = automation::to_text(arguments[2].value);
     job.private_folder = machine_.private_folder();
+    job.memory_bytes = machine_.memory_limit_bytes();
     if (job.input_ps.empty() || job.output_pdf.empty()) return job_invalid;
     if (with_security) job.security = security_settings(machine_);
 

@@ -126,8 +126,10 @@ std::string JobRun::advice() const {
                "PDF, name them to CreatePDFfromMultiPS.";
     }
     if (error_name_ == "VMerror") {
-        return "It needs more than the " + std::to_string(job_.memory_bytes >> 20U) +
-               " MiB of memory that a job may take. Split the file, or print the document to it again.";
+        const std::string limit = job_.memory_bytes == 0 ? "there is"
+                                                         : std::to_string(job_.memory_bytes >> 20U) +
+                                                               " MiB, which is what a job may take";
+        return "It needs more memory than " + limit + ".";
     }
     if (!running_source().looks_like_postscript) {
         return "It does not begin with %! as PostScript does; check that it is PostScript.";

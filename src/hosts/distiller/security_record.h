@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "hosts/distiller/distill_job.h"
+#include "hosts/distiller/security.h"
 #include "posix/file_descriptor.h"
 
 namespace foliant::hosts::distiller {

@@ -181,7 +181,7 @@ TEST_F(FailedJob, SurvivesADocumentThatEatsMemory) {
     const auto result = distill(job);
     EXPECT_TRUE(result.out_of_memory);
     EXPECT_NE(result.error.find("VMerror in"), std::string::npos) << result.error;
-    EXPECT_NE(result.error.find("It needs more than the 300 MiB of memory that a job may take."),
+    EXPECT_NE(result.error.find("It needs more memory than 300 MiB, which is what a job may take."),
               std::string::npos)
         << result.error;
 }

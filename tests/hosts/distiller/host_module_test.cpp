@@ -26,6 +26,7 @@ class BareMachine : public Machine {
         const auto found = scratch_texts.find(path);
         return found == scratch_texts.end() ? std::nullopt : std::optional(found->second);
     }
+    std::uint64_t memory_limit_bytes() const override { return memory_limit; }
     bool has_printer(std::string_view) const override { return false; }
     bool is_pdf_printer(std::string_view) const override { return false; }
     std::string default_printer() const override { return {}; }
@@ -40,6 +41,7 @@ class BareMachine : public Machine {
         return found->second;
     }
 
+    std::uint64_t memory_limit = usual_memory_limit;
     std::map<std::string, std::string> settings;
     std::string trouble;  ///< with the settings
     std::map<std::string, std::vector<std::string>> scratch_texts;
@@ -116,6 +118,25 @@ TEST_F(DistillerModule, RaisesAFailureThatNobodyWouldHearOf) {
         EXPECT_NE(error.description().find("undefined in foo"), std::string::npos);
     }
 }
+
+#ifndef __SANITIZE_ADDRESS__  // which knows no limit
+TEST_F(DistillerModule, RaisesOutOfMemoryAlsoToThoseWhoListen) {
+    machine.memory_limit = std::uint64_t{200} << 20U;
+    const Value object = module->create(event_bound, machine);
+    const auto listening = object.object().subscribe(notes);
+    const std::string input = in_ps("%!\n[ { 65000 string } loop\n");
+    try {
+        object.call("FileToPDF", {input, output.string(), ""});
+        FAIL() << "nothing was raised";
+    } catch (const automation::Error& error) {
+        EXPECT_TRUE(error.is(automation::RuntimeError::out_of_memory));
+        EXPECT_NE(error.description().find("more memory than 200 MiB, which is what a job may take."),
+                  std::string::npos)
+            << error.description();
+    }
+    EXPECT_EQ(notes.lines.back(), "OnJobFail " + input + " " + output.string());
+}
+#endif
 
 TEST_F(DistillerModule, RejectsAnEmptyPathByItsStatus) {
     const Value object = module->create(event_bound, machine);

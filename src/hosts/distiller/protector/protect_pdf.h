@@ -1,6 +1,6 @@
 #pragma once
 
-#include "hosts/distiller/distill_job.h"
+#include "hosts/distiller/security.h"
 
 namespace foliant::hosts::distiller::protector {
 
