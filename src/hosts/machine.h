@@ -70,7 +70,7 @@ class Machine {
         return std::make_unique<PendingFile>(path);
     }
 
-    /// How much a host may allocate, in bytes; 0 for as much as there is.
+    /// How much a host may allocate, in bytes.
     virtual std::uint64_t memory_limit_bytes() const { return usual_memory_limit; }
 
     /// Whether a printer of that name exists; case matters, as it does for the spooler.

@@ -22,8 +22,7 @@ struct DistillJob {
     std::filesystem::path job_options_file = {};  ///< PostScript run before the input; empty: the defaults
     std::optional<Security> security = {};        ///< empty: the PDF is not protected
     std::filesystem::path private_folder = {};  ///< scratch space is made in it; empty: the temporary folder
-    /// What each of the job's engine processes may allocate; 0 for as much as there is. A thousand pages take
-    /// 32 MiB.
+    /// What each of the job's engine processes may allocate. A thousand pages take 32 MiB.
     std::uint64_t memory_bytes = usual_memory_limit;
 };
 

@@ -126,10 +126,8 @@ std::string JobRun::advice() const {
                "PDF, name them to CreatePDFfromMultiPS.";
     }
     if (error_name_ == "VMerror") {
-        const std::string limit = job_.memory_bytes == 0 ? "there is"
-                                                         : std::to_string(job_.memory_bytes >> 20U) +
-                                                               " MiB, which is what a job may take";
-        return "It needs more memory than " + limit + ".";
+        return "It needs more memory than " + std::to_string(job_.memory_bytes >> 20U) +
+               " MiB, which is what a job may take.";
     }
     if (!running_source().looks_like_postscript) {
         return "It does not begin with %! as PostScript does; check that it is PostScript.";

@@ -33,7 +33,7 @@ struct LocalOptions {
     std::filesystem::path executable{};  ///< The running program.
     std::filesystem::path
         hosts_folder{};  ///< Modules are looked for there only; else where the program's own lie.
-    /// How much each host may allocate, in bytes; 0 for as much as there is.
+    /// How much each host may allocate, in bytes.
     std::uint64_t memory_limit_bytes = hosts::usual_memory_limit;
     /// Shows a message box; nobody sees it when empty.
     Desktop::MessageBox on_message_box{};
