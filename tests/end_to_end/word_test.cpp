@@ -138,6 +138,14 @@ TEST_F(WordToPdf, WhatIsDoneOutsideIsShownAndKeptWithoutPasswords) {
     EXPECT_TRUE(shop.read("log.txt").ends_with("exit code 0\n"));
 }
 
+TEST_F(WordToPdf, PostScriptIsNotPrintedAsItsSource) {
+    for (const char* name : {"a.ps", "a.doc"}) {
+        shop.write(name, "%!PS\nshowpage\n");
+        expect_failure({"CreatePDFfromWord2", "a.pdf", name}, 5,
+                       {"it is a PostScript file, which CreatePDFfromPS converts"});
+    }
+}
+
 TEST_F(WordToPdf, ALogSpoilsNoDocument) {
     shop.write("a.docx", "PK\x03\x04 not text");
     expect_failure({"CreatePDFfromWord2", "a.pdf", letter, "--log", "a.docx"}, 2, {"a.docx is no text"});

@@ -229,6 +229,10 @@ ImportFilter import_filter(const DocumentFile& file, const Office& office) {
         return compound_file_filter(file, office.context);
     if (start.starts_with("{\\rtf")) return {"Rich Text Format", ""};
     if (start.starts_with("%PDF-")) throw not_a_document(file.path, "it is a PDF file");
+    // Its source would be printed.
+    if (skip_start(start).starts_with("%!") && extension_of(file.path) != ".txt") {
+        throw not_a_document(file.path, "it is a PostScript file, which CreatePDFfromPS converts");
+    }
     if (!is_text(start)) {
         if (const auto filter = old_format_filter(start, file, office.context)) return *filter;
         throw not_a_document(file.path, "its content is of no known kind");
