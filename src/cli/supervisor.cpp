@@ -66,11 +66,17 @@ void watch_for_orphanhood(const std::function<void()>& when_orphaned, pid_t supe
     _exit(code);
 }
 
+/// Waits until nothing of the worker's group is left: a process that is being killed may still be writing.
+/// Those that the worker has left behind are this process's children now.
+void wait_for_group(pid_t worker) {
+    while (waitpid(-worker, nullptr, 0) > 0 || errno == EINTR) {
+    }
+}
+
 void end_group(pid_t worker) {
     kill(-worker, SIGKILL);
     kill(worker, SIGKILL);
-    while (waitpid(worker, nullptr, 0) < 0 && errno == EINTR) {
-    }
+    wait_for_group(worker);
 }
 
 /// Waits until a watched signal comes or the time is over; the signal, or 0.
@@ -110,6 +116,7 @@ Ending supervise(pid_t worker, const Limits& limits) {
         int status = 0;
         if (waitpid(worker, &status, WNOHANG) == worker) {
             kill(-worker, SIGKILL);  // whatever of its group is left
+            wait_for_group(worker);
             if (WIFSIGNALED(status)) return {Ending::Kind::crashed, WTERMSIG(status)};
             return {Ending::Kind::finished, WEXITSTATUS(status)};
         }
@@ -147,6 +154,7 @@ class HeldSignals {
 Ending run_supervised(const Work& work, const Limits& limits) {
     const HeldSignals held;
     if (work.prepare) work.prepare();
+    prctl(PR_SET_CHILD_SUBREAPER, 1);
     const pid_t self = getpid();
     const pid_t worker = fork();
     if (worker < 0) {

@@ -28,6 +28,7 @@ void print_table(const std::vector<HostStatus>& hosts) {
                   << (host.engine.empty() ? "-" : host.engine)
                   << visible_line(host.problem.empty() ? host.version : host.problem) << '\n';
     }
+    std::cout << "\nWhat reads documents is contained by: " << LocalMachine::containment() << '\n';
 }
 
 void print_json(const std::vector<HostStatus>& hosts) {
@@ -40,7 +41,9 @@ void print_json(const std::vector<HostStatus>& hosts) {
                         {"problem", host.problem}});
     }
     using Strictness = nlohmann::ordered_json::error_handler_t;
-    std::cout << nlohmann::ordered_json{{"hosts", list}}.dump(2, ' ', false, Strictness::replace) << '\n';
+    std::cout << nlohmann::ordered_json{{"hosts", list}, {"containment", LocalMachine::containment()}}.dump(
+                     2, ' ', false, Strictness::replace)
+              << '\n';
 }
 
 }  // namespace

@@ -93,6 +93,18 @@ Enforcement apply(const Policy& policy) {
     return enforcement;
 }
 
+std::string shortcomings(const Enforcement& enforcement) {
+    if (enforcement.landlock == 0 && !enforcement.calls)
+        return "The kernel has neither Landlock nor seccomp: what reads documents is kept from nothing but "
+               "by "
+               "its own settings.";
+    if (enforcement.landlock == 0)
+        return "The kernel has no Landlock: what reads documents is not kept from other files.";
+    if (!enforcement.calls)
+        return "The kernel has no seccomp: what reads documents is not kept from starting programs.";
+    return {};
+}
+
 std::string describe(const Enforcement& enforcement) {
     std::string text;
     if (enforcement.landlock > 0) text = "Landlock (version " + std::to_string(enforcement.landlock) + ")";

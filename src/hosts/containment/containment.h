@@ -24,6 +24,9 @@ Enforcement offered() noexcept;
 /// it offers, or the process has more than one thread; then it must not go on.
 Enforcement apply(const Policy& policy);
 
+/// What is missing for people to know, in a sentence: "The kernel has no Landlock: ..."; "" when nothing is.
+std::string shortcomings(const Enforcement& enforcement);
+
 /// "Landlock (version 7), seccomp", "seccomp", or "nothing".
 std::string describe(const Enforcement& enforcement);
 

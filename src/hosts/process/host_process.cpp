@@ -82,7 +82,7 @@ class HostProcess::Child {
     /// refused some memory cannot be relied on any more.
     void raise_lack_of_memory(const std::string& member) {
         const auto peak = static_cast<std::uint64_t>(usage_.ru_maxrss) * 1024;
-        if (!memory_refused_.is_set() && peak <= memory_limit_ / 4 * 3) return;
+        if (memory_limit_ == 0 || (!memory_refused_.is_set() && peak <= memory_limit_ / 4 * 3)) return;
         end();
         ending_ = "needs more memory than the limit of " + readable(memory_limit_);
         throw error(static_cast<std::int32_t>(automation::RuntimeError::out_of_memory), ending_, member,

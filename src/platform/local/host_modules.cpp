@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "automation/error.h"
+#include "hosts/containment/containment.h"
 
 namespace foliant::platform::local {
 
@@ -46,14 +47,22 @@ std::string absence(const hosts::Host& host) {
 
 }  // namespace
 
-HostModules::HostModules(std::vector<fs::path> folders, hosts::Machine& machine)
-    : folders_(std::move(folders)), machine_(machine) {}
+HostModules::HostModules(std::vector<fs::path> folders, hosts::Machine& machine, Trouble on_trouble)
+    : folders_(std::move(folders)), machine_(machine), on_trouble_(std::move(on_trouble)) {}
+
+void HostModules::tell_shortcomings() {
+    if (!on_trouble_) return;
+    const std::string sentence = hosts::containment::shortcomings(hosts::containment::offered());
+    if (!sentence.empty()) on_trouble_(sentence);
+    on_trouble_ = nullptr;
+}
 
 automation::ObjectPtr HostModules::create(std::string_view class_name) {
     const hosts::HostClass wanted = hosts::find_class(class_name);
     if (wanted.host == nullptr) throw cannot_create(class_name, "No host on this machine has such a class.");
     const hosts::Host& host = *wanted.host;
     if (host.module.empty()) throw cannot_create(host.name, absence(host));
+    tell_shortcomings();
     try {
         automation::ObjectPtr object =
             host.contained ? create_contained(wanted) : module_of(host).create(wanted.name, machine_);

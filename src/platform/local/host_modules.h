@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -29,8 +30,12 @@ struct HostStatus {
 /// of its own, which is started then, and again when it is wanted after it has died.
 class HostModules : public Servers {
   public:
+    /// Told, in a sentence, what the kernel cannot keep hosts from.
+    using Trouble = std::function<void(const std::string&)>;
+
     /// Modules are looked for in `folders`, in this order. `machine` outlives this and every object created.
-    HostModules(std::vector<std::filesystem::path> folders, hosts::Machine& machine);
+    /// `on_trouble` (may be empty) is told once, before the first host is created.
+    HostModules(std::vector<std::filesystem::path> folders, hosts::Machine& machine, Trouble on_trouble = {});
 
     /// Raises 429, whose text names the host, what is wrong, and the package to install where that helps.
     automation::ObjectPtr create(std::string_view class_name) override;
@@ -46,10 +51,12 @@ class HostModules : public Servers {
     /// Throws std::runtime_error with the reason when the module is not there or does not load.
     const hosts::Module& module_of(const hosts::Host& host);
     const hosts::Module& load(const hosts::Host& host) const;
+    void tell_shortcomings();
     automation::ObjectPtr create_contained(const hosts::HostClass& wanted);
 
     std::vector<std::filesystem::path> folders_;
     hosts::Machine& machine_;
+    Trouble on_trouble_;  ///< empty once it was told
     std::map<std::string_view, const hosts::Module*> loaded_;
     std::map<std::string_view, std::unique_ptr<hosts::process::HostProcess>> processes_;
 };

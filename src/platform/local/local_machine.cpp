@@ -7,6 +7,7 @@
 
 #include "automation/error.h"
 #include "automation/text.h"
+#include "hosts/containment/containment.h"
 #include "sender/command.h"
 
 namespace foliant::platform::local {
@@ -52,7 +53,7 @@ LocalMachine::LocalMachine(LocalOptions options)
       registry_(store_, options_.on_trouble),
       desktop_(options_.on_message_box),
       shell_(private_folder_.path(), [this] { return make_system_folder(); }),
-      modules_(module_folders(options_), *this),
+      modules_(module_folders(options_), *this, options_.on_trouble),
       printer_control_(printers_, store_, options_.on_trouble) {
     programs_.install((private_folder_.path() / "system" / sender_program).string(),
                       [this](std::string_view tail) { run_sender(tail); });
@@ -72,6 +73,10 @@ fs::path LocalMachine::make_system_folder() {
         fs::create_symlink(there ? options_.executable : "/proc/self/exe", folder / sender_program);
     }
     return folder;
+}
+
+std::string LocalMachine::containment() {
+    return hosts::containment::describe(hosts::containment::offered());
 }
 
 void LocalMachine::run_sender(std::string_view tail) {

@@ -64,6 +64,9 @@ class LocalMachine : public hosts::Machine {
     /// Every host with its engine, version and package; starts no engine.
     std::vector<HostStatus> host_states() { return modules_.list(); }
 
+    /// What keeps hosts from what is not their business: "Landlock (version 7), seccomp", or "nothing".
+    static std::string containment();
+
     /// Removes the private folder at once, for a process that ends without unwinding; also for a forked
     /// worker whose parent was killed.
     void remove_private_folder() noexcept { private_folder_.remove(); }

@@ -101,6 +101,14 @@ TEST(Enforcement, IsWhatTheKernelOffers) {
     EXPECT_EQ(test::in_a_process([] { return describe(apply(limited({}))); }), describe(offered()));
 }
 
+TEST(Enforcement, SaysWhatIsMissing) {
+    EXPECT_EQ(shortcomings({7, true}), "");
+    EXPECT_EQ(shortcomings({0, true}),
+              "The kernel has no Landlock: what reads documents is not kept from other files.");
+    EXPECT_NE(shortcomings({3, false}).find("starting programs"), std::string::npos);
+    EXPECT_NE(shortcomings({}).find("neither"), std::string::npos);
+}
+
 TEST(Enforcement, IsTold) {
     EXPECT_EQ(describe({7, true}), "Landlock (version 7), seccomp");
     EXPECT_EQ(describe({2, false}), "Landlock (version 2)");
