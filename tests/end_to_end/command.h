@@ -24,6 +24,8 @@ class Workshop {
     Workshop();
 
     const std::filesystem::path& folder() const { return folder_.path(); }
+    /// What `foliant` has as its temporary folder.
+    std::filesystem::path temporary_folder() const { return private_ / "tmp"; }
     std::filesystem::path path(const std::string& name) const { return folder_ / name; }
     void write(const std::string& name, const std::string& content) const { folder_.write(name, content); }
     std::string read(const std::string& name) const { return tests::read_file(folder_ / name); }
