@@ -23,6 +23,7 @@ CallFile call_file(const std::string& name) {
         if (key == "window") file.window = value;
         if (key == "early-bound") file.early_bound = value == "yes";
         if (key == "alone") file.alone = value == "yes";
+        if (key == "in-process") file.in_process = value == "yes";
     }
     std::ostringstream rest;
     rest << lines.rdbuf();

@@ -15,6 +15,8 @@ namespace foliant::tests::clients {
 ///                                                        once that text is recorded; `window: at once`
 ///                                                        before
 ///     early-bound: yes                                   the early-bound client knows it
+///     in-process: yes                                    its hosts do not all learn which file it is about, and
+///                                                        in a process of their own could not tell clients apart
 ///     alone: yes                                         it puts up dialogs: no two at a time
 ///
 /// After an empty line comes what is recorded and said.
@@ -25,6 +27,7 @@ struct CallFile {
     std::string window;
     bool early_bound = false;
     bool alone = false;
+    bool in_process = false;
     std::string expected;
 };
 

@@ -101,6 +101,7 @@ void ClientRun::prepare(const std::string& folder, const char* file, const std::
 
 ClientRun::ClientRun(Client client, const CallFile& call, const std::string& folder, int k, Ending ending)
     : folder_(folder_of(folder)) {
+    prepare(folder, "in.pdf", "%PDF-1.4\r\n");
     prepare(folder, "in.ps", "%!PS\r\n%log A line of the log\r\n");
     prepare(folder, "in.doc", "words");
     // A host in another process knows a client's folder by this.

@@ -16,7 +16,7 @@ std::string name_of(Client client);
 inline constexpr Client all_clients[]{Client::vbscript, Client::jscript, Client::late_bound,
                                       Client::early_bound};
 
-/// One call by a client in a process of its own, with a folder of its own: `in.ps` and `in.doc`
+/// One call by a client in a process of its own, with a folder of its own: `in.pdf`, `in.ps` and `in.doc`
 /// are there, and whatever the call makes.
 class ClientRun {
   public:

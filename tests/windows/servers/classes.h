@@ -25,7 +25,21 @@ inline constexpr Class classes[]{
      "Word.Application"},
     {class_identifier(registered::event_bound_distiller), nullptr, "Distiller"},
     {class_identifier(registered::security_capable_distiller), nullptr, "SecureDistiller"},
+    {{0x85DE1C45, 0x2C66, 0x101B, {0xB0, 0x2E, 0x04, 0x02, 0x1C, 0x00, 0x94, 0x02}},
+     L"AcroExch.App",
+     "AcroExch.App"},
+    {{0xFF76CB60, 0x2E68, 0x101B, {0xB0, 0x2E, 0x04, 0x02, 0x1C, 0x00, 0x94, 0x02}},
+     L"AcroExch.AVDoc",
+     "AcroExch.AVDoc"},
+    {{0x72498821, 0x3203, 0x101B, {0xB0, 0x2E, 0x04, 0x02, 0x1C, 0x00, 0x94, 0x02}},
+     L"AcroExch.PDDoc",
+     "AcroExch.PDDoc"},
 };
+
+constexpr const Class& class_of(std::string_view object) {
+    return *std::find_if(std::begin(classes), std::end(classes),
+                         [&](const Class& recorded) { return recorded.object == object; });
+}
 
 /// A member of a class, and what it gives back.
 struct Member {
@@ -51,6 +65,11 @@ inline constexpr Member members[]{
     {"Word.Footer", "PageNumbers", "Word.PageNumbers"},
     {"Word.Header", "PageNumbers", "Word.PageNumbers"},
     {"Word.PageNumbers", "Add", ""},
+    {"AcroExch.App", "Exit", "1"},
+    {"AcroExch.AVDoc", "Open", "1"},
+    {"AcroExch.AVDoc", "GetPDDoc", "AcroExch.PDDoc"},
+    {"AcroExch.AVDoc", "Close", "1"},
+    {"AcroExch.PDDoc", "GetNumPages", "1"},
     {"Distiller", "bShowWindow", ""},
     {"Distiller", "bSpoolJobs", ""},
     {"Distiller", "FileToPDF", "1"},

@@ -7,7 +7,7 @@ using namespace foliant::tests::servers;
 
 extern "C" __declspec(dllexport) HRESULT STDMETHODCALLTYPE
     DllGetClassObject(REFCLSID class_id, REFIID id, void** out) {
-    static Factory factories[]{Factory(classes[0]), Factory(classes[1]), Factory(classes[2])};
+    static std::array factories = make_factories();
     for (std::size_t i = 0; i < std::size(classes); ++i)
         if (IsEqualCLSID(class_id, classes[i].id)) return factories[i].QueryInterface(id, out);
     return CLASS_E_CLASSNOTAVAILABLE;

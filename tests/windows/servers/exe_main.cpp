@@ -15,7 +15,7 @@ constexpr int idle_checks_before_end = 4;
 DWORD cookies[std::size(classes)]{};
 
 void offer_classes() {
-    static Factory factories[]{Factory(classes[0]), Factory(classes[1]), Factory(classes[2])};
+    static std::array factories = make_factories();
     for (std::size_t i = 0; i < std::size(classes); ++i) {
         CoRegisterClassObject(classes[i].id, &factories[i], CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE,
                               &cookies[i]);

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
+#include <iterator>
 #include <ole2.h>
+#include <utility>
 
 #include "windows/servers/classes.h"
 
@@ -20,5 +24,13 @@ class Factory final : public IClassFactory {
   private:
     const Class& recorded_;
 };
+
+/// One for each of the recorded classes, in their order.
+inline std::array<Factory, std::size(classes)> make_factories() {
+    return []<std::size_t... I>(std::index_sequence<I...>) {
+        return std::array<Factory, std::size(classes)>{Factory(classes[I])...};
+    }
+    (std::make_index_sequence<std::size(classes)>());
+}
 
 }  // namespace foliant::tests::servers

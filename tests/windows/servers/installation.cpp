@@ -40,7 +40,7 @@ void register_event_names() {
     const std::wstring path = built(EVENTS_LIBRARY);
     if (FAILED(LoadTypeLibEx(path.c_str(), REGKIND_REGISTER, &library))) return;
     library->Release();
-    set(all_classes + L"CLSID\\" + braces(classes[1].id) + L"\\TypeLib", braces(events_library));
+    set(all_classes + L"CLSID\\" + braces(class_of("Distiller").id) + L"\\TypeLib", braces(events_library));
 }
 
 }  // namespace
