@@ -1,19 +1,16 @@
 #include "platform/local/local_machine.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <system_error>
 #include <utility>
 
 #include "automation/error.h"
-#include "automation/text.h"
 #include "hosts/containment/containment.h"
 #include "sender/command.h"
 
 namespace foliant::platform::local {
 
 namespace fs = std::filesystem;
-using automation::equal_ignoring_case;
 
 namespace {
 
