@@ -6,24 +6,23 @@
 
 namespace foliant::cli {
 
-/// How the command ends. Scripts rely on these: they never change.
+/// How the command ends; `exit_code_table` says what each code means. Scripts rely on these: they never change.
 enum ExitCode : int {
     exit_success = 0,
-    exit_failure = 1,         ///< anything that has no code of its own, such as a full disk
-    exit_usage = 2,           ///< the command line was wrong, or would have cost a file; nothing was done
-    exit_missing_input = 3,   ///< an input file does not exist; nothing was done
-    exit_missing_engine = 4,  ///< the engine behind a host program is not installed
-    exit_host_failure =
-        5,  ///< a host program failed: a wrong password, a broken document, a failed Distiller job
-    exit_not_available = 6,   ///< this version does not have that member yet
-    exit_incomplete = 7,      ///< done, but not all of it: standard error and the report say what is missing
-    exit_time_limit = 124,    ///< --timeout ended the call
-    exit_memory_limit = 125,  ///< --memory ended the call
-    exit_interrupted = 130,   ///< Ctrl-C
-    exit_terminated = 143,    ///< ended from outside (SIGTERM, SIGHUP)
+    exit_failure = 1,
+    exit_usage = 2,
+    exit_missing_input = 3,
+    exit_missing_engine = 4,
+    exit_host_failure = 5,
+    exit_not_available = 6,
+    exit_incomplete = 7,
+    exit_time_limit = 124,
+    exit_memory_limit = 125,
+    exit_interrupted = 130,
+    exit_terminated = 143,
 };
 
-/// One line of the table that --help and the manual show.
+/// One line of the table that --help, the manual and README show.
 struct ExitCodeHelp {
     int code;
     const char* meaning;
