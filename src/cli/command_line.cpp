@@ -64,6 +64,7 @@ CLI::Option* add_quantity(CLI::App& app, const char* name, Quantity& quantity, R
         [name, &quantity, read, what_it_is](const std::string& text) {
             const auto value = read(text);
             if (!value) throw CLI::ValidationError(name, "'" + text + "' is not " + what_it_is);
+            // NOLINTNEXTLINE(bugprone-optional-value-conversion): not every quantity is an optional one
             quantity = *value;
         },
         help);
@@ -274,7 +275,7 @@ void CommandLine::fail(Parsed& parsed, int exit_code, const std::string& problem
 }
 
 std::string CommandLine::problem_of(const CLI::ParseError& error) const {
-    const std::string better = diagnosis(app_, words_);
+    std::string better = diagnosis(app_, words_);
     if (!better.empty()) return better;
     return words_.empty() ? "name a member to call, or a tool" : error.what();
 }
