@@ -49,7 +49,8 @@ void write_locked(QPDF& pdf, std::FILE* locked, const Security& security, const 
 }
 
 void require_locked(std::FILE* locked, const std::string& owner) {
-    std::rewind(locked);
+    if (std::fseek(locked, 0, SEEK_SET) != 0)
+        throw std::system_error(errno, std::generic_category(), "it cannot be read again");
     QPDF written;
     written.setSuppressWarnings(true);
     written.processFile("the protected PDF", locked, false, owner.c_str());
