@@ -85,8 +85,7 @@ class HostProcess::Child {
         if (memory_limit_ == 0 || (!memory_refused_.is_set() && peak <= memory_limit_ / 4 * 3)) return;
         end();
         ending_ = "needs more memory than the limit of " + readable(memory_limit_);
-        throw error(static_cast<std::int32_t>(automation::RuntimeError::out_of_memory), ending_, member,
-                    " Give it more with --memory.");
+        throw error(static_cast<std::int32_t>(automation::RuntimeError::out_of_memory), ending_, member);
     }
 
   private:
@@ -105,11 +104,10 @@ class HostProcess::Child {
         return std::string("crashed (") + strsignal(WTERMSIG(status_)) + ")";
     }
 
-    Error error(std::int32_t number, const std::string& what, const std::string& member,
-                const std::string& advice = "") const {
+    Error error(std::int32_t number, const std::string& what, const std::string& member) const {
         return {number, program_.name,
                 program_.engine + ", which stands in for " + program_.name + ", " + what +
-                    (member.empty() ? "" : " during " + member) + "." + advice};
+                    (member.empty() ? "" : " during " + member) + "."};
     }
 
     HostProgram program_;

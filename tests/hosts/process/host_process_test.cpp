@@ -400,8 +400,7 @@ TEST_F(HostProcessTest, SaysThatItNeedsMoreMemoryWhateverTheEngineSays) {
     EXPECT_EQ(prober.call("Hog", {std::int32_t{100}}), Value(std::int32_t{100}));
     EXPECT_EQ(
         failure_of([&] { prober.call("Hog", {std::int32_t{300}}); }),
-        "7 Probing engine, which stands in for Prober, needs more memory than the limit of 256 MiB during "
-        "Hog. Give it more with --memory.");
+        "7 Probing engine, which stands in for Prober, needs more memory than the limit of 256 MiB during Hog.");
     EXPECT_FALSE(host.is_running());
 }
 #endif
