@@ -20,7 +20,6 @@
 namespace foliant::cli {
 
 using automation::Error;
-using automation::RuntimeError;
 using platform::local::LocalMachine;
 
 namespace {
