@@ -138,6 +138,14 @@ TEST_F(WordToPdf, WhatIsDoneOutsideIsShownAndKeptWithoutPasswords) {
     EXPECT_TRUE(shop.read("log.txt").ends_with("exit code 0\n"));
 }
 
+TEST_F(WordToPdf, NamesThatAreNoUtf8AreNames) {
+    const std::string folder = "d\xE9";
+    std::filesystem::create_directory(shop.path(folder));
+    std::filesystem::copy_file(letter, shop.path(folder) / "caf\xE9.docx");
+    expect_success({"CreatePDFfromWord2", "caf\xE9.pdf", folder + "/caf\xE9.docx"});
+    EXPECT_GE(shop.pages("caf\xE9.pdf"), 3);
+}
+
 TEST_F(WordToPdf, PostScriptIsNotPrintedAsItsSource) {
     for (const char* name : {"a.ps", "a.doc"}) {
         shop.write(name, "%!PS\nshowpage\n");

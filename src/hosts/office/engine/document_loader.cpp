@@ -1,9 +1,14 @@
 #include "hosts/office/engine/document_loader.h"
 
+#include <cerrno>
 #include <com/sun/star/document/MacroExecMode.hpp>
 #include <com/sun/star/document/UpdateDocMode.hpp>
 #include <com/sun/star/frame/Desktop.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/sendfile.h>
+#include <system_error>
 #include <utility>
 
 #include "hosts/office/engine/file_stream.h"
@@ -50,12 +55,34 @@ automation::Error load_error(const std::filesystem::path& path, const std::strin
                                  (reason.empty() ? "" : " (" + reason + ")") + ". Use another copy.");
 }
 
+/// LibreOffice's texts have no room for bytes that are no UTF-8. A document with such a path is copied, so
+/// that LibreOffice finds one when it looks again.
+std::filesystem::path nameable_place(const DocumentFile& file, const std::filesystem::path& own_folder) {
+    if (from_uno(to_uno(file.place.native())) == file.place.native()) return file.place;
+    std::filesystem::path place = own_folder / ("document-" + std::to_string(file.descriptor.get()));
+    const std::string extension = file.place.extension().string();
+    if (from_uno(to_uno(extension)) == extension) place += extension;
+    const posix::FileDescriptor copy(
+        ::open(place.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0600));
+    constexpr std::size_t piece = std::size_t{1} << 20U;
+    off_t position = 0;
+    ssize_t sent = copy ? 1 : -1;
+    while (sent > 0)
+        sent = ::sendfile(copy.get(), file.descriptor.get(), &position, piece);
+    if (sent < 0) {
+        throw std::filesystem::filesystem_error("cannot copy", file.path,
+                                                std::error_code(errno, std::generic_category()));
+    }
+    return place;
+}
+
 }  // namespace
 
 std::unique_ptr<LoadedDocument> load_document(const Office& office, DocumentFile file,
                                               const ImportFilter& filter, const Passwords& passwords,
                                               Machine& machine, const Application& application) {
     const CallGuard call(office.temporary_folder);
+    file.place = nameable_place(file, office.temporary_folder);
     const StandStill from_the_beginning;
     const Reference<LoadInteraction> interaction(new LoadInteraction(passwords));
     Reference<XComponent> document;
