@@ -110,7 +110,7 @@ struct Array {
 
     /// The last valid index; one below `lower_bound` when the array is empty.
     std::int32_t upper_bound() const noexcept {
-        return lower_bound + static_cast<std::int32_t>(items.size()) - 1;
+        return static_cast<std::int32_t>(lower_bound + static_cast<std::int64_t>(items.size()) - 1);
     }
 
     /// The element at an index between the two bounds; raises 9 outside them.
