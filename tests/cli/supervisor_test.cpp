@@ -4,6 +4,7 @@
 #include <csignal>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -157,6 +158,29 @@ TEST(Supervisor, MemoryThatAForkSharesCountsOnce) {
     const Ending ending = run_supervised({call, {}, {}, {}}, limits);
     EXPECT_EQ(ending.kind, Ending::Kind::finished);
     EXPECT_EQ(ending.code, 'x');
+}
+
+TEST(Supervisor, NothingIsLeftOfWhatTheWorkLeftBehindWhenItReturns) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    const Ending ending = run([&] {
+        int started[2];
+        if (pipe(started) != 0) return 1;
+        if (fork() == 0) {
+            // Takes a while to go away.
+            const std::vector<char> memory(std::size_t{300} << 20U, 'x');
+            close(started[1]);
+            pause();
+        }
+        close(started[1]);
+        char byte = 0;
+        return read(started[0], &byte, 1) == 0 ? 0 : 1;
+    });
+    EXPECT_EQ(ending.code, 0);
+    close(ends[1]);
+    pollfd end{ends[0], POLLIN, 0};
+    EXPECT_EQ(poll(&end, 1, 0), 1) << "the other end is still held";
+    close(ends[0]);
 }
 
 TEST(Supervisor, PreparesBeforeTheWorkAndSettlesAfterItsEnd) {

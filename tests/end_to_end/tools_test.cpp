@@ -84,6 +84,11 @@ TEST(Settings, TheListSaysWhereTheyAreKept) {
     EXPECT_NE(list.find("/.config/foliant/registry.json\n"), std::string::npos) << list;
 }
 
+TEST(Hosts, SayWhatContainsThem) {
+    const std::string output = Workshop().foliant({"hosts"}).output;
+    EXPECT_NE(output.find("\nWhat reads documents is contained by: "), std::string::npos) << output;
+}
+
 TEST(Json, IsPrintedByToolsToo) {
     const Workshop shop;
     shop.write("a.ps", "%!PS");
@@ -91,6 +96,7 @@ TEST(Json, IsPrintedByToolsToo) {
         return nlohmann::json::parse(shop.foliant(words).output);
     };
     EXPECT_EQ(json({"hosts", "--json"})["hosts"][0]["name"], "Acrobat Distiller");
+    EXPECT_NE(json({"hosts", "--json"})["containment"], "");
     EXPECT_EQ(json({"registry", "list", "--json"})["values"].size(), 2U);
     EXPECT_EQ(json({"registry", "get", "HKCU\\None", "x", "--json"})["exitCode"], 1);
     const auto rehearsal = json({"rehearse", "CreatePDFfromPS", "a.pdf", "a.ps", "--json"});
