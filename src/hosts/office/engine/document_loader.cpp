@@ -97,7 +97,8 @@ std::unique_ptr<LoadedDocument> load_document(const Office& office, DocumentFile
     if (!document.is() && interaction->password_was_asked())
         throw password_error(file.path, !passwords.open.empty(), application);
     if (!document.is()) throw load_error(file.path, reason, application);
-    return std::unique_ptr<LoadedDocument>(
+    // An aggregate is made with braces, which std::make_unique does not have.
+    return std::unique_ptr<LoadedDocument>(  // NOLINT(modernize-make-unique)
         new LoadedDocument{{}, std::move(file), document, office.temporary_folder, machine, application});
 }
 
