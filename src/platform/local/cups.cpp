@@ -42,6 +42,7 @@ class Cups::Library {
         cups_dest_t* found = nullptr;
         const int count = get_dests(CUPS_HTTP_DEFAULT, &found);
         std::vector<std::string> names;
+        names.reserve(static_cast<std::size_t>(count));
         for (int i = 0; i < count; ++i)
             names.emplace_back(found[i].name);
         free_dests(count, found);
