@@ -11,7 +11,6 @@
 
 #include "automation/error.h"
 #include "cli/file_kind.h"
-#include "cli/named_files.h"
 #include "cli/visible_text.h"
 
 namespace foliant::cli {
@@ -31,8 +30,7 @@ std::string now() {
 
 }  // namespace
 
-CallLog::CallLog(const Request& request)
-    : verbose_(request.options.verbose), passwords_(passwords_of(*request.member, request.arguments)) {
+CallLog::CallLog(const Request& request) : verbose_(request.options.verbose), secrets_(secrets_of(request)) {
     if (!request.options.log_file.empty()) open(request.options.log_file);
     if (is_wanted()) line(std::string(request.member->name) + ", " + now());
 }
@@ -55,7 +53,7 @@ std::string CallLog::stamped(const std::string& text) const {
     const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - begun_;
     std::array<char, 32> time{};
     std::snprintf(time.data(), time.size(), "%8.3f  ", passed.count());
-    return time.data() + visible_line(without_passwords(text, passwords_)) + "\n";
+    return time.data() + visible_line(secrets_.masked(text)) + "\n";
 }
 
 void CallLog::line(const std::string& text) {

@@ -2,9 +2,9 @@
 
 #include <chrono>
 #include <string>
-#include <vector>
 
 #include "cli/request.h"
+#include "cli/secrets.h"
 #include "posix/file_descriptor.h"
 
 namespace foliant::cli {
@@ -31,7 +31,7 @@ class CallLog {
 
     const std::chrono::steady_clock::time_point begun_ = std::chrono::steady_clock::now();
     bool verbose_;
-    std::vector<std::string> passwords_;
+    Secrets secrets_;
     posix::FileDescriptor file_;
 };
 

@@ -10,8 +10,10 @@
 #include "cli/quantities.h"
 #include "cli/report.h"
 #include "cli/request.h"
+#include "cli/secrets.h"
 #include "cli/suggestions.h"
 #include "core/members.h"
+#include "core/parameter_help.h"
 #include "foliant_version.h"
 
 namespace foliant::cli {
@@ -112,6 +114,7 @@ class CommandLine {
     void complete_set(const AskPassword& ask_password);
     void add_tools();
     bool is_mentioned(std::string_view name) const;
+    const Member* named_member() const;
     std::string problem_of(const CLI::ParseError& error) const;
     std::string advice_on(const CLI::ParseError& error) const;
     void fail(Parsed& parsed, int exit_code, const std::string& problem, const std::string& advice) const;
@@ -126,6 +129,14 @@ class CommandLine {
     bool secret_asked_ = false;
     CLI::App app_{"foliant turns documents into PDF, and works on PDFs, with one call each.", "foliant"};
 };
+
+bool takes_password(const Member* member) {
+    if (member == nullptr) return false;
+    const auto parameters = member->parameters();
+    return std::any_of(parameters.begin(), parameters.end(), [&](const core::Parameter& parameter) {
+        return core::parameter_role(*member, parameter) == core::ParameterRole::password;
+    });
+}
 
 /// "help", "help MEMBER" and "-v" alone, in the words that have always been there for them.
 std::vector<std::string> in_usual_words(std::vector<std::string> words) {
@@ -266,7 +277,8 @@ Request CommandLine::build(const AskPassword& ask_password) {
 void CommandLine::fail(Parsed& parsed, int exit_code, const std::string& problem,
                        const std::string& advice) const {
     const auto end = std::find(words_.begin(), words_.end(), "--");
-    const automation::Error error(automation::RuntimeError::invalid_procedure_call, problem);
+    const automation::Error error(automation::RuntimeError::invalid_procedure_call,
+                                  secrets_among(words_).masked(problem));
     if (std::find(words_.begin(), end, "--json") != end) {
         parsed.output = json_error(request_.member, error, exit_code);
     }
@@ -274,23 +286,32 @@ void CommandLine::fail(Parsed& parsed, int exit_code, const std::string& problem
     parsed.exit_code = exit_code;
 }
 
+/// The member that the words have led to; nullptr for none.
+const Member* CommandLine::named_member() const {
+    const auto chosen = app_.get_subcommands();
+    const std::string name = chosen.empty() ? "" : chosen.front()->get_name();
+    const auto member = std::find_if(core::members.begin(), core::members.end(),
+                                     [&](const Member& each) { return each.name == name; });
+    return member == core::members.end() ? nullptr : &*member;
+}
+
 std::string CommandLine::problem_of(const CLI::ParseError& error) const {
     std::string better = diagnosis(app_, words_);
     if (!better.empty()) return better;
+    if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr && takes_password(named_member()))
+        return "there are too many words; they are not repeated here, because one may be a password";
     return words_.empty() ? "name a member to call, or a tool" : error.what();
 }
 
 /// Where a member's words are too few or too many, the order of those that it takes.
 std::string CommandLine::advice_on(const CLI::ParseError& error) const {
+    const Member* const member = named_member();
     const auto chosen = app_.get_subcommands();
-    const std::string name = chosen.empty() ? "" : chosen.front()->get_name();
-    const auto member = std::find_if(core::members.begin(), core::members.end(),
-                                     [&](const Member& each) { return each.name == name; });
     const bool miscounted = dynamic_cast<const CLI::RequiredError*>(&error) != nullptr ||
                             dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
-    const bool helps = member != core::members.end() && member->kind == MemberKind::method && miscounted;
+    const bool helps = member != nullptr && member->kind == MemberKind::method && miscounted;
     return (helps ? "The order is: " + usage_line(*member) + "\n" : "") + "See 'foliant" +
-           (name.empty() ? "" : " " + name) + " --help'.\n";
+           (chosen.empty() ? "" : " " + chosen.front()->get_name()) + " --help'.\n";
 }
 
 Parsed CommandLine::parse(const AskPassword& ask_password) {

@@ -1,7 +1,10 @@
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <span>
+#include <string>
 #include <system_error>
+#include <vector>
 
 #include "automation/error.h"
 #include "cli/completion.h"
@@ -11,6 +14,7 @@
 #include "cli/output_guard.h"
 #include "cli/rehearsal.h"
 #include "cli/report.h"
+#include "cli/secrets.h"
 #include "cli/supervised_call.h"
 #include "cli/terminal.h"
 #include "cli/tools.h"
@@ -83,7 +87,11 @@ int run(const Request& request) {
 
 int main(int argc, char** argv) {
     try {
-        const cli::Parsed parsed = cli::parse({argv + 1, argv + argc}, cli::ask_on_terminal);
+        const std::span<char* const> given(argv + 1, argv + argc);
+        const std::vector<std::string> words(given.begin(), given.end());
+        cli::secrets_among(words).erase_from(given);
+        const cli::Parsed parsed = cli::parse(words, cli::ask_on_terminal);
+        if (parsed.request) cli::secrets_of(*parsed.request).erase_from(given);
         std::cout << parsed.output;
         std::cerr << parsed.error;
         return parsed.request ? run(*parsed.request) : parsed.exit_code;

@@ -51,25 +51,4 @@ std::vector<NamedFile> inputs_of(const core::Member& member, const automation::A
     return inputs;
 }
 
-std::vector<std::string> passwords_of(const core::Member& member, const automation::Arguments& arguments) {
-    std::vector<std::string> passwords;
-    for_each(member, arguments, [&](const core::Parameter&, ParameterRole role, const Value& value) {
-        if (role != ParameterRole::password) return;
-        if (std::string text = automation::to_text(value); !text.empty())
-            passwords.push_back(std::move(text));
-    });
-    return passwords;
-}
-
-std::string without_passwords(std::string line, const std::vector<std::string>& passwords) {
-    for (const std::string& password : passwords) {
-        std::size_t at = 0;
-        while ((at = line.find("\"" + password + "\"", at)) != std::string::npos) {
-            line.replace(at, password.size() + 2, "\"***\"");
-            at += 5;
-        }
-    }
-    return line;
-}
-
 }  // namespace foliant::cli

@@ -22,10 +22,4 @@ std::optional<NamedFile> output_of(const core::Member& member, const automation:
 /// ones are left out.
 std::vector<NamedFile> inputs_of(const core::Member& member, const automation::Arguments& arguments);
 
-/// The secrets among the arguments that are not blank.
-std::vector<std::string> passwords_of(const core::Member& member, const automation::Arguments& arguments);
-
-/// A line in which every quoted text that is one of the passwords shows as "***".
-std::string without_passwords(std::string line, const std::vector<std::string>& passwords);
-
 }  // namespace foliant::cli

@@ -5,9 +5,9 @@
 #include "automation/coerce.h"
 #include "cli/call.h"
 #include "cli/exit_codes.h"
-#include "cli/named_files.h"
 #include "cli/preflight.h"
 #include "cli/report.h"
+#include "cli/secrets.h"
 #include "cli/visible_text.h"
 #include "platform/stage/cast/cast.h"
 #include "platform/stage/stage.h"
@@ -84,9 +84,10 @@ int rehearse(const Request& request, const platform::Platform& platform, std::os
     }
     if (!outcome.error && !outcome.left_out.empty()) outcome.exit_code = exit_incomplete;
     std::vector<std::string> steps;
-    const std::vector<std::string> passwords = passwords_of(*request.member, request.arguments);
+    const Secrets secrets = secrets_of(request);
     for (const std::string& line : stage.lines())
-        steps.push_back(without_passwords(line, passwords));
+        steps.push_back(secrets.masked(line));
+    outcome = secrets.masked(std::move(outcome));
     if (request.options.json) {
         out << json_rehearsal(*request.member, outcome, steps);
     } else {

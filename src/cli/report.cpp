@@ -7,6 +7,7 @@
 
 #include "automation/coerce.h"
 #include "cli/quantities.h"
+#include "cli/secrets.h"
 #include "cli/visible_text.h"
 #include "core/dispatch.h"
 #include "core/parameter_help.h"
@@ -139,7 +140,8 @@ std::string json_error(const core::Member* member, const automation::Error& erro
 }
 
 int report_failure(const Request& request, int exit_code, const std::string& description) {
-    const automation::Error error(automation::RuntimeError::internal_error, description);
+    const automation::Error error(automation::RuntimeError::internal_error,
+                                  secrets_of(request).masked(description));
     if (request.options.json) std::cout << json_error(request.member, error, exit_code);
     std::cerr << error_text(error);
     return exit_code;

@@ -15,6 +15,7 @@
 #include "cli/preflight.h"
 #include "cli/progress.h"
 #include "cli/report.h"
+#include "cli/secrets.h"
 #include "cli/status_line.h"
 #include "cli/trace.h"
 #include "cli/visible_text.h"
@@ -105,8 +106,8 @@ int make_call(const Request& request, LocalMachine& machine, const KeptFile& kep
     ProgressBar bar(moving ? &std::cerr : nullptr);
     Watcher watcher(status, bar, log);
     const TracedPlatform traced(machine.platform(), [&log](const std::string& line) { log.line(line); });
-    const Outcome outcome =
-        make(request, machine, log.is_wanted() ? traced.platform() : machine.platform(), kept, watcher);
+    const Outcome outcome = secrets_of(request).masked(
+        make(request, machine, log.is_wanted() ? traced.platform() : machine.platform(), kept, watcher));
     status.stop();
     bar.finish();
     return report(request, outcome, log, talkative, to_a_terminal);

@@ -150,6 +150,13 @@ TEST(CommandLine, WhatIsMistypedIsAskedFor) {
               "foliant: The following argument was not expected: c");
 }
 
+TEST(CommandLine, AWordTooManyIsNotRepeatedWhereItMayBeAPassword) {
+    const std::string error = parse_words({"GetNumPagesPDF", "a.pdf", "opensesame"}).error;
+    EXPECT_TRUE(error.starts_with("foliant: there are too many words; ")) << error;
+    EXPECT_EQ(error.find("opensesame"), std::string::npos) << error;
+    EXPECT_NE(error.find("The order is: foliant GetNumPagesPDF"), std::string::npos) << error;
+}
+
 TEST(CommandLine, NamesThatBeginWithADashAreExplained) {
     for (const char* name : {"-x.pdf", "-quarterly.pdf"}) {
         const std::string error = parse_words({"CreatePDFfromPS", name, "a.ps"}).error;
