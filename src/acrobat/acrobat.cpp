@@ -45,4 +45,10 @@ void Acrobat::let_go() noexcept {
     engines::end_with_if_held(application, "Exit");
 }
 
+void Acrobat::let_both_go() noexcept {
+    engines::end_with_if_held(viewer, "Close", {true});
+    engines::end_with_if_held(document, "Close");
+    engines::end_with_if_held(application, "Exit");
+}
+
 }  // namespace foliant::acrobat

@@ -36,6 +36,9 @@ struct Acrobat {
     /// The end in the error traps that let Acrobat go: what is held is closed without saving and exited,
     /// each released at once, whatever fails.
     void let_go() noexcept;
+
+    /// The same for members whose trap closes the document itself as well, after the viewer.
+    void let_both_go() noexcept;
 };
 
 }  // namespace foliant::acrobat

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "acrobat/save_flags.h"
 #include "automation/coerce.h"
 #include "engines/acrobat_windows.h"
 
@@ -12,12 +13,9 @@ using session::Session;
 
 namespace {
 
-/// Full, linearised, garbage collected.
-constexpr std::int16_t save_flags = 1 + 4 + 32;
-
 void save(Acrobat& acrobat, const std::string& path) {
     acrobat.document = acrobat.viewer.call("GetPDDoc");
-    acrobat.document.call("Save", {save_flags, path});
+    acrobat.document.call("Save", {compact_save, path});
     acrobat.document.call("Close");
 }
 

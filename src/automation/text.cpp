@@ -109,4 +109,9 @@ std::string_view file_name_part(std::string_view path, char separator) noexcept 
     return path.substr(path.rfind(separator) + 1);
 }
 
+std::string with_separator(std::string folder, char separator) {
+    if (folder.empty() || folder.back() != separator) folder.push_back(separator);
+    return folder;
+}
+
 }  // namespace foliant::automation

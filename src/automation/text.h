@@ -27,4 +27,8 @@ bool equal_ignoring_case(std::string_view a, std::string_view b);
 /// The part after the last separator, the whole path when there is none.
 std::string_view file_name_part(std::string_view path, char separator) noexcept;
 
+/// A folder as names of files can follow it: with a separator at its end, where it has none yet. An empty text
+/// becomes the separator alone.
+std::string with_separator(std::string folder, char separator);
+
 }  // namespace foliant::automation

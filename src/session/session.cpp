@@ -2,6 +2,7 @@
 
 #include "automation/coerce.h"
 #include "automation/error.h"
+#include "automation/text.h"
 #include "registered/keys.h"
 #include "session/acrobat_versions.h"
 #include "session/errors.h"
@@ -11,16 +12,12 @@ namespace foliant::session {
 
 using automation::Error;
 using automation::RuntimeError;
+using automation::with_separator;
 
 namespace {
 
 /// The window that a question of the shell would belong to; the shell asks none for the folders used here.
 constexpr std::intptr_t shell_owner = 100;
-
-std::string with_separator(std::string folder, char separator) {
-    if (folder.empty() || folder.back() != separator) folder.push_back(separator);
-    return folder;
-}
 
 }  // namespace
 

@@ -61,6 +61,18 @@ TEST_F(TheAcrobatOfACall, IsLetGoObjectByObject) {
     )");
 }
 
+TEST_F(TheAcrobatOfACall, IsLetGoWithItsDocumentClosedAsWell) {
+    acrobat.let_both_go();
+    expect_journal(R"(
+        AcroExch.AVDoc.Close(True)
+        release AcroExch.AVDoc
+        AcroExch.PDDoc.Close()
+        release AcroExch.PDDoc
+        AcroExch.App.Exit()
+        release AcroExch.App
+    )");
+}
+
 TEST_F(TheAcrobatOfACall, WithoutAnApplicationOfItsOwnIsLetGoWithoutExiting) {
     acrobat.application = {};
     stage.clear_journal();

@@ -52,5 +52,11 @@ TEST(Text, FileNamePartIsWhatFollowsTheLastSeparator) {
     EXPECT_EQ(file_name_part("/out/", '/'), "");
 }
 
+TEST(Text, WithSeparatorEndsInOneAndNoMore) {
+    EXPECT_EQ(with_separator("C:\\in", '\\'), "C:\\in\\");
+    EXPECT_EQ(with_separator("C:\\in\\", '\\'), "C:\\in\\");
+    EXPECT_EQ(with_separator("", '/'), "/");
+}
+
 }  // namespace
 }  // namespace foliant::automation

@@ -151,7 +151,7 @@ TEST_F(Guard, TheFolderForTemporaryFilesHasToBeThereOrToBeMade) {
 }
 
 TEST_F(Guard, AMemberOfALaterVersionSaysSoFirst) {
-    EXPECT_EQ(refused({"CreatePDFfromImageFile", "", "a.png"}), "");
+    EXPECT_EQ(refused({"CreatePDFfromCrystalReport", "", "a.rpt"}), "");
 }
 
 }  // namespace

@@ -173,9 +173,10 @@ TEST(Command, SaysWhatIsWrongWithItsUse) {
 
 TEST(Command, MembersOfLaterVersionsHaveACodeOfTheirOwn) {
     const Workshop shop;
-    const Finished call = shop.foliant({"OpenPDF", "a.pdf"});
+    const Finished call = shop.foliant({"CreatePDFfromCrystalReport", "a.pdf", "a.rpt"});
     EXPECT_EQ(call.exit_code, 6);
-    EXPECT_EQ(call.errors, "foliant: OpenPDF is not available in this version of Foliant.\n");
+    EXPECT_EQ(call.errors,
+              "foliant: CreatePDFfromCrystalReport is not available in this version of Foliant.\n");
 }
 
 TEST(Command, CompletionScriptsAndManualAreAcceptedByTheirPrograms) {

@@ -13,4 +13,19 @@ inline constexpr tests::Ending let_acrobat_go{"let Acrobat go", R"(
     release AcroExch.App
 )"};
 
+/// ... with a trap that closes the document as well.
+inline constexpr tests::Ending let_both_go{"let both go", R"(
+    AcroExch.AVDoc.Close(True)
+    release AcroExch.AVDoc
+    AcroExch.PDDoc.Close()
+    release AcroExch.PDDoc
+    AcroExch.App.Exit()
+    release AcroExch.App
+)"};
+
+inline constexpr tests::Ending release_both_documents{"release both documents", R"(
+    release AcroExch.PDDoc
+    release AcroExch.PDDoc
+)"};
+
 }  // namespace foliant::members

@@ -1,3 +1,6 @@
+#include <map>
+#include <memory>
+
 #include "automation/coerce.h"
 #include "platform/stage/cast/cast.h"
 #include "platform/stage/cast/sender_command.h"
@@ -33,11 +36,32 @@ void cast_viewer_document(Stage& stage) {
     stage.answer_object("AcroExch.AVDoc.GetPDDoc", "AcroExch.PDDoc");
 }
 
+/// How many pages the documents have that did not begin with three of them, or got more.
+using PageCounts = std::map<std::weak_ptr<automation::Object>, std::int32_t, std::owner_less<>>;
+
+std::int32_t& pages_of(PageCounts& counts, StageObject& document) {
+    return counts.try_emplace(document.weak_from_this(), 3).first->second;
+}
+
+void cast_pages(Stage& stage) {
+    const auto counts = std::make_shared<PageCounts>();
+    stage.when("AcroExch.PDDoc.Create", [counts](StageObject& self, const Arguments&) {
+        pages_of(*counts, self) = 0;
+        return Value(true);
+    });
+    stage.when("AcroExch.PDDoc.InsertPages", [counts](StageObject& self, const Arguments& arguments) {
+        pages_of(*counts, self) += automation::to_int32(arguments.at(3).value);
+        return Value(true);
+    });
+    stage.when("AcroExch.PDDoc.GetNumPages",
+               [counts](StageObject& self, const Arguments&) { return Value(pages_of(*counts, self)); });
+}
+
 void cast_document(Stage& stage) {
-    for (const char* member : {"Open", "Create", "InsertPages", "SetInfo", "Close"})
+    for (const char* member : {"Open", "SetInfo", "Close"})
         stage.answer("AcroExch.PDDoc." + std::string(member), true);
     stage.answer("AcroExch.PDDoc.SetFlags", std::int32_t{0});
-    stage.answer("AcroExch.PDDoc.GetNumPages", std::int32_t{3});
+    cast_pages(stage);
     stage.answer_object("AcroExch.PDDoc.OpenAVDoc", "AcroExch.AVDoc");
     stage.when("AcroExch.PDDoc.Save", [](StageObject& self, const Arguments& arguments) {
         self.stage().put_file(automation::to_text(arguments.at(1).value));

@@ -36,8 +36,9 @@ std::shared_ptr<PdfPrinter> cast_pdf_printer(Stage& stage);
 /// file.
 void cast_distiller(Stage& stage);
 
-/// An Acrobat whose documents are valid and have three pages of Letter size, each with two words; what it
-/// looks for is found, what it saves is written, and a web page opens its window at once.
+/// An Acrobat whose documents are valid and have three pages of Letter size, each with two words, those that
+/// are inserted besides, and none at first in a document that is created; what it looks for is found, what it
+/// saves is written, and a web page opens its window at once.
 void cast_acrobat(Stage& stage);
 
 /// A Word whose `PrintOut` makes the output file: the one named, or what the printer makes.
