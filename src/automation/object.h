@@ -24,6 +24,12 @@ class EventSink {
     virtual void notify(std::string_view event, std::span<const Value> arguments) = 0;
 };
 
+/// For those whom no event concerns.
+class Silence final : public EventSink {
+  public:
+    void notify(std::string_view, std::span<const Value>) override {}
+};
+
 /// A running subscription to an object's notifications; it ends when this is destroyed.
 class Subscription {
   public:

@@ -9,9 +9,8 @@
 namespace foliant::cli {
 namespace {
 
-/// Readers accept a PDF that begins within this; printer streams put a job header in front of PostScript.
+/// Printer streams put a job header in front of PostScript.
 constexpr std::size_t head_bytes = 4096;
-constexpr std::size_t header_within = 1024;
 
 std::string head_of(const std::string& path) {
     const posix::FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
@@ -39,7 +38,7 @@ bool is_postscript(std::string_view head) {
 FileKind file_kind(const std::string& path) {
     const std::string head = head_of(path);
     if (head.empty()) return FileKind::none;
-    if (std::string_view(head).substr(0, header_within).find("%PDF-") != std::string_view::npos) {
+    if (std::string_view(head).substr(0, pdf_header_within).find("%PDF-") != std::string_view::npos) {
         return FileKind::pdf;
     }
     if (is_postscript(head)) return FileKind::postscript;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,9 @@ enum class FileKind {
     text,   ///< text that is none of the above
     other,  ///< anything else: documents, pictures, programs
 };
+
+/// Readers accept a PDF that begins within this.
+inline constexpr std::size_t pdf_header_within = 1024;
 
 /// Reads some kilobytes at most. Waits for nothing: anything but an ordinary file is `none`.
 FileKind file_kind(const std::string& path);

@@ -7,12 +7,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "cli/file_kind.h"
 #include "posix/file_descriptor.h"
 
 namespace foliant::cli {
 namespace {
 
-constexpr std::size_t header_within = 1024;
 constexpr std::size_t end_within = 2048;
 constexpr std::size_t dictionary_within = 65536;
 constexpr int most_sections = 1000;
@@ -174,7 +174,7 @@ std::string Pdf::referred(std::optional<std::string_view> value, std::int64_t cr
 
 PdfFacts Pdf::facts() {
     PdfFacts facts;
-    if (at(0, header_within).find("%PDF-") == std::string::npos) return facts;
+    if (at(0, pdf_header_within).find("%PDF-") == std::string::npos) return facts;
     const auto cross_reference = last_cross_reference();
     if (!cross_reference) return facts;
     const std::string trailer = trailer_at(*cross_reference);

@@ -1,6 +1,7 @@
 #include "cli/preflight.h"
 
 #include "automation/error.h"
+#include "automation/object.h"
 #include "cli/call.h"
 #include "cli/named_files.h"
 #include "core/parameter_help.h"
@@ -10,12 +11,8 @@
 namespace foliant::cli {
 namespace {
 
-class Silence : public automation::EventSink {
-    void notify(std::string_view, std::span<const automation::Value>) override {}
-};
-
 void require_protection(const platform::Platform& here) {
-    Silence silence;
+    automation::Silence silence;
     const session::Session session(here, silence);
     if (session::acrobat_is_newer_than_5(session)) return;
     const std::string& version = session.AcrobatVersion();

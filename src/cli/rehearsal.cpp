@@ -35,13 +35,9 @@ class EventLines : public automation::EventSink {
     Stage& stage_;
 };
 
-class Silence : public automation::EventSink {
-    void notify(std::string_view, std::span<const Value>) override {}
-};
-
 /// A stage that looks like this machine: same settings, same input files, the sender in the system folder.
 void cast_like(Stage& stage, const platform::Platform& here) {
-    Silence silence;
+    automation::Silence silence;
     const session::Session session(here, silence);
     stage.separator = here.files.separator();
     stage.system_folder = "/system";

@@ -13,6 +13,11 @@ namespace foliant::hosts {
 /// The arguments of a call in the order of its parameters; `Missing` where none was given.
 using Bound = std::vector<automation::Value>;
 
+/// Whether the caller gave the argument.
+inline bool is_given(const automation::Value& argument) {
+    return !argument.holds<automation::Missing>();
+}
+
 /// Puts positional and named arguments in the order of the parameters; names count in any case. Raises 450
 /// for too many, 448 for a name that is none of the parameters.
 Bound bind(const automation::Arguments& arguments, const std::vector<std::string_view>& parameters);

@@ -16,10 +16,10 @@ namespace {
 constexpr std::size_t most_descriptors = 4;
 constexpr std::uint32_t longest_message = 64U << 20U;  // documents and outputs travel as open files
 
-using Control = std::array<char, CMSG_SPACE(sizeof(int) * most_descriptors)>;
+using ControlPart = std::array<char, CMSG_SPACE(sizeof(int) * most_descriptors)>;
 
 /// Puts the descriptors into a message's control part.
-void attach(msghdr& header, Control& control, const std::vector<FileDescriptor>& files) {
+void attach(msghdr& header, ControlPart& control, const std::vector<FileDescriptor>& files) {
     if (files.empty()) return;
     std::array<int, most_descriptors> numbers{};
     const std::size_t size = files.size() * sizeof(int);
@@ -84,7 +84,7 @@ bool Channel::send(const Writer& message) {
     const auto size = static_cast<std::uint32_t>(message.bytes().size());
     std::string bytes(reinterpret_cast<const char*>(&size), sizeof size);
     bytes += message.bytes();
-    Control control{};
+    ControlPart control{};
     msghdr header{};
     attach(header, control, message.files());
     std::string_view rest = bytes;
@@ -104,7 +104,7 @@ bool Channel::send(const Writer& message) {
 std::optional<Reader> Channel::receive() {
     std::uint32_t size = 0;
     auto* const start = reinterpret_cast<char*>(&size);
-    Control control{};
+    ControlPart control{};
     msghdr header{};
     header.msg_control = control.data();
     header.msg_controllen = control.size();

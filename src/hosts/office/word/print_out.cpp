@@ -19,10 +19,6 @@ automation::Error not_offered(const std::string& what) {
     return microsoft_word.error(microsoft_word.value_out_of_range, what);
 }
 
-bool is_given(const Value& argument) {
-    return !argument.holds<Missing>();
-}
-
 std::string requested_pages(const Bound& arguments) {
     const std::int32_t chosen = is_given(arguments[range]) ? to_int32(arguments[range]) : 0;
     switch (static_cast<PrintRange>(chosen)) {

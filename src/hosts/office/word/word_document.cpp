@@ -26,10 +26,6 @@ TextDocument& opened(const DocumentPtr& document) {
     return *document;
 }
 
-bool is_given(const Value& argument) {
-    return !argument.holds<automation::Missing>();
-}
-
 /// Raises for an index that is not the one element that there is.
 void expect_first(const Value& index, const std::string& what) {
     if (!is_given(index)) throw automation::Error(automation::RuntimeError::argument_not_optional);
