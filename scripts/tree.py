@@ -97,19 +97,30 @@ def remembered(kind, inputs):
     return ROOT / "build" / "checked" / kind / digest.hexdigest()
 
 
+def in_parallel(function, items):
+    """What the function returns for each item, in order; as many at a time as there are processors."""
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        return list(pool.map(function, items))
+
+
+def remember(kind, inputs):
+    """Remembers that a check of these inputs went well."""
+    memory = remembered(kind, inputs)
+    memory.parent.mkdir(parents=True, exist_ok=True)
+    memory.touch()
+
+
 def run_all(kind, jobs):
     """Runs commands, several at a time, and prints what the failing ones say. `jobs` holds, for each file, the
     command and what its outcome depends on; one that went well is not run again before any of that changes.
     Returns the files that failed."""
     def run(job):
         path, command, inputs = job
-        memory = remembered(kind, inputs)
-        if memory.exists():
+        if remembered(kind, inputs).exists():
             return None
         result = subprocess.run(command, cwd=ROOT, capture_output=True, text=True)
         if result.returncode == 0:
-            memory.parent.mkdir(parents=True, exist_ok=True)
-            memory.touch()
+            remember(kind, inputs)
             return None
         said = result.stdout + result.stderr
         if result.returncode < 0:
@@ -117,5 +128,4 @@ def run_all(kind, jobs):
         print(said, end="", flush=True)
         return path
 
-    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        return [path for path in pool.map(run, jobs) if path]
+    return [path for path in in_parallel(run, jobs) if path]
