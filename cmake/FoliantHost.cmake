@@ -2,18 +2,22 @@
 
 set(FOLIANT_HOSTS_FOLDER ${CMAKE_BINARY_DIR}/hosts)
 
-# foliant_host(NAME FOLDERS folders... EXCEPT sources... LINKS targets... RUN_PATH folders...): the room foliant_NAME, of
-# the sources that foliant_room would take, and the module of host_module.cpp over it. RUN_PATH is where the engine's
-# libraries lie, when that is not where every program finds them. Links to UNO, to an engine ... are for the room alone.
+# foliant_host(NAME ROOM room FOLDERS folders... EXCEPT sources... LINKS targets... RUN_PATH folders...): the room
+# foliant_NAME, or foliant_ROOM where another room has that name, of the sources that foliant_room would take, and the
+# module of host_module.cpp over it. RUN_PATH is where the engine's libraries lie, when that is not where every program
+# finds them. Links to UNO, to an engine ... are for the room alone.
 function(foliant_host name)
-  cmake_parse_arguments(host "" "" "FOLDERS;EXCEPT;LINKS;RUN_PATH" ${ARGN})
-  foliant_room(${name} FOLDERS ${host_FOLDERS} EXCEPT host_module.cpp ${host_EXCEPT})
-  target_link_libraries(foliant_${name} PRIVATE ${host_LINKS} PUBLIC ${CMAKE_DL_LIBS})
+  cmake_parse_arguments(host "" "ROOM" "FOLDERS;EXCEPT;LINKS;RUN_PATH" ${ARGN})
+  if(NOT host_ROOM)
+    set(host_ROOM ${name})
+  endif()
+  foliant_room(${host_ROOM} FOLDERS ${host_FOLDERS} EXCEPT host_module.cpp ${host_EXCEPT})
+  target_link_libraries(foliant_${host_ROOM} PRIVATE ${host_LINKS} PUBLIC ${CMAKE_DL_LIBS})
 
   add_library(foliant_host_${name} MODULE host_module.cpp)
   set_target_properties(foliant_host_${name} PROPERTIES OUTPUT_NAME ${name} PREFIX ""
                         LIBRARY_OUTPUT_DIRECTORY ${FOLIANT_HOSTS_FOLDER})
-  target_link_libraries(foliant_host_${name} PRIVATE foliant_${name})
+  target_link_libraries(foliant_host_${name} PRIVATE foliant_${host_ROOM})
   foliant_run_path(foliant_host_${name} ${host_RUN_PATH})
   install(TARGETS foliant_host_${name} LIBRARY DESTINATION lib/foliant/hosts)
   set_property(GLOBAL APPEND PROPERTY FOLIANT_HOSTS ${name})

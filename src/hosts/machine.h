@@ -21,8 +21,8 @@ namespace foliant::hosts {
 /// "RichEdit20W").
 struct Control {
     std::string window_class;
-    std::string caption;
-    std::string text;
+    std::string caption{};
+    std::string text{};
     bool enabled = true;
     bool checked = false;
     bool is_default = false;    ///< the button that Enter presses
@@ -62,7 +62,10 @@ class Machine {
 
     /// Opens a document of the user's for reading: a host that is contained cannot open one itself. Throws
     /// what open_document_file does.
-    virtual DocumentFile open_document(const std::filesystem::path& path) { return open_document_file(path); }
+    virtual DocumentFile open_document(const std::filesystem::path& path,
+                                       DocumentAccess /*access*/ = DocumentAccess::place) {
+        return open_document_file(path);
+    }
 
     /// A new file that appears under that name when it is complete; also a contained host's only way to make
     /// one. Throws what PendingFile does.

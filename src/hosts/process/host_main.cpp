@@ -80,7 +80,7 @@ class LoadedModule {
 
 void contain(const HostStart& start, const Module& module, const std::filesystem::path& document) {
     containment::Policy policy = module.policy(start.folder);
-    policy.may_read.push_back(document);
+    if (!document.empty()) policy.may_read.push_back(document);
     policy.limits = {
         .memory_bytes = start.memory_limit_bytes, .file_bytes = largest_file, .open_files = most_open_files};
     containment::apply(policy);

@@ -58,15 +58,16 @@ class RemoteOutput : public OutputFile {
 
 }  // namespace
 
-DocumentFile RemoteMachine::open_document(const std::filesystem::path& path) {
+DocumentFile RemoteMachine::open_document(const std::filesystem::path& path, DocumentAccess access) {
     Reader result = peer_->call(request(MachineCall::open_document).put(path.native()));
     DocumentFile document;
     document.path = result.text();
     document.descriptor = result.descriptor();
+    const bool needs_place = access == DocumentAccess::place;
     if (contain_) {
-        std::exchange(contain_, nullptr)(document.path);
-        document.place = document.path;
-    } else {
+        if (needs_place) document.place = document.path;
+        std::exchange(contain_, nullptr)(document.place);
+    } else if (needs_place) {
         document.place = copy_of(document);
     }
     return document;

@@ -14,7 +14,8 @@ namespace foliant::hosts::process {
 /// it works for.
 class RemoteMachine : public Machine {
   public:
-    /// Puts the host's policy into force, with one document that may be read besides.
+    /// Puts the host's policy into force, with one document that may be read besides, unless its
+    /// path is empty.
     using Contain = std::function<void(const std::filesystem::path& document)>;
 
     /// `folder` is private to the host. `contain` is called before the host gets its first document.
@@ -31,9 +32,10 @@ class RemoteMachine : public Machine {
 
     std::filesystem::path private_folder() const override { return folder_; }
     std::uint64_t memory_limit_bytes() const override { return memory_limit_; }
-    /// The first document is the file itself; later ones have a copy in the private folder, because a policy
-    /// in force cannot be widened.
-    DocumentFile open_document(const std::filesystem::path& path) override;
+    /// The place of the first document is the file itself; later ones have a copy in the private folder,
+    /// because a policy in force cannot be widened. An open file needs none.
+    DocumentFile open_document(const std::filesystem::path& path,
+                               DocumentAccess access = DocumentAccess::place) override;
     std::unique_ptr<OutputFile> make_output(const std::filesystem::path& path) override;
     bool has_printer(std::string_view name) const override;
     bool is_pdf_printer(std::string_view name) const override;

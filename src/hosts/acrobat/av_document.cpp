@@ -1,0 +1,55 @@
+#include "hosts/acrobat/av_document.h"
+
+#include <utility>
+
+#include "automation/coerce.h"
+#include "hosts/acrobat/acrobat_error.h"
+#include "hosts/acrobat/open_file.h"
+#include "hosts/acrobat/pd_document.h"
+
+namespace foliant::hosts::acrobat {
+
+using automation::RuntimeError;
+using automation::to_text;
+
+AvDocument::AvDocument(ProgramPtr program, ViewPtr view)
+    : LateBound(application_name), program_(std::move(program)), view_(std::move(view)) {
+    add_method("Open", {"szFullPath", "szTempTitle"},
+               [this](const Bound& given) { return open(to_text(given[0])); });
+    add_method("GetPDDoc", {}, [this](const Bound&) {
+        return automation::ObjectPtr(std::make_shared<PdDocument>(program_, shown()));
+    });
+    add_method("IsValid", {},
+               [this](const Bound&) { return view_ != nullptr && view_->document != nullptr; });
+    add_method("Close", {"bNoSave"}, [this](const Bound& given) {
+        return close(!given[0].holds<automation::Missing>() && automation::to_bool(given[0]));
+    });
+}
+
+const DocumentPtr& AvDocument::shown() const {
+    if (view_ && view_->document) return view_->document;
+    if (!view_ && program_->last_failure) throw automation::Error(*program_->last_failure);
+    throw acrobat_error(RuntimeError::object_not_set, "No document is open in this window.");
+}
+
+bool AvDocument::open(const std::string& path) {
+    view_.reset();
+    try {
+        view_ = program_->show(open_file(*program_, path));
+    } catch (const automation::Error& failure) {
+        program_->last_failure = failure;
+    }
+    return view_ != nullptr;
+}
+
+bool AvDocument::close(bool without_saving) {
+    if (!view_ || !view_->document) return false;
+    if (!without_saving && view_->document->is_changed())
+        throw acrobat_error(RuntimeError::action_not_supported,
+                            "What was changed in " + view_->document->name() +
+                                " is not saved. Save the document, or close it with True.");
+    program_->close(view_);
+    return true;
+}
+
+}  // namespace foliant::hosts::acrobat

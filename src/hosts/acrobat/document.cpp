@@ -1,0 +1,80 @@
+#include "hosts/acrobat/document.h"
+
+#include <cerrno>
+#include <exception>
+#include <new>
+#include <system_error>
+#include <utility>
+
+#include "hosts/acrobat/acrobat_error.h"
+#include "hosts/acrobat/structure/unreadable.h"
+
+namespace foliant::hosts::acrobat {
+
+using automation::RuntimeError;
+
+namespace {
+
+automation::Error cannot_open(const std::string& path, const std::error_code& code) {
+    const std::string what = path + " cannot be opened: ";
+    switch (code.value()) {
+        case ENOENT:
+            return acrobat_error(RuntimeError::file_not_found, what + "there is no such file.");
+        case EACCES:
+        case EPERM:
+            return acrobat_error(RuntimeError::permission_denied, what + "you may not read it.");
+        case EISDIR:
+            return acrobat_error(RuntimeError::path_file_access, what + "it is a folder.");
+        case ENOTSUP:
+            return acrobat_error(RuntimeError::path_file_access, what + "it is a device or a pipe.");
+        default:
+            return acrobat_error(RuntimeError::path_file_access, what + code.message() + ".");
+    }
+}
+
+std::shared_ptr<const structure::MappedFile> map(Machine& machine, const std::string& path) {
+    try {
+        const DocumentFile file = machine.open_document(path, DocumentAccess::open_file);
+        return std::make_shared<structure::MappedFile>(file.descriptor.get());
+    } catch (const std::system_error& failure) {
+        throw cannot_open(path, failure.code());
+    }
+}
+
+}  // namespace
+
+Document::Document(Machine& machine, std::string path, std::string password,
+                   std::shared_ptr<structure::Pdf> pdf)
+    : machine_(machine), path_(std::move(path)), password_(std::move(password)), pdf_(std::move(pdf)) {}
+
+DocumentPtr Document::open(Machine& machine, const std::string& path, const std::string& password) {
+    const auto file = map(machine, path);
+    try {
+        return DocumentPtr(new Document(machine, path, password, structure::Pdf::open(file, password)));
+    } catch (const structure::WrongPassword&) {
+        throw;
+    } catch (const structure::Unreadable& reason) {
+        throw document_error(path + " cannot be opened: " + reason.what() + ".");
+    }
+}
+
+void Document::raise_unusable() const {
+    const std::string file = path_.empty() ? "The new document" : path_;
+    try {
+        throw;
+    } catch (const automation::Error&) {
+        throw;
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const structure::Unreadable& reason) {
+        throw document_error(file + " cannot be used: " + reason.what() + ".");
+    } catch (const std::exception& reason) {
+        throw document_error(file + " cannot be used: it seems to be damaged (" + reason.what() + ").");
+    }
+}
+
+DocumentPtr Document::create(Machine& machine) {
+    return DocumentPtr(new Document(machine, "", "", structure::Pdf::create()));
+}
+
+}  // namespace foliant::hosts::acrobat

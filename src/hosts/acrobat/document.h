@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "hosts/acrobat/structure/pdf.h"
+#include "hosts/machine.h"
+
+namespace foliant::hosts::acrobat {
+
+/// A PDF that is open in Acrobat, however many objects and windows show it.
+class Document {
+  public:
+    /// Opens a file that was named to this host. `password` is "" where none is known. Throws
+    /// structure::WrongPassword, and automation errors that name the file.
+    static std::shared_ptr<Document> open(Machine& machine, const std::string& path,
+                                          const std::string& password);
+
+    /// A new document without pages or name.
+    static std::shared_ptr<Document> create(Machine& machine);
+
+    Document(const Document&) = delete;
+    Document& operator=(const Document&) = delete;
+
+    Machine& machine() const noexcept { return machine_; }
+
+    /// As it was opened; "" for a new one.
+    const std::string& path() const noexcept { return path_; }
+    /// The file's own name; "" for a new one.
+    std::string name() const { return std::filesystem::path(path_).filename().string(); }
+
+    /// What opened it; "" when nothing was needed.
+    const std::string& password() const noexcept { return password_; }
+
+    structure::Pdf& pdf() noexcept { return *pdf_; }
+
+    /// Call it inside a catch clause: raises what is being handled as a failure that names the file. An
+    /// automation error, and exhausted memory, stay what they are.
+    [[noreturn]] void raise_unusable() const;
+
+    /// To be told after each change: what was read of the document before does not count any more.
+    void note_change() noexcept { ++revision_; }
+    /// Grows with each change.
+    std::uint64_t revision() const noexcept { return revision_; }
+    bool is_changed() const noexcept { return revision_ > 0; }
+
+  private:
+    Document(Machine& machine, std::string path, std::string password, std::shared_ptr<structure::Pdf> pdf);
+
+    Machine& machine_;
+    std::string path_;
+    std::string password_;
+    std::shared_ptr<structure::Pdf> pdf_;
+    std::uint64_t revision_ = 0;
+};
+
+using DocumentPtr = std::shared_ptr<Document>;
+
+/// Does something with what is in a document. What is found to be wrong with it only then is raised as a
+/// failure that names the file.
+template <typename Work>
+auto with_file_named(Document& document, Work work) {
+    try {
+        return work(document.pdf());
+    } catch (...) {
+        document.raise_unusable();
+    }
+}
+
+}  // namespace foliant::hosts::acrobat

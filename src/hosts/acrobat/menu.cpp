@@ -1,0 +1,33 @@
+#include "hosts/acrobat/menu.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "hosts/acrobat/acrobat_error.h"
+#include "hosts/acrobat/open_file.h"
+
+namespace foliant::hosts::acrobat {
+
+namespace {
+
+struct MenuItem {
+    std::string_view name;
+    bool (*execute)(Program&);
+};
+
+constexpr std::array menu{
+    MenuItem{"Open", open_by_dialog},
+};
+
+}  // namespace
+
+bool execute_menu_item(Program& program, std::string_view name) {
+    const auto item = std::ranges::find(menu, name, &MenuItem::name);
+    if (item == menu.end())
+        throw acrobat_error(automation::RuntimeError::action_not_supported,
+                            "There is no menu item \"" + std::string(name) + "\" here.");
+    return item->execute(program);
+}
+
+}  // namespace foliant::hosts::acrobat

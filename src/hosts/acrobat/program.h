@@ -1,0 +1,42 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "automation/error.h"
+#include "hosts/acrobat/document.h"
+#include "hosts/machine.h"
+
+namespace foliant::hosts::acrobat {
+
+/// A window that shows a document, or nothing once it is closed.
+struct View {
+    DocumentPtr document;
+};
+using ViewPtr = std::shared_ptr<View>;
+
+/// The running Acrobat, which all of its objects belong to. It ends with the last of them.
+struct Program {
+    explicit Program(Machine& its_machine) : machine(its_machine) {}
+
+    /// The one that runs on that machine, started if none does.
+    static std::shared_ptr<Program> running_on(Machine& machine);
+
+    /// Opens a window on a document, in front of the others.
+    ViewPtr show(DocumentPtr document);
+    /// The window in front; null without any.
+    ViewPtr active_view() const;
+    /// The document of that path that a window shows; null when none does.
+    DocumentPtr shown_document(const std::string& path) const;
+    void close(const ViewPtr& view) noexcept;
+    void close_all() noexcept;
+
+    Machine& machine;
+    std::vector<ViewPtr> views;                     ///< the one in front last
+    std::optional<automation::Error> last_failure;  ///< why what was to be shown last is not
+};
+using ProgramPtr = std::shared_ptr<Program>;
+
+}  // namespace foliant::hosts::acrobat

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFObjectHandle.hh>
+#include <string>
+#include <vector>
+
+namespace foliant::hosts::acrobat::structure {
+
+/// What a page has from the nodes of the page tree above it, where it does not say so itself.
+struct Inherited {
+    QPDFObjectHandle resources;
+    QPDFObjectHandle media_box;
+    QPDFObjectHandle crop_box;
+    QPDFObjectHandle rotate;
+};
+
+/// One page: its dictionary, always an indirect object.
+struct Page {
+    QPDFObjectHandle object;
+    std::shared_ptr<const Inherited> inherited;
+
+    /// The value that counts for the page, its own or the inherited one; null where there is none. `name` is
+    /// any key; "/Resources", "/MediaBox", "/CropBox" and "/Rotate" are inherited.
+    QPDFObjectHandle value(const std::string& name) const;
+};
+
+using PageList = std::vector<Page>;
+
+/// The number of pages that the root of the page tree claims, where that is plausible: there are as
+/// many objects, and it agrees with what its children claim. Nothing where it is not.
+std::optional<std::int32_t> claimed_page_count(QPDF& pdf);
+
+/// All pages in their order. A node of the tree that is met again is passed over; a page that is met again is
+/// a page again. Throws Unreadable when there is no page tree.
+PageList find_pages(QPDF& pdf);
+
+}  // namespace foliant::hosts::acrobat::structure

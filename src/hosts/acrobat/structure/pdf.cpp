@@ -1,0 +1,94 @@
+#include "hosts/acrobat/structure/pdf.h"
+
+#include <new>
+#include <qpdf/Buffer.hh>
+#include <qpdf/BufferInputSource.hh>
+#include <qpdf/QPDFExc.hh>
+#include <qpdf/QUtil.hh>
+#include <string_view>
+
+#include "hosts/acrobat/structure/unreadable.h"
+
+namespace foliant::hosts::acrobat::structure {
+
+namespace {
+
+constexpr std::size_t header_place = 1024;  // where readers look for "%PDF-"
+
+/// The file's bytes for qpdf, as long as anything reads from it: pages that were copied into another
+/// document read their streams here when that is written.
+class Source : public BufferInputSource {
+  public:
+    explicit Source(std::shared_ptr<const MappedFile> file)
+        : BufferInputSource("", make_buffer(file->bytes()), true), file_(std::move(file)) {}
+
+  private:
+    /// qpdf's buffers can be written to, but who reads from one does not.
+    static Buffer* make_buffer(std::string_view bytes) {
+        return new Buffer(reinterpret_cast<unsigned char*>(const_cast<char*>(bytes.data())), bytes.size());
+    }
+
+    std::shared_ptr<const MappedFile> file_;
+};
+
+void prepare(QPDF& pdf) {
+    pdf.setSuppressWarnings(true);
+}
+
+std::string what_is_wrong(const MappedFile& file, const std::string& detail) {
+    const std::string_view start = file.bytes().substr(0, header_place);
+    if (start.find("%PDF-") == std::string_view::npos) return "it is no PDF file";
+    return "it seems to be damaged (" + detail + ")";
+}
+
+[[noreturn]] void raise_unreadable(const MappedFile& file, const QPDFExc& failure) {
+    if (failure.getErrorCode() == qpdf_e_password) throw WrongPassword();
+    if (failure.getErrorCode() == qpdf_e_unsupported)
+        throw Unreadable("it is of a kind that cannot be read (" + failure.getMessageDetail() + ")");
+    throw Unreadable(what_is_wrong(file, failure.getMessageDetail()));
+}
+
+}  // namespace
+
+std::shared_ptr<Pdf> Pdf::open(std::shared_ptr<const MappedFile> file, const std::string& password) {
+    if (file->bytes().empty()) throw Unreadable("it is empty");
+    // Older files have their passwords in an encoding that whoever made them chose.
+    const std::vector<std::string> spellings = QUtil::possible_repaired_encodings(password);
+    for (std::size_t i = 0;; ++i) {
+        const std::shared_ptr<Pdf> pdf(new Pdf(file));
+        prepare(pdf->qpdf_);
+        try {
+            pdf->qpdf_.processInputSource(std::make_shared<Source>(file), spellings[i].c_str());
+            pdf->qpdf_.getRoot();
+            return pdf;
+        } catch (const QPDFExc& failure) {
+            if (failure.getErrorCode() == qpdf_e_password && i + 1 < spellings.size()) continue;
+            raise_unreadable(*file, failure);
+        } catch (const std::bad_alloc&) {
+            throw;
+        } catch (const std::exception& failure) {
+            throw Unreadable(what_is_wrong(*file, failure.what()));
+        }
+    }
+}
+
+std::shared_ptr<Pdf> Pdf::create() {
+    std::shared_ptr<Pdf> pdf(new Pdf(nullptr));
+    prepare(pdf->qpdf_);
+    pdf->qpdf_.emptyPDF();
+    return pdf;
+}
+
+std::int32_t Pdf::page_count() {
+    if (!pages_) {
+        if (const auto claimed = claimed_page_count(qpdf_)) return *claimed;
+    }
+    return static_cast<std::int32_t>(pages().size());
+}
+
+PageList& Pdf::pages() {
+    if (!pages_) pages_ = std::make_unique<PageList>(find_pages(qpdf_));
+    return *pages_;
+}
+
+}  // namespace foliant::hosts::acrobat::structure

@@ -1,0 +1,62 @@
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+#include "automation/value.h"
+#include "hosts/acrobat/noting_machine.h"
+#include "hosts/acrobat/pdf_text.h"
+#include "hosts/module.h"
+#include "hosts/process/host_process.h"
+#include "support/error_of.h"
+#include "support/scratch_folder.h"
+
+namespace foliant::hosts::acrobat {
+namespace {
+
+using automation::Value;
+
+const Module& acrobat_module() {
+    static void* library = dlopen(ACROBAT_MODULE, RTLD_NOW | RTLD_LOCAL);
+    if (library == nullptr) throw std::runtime_error(dlerror());
+    return *reinterpret_cast<ModuleEntry>(dlsym(library, "foliant_host_module"))();
+}
+
+/// Acrobat as the command has it.
+class ContainedAcrobat : public testing::Test {
+  protected:
+    std::string write(const std::string& name, const std::string& content) const {
+        return folder.write(name, content).string();
+    }
+
+    tests::ScratchFolder folder;
+    test::NotingMachine machine;
+    process::HostProcess host{{"Acrobat", "qpdf and poppler", acrobat_module}, machine};
+};
+
+TEST_F(ContainedAcrobat, CountsThePagesOfADocumentThatWasNamed) {
+    const Value document = host.create("AcroExch.PDDoc");
+    for (const int count : {3, 1}) {
+        EXPECT_EQ(document.call("Open", {write("a.pdf", test::pages(count).file())}), Value(true));
+        EXPECT_EQ(document.call("GetNumPages"), Value(std::int32_t{count}));
+    }
+}
+
+TEST_F(ContainedAcrobat, OpensTheFileWhoseNameIsTypedIntoItsDialog) {
+    const Value application = host.create("AcroExch.App");
+    machine.answers = {write("a.pdf", test::pages(2).file())};
+    EXPECT_EQ(application.call("MenuItemExecute", {"Open"}), Value(true));
+    EXPECT_EQ(application.call("GetActiveDoc").call("GetPDDoc").call("GetNumPages"), Value(std::int32_t{2}));
+    EXPECT_EQ(machine.notes, std::vector<std::string>{"dialog Open"});
+}
+
+TEST(AcrobatModule, KnowsNoOtherClass) {
+    test::NotingMachine machine;
+    EXPECT_EQ(tests::error_number([&] { acrobat_module().create("Word.Application", machine); }), 429);
+}
+
+TEST(AcrobatModule, NamesTheVersionOfItsEngine) {
+    EXPECT_TRUE(acrobat_module().engine_version().starts_with("11."));
+}
+
+}  // namespace
+}  // namespace foliant::hosts::acrobat
