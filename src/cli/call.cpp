@@ -8,6 +8,7 @@
 #include "cli/named_files.h"
 #include "cli/visible_text.h"
 #include "core/dispatch.h"
+#include "registered/classes.h"
 #include "session/errors.h"
 
 namespace foliant::cli {
@@ -88,6 +89,22 @@ void put_temporary_folder(core::BuildPDF& object, const std::string& folder) {
                 "The folder for temporary files cannot be had: " + folder + ".");
 }
 
+/// A script hands over the control that transfers its files. A command line has none, so the command makes it.
+void hand_over_control(const core::Member& member, const platform::Platform& platform,
+                       automation::Arguments& arguments) {
+    for (const core::Parameter& parameter : member.parameters()) {
+        if (parameter.type == core::ValueType::object)
+            arguments.emplace_back(parameter.name, platform.servers.create(registered::transfer_control));
+    }
+}
+
+/// Nobody who asked for the call knows of it.
+void take_control_back(automation::Arguments& arguments) {
+    std::erase_if(arguments, [](const automation::Argument& argument) {
+        return argument.value.holds<automation::ObjectPtr>();
+    });
+}
+
 /// A host knows that it may have no more memory, the command how to give it more.
 Error with_remedy(Error error) {
     if (!error.is(automation::RuntimeError::out_of_memory)) return error;
@@ -129,6 +146,7 @@ Outcome call_member(const Request& request, const platform::Platform& platform,
     try {
         core::BuildPDF object(platform, recorder);
         put_temporary_folder(object, request.options.temp_path);
+        hand_over_control(*request.member, platform, outcome.arguments);
         const bool property = request.member->kind == core::MemberKind::property_get;
         outcome.result = core::invoke(object, request.member->dispid, property ? Access::get : Access::call,
                                       outcome.arguments);
@@ -138,6 +156,7 @@ Outcome call_member(const Request& request, const platform::Platform& platform,
     } catch (...) {
         fail(outcome, automation::current_error());
     }
+    take_control_back(outcome.arguments);
     return outcome;
 }
 

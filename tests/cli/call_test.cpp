@@ -51,6 +51,19 @@ TEST_F(Call, KeepsResultEventsAndByReferenceValues) {
     EXPECT_EQ(names, "JobStart PercentDone PageNumber JobDone ");
 }
 
+TEST_F(Call, MakesTheTransferControlThatAScriptWouldHandOver) {
+    request.member = core::find_member(*core::find_dispid("DownloadFile"), automation::Access::call);
+    request.arguments = {named("strRemoteHost", "host"), named("strRemoteDirectory", ""),
+                         named("strLocalFile", "/in/a.pdf"), named("strRemoteFile", "a.pdf")};
+    stage.put_file("/in/a.pdf");
+    const Outcome outcome = call();
+    EXPECT_FALSE(outcome.error.has_value());
+    EXPECT_NE(stage.journal().find("create InetCtls.Inet\n"), std::string::npos) << stage.journal();
+    EXPECT_NE(stage.journal().find("Execute(\"ftp://host\", \"GET a.pdf /in/a.pdf\")\n"), std::string::npos);
+    EXPECT_NE(stage.journal().find("release InetCtls.Inet\n"), std::string::npos);
+    EXPECT_EQ(outcome.arguments.size(), 4U);
+}
+
 TEST_F(Call, AJobThatFailedIsAFailureWithTheInterpretersWords) {
     stage.when("Distiller.FileToPDF", [](StageObject& self, const Arguments& arguments) {
         self.notify("OnJobStart", {arguments[0].value, arguments[1].value});

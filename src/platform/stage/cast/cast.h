@@ -44,4 +44,21 @@ void cast_acrobat(Stage& stage);
 /// A Word whose `PrintOut` makes the output file: the one named, or what the printer makes.
 void cast_word(Stage& stage, const std::shared_ptr<PdfPrinter>& printer);
 
+/// A Notepad that prints to the PDF printer as soon as it is started with "/p".
+void cast_notepad(Stage& stage, const std::shared_ptr<PdfPrinter>& printer);
+
+/// An Access with three printers, "Office printer", "Acrobat PDFWriter" and "Adobe PDF", whose reports are
+/// printed where the registry tells PDFWriter to and where the PDF printer was told to save.
+void cast_access(Stage& stage, const std::shared_ptr<PdfPrinter>& printer);
+
+/// A Crystal Reports whose reports the PDF printer writes.
+void cast_crystal(Stage& stage, const std::shared_ptr<PdfPrinter>& printer);
+
+/// A PDFMaker after whose launch Acrobat shows the document at once.
+void cast_pdfmaker(Stage& stage);
+
+/// An Internet Transfer control that is still executing the first time it is asked after a command, and not
+/// any more the second time.
+void cast_transfer_control(Stage& stage);
+
 }  // namespace foliant::platform::stage

@@ -10,6 +10,11 @@ void cast_usual_machine(Stage& stage) {
     cast_distiller(stage);
     cast_acrobat(stage);
     cast_word(stage, printer);
+    cast_notepad(stage, printer);
+    cast_access(stage, printer);
+    cast_crystal(stage, printer);
+    cast_pdfmaker(stage);
+    cast_transfer_control(stage);
 }
 
 }  // namespace foliant::platform::stage
