@@ -1,5 +1,6 @@
 #include "converters/access.h"
 
+#include "acrobat/merge.h"
 #include "automation/coerce.h"
 #include "automation/object.h"
 #include "automation/text.h"
@@ -9,6 +10,7 @@
 #include "registered/classes.h"
 #include "session/acrobat_versions.h"
 #include "session/errors.h"
+#include "session/lists.h"
 
 namespace foliant::converters {
 
@@ -59,6 +61,12 @@ void print_report(const Session& session, const Value& access, const std::string
     if (close_acrobat) engines::close_acrobat_window(session, target);
 }
 
+/// A list of no reports would end as an empty PDF.
+void require_reports(const Value& names) {
+    if (session::array_of(names)->items.empty())
+        throw session::component_error("There is no report to print.");
+}
+
 void close_and_quit(Value& access) {
     access.call("CloseCurrentDatabase");
     engines::end_with(access, "Quit");
@@ -84,6 +92,34 @@ void CreatePDFfromAccessReport(Session& session, const std::string& strPDFFile, 
                          {report.name, view_print, report.filter, report.where_condition, window_hidden},
                          strPDFFile, blnCloseAcrobat);
             close_and_quit(access);
+        },
+        [&] { let_go(access); });
+}
+
+void CreatePDFfromMultiAccessReport(Session& session, const std::string& strPDFFile,
+                                    const std::string& strDatabase, const Value& varReportNames,
+                                    const std::string& strPassword, std::string strPDFWriter,
+                                    bool blnCloseAcrobat) {
+    session.require_file(strDatabase);
+    Value access;
+    session::with_error_trap(
+        [&] {
+            open_database(session, access, strDatabase, strPassword, strPDFWriter);
+            require_reports(varReportNames);
+            session::TemporaryFiles printed;
+            session::for_each_item<std::int16_t>(varReportNames, [&](std::int16_t index, const Value& item) {
+                session.outside().clock.pump_messages();
+                const std::string report = automation::to_text(item);
+                const std::string target = session.temporary_file(".pdf");
+                print_report(session, access, report,
+                             {report, named("View", view_print), named("WindowMode", window_hidden)}, target,
+                             blnCloseAcrobat);
+                printed.put(index, target);
+            });
+            close_and_quit(access);
+            session.remove_if_exists(strPDFFile);
+            acrobat::CreatePDFfromMultiPDF(session, strPDFFile, printed.list());
+            printed.remove(session);
         },
         [&] { let_go(access); });
 }

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "converters/access.h"
 #include "converters/crystal.h"
 #include "core/build_pdf.h"
@@ -15,6 +17,13 @@ void BuildPDF::CreatePDFfromAccessReport(std::string& strPDFFile, std::string& s
                                            .filter = strFilter,
                                            .where_condition = strWhereCondition},
                                           std::move(strPDFWriter), blnCloseAcrobat);
+}
+
+void BuildPDF::CreatePDFfromMultiAccessReport(std::string& strPDFFile, std::string& strDatabase,
+                                              automation::Value& varReportNames, std::string& strPassword,
+                                              std::string strPDFWriter, bool& blnCloseAcrobat) {
+    converters::CreatePDFfromMultiAccessReport(session_, strPDFFile, strDatabase, varReportNames, strPassword,
+                                               std::move(strPDFWriter), blnCloseAcrobat);
 }
 
 void BuildPDF::CreatePDFfromCrystalReport(std::string& strPDFFile, std::string& strCrystalReport,

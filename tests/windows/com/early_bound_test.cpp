@@ -72,16 +72,6 @@ TEST_F(EarlyBound, AnOptionalReferenceMayBeNull) {
               static_cast<HRESULT>(0x800A01C1));
 }
 
-TEST_F(EarlyBound, AMemberThatIsNotThereYetSaysSo) {
-    Bstr pdf("C:\\no.pdf");
-    Bstr report("C:\\no.rpt");
-    BSTR texts[] = {pdf.get(), report.get()};
-    EXPECT_EQ(object_->CreatePDFfromCrystalReport(&texts[0], &texts[1], nullptr, nullptr),
-              static_cast<HRESULT>(0x800A01BD));
-    EXPECT_EQ(error_info(),
-              "Foliant: CreatePDFfromCrystalReport is not available in this version of Foliant.");
-}
-
 TEST_F(EarlyBound, AllInterfacesAreOneObject) {
     const auto unknown = object_.as<IUnknown>(IID_IUnknown);
     for (const IID& id : {IID_IDispatch, interface_id, IID_ISupportErrorInfo, IID_IConnectionPointContainer,
