@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "hosts/acrobat/text/folding.h"
+#include "hosts/acrobat/text/page_text.h"
+#include "hosts/acrobat/text/search.h"
+#include "hosts/acrobat/text/text_reader.h"
+
+namespace foliant::hosts::acrobat::text {
+
+/// What to look for.
+struct Query {
+    std::string text;  ///< UTF-8
+    bool case_sensitive = false;
+    bool whole_words = false;
+};
+
+/// A place where it was found.
+struct Hit {
+    int page = 0;                   ///< from 0
+    std::vector<Rectangle> places;  ///< in reading order, one for each line that it stands in
+    std::string context;            ///< the line around it, or lines; a long one is cut, with dots
+};
+
+/// Looks for texts in a file. The pages are read once, for all searches, as far as memory is granted for it.
+/// Keeps what poppler has read of pages: it is for one thread.
+class Finder {
+  public:
+    /// `reader` outlives this. `most_bytes` is how much of the text may stay in memory.
+    Finder(TextReader& reader, std::size_t most_bytes) : reader_(reader), most_bytes_(most_bytes) {}
+
+    /// The next hit behind the last one, or the first one of the file: when nothing was found yet, and when
+    /// `from_start` says so. After a search that finds nothing, the next one goes on where it would have.
+    /// Throws what TextReader::page does.
+    std::optional<Hit> find(const Query& query, bool from_start);
+
+  private:
+    struct Page {
+        std::shared_ptr<const PageText> text;
+        std::shared_ptr<const Folded> folded;
+    };
+
+    Page page(int number, Case letter_case);
+    void keep(int number, const Page& page);
+    void forget_pages() noexcept;
+
+    TextReader& reader_;
+    std::size_t most_bytes_;
+    std::size_t kept_bytes_ = 0;
+    std::vector<Page> kept_;  ///< by page; empty where it is read again
+    Case kept_case_ = Case::ignored;
+    int last_page_ = 0;
+    std::size_t last_letter_ = 0;  ///< on that page, behind the last hit
+};
+
+}  // namespace foliant::hosts::acrobat::text

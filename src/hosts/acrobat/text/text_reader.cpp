@@ -1,0 +1,128 @@
+#include "hosts/acrobat/text/text_reader.h"
+
+#include <algorithm>
+#include <condition_variable>
+#include <exception>
+#include <map>
+#include <mutex>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace foliant::hosts::acrobat::text {
+
+namespace {
+
+constexpr int most_threads = 4;
+constexpr int most_pages_ahead = 32;
+constexpr std::size_t most_bytes_ahead = std::size_t{64} << 20U;
+
+int thread_count() {
+    return std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, most_threads);
+}
+
+}  // namespace
+
+/// Threads that read the pages behind the one that was asked for last, each with the file open for itself.
+class TextReader::ReadAhead {
+  public:
+    ReadAhead(const Bytes& bytes, const std::string& password, int first, int page_count)
+        : next_(first), wanted_(first), page_count_(page_count) {
+        for (int i = 0; i < thread_count(); ++i)
+            threads_.emplace_back([this, bytes, password] { work(bytes, password); });
+    }
+    ReadAhead(const ReadAhead&) = delete;
+    ReadAhead& operator=(const ReadAhead&) = delete;
+    ~ReadAhead() {
+        {
+            const std::lock_guard lock(mutex_);
+            ended_ = true;
+        }
+        changed_.notify_all();
+        for (std::thread& thread : threads_)
+            thread.join();
+    }
+
+    /// Whether the page is the one that comes next, so that it is on its way.
+    bool is_next(int page) const noexcept { return page == wanted_; }
+
+    std::shared_ptr<const PageText> take(int page) {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [&] { return read_.contains(page); });
+        Result result = std::move(read_.extract(page).mapped());
+        wanted_ = page + 1;
+        if (result.text) bytes_ahead_ -= result.text->size_in_memory();
+        lock.unlock();
+        changed_.notify_all();
+        if (result.failure) std::rethrow_exception(result.failure);
+        return result.text;
+    }
+
+  private:
+    struct Result {
+        std::shared_ptr<const PageText> text;
+        std::exception_ptr failure;
+    };
+
+    void work(const Bytes& bytes, const std::string& password) {
+        std::unique_ptr<PopplerFile> file;
+        for (int page = claim(); page < page_count_; page = claim()) {
+            Result result;
+            try {
+                if (!file) file = std::make_unique<PopplerFile>(bytes, password);
+                result.text = std::make_shared<const PageText>(file->read(page));
+            } catch (...) {
+                result.failure = std::current_exception();
+            }
+            const std::lock_guard lock(mutex_);
+            if (result.text) bytes_ahead_ += result.text->size_in_memory();
+            read_[page] = std::move(result);
+            changed_.notify_all();
+        }
+    }
+
+    /// The next page to read, when there is room for it; one that there is not when it is time to end.
+    int claim() {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [&] {
+            const bool has_room = next_ < wanted_ + most_pages_ahead && bytes_ahead_ < most_bytes_ahead;
+            return ended_ || next_ >= page_count_ || has_room || next_ == wanted_;
+        });
+        return ended_ ? page_count_ : next_++;
+    }
+
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::map<int, Result> read_;
+    std::size_t bytes_ahead_ = 0;
+    int next_;    ///< to be read by whoever is free
+    int wanted_;  ///< to be asked for
+    int page_count_;
+    bool ended_ = false;
+    std::vector<std::thread> threads_;
+};
+
+TextReader::TextReader(Bytes bytes, std::string password)
+    : bytes_(std::move(bytes)),
+      password_(std::move(password)),
+      file_(bytes_, password_),
+      page_count_(file_.page_count()) {}
+
+TextReader::~TextReader() = default;
+
+int TextReader::page_count() const noexcept {
+    return page_count_;
+}
+
+std::shared_ptr<const PageText> TextReader::page(int number) {
+    if (number == last_ && last_text_) return last_text_;
+    const bool follows = number == last_ + 1 && number > 0 && number < page_count_;
+    if (ahead_ && !ahead_->is_next(number)) ahead_.reset();
+    if (!ahead_ && follows && number + 1 < page_count_)
+        ahead_ = std::make_unique<ReadAhead>(bytes_, password_, number, page_count_);
+    last_text_ = ahead_ ? ahead_->take(number) : std::make_shared<const PageText>(file_.read(number));
+    last_ = number;
+    return last_text_;
+}
+
+}  // namespace foliant::hosts::acrobat::text

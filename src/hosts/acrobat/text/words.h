@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "hosts/acrobat/text/page_text.h"
+
+namespace foliant::hosts::acrobat::text {
+
+/// The words of a page in reading order, as UTF-8. A word brings along the blank behind it; the last one of a
+/// line, CR LF. A word that was broken at the end of a line is whole, without its hyphen, and ends that line.
+std::vector<std::string> words(const PageText& page);
+
+/// Text as UTF-8; what is no character is U+FFFD.
+std::string utf8(std::u32string_view text);
+
+}  // namespace foliant::hosts::acrobat::text

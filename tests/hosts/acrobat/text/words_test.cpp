@@ -1,0 +1,67 @@
+#include "hosts/acrobat/text/words.h"
+
+#include <gtest/gtest.h>
+
+#include "hosts/acrobat/text/pages.h"
+
+namespace foliant::hosts::acrobat::text {
+namespace {
+
+TEST(AcrobatWords, BringAlongTheBlankOrTheLineEndBehindThem) {
+    EXPECT_EQ(words_of(page_of({U"Two words", U"and a line"})), "[Two ][words\r\n][and ][a ][line\r\n]");
+}
+
+TEST(AcrobatWords, OfAPageWithoutTextAreNone) {
+    EXPECT_EQ(words_of({}), "");
+}
+
+TEST(AcrobatWords, OfColumnsComeColumnByColumn) {
+    TestPage page;
+    for (int i = 0; i < 6; ++i) {
+        const char32_t digit = U'0' + static_cast<char32_t>(i);
+        page.lines.push_back(
+            {.x = 72, .y = 700 - 14.0 * i, .letters = std::u32string(U"left side ") + digit});
+        page.lines.push_back(
+            {.x = 350, .y = 700 - 14.0 * i, .letters = std::u32string(U"right side ") + digit});
+    }
+    const std::string text = words_of(page);
+    EXPECT_LT(text.find("[left ][side ][5"), text.find("[right ][side ][0")) << text;
+}
+
+TEST(AcrobatWords, ThatWereBrokenAreWholeAndEndTheirLine) {
+    EXPECT_EQ(words_of(page_of({U"an exam-", U"ple of it"})), "[an ][example\r\n][of ][it\r\n]");
+}
+
+TEST(AcrobatWords, KeepTheHyphenThatEndsTheText) {
+    EXPECT_EQ(words_of(page_of({U"pre- and post-"})), "[pre- ][and ][post-\r\n]");
+}
+
+TEST(AcrobatWords, WrittenToTheLeftComeAsTheyAreRead) {
+    // Shalom olam, as it stands on paper.
+    EXPECT_EQ(words_of(page_of({U"\u05dd\u05dc\u05d5\u05e2 \u05dd\u05d5\u05dc\u05e9"})),
+              "[\u05e9\u05dc\u05d5\u05dd ][\u05e2\u05d5\u05dc\u05dd\r\n]");
+}
+
+TEST(AcrobatWords, KeepNumbersInTextToTheLeft) {
+    EXPECT_EQ(words_of(page_of({U"\u05dd\u05dc\u05d5\u05e2 12.5 \u05dd\u05d5\u05dc\u05e9"})),
+              "[\u05e9\u05dc\u05d5\u05dd ][12.5 ][\u05e2\u05d5\u05dc\u05dd\r\n]");
+}
+
+TEST(AcrobatWords, ToTheLeftInATextToTheRightAreTurnedAlone) {
+    EXPECT_EQ(words_of(page_of({U"The word \u05dd\u05d5\u05dc\u05e9 means peace"})),
+              "[The ][word ][\u05e9\u05dc\u05d5\u05dd ][means ][peace\r\n]");
+}
+
+TEST(AcrobatWords, AreUtf8) {
+    EXPECT_EQ(utf8(U"a\u00e9\u4e2d\U0001F600"), "a\u00e9\u4e2d\U0001F600");
+    EXPECT_EQ(utf8(std::u32string(1, char32_t{0xD800})), "\uFFFD");
+}
+
+TEST(AcrobatWords, OfATurnedPageAreReadAsItIsSeen) {
+    TestPage page = page_of({U"a turned", U"page"});
+    page.entries = "/Rotate 90";
+    EXPECT_EQ(words_of(page), "[a ][turned\r\n][page\r\n]");
+}
+
+}  // namespace
+}  // namespace foliant::hosts::acrobat::text
