@@ -43,7 +43,7 @@ std::uint64_t precise_use(pid_t process) {
     return use > 0 ? use : quick_use(process);
 }
 
-/// The parent of every process. The kernel's own list of a process's children is not in every kernel.
+/// The parent of every process.
 std::map<pid_t, pid_t> parents() {
     std::map<pid_t, pid_t> found;
     std::error_code ended;
@@ -60,7 +60,8 @@ std::map<pid_t, pid_t> parents() {
     return found;
 }
 
-std::vector<pid_t> with_descendants(pid_t process) {
+/// Looks at every process of the machine, which takes a millisecond or more.
+std::vector<pid_t> found_by_parents(pid_t process) {
     const auto parent_of = parents();
     std::vector<pid_t> found{process};
     for (std::size_t i = 0; i < found.size(); ++i) {
@@ -69,6 +70,32 @@ std::vector<pid_t> with_descendants(pid_t process) {
         }
     }
     return found;
+}
+
+/// By the kernel's own lists, one for each thread.
+std::vector<pid_t> found_by_children(pid_t process) {
+    std::vector<pid_t> found{process};
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        std::error_code ended;
+        for (fs::directory_iterator thread(entry_of(found[i]) / "task", ended), end; thread != end;
+             thread.increment(ended)) {
+            std::ifstream children(thread->path() / "children");
+            for (pid_t child = 0; children >> child;)
+                found.push_back(child);
+        }
+    }
+    return found;
+}
+
+/// Not every kernel keeps those lists.
+bool kernel_lists_children() {
+    const fs::path own = entry_of(getpid());
+    return fs::exists(own / "task" / own.filename() / "children");
+}
+
+std::vector<pid_t> with_descendants(pid_t process) {
+    static const bool listed = kernel_lists_children();
+    return listed ? found_by_children(process) : found_by_parents(process);
 }
 
 }  // namespace
