@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "hosts/acrobat/acrobat_error.h"
+#include "hosts/acrobat/images/image_pages.h"
 #include "hosts/acrobat/structure/unreadable.h"
 
 namespace foliant::hosts::acrobat {
@@ -32,13 +33,23 @@ automation::Error cannot_open(const std::string& path, const std::error_code& co
     }
 }
 
-std::shared_ptr<const structure::MappedFile> map(Machine& machine, const std::string& path) {
+using FilePtr = std::shared_ptr<const structure::MappedFile>;
+
+FilePtr map(Machine& machine, const std::string& path) {
     try {
         const DocumentFile file = machine.open_document(path, DocumentAccess::open_file);
-        return std::make_shared<structure::MappedFile>(file.descriptor.get());
+        return std::make_shared<const structure::MappedFile>(file.descriptor.get());
     } catch (const std::system_error& failure) {
         throw cannot_open(path, failure.code());
     }
+}
+
+/// A PDF, or an image as one.
+std::shared_ptr<structure::Pdf> read(const FilePtr& file, const std::string& password) {
+    if (!images::is_image(file->bytes())) return structure::Pdf::open(file, password);
+    std::shared_ptr<structure::Pdf> pdf = structure::Pdf::create();
+    images::add_image_pages(pdf->qpdf(), images::Content(file, file->bytes()));
+    return pdf;
 }
 
 }  // namespace
@@ -48,12 +59,14 @@ Document::Document(Machine& machine, std::string path, std::string password,
     : machine_(machine), path_(std::move(path)), password_(std::move(password)), pdf_(std::move(pdf)) {}
 
 DocumentPtr Document::open(Machine& machine, const std::string& path, const std::string& password) {
-    const auto file = map(machine, path);
+    const FilePtr file = map(machine, path);
     try {
-        return DocumentPtr(new Document(machine, path, password, structure::Pdf::open(file, password)));
+        return DocumentPtr(new Document(machine, path, password, read(file, password)));
     } catch (const structure::WrongPassword&) {
         throw;
     } catch (const structure::Unreadable& reason) {
+        throw document_error(path + " cannot be opened: " + reason.what() + ".");
+    } catch (const images::ImageError& reason) {
         throw document_error(path + " cannot be opened: " + reason.what() + ".");
     }
 }

@@ -14,7 +14,7 @@ namespace foliant::hosts::acrobat {
 /// A PDF that is open in Acrobat, however many objects and windows show it.
 class Document {
   public:
-    /// Opens a file that was named to this host. `password` is "" where none is known. Throws
+    /// Opens a file that was named to this host, a PDF or an image. `password` is "" where none is known. Throws
     /// structure::WrongPassword, and automation errors that name the file.
     static std::shared_ptr<Document> open(Machine& machine, const std::string& path,
                                           const std::string& password);
