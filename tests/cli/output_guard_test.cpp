@@ -156,9 +156,13 @@ TEST_F(Guard, AMemberOfALaterVersionSaysSoFirst) {
     for (const core::Member& member : core::members) {
         if (member.available || member.kind != core::MemberKind::method) continue;
         std::vector<std::string> words{std::string(member.name)};
+        bool has_lists = false;  // which have no place in the order of words when there are several
         for (const core::Parameter& parameter : member.parameters()) {
-            if (!parameter.optional) words.emplace_back(words.size() == 1 ? "" : "a.rpt");
+            if (parameter.optional) continue;
+            has_lists = has_lists || parameter.type == core::ValueType::variant;
+            words.emplace_back(words.size() == 1 ? "" : "a.rpt");
         }
+        if (has_lists) continue;
         EXPECT_EQ(refused(words), "") << member.name;
     }
 }
