@@ -51,6 +51,46 @@ TEST_F(Cast, WordPrintsToTheFileThatTheSenderTypedIntoTheSaveDialog) {
     EXPECT_TRUE(exists("C:\\out\\a.pdf"));
 }
 
+TEST_F(Cast, ExcelPrintsARangeOfAnySheetToTheFileThatItIsGiven) {
+    const Value excel = world.servers.create("Excel.Application");
+    const Value sheet = excel.get("Workbooks").call("Open", {"a.xls"}).get("Worksheets", {"Any"});
+    EXPECT_EQ(excel.call("InchesToPoints", {0.5}), Value(36.0));
+    sheet.get("Range", {"A1"}).call("PrintOut", {named("PrToFilename", "C:\\out\\a.ps")});
+    EXPECT_TRUE(exists("C:\\out\\a.ps"));
+}
+
+TEST_F(Cast, PowerPointPrintsToTheFileThatItIsGiven) {
+    const Value powerpoint = world.servers.create("Powerpoint.Application");
+    const Value presentation = powerpoint.get("Presentations").call("Open", {"a.ppt"});
+    EXPECT_EQ(presentation.get("PrintOptions").get("ActivePrinter"), Value("Office printer"));
+    presentation.call("PrintOut", {named("PrintToFile", "C:\\out\\a.ps")});
+    EXPECT_TRUE(exists("C:\\out\\a.ps"));
+}
+
+TEST_F(Cast, EveryHostThatPrintsUsesTheOnePdfPrinter) {
+    const auto prints = [&](const std::string& target, const auto& print) {
+        start_sender("save pdf file as~Edit~" + target + "~0~0~");
+        EXPECT_FALSE(exists(target));
+        print();
+        return exists(target);
+    };
+    const auto open = [&](const char* application, const char* documents) {
+        return Value(world.servers.create(application)).get(documents).call("Open", {"a"});
+    };
+    EXPECT_TRUE(prints("C:\\excel.pdf", [&] {
+        open("Excel.Application", "Workbooks")
+            .get("Worksheets", {"Any"})
+            .get("Range", {"A1"})
+            .call("PrintOut");
+    }));
+    EXPECT_TRUE(prints("C:\\powerpoint.pdf",
+                       [&] { open("Powerpoint.Application", "Presentations").call("PrintOut"); }));
+    EXPECT_TRUE(prints("C:\\visio.pdf", [&] { open("Visio.Application", "Documents").call("Print"); }));
+    EXPECT_TRUE(prints("C:\\autocad.pdf", [&] {
+        open("AutoCAD.Application", "Documents").get("Plot").call("PlotToDevice", {"Adobe PDF"});
+    }));
+}
+
 TEST_F(Cast, ThePrinterWritesNothingUntilItsDialogIsAnswered) {
     const auto files = stage.files.size();
     open_document().call("PrintOut");

@@ -44,6 +44,19 @@ void cast_acrobat(Stage& stage);
 /// A Word whose `PrintOut` makes the output file: the one named, or what the printer makes.
 void cast_word(Stage& stage, const std::shared_ptr<PdfPrinter>& printer);
 
+/// An Excel whose workbooks have every sheet and range that is asked for; `PrintOut` of a range makes the
+/// output file, as Word's does.
+void cast_excel(Stage& stage, const std::shared_ptr<PdfPrinter>& printer);
+
+/// A PowerPoint whose `PrintOut` makes the output file, as Word's does.
+void cast_powerpoint(Stage& stage, const std::shared_ptr<PdfPrinter>& printer);
+
+/// A Visio that prints to the PDF printer.
+void cast_visio(Stage& stage, const std::shared_ptr<PdfPrinter>& printer);
+
+/// An AutoCAD that has every layout that is asked for, and plots to the PDF printer.
+void cast_autocad(Stage& stage, const std::shared_ptr<PdfPrinter>& printer);
+
 /// A Notepad that prints to the PDF printer as soon as it is started with "/p".
 void cast_notepad(Stage& stage, const std::shared_ptr<PdfPrinter>& printer);
 

@@ -10,6 +10,10 @@ void cast_usual_machine(Stage& stage) {
     cast_distiller(stage);
     cast_acrobat(stage);
     cast_word(stage, printer);
+    cast_excel(stage, printer);
+    cast_powerpoint(stage, printer);
+    cast_visio(stage, printer);
+    cast_autocad(stage, printer);
     cast_notepad(stage, printer);
     cast_access(stage, printer);
     cast_crystal(stage, printer);
