@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "acrobat/merge.h"
 #include "automation/coerce.h"
 #include "converters/postscript.h"
 #include "engines/acrobat_windows.h"
@@ -172,6 +173,32 @@ void CreatePDFfromMultiExcel(Session& session, const std::string& strPDFFile, co
                                  });
             restore_and_quit(excel);
             CreatePDFfromMultiPS(session, strPDFFile, printed.list(), strDistiller, options);
+            printed.remove(session);
+        },
+        [&] { excel.let_go({false}); });
+}
+
+void CreatePDFfromMultiExcel2(Session& session, const std::string& strPDFFile, const SheetsJob& job,
+                              std::string& strDistiller, bool blnCloseAcrobat) {
+    session.require_file(job.workbook.path);
+    HostProgram excel;
+    session::with_error_trap(
+        [&] {
+            open_workbook(session, job.workbook, excel);
+            const TemporaryFiles printed =
+                print_each_sheet(session, excel, job, strDistiller, ".pdf",
+                                 [&](Value sheet, std::int32_t index, const std::string& pdf) {
+                                     engines::answer_printer_dialogs(session, pdf);
+                                     print_range(std::move(sheet), session::item_at(job.ranges, index),
+                                                 {named("ActivePrinter", strDistiller)});
+                                     engines::wait_for_file(session, pdf);
+                                     // The window shows the temporary PDF, and yet the one of the whole is looked for: callers
+                                     // find the single PDFs open afterwards.
+                                     if (blnCloseAcrobat) engines::close_acrobat_window(session, strPDFFile);
+                                 });
+            restore_and_quit(excel);
+            session.remove_if_exists(strPDFFile);
+            acrobat::CreatePDFfromMultiPDF(session, strPDFFile, printed.list());
             printed.remove(session);
         },
         [&] { excel.let_go({false}); });

@@ -16,4 +16,11 @@ void BuildPDF::CreatePDFfromAutoCAD(std::string& strPDFFile, std::string& strDWG
                                      blnCloseAcrobat);
 }
 
+void BuildPDF::CreatePDFfromMultiAutoCAD(std::string& strPDFFile, std::string& strDWGFile,
+                                         automation::Value& varLayouts, std::string strPDFWriter,
+                                         bool& blnCloseAcrobat) {
+    converters::CreatePDFfromMultiAutoCAD(session_, strPDFFile, strDWGFile, varLayouts,
+                                          std::move(strPDFWriter), blnCloseAcrobat);
+}
+
 }  // namespace foliant::core

@@ -103,6 +103,32 @@ void BuildPDF::CreatePDFfromMultiExcel(
         strDistiller, distiller_options(blnShowWindow, blnSpoolJobs, "", blnApplySecurity));
 }
 
+void BuildPDF::CreatePDFfromMultiExcel2(
+    std::string& strPDFFile, std::string& strExcelWorkbook, automation::Value& varExcelWorksheets,
+    automation::Value& varRanges, std::string& strPassword, std::string& strWriteResPassword,
+    bool& blnUseGrid, automation::Value& varLandscape, std::string& strHeader, AlignType& lngHeaderAlignment,
+    std::string& strFooter, AlignType& lngFooterAlignment, double& dblTopMargin, double& dblLeftMargin,
+    double& dblRightMargin, double& dblBottomMargin, double& dblHeaderMargin, double& dblFooterMargin,
+    automation::Value& varFirstPageNumber, std::string& strDistiller, bool& blnCloseAcrobat) {
+    converters::CreatePDFfromMultiExcel2(
+        session_, strPDFFile,
+        {.workbook = {.path = strExcelWorkbook,
+                      .password = strPassword,
+                      .write_reservation_password = strWriteResPassword},
+         .worksheets = varExcelWorksheets,
+         .ranges = varRanges,
+         .style = sheet_style(blnUseGrid, strHeader, lngHeaderAlignment, strFooter, lngFooterAlignment,
+                              {.top = dblTopMargin,
+                               .left = dblLeftMargin,
+                               .right = dblRightMargin,
+                               .bottom = dblBottomMargin,
+                               .header = dblHeaderMargin,
+                               .footer = dblFooterMargin}),
+         .landscape = varLandscape,
+         .first_page_numbers = varFirstPageNumber},
+        strDistiller, blnCloseAcrobat);
+}
+
 void BuildPDF::CreatePSfromExcel(std::string& strPSFile, std::string& strExcelWorkbook,
                                  automation::Value& varExcelWorksheet, std::string& strRange,
                                  std::string& strPassword, std::string& strWriteResPassword, bool& blnUseGrid,

@@ -14,8 +14,9 @@ const tests::MemberCall usual{
     .member = "CreatePDFfromMultiExcel",
     .arrange = put_workbook,
     .arguments = {named("strPDFFile", "C:\\out\\sales.pdf"), named("strExcelWorkbook", "C:\\in\\sales.xls"),
-                  named("varExcelWorksheets", list({"North", std::int16_t{2}})),
-                  named("varRanges", list({"A1:F40", "B2:C9"})), named("varLandscape", list({false, true}))}};
+                  named("varExcelWorksheets", list_of({"North", std::int16_t{2}})),
+                  named("varRanges", list_of({"A1:F40", "B2:C9"})),
+                  named("varLandscape", list_of({false, true}))}};
 
 const tests::WholeJournal journal(usual, R"(
     length C:\in\sales.xls -> 1000
@@ -98,12 +99,12 @@ const tests::ParameterProbe parameters({.member = "CreatePDFfromMultiExcel",
                                         .arrange = put_workbook,
                                         .arguments = {named("strPDFFile", "C:\\out\\sales.pdf"),
                                                       named("strExcelWorkbook", "C:\\in\\sales.xls"),
-                                                      named("varExcelWorksheets", list({"North"})),
-                                                      named("varRanges", list({"B2:C9"})),
+                                                      named("varExcelWorksheets", list_of({"North"})),
+                                                      named("varRanges", list_of({"B2:C9"})),
                                                       named("strPassword", "open"),
                                                       named("strWriteResPassword", "write"),
                                                       named("blnUseGrid", true),
-                                                      named("varLandscape", list({true})),
+                                                      named("varLandscape", list_of({true})),
                                                       named("strHeader", "Sales"),
                                                       named("lngHeaderAlignment", std::int32_t{0}),
                                                       named("strFooter", "Page &P"),
@@ -114,7 +115,7 @@ const tests::ParameterProbe parameters({.member = "CreatePDFfromMultiExcel",
                                                       named("dblBottomMargin", 4.0),
                                                       named("dblHeaderMargin", 0.5),
                                                       named("dblFooterMargin", 0.25),
-                                                      named("varFirstPageNumber", list({"7"})),
+                                                      named("varFirstPageNumber", list_of({"7"})),
                                                       named("strDistiller", " "),
                                                       named("blnShowWindow", true),
                                                       named("blnSpoolJobs", false),
@@ -173,7 +174,7 @@ TEST_F(CreatePDFfromMultiExcel, AMissingWorkbookIsSaidBeforeExcelIsStarted) {
 }
 
 TEST_F(CreatePDFfromMultiExcel, EachSheetHasItsOwnFirstPageNumber) {
-    call({named("varFirstPageNumber", list({"3", 7.0}))});
+    call({named("varFirstPageNumber", list_of({"3", 7.0}))});
     tests::expect_text(lines_with({"FirstPageNumber"}), R"(
         Excel.PageSetup.FirstPageNumber = Long(3)
         Excel.PageSetup.FirstPageNumber = Long(7)
@@ -193,8 +194,8 @@ TEST_F(CreatePDFfromMultiExcel, EverySheetHasTheSameHeaderFooterAndMargins) {
 }
 
 TEST_F(CreatePDFfromMultiExcel, ListsThatBeginAtOneHandOnAnEmptyElementZero) {
-    call({named("varExcelWorksheets", list({"North", "South"}, 1)), named("varRanges", list({"A1", "A2"}, 1)),
-          named("varLandscape", list({false, false}, 1))});
+    call({named("varExcelWorksheets", list_of({"North", "South"}, 1)),
+          named("varRanges", list_of({"A1", "A2"}, 1)), named("varLandscape", list_of({false, false}, 1))});
     tests::expect_text(journal_between("write C:\\out\\sales.ps: } def", "close"), R"(
         write C:\out\sales.ps: } def
         write C:\out\sales.ps:
@@ -233,13 +234,13 @@ TEST_F(CreatePDFfromMultiExcel, WithoutLandscapeTheFirstSheetFailsWhereItIsTurne
 }
 
 TEST_F(CreatePDFfromMultiExcel, AListOfOrientationsThatIsTooShortFailsAtItsEnd) {
-    call({named("varLandscape", list({true}))});
+    call({named("varLandscape", list_of({true}))});
     EXPECT_EQ(last_line(), "raise 9 from Foliant: Subscript out of range");
     EXPECT_EQ(lines_with({"PrintOut"}).size(), 1);
 }
 
 TEST_F(CreatePDFfromMultiExcel, ARangeThatIsMissingFailsWhereItIsPrinted) {
-    call({named("varRanges", list({"A1"}))});
+    call({named("varRanges", list_of({"A1"}))});
     tests::expect_text(journal_from("length C:\\Temp\\90360397.ps"), R"(
         length C:\Temp\90360397.ps -> not found
         release Excel.Worksheet
@@ -252,30 +253,30 @@ TEST_F(CreatePDFfromMultiExcel, ARangeThatIsMissingFailsWhereItIsPrinted) {
 }
 
 TEST_F(CreatePDFfromMultiExcel, FirstPageNumbersAreReadFromIndexZeroOn) {
-    const Value from_one = list({"North", "South"}, 1);
+    const Value from_one = list_of({"North", "South"}, 1);
     const automation::Arguments lists{named("varExcelWorksheets", from_one), named("varRanges", from_one),
-                                      named("varLandscape", list({true, true}, 1))};
+                                      named("varLandscape", list_of({true, true}, 1))};
     automation::Arguments with_numbers = lists;
     with_numbers.push_back(
-        named("varFirstPageNumber", list({std::int32_t{4}, std::int32_t{5}, std::int32_t{6}})));
+        named("varFirstPageNumber", list_of({std::int32_t{4}, std::int32_t{5}, std::int32_t{6}})));
     call(with_numbers);
     tests::expect_text(lines_with({"FirstPageNumber"}), R"(
         Excel.PageSetup.FirstPageNumber = Long(5)
         Excel.PageSetup.FirstPageNumber = Long(6)
     )");
     stage.clear_journal();
-    with_numbers.back() = named("varFirstPageNumber", list({std::int32_t{5}, std::int32_t{6}}, 1));
+    with_numbers.back() = named("varFirstPageNumber", list_of({std::int32_t{5}, std::int32_t{6}}, 1));
     call(with_numbers);
     expect_only("9 from Foliant: Subscript out of range");
 }
 
 TEST_F(CreatePDFfromMultiExcel, TooFewFirstPageNumbersFailBeforeAnySheetIsPrinted) {
-    call({named("varFirstPageNumber", list({std::int32_t{5}}))});
+    call({named("varFirstPageNumber", list_of({std::int32_t{5}}))});
     expect_only("9 from Foliant: Subscript out of range");
 }
 
 TEST_F(CreatePDFfromMultiExcel, AFirstPageNumberThatIsNoNumberFailsBeforeAnySheetIsPrinted) {
-    call({named("varFirstPageNumber", list({std::int32_t{5}, "six"}))});
+    call({named("varFirstPageNumber", list_of({std::int32_t{5}, "six"}))});
     expect_only("13 from Foliant: Type mismatch");
 }
 
@@ -290,13 +291,13 @@ TEST_F(CreatePDFfromMultiExcel, WorksheetsThatAreNoArrayFailOnceTheWorkbookIsOpe
 }
 
 TEST_F(CreatePDFfromMultiExcel, WithoutAnyWorksheetThereIsNoTableOfFirstPages) {
-    call({named("varExcelWorksheets", list({}))});
+    call({named("varExcelWorksheets", list_of({}))});
     expect_only("9 from Foliant: Subscript out of range");
 }
 
 TEST_F(CreatePDFfromMultiExcel, ASheetBelowIndexZeroHasNoFirstPageNumber) {
-    call({named("varExcelWorksheets", list({"North", "South"}, -1)),
-          named("varRanges", list({"A1", "A2"}, -1)), named("varLandscape", list({true, true}, -1))});
+    call({named("varExcelWorksheets", list_of({"North", "South"}, -1)),
+          named("varRanges", list_of({"A1", "A2"}, -1)), named("varLandscape", list_of({true, true}, -1))});
     tests::expect_text(journal_from("Orientation"), R"(
         Excel.PageSetup.Orientation = Integer(2)
         release Excel.Worksheet
@@ -309,7 +310,7 @@ TEST_F(CreatePDFfromMultiExcel, ASheetBelowIndexZeroHasNoFirstPageNumber) {
 }
 
 TEST_F(CreatePDFfromMultiExcel, MoreSheetsThanASixteenBitCounterCountsAreAnOverflow) {
-    call({named("varExcelWorksheets", list(std::vector<Value>(32769, Value("North"))))});
+    call({named("varExcelWorksheets", list_of(std::vector<Value>(32769, Value("North"))))});
     expect_only("6 from Foliant: Overflow");
 }
 
@@ -338,8 +339,8 @@ TEST_F(CreatePDFfromMultiExcel, ATemporaryFileThatIsGoneAtTheEndIsAFailure) {
 
 const tests::MemberFaults faults({.member = "CreatePDFfromMultiExcel",
                                   .arrange = put_workbook_and_old_output,
-                                  .arguments = {"C:\\out\\sales.pdf", "C:\\in\\sales.xls", list({"North"}),
-                                                list({"A1"}), named("varLandscape", list({false}))}},
+                                  .arguments = {"C:\\out\\sales.pdf", "C:\\in\\sales.xls", list_of({"North"}),
+                                                list_of({"A1"}), named("varLandscape", list_of({false}))}},
                                  {.endings = {let_excel_go, quit_excel, let_distiller_go}, .report = R"(
     fails: length C:\in\sales.xls
         raise -2147467008 from Foliant: File C:\in\sales.xls does not exist.

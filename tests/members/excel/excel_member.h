@@ -1,11 +1,10 @@
 #pragma once
 
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "automation/error.h"
 #include "members/endings.h"
+#include "members/pdf/lists_of_files.h"
 #include "platform/stage/stage_object.h"
 #include "support/fault_cases.h"
 #include "support/member_cases.h"
@@ -24,14 +23,6 @@ inline void put_workbook(platform::stage::Stage& stage) {
 inline void put_workbook_and_old_output(platform::stage::Stage& stage) {
     put_workbook(stage);
     stage.put_file("C:\\out\\sales.pdf");
-}
-
-/// An array with that lower bound.
-inline automation::Value list(std::vector<automation::Value> items, std::int32_t lower_bound = 0) {
-    automation::Array array;
-    array.lower_bound = lower_bound;
-    array.items = std::move(items);
-    return array;
 }
 
 inline constexpr tests::Ending let_excel_go{"let Excel go", R"(
