@@ -107,6 +107,13 @@ Lines with_endings(const Lines& lines, const std::vector<Ending>& endings, bool 
     return result;
 }
 
+/// Whether the call took its usual next step after the action that failed.
+bool went_on(const Lines& failed, const Lines& undisturbed) {
+    const auto action = std::find_if(failed.begin(), failed.end(), is_marked);
+    const auto next = static_cast<std::size_t>(action - failed.begin()) + 1;
+    return next < failed.size() && next < undisturbed.size() && failed[next] == undisturbed[next];
+}
+
 /// The lines of a call in which a failure is followed by others, as they are where that failure is the only one:
 /// without marks, and with what is not done when the profile does not say where a printer is. That it does not
 /// is no failure, so a clean-up that puts a printer back has ended silently there.
@@ -156,10 +163,12 @@ void expect_faults(const FaultScene& scene, const ExpectedFaults& expected, std:
 }
 
 void expect_failing_clean_up_to_hide_nothing(const FaultScene& scene) {
+    const Lines undisturbed = journal_of(scene, 0);
     const long actions = count_actions(scene);
     for (long k = 1; k <= actions; ++k) {
         Lines once = journal_of(scene, k);
         Lines all_after = journal_of(scene, k, true);
+        const bool passed_over = went_on(once, undisturbed);
         if (once.back() == the_failure) {
             std::transform(once.begin(), once.end(), once.begin(), without_mark);
             all_after = as_without_later_failures(all_after, once);
@@ -170,7 +179,8 @@ void expect_failing_clean_up_to_hide_nothing(const FaultScene& scene) {
             EXPECT_TRUE(!raised || all_after.back() == a_later_failure ||
                         all_after.back().starts_with("raise -2147467008 "))
                 << text_of(all_after);
-        } else {
+        } else if (!passed_over || all_after.back() != a_later_failure) {
+            // What follows from it is raised later, unless something else fails before that.
             EXPECT_EQ(once.back(), all_after.back()) << "action " << k;
         }
     }
