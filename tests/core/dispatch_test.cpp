@@ -204,8 +204,8 @@ TEST_F(Dispatch, ExactlyTheMembersMarkedAsLaterSayThatTheyAreNotThereYet) {
 
 TEST_F(Dispatch, MembersThatAreNotThereYetSayItAndDoNothing) {
     stage.clear_journal();
-    EXPECT_EQ(error_of("CreatePDFfromCrystalReport", {"a.pdf", "b.rpt"}),
-              "445 Foliant: CreatePDFfromCrystalReport is not available in this version of Foliant.");
+    EXPECT_EQ(error_of("OpenPDF", {"a.pdf"}),
+              "445 Foliant: OpenPDF is not available in this version of Foliant.");
     EXPECT_EQ(stage.journal(), "");
 }
 
