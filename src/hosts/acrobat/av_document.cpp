@@ -6,6 +6,7 @@
 #include "hosts/acrobat/acrobat_error.h"
 #include "hosts/acrobat/open_file.h"
 #include "hosts/acrobat/pd_document.h"
+#include "hosts/acrobat/print/print_pages.h"
 
 namespace foliant::hosts::acrobat {
 
@@ -21,6 +22,10 @@ AvDocument::AvDocument(ProgramPtr program, ViewPtr view)
     });
     add_method("IsValid", {},
                [this](const Bound&) { return view_ != nullptr && view_->document != nullptr; });
+    const Parameters print_parameters{"nFirstPage", "nLastPage", "nPSLevel", "bBinaryOk", "bShrinkToFit"};
+    const Body print = [this](const Bound& given) { return print_pages(given); };
+    add_method("PrintPages", print_parameters, print);  // nobody is there to change what its dialog shows
+    add_method("PrintPagesSilent", print_parameters, print);
     add_method("Close", {"bNoSave"}, [this](const Bound& given) {
         return close(!given[0].holds<automation::Missing>() && automation::to_bool(given[0]));
     });
@@ -40,6 +45,15 @@ bool AvDocument::open(const std::string& path) {
         program_->last_failure = failure;
     }
     return view_ != nullptr;
+}
+
+bool AvDocument::print_pages(const Bound& given) {
+    const bool shrinks = !given[4].holds<automation::Missing>() && automation::to_bool(given[4]);
+    if (shrinks)
+        throw acrobat_error(RuntimeError::action_not_supported,
+                            "Pages are printed in their own size. Give False for bShrinkToFit.");
+    print::print_pages(*shown(), automation::to_int32(given[0]), automation::to_int32(given[1]));
+    return true;
 }
 
 bool AvDocument::close(bool without_saving) {

@@ -26,6 +26,7 @@ class AvDocument : public LateBound {
 
   private:
     bool open(const std::string& path);
+    bool print_pages(const Bound& given);
     bool close(bool without_saving);
 
     ProgramPtr program_;

@@ -79,6 +79,8 @@ void Document::raise_unusable() const {
         throw;
     } catch (const std::bad_alloc&) {
         throw;
+    } catch (const std::filesystem::filesystem_error&) {
+        throw;
     } catch (const structure::Unreadable& reason) {
         throw document_error(file + " cannot be used: " + reason.what() + ".");
     } catch (const std::exception& reason) {

@@ -17,4 +17,9 @@ void NotingMachine::show(Dialog& dialog) {
     dialog.accepted = answer != "cancel";
 }
 
+void NotingMachine::print(std::string_view queue, const std::filesystem::path& pdf, std::string_view title) {
+    notes.push_back("print " + std::string(title) + " on " + std::string(queue));
+    printed = tests::read_file(pdf);
+}
+
 }  // namespace foliant::hosts::acrobat::test

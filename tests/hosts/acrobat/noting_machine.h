@@ -14,11 +14,14 @@ namespace foliant::hosts::acrobat::test {
 class NotingMachine : public Machine {
   public:
     std::filesystem::path private_folder() const override { return folder_.path(); }
-    bool has_printer(std::string_view) const override { return false; }
-    bool is_pdf_printer(std::string_view) const override { return false; }
-    std::string default_printer() const override { return ""; }
-    void print(std::string_view, const std::filesystem::path&, std::string_view) override {}
-    HostWindow open_window(std::string, std::function<void()>) override { return 1; }
+    bool has_printer(std::string_view name) const override { return name == printer; }
+    bool is_pdf_printer(std::string_view name) const override { return name == "Adobe PDF"; }
+    std::string default_printer() const override { return printer; }
+    void print(std::string_view queue, const std::filesystem::path& pdf, std::string_view title) override;
+    HostWindow open_window(std::string caption, std::function<void()>) override {
+        notes.push_back("window " + caption);
+        return 1;
+    }
     void close_window(HostWindow) override {}
     std::optional<std::string> setting(std::string_view, std::string_view) const override { return {}; }
 
@@ -28,7 +31,9 @@ class NotingMachine : public Machine {
     /// What goes into the first edit control of each dialog, which is then closed by its default button; of a
     /// dialog "cancel" cancels it.
     std::deque<std::string> answers;
-    std::vector<std::string> notes;  ///< "dialog Open", ...
+    std::vector<std::string> notes;     ///< "dialog Open", ...
+    std::string printer = "Adobe PDF";  ///< the default one
+    std::string printed;                ///< what was printed last, as a file
 
   private:
     tests::ScratchFolder folder_;

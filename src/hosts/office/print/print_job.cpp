@@ -1,38 +1,17 @@
 #include "hosts/office/print/print_job.h"
 
-#include "hosts/viewer.h"
+#include "hosts/pdf_printer.h"
 
 namespace foliant::hosts::office {
 
 namespace {
 
-constexpr const char* edit_class = "Edit";
-constexpr const char* button_class = "Button";
-
-/// The dialog of the PDF printer. The file name is its first control.
-Dialog save_dialog(const Printable& document) {
-    const std::string proposal = std::filesystem::path(document.title()).replace_extension(".pdf").string();
-    Dialog dialog;
-    dialog.caption = "Save PDF File As";
-    dialog.controls = {
-        {.window_class = edit_class, .caption = "File name:", .text = proposal},
-        {.window_class = button_class, .caption = "Save", .text = {}, .is_default = true},
-        {.window_class = button_class, .caption = "Cancel", .text = {}},
-    };
-    return dialog;
-}
-
 void print_to_pdf_printer(const Printable& document, const std::string& pages, Machine& machine,
                           const Application& application) {
-    Dialog dialog = save_dialog(document);
-    machine.show(dialog);
-    const std::string& name = dialog.controls.front().text;
-    if (!dialog.accepted || name.empty())
-        throw application.error(application.command_failed,
-                                document.title() + " was not printed: the dialog \"" + dialog.caption +
-                                    "\" was closed without a file name.");
-    document.export_pdf(pages, name);
-    machine.open_window(viewer_caption(name), {});
+    const auto file = ask_for_printed_file(machine, document.title());
+    if (!file) throw application.error(application.command_failed, not_printed(document.title()));
+    document.export_pdf(pages, *file);
+    show_printed_file(machine, *file);
 }
 
 void print_to_queue(const Printable& document, const std::string& pages, std::string_view printer,
