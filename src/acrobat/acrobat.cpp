@@ -20,6 +20,10 @@ Value new_document(const Session& session) {
     return session.outside().servers.create(registered::acrobat_document);
 }
 
+Value new_bookmark(const Session& session) {
+    return session.outside().servers.create(registered::acrobat_bookmark);
+}
+
 void Acrobat::close_and_exit() {
     viewer.call("Close", {true});
     application.call("Exit");

@@ -12,6 +12,7 @@ namespace foliant::acrobat {
 automation::Value new_application(const session::Session& session);
 automation::Value new_viewer(const session::Session& session);
 automation::Value new_document(const session::Session& session);
+automation::Value new_bookmark(const session::Session& session);
 
 /// The Acrobat that one call holds. Members make of it what they need; what they do not need stays empty.
 ///

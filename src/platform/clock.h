@@ -12,8 +12,8 @@ class Clock {
     /// Waits that many milliseconds.
     virtual void sleep(std::uint32_t milliseconds) = 0;
 
-    /// Gives a host that prints in the background that many milliseconds to go on with its file. Where every
-    /// host has finished writing when its print call returns, this takes no time.
+    /// Gives a host that works in the background, on a file that it prints or on what it shows, that many
+    /// milliseconds to go on. Where every host has finished when its call returns, this takes no time.
     virtual void settle(std::uint32_t milliseconds) = 0;
 
     /// Seconds since midnight; starts again at 0 at midnight.

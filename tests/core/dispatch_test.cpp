@@ -202,12 +202,5 @@ TEST_F(Dispatch, ExactlyTheMembersMarkedAsLaterSayThatTheyAreNotThereYet) {
     }
 }
 
-TEST_F(Dispatch, MembersThatAreNotThereYetSayItAndDoNothing) {
-    stage.clear_journal();
-    EXPECT_EQ(error_of("OpenPDF", {"a.pdf"}),
-              "445 Foliant: OpenPDF is not available in this version of Foliant.");
-    EXPECT_EQ(stage.journal(), "");
-}
-
 }  // namespace
 }  // namespace foliant::core

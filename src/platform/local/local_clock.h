@@ -6,8 +6,7 @@
 
 namespace foliant::platform::local {
 
-/// The real clock. Hosts on this machine have finished writing when their print call returns, so `settle`
-/// takes no time.
+/// The real clock. Hosts on this machine have finished when their call returns, so `settle` takes no time.
 class LocalClock : public Clock {
   public:
     void sleep(std::uint32_t milliseconds) override;

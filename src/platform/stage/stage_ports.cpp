@@ -18,6 +18,20 @@ namespace {
 constexpr float seconds_per_day = 86400;
 constexpr std::uint32_t default_attribute = 4;  ///< what makes a printer the default one on Windows 95
 
+/// A text as one line of the journal: its own line ends are written out.
+std::string on_one_line(std::string_view text) {
+    std::string line;
+    for (const char character : text) {
+        if (character == '\r')
+            line += "\\r";
+        else if (character == '\n')
+            line += "\\n";
+        else
+            line += character;
+    }
+    return line;
+}
+
 class StagedText : public TextFile {
   public:
     StagedText(Stage& stage, std::string path) : stage_(stage), path_(std::move(path)) {}
@@ -25,7 +39,7 @@ class StagedText : public TextFile {
         if (open_) stage_.note("close " + path_);
     }
     void write_line(std::string_view line) override {
-        stage_.act("write " + path_ + ":" + (line.empty() ? "" : " " + std::string(line)));
+        stage_.act("write " + path_ + ":" + (line.empty() ? "" : " " + on_one_line(line)));
         stage_.files[path_].content += std::string(line) + "\r\n";
     }
     void close() override {

@@ -141,6 +141,24 @@ TEST_F(Cast, AcrobatShowsTheWebPageWhoseAddressTheSenderTyped) {
     EXPECT_NE(world.windows.find_window("adobe acrobat professional - [http://here/]"), 0);
 }
 
+TEST_F(Cast, AcrobatTakesTheAddressOfAWebPageFromTheKeysThatWait) {
+    world.windows.type_text("http://here");
+    world.windows.press_enter();
+    Value(world.servers.create("AcroExch.App")).call("MenuItemExecute", {"Web2PDF:OpnURL"});
+    EXPECT_NE(world.windows.find_window("adobe acrobat professional - [http://here/]"), 0);
+    EXPECT_EQ(stage.typed, "");
+}
+
+TEST_F(Cast, AcrobatsDocumentsGrowByTheirInsertedPages) {
+    const Value source = world.servers.create("AcroExch.PDDoc");
+    const Value target = world.servers.create("AcroExch.PDDoc");
+    target.call("Create");
+    EXPECT_EQ(target.call("GetNumPages"), Value(std::int32_t{0}));
+    target.call("InsertPages", {std::int16_t{-1}, source, std::int16_t{0}, std::int16_t{3}, true});
+    EXPECT_EQ(target.call("GetNumPages"), Value(std::int32_t{3}));
+    EXPECT_EQ(source.call("GetNumPages"), Value(std::int32_t{3}));
+}
+
 TEST_F(Cast, HostsHearOfTheSameSenders) {
     start_sender("create pdf from web page~Edit~http://here~0~1~");
     start_sender("save pdf file as~Edit~C:\\out\\a.pdf~0~0~");

@@ -1,5 +1,6 @@
 #include <map>
 #include <memory>
+#include <utility>
 
 #include "automation/coerce.h"
 #include "platform/stage/cast/cast.h"
@@ -14,15 +15,22 @@ using automation::Value;
 
 namespace {
 
-/// Web capture shows the page whose address was typed into its dialog.
+/// What waits in the queue of keys for the next dialog, up to Enter; it is taken out.
+std::string take_typed_text(Stage& stage) {
+    const std::string typed = std::exchange(stage.typed, {});
+    return typed.substr(0, typed.find('\n'));
+}
+
+/// Web capture shows the page whose address was typed into its dialog, by a sender or as keys.
 void cast_application(Stage& stage) {
     const auto address = std::make_shared<std::string>();
     stage.when_program_starts([address](const std::string& command_line) {
         if (auto typed = typed_into("create pdf from web page", command_line)) *address = *typed;
     });
     stage.when("AcroExch.App.MenuItemExecute", [address](StageObject& self, const Arguments& arguments) {
-        if (automation::to_text(arguments.at(0).value) == "Web2PDF:OpnURL")
-            self.stage().windows["Adobe Acrobat Professional - [" + *address + "/]"] = self.stage().now;
+        if (automation::to_text(arguments.at(0).value) != "Web2PDF:OpnURL") return Value(true);
+        if (!self.stage().typed.empty()) *address = take_typed_text(self.stage());
+        self.stage().windows["Adobe Acrobat Professional - [" + *address + "/]"] = self.stage().now;
         return Value(true);
     });
     for (const char* member : {"Show", "Exit"})
