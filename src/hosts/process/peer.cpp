@@ -4,6 +4,7 @@
 
 #include "automation/error.h"
 #include "hosts/process/failure.h"
+#include "hosts/settled_object.h"
 
 namespace foliant::hosts::process {
 
@@ -42,8 +43,10 @@ enum class Kind : std::uint8_t {
     array
 };
 
+constexpr std::size_t most_settled_bytes = std::size_t{16} << 20U;  // of results that go along with an object
 constexpr int deepest_array = 8;
-constexpr int deepest_call = 64;  // callbacks in callbacks; honest hosts make two
+constexpr int only_plain = deepest_array + 1;  // as deep as neither arrays nor objects are
+constexpr int deepest_call = 64;               // callbacks in callbacks; honest hosts make two
 
 /// Counts calls that are under way inside each other.
 class Nesting {
@@ -56,6 +59,24 @@ class Nesting {
   private:
     int& depth_;
 };
+
+}  // namespace
+
+namespace {
+
+/// The settled results of an object, unless they are too many to send along.
+const std::vector<SettledMember>& results_to_send(const automation::Object& object) {
+    static const std::vector<SettledMember> none;
+    const auto* const settled = dynamic_cast<const SettledObject*>(&object);
+    if (settled == nullptr) return none;
+    std::size_t bytes = 0;
+    for (const SettledMember& member : settled->settled().members())
+        for (const Value& result : member.results) {
+            const auto* text = result.if_holds<std::string>();
+            bytes += sizeof(Value) + (text != nullptr ? text->size() : 0);
+        }
+    return bytes <= most_settled_bytes ? settled->settled().members() : none;
+}
 
 }  // namespace
 
@@ -72,7 +93,10 @@ class Peer::Proxy : public automation::Object {
     bool belongs_to(const Peer& peer) const noexcept { return peer_.get() == &peer; }
     Handle handle() const noexcept { return handle_; }
 
+    void settle(SettledMember member) { settled_.add(std::move(member)); }
+
     Value invoke(Access access, std::string_view member, const Arguments& arguments) override {
+        if (auto result = settled_.find(access, member, arguments)) return *std::move(result);
         const ObjectPtr alive = shared_from_this();  // a member may let go of the object
         return peer_->invoke(handle_, access, member, arguments);
     }
@@ -82,6 +106,7 @@ class Peer::Proxy : public automation::Object {
     std::shared_ptr<Peer> peer_;
     Handle handle_;
     std::uint32_t received_ = 0;
+    SettledResults settled_;
 };
 
 /// A subscription to the other side's object, for a sink on this side.
@@ -296,6 +321,34 @@ void Peer::put_object(Writer& message, const ObjectPtr& object) {
         entry.object = object;
         ++entry.count;
         message.put(Kind::theirs).put(known->second);
+        if (is_new)
+            put_settled(message, results_to_send(*object));
+        else
+            put_settled(message, {});
+    }
+}
+
+void Peer::put_settled(Writer& message, const std::vector<SettledMember>& members) {
+    message.put(static_cast<std::uint32_t>(members.size()));
+    for (const SettledMember& member : members) {
+        message.put(std::string_view(member.name)).put(member.is_list);
+        message.put(static_cast<std::uint32_t>(member.results.size()));
+        for (const Value& result : member.results)
+            put(message, result);
+    }
+}
+
+/// What `put_settled` wrote. Results that are objects or arrays would be messages without an end.
+void Peer::read_settled(Reader& message, Proxy& proxy) {
+    for (auto members = message.count(); members > 0; --members) {
+        SettledMember member;
+        member.name = message.text();
+        member.is_list = message.truth();
+        const auto count = message.count();
+        if (!member.is_list && count != 1) throw Garbled();
+        for (auto left = count; left > 0; --left)
+            member.results.push_back(value(message, only_plain));
+        proxy.settle(std::move(member));
     }
 }
 
@@ -354,8 +407,10 @@ Value Peer::value(Reader& message, int depth) {
         case Kind::nothing:
             return ObjectPtr();
         case Kind::theirs:
-            return received(message.number<Handle>());
+            if (depth == only_plain) throw Garbled();
+            return received(message);
         case Kind::yours:
+            if (depth == only_plain) throw Garbled();
             return exported(message.number<Handle>());
         case Kind::array:
             return array(message, depth + 1);
@@ -363,7 +418,8 @@ Value Peer::value(Reader& message, int depth) {
     throw Garbled();
 }
 
-ObjectPtr Peer::received(Handle handle) {
+ObjectPtr Peer::received(Reader& message) {
+    const auto handle = message.number<Handle>();
     std::weak_ptr<Proxy>& known = proxies_[handle];
     std::shared_ptr<Proxy> proxy = known.lock();
     if (proxy == nullptr) {
@@ -371,6 +427,7 @@ ObjectPtr Peer::received(Handle handle) {
         known = proxy;
     }
     proxy->was_received();
+    read_settled(message, *proxy);
     return proxy;
 }
 

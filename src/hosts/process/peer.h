@@ -5,15 +5,20 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "automation/object.h"
 #include "hosts/process/channel.h"
+#include "hosts/settled_object.h"
 
 namespace foliant::hosts::process {
 
 /// One of two processes that use each other's automation objects. Both do the same: an object that goes over
 /// is a proxy there, one that comes back is itself again; while an answer is waited for, the other's calls
 /// are answered. One call is under way at a time, on one thread.
+///
+/// The results of an object's settled members (hosts/settled_object.h) go over with the object, and are not
+/// asked for again.
 ///
 /// Besides objects' members, each side answers calls of its own kind: its service.
 class Peer : public std::enable_shared_from_this<Peer> {
@@ -81,7 +86,9 @@ class Peer : public std::enable_shared_from_this<Peer> {
     void put_array(Writer& message, const automation::Array& array);
     automation::Value value(Reader& message, int depth);
     automation::Value array(Reader& message, int depth);
-    automation::ObjectPtr received(Handle handle);
+    automation::ObjectPtr received(Reader& message);
+    void put_settled(Writer& message, const std::vector<SettledMember>& members);
+    void read_settled(Reader& message, Proxy& proxy);
     automation::ObjectPtr exported(Handle handle) const;
 
     Channel channel_;

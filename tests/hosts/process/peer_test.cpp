@@ -10,6 +10,7 @@
 #include "automation/describe.h"
 #include "automation/error.h"
 #include "hosts/process/partners.h"
+#include "hosts/settled_object.h"
 
 namespace foliant::hosts::process {
 namespace {
@@ -68,6 +69,43 @@ TEST(Peer, CarriesAccessNamesAndOrder) {
     EXPECT_EQ(object.get("Sections", {std::int16_t{1}}), Value("0 Sections(Integer(1))"));
     EXPECT_EQ(object.call("Open", {"a.doc", named("PasswordDocument", "x"), named("readOnly", true)}),
               Value("1 Open(\"a.doc\", PasswordDocument:=\"x\", readOnly:=True)"));
+}
+
+/// Hands out objects with two settled texts each, and counts the calls that reach it.
+Value page_of_words(int& calls, std::string_view member, std::size_t size) {
+    if (member == "Calls") return std::int32_t{calls};
+    ++calls;
+    auto words = std::make_shared<SettledObject>("Test");
+    words->settle("Count", std::int32_t{2});
+    words->settle_list("Word", {std::string(size, 'x'), "two"});
+    words->add_method("Moving", {}, [&calls](const Bound&) { return ++calls; });
+    return ObjectPtr(words);
+}
+
+TEST(Peer, AsksForSettledResultsOnlyOnce) {
+    int calls = 0;
+    Partners partners(serving([&calls](Access, std::string_view member, const Arguments&) {
+        return page_of_words(calls, member, 3);
+    }));
+    const Value object = partners.object();
+    const Value words = object.call("Page");
+    EXPECT_EQ(words.call("Count"), Value(std::int32_t{2}));
+    EXPECT_EQ(words.call("Word", {std::int32_t{0}}), Value("xxx"));
+    EXPECT_EQ(words.call("word", {std::int32_t{1}}), Value("two"));
+    kill(partners.process(), SIGSTOP);  // whoever asks it now waits for ever
+    EXPECT_EQ(words.call("Word", {std::int32_t{1}}), Value("two"));
+    kill(partners.process(), SIGCONT);
+    EXPECT_EQ(words.call("Moving"), Value(std::int32_t{2}));
+    EXPECT_EQ(failure_of([&] { words.call("Word", {std::int32_t{2}}); }).substr(0, 2), "9 ");
+}
+
+TEST(Peer, AsksForResultsThatAreTooManyToSendAlong) {
+    int calls = 0;
+    Partners partners(serving([&calls](Access, std::string_view member, const Arguments&) {
+        return page_of_words(calls, member, 20U << 20U);
+    }));
+    const Value words = partners.object().call("Page");
+    EXPECT_EQ(words.call("Word", {std::int32_t{1}}), Value("two"));
 }
 
 TEST(Peer, ThrowsTheOthersErrors) {
