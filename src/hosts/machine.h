@@ -41,6 +41,17 @@ struct Dialog {
     bool accepted = false;  ///< set when the dialog was closed by its default button or Enter
 };
 
+/// A place in a document where a host has found a text that it was to look for.
+struct FoundText {
+    std::int32_t page = 1;
+    /// In points, in the coordinates of the page's own content: y upwards.
+    double left = 0;
+    double bottom = 0;
+    double right = 0;
+    double top = 0;
+    std::string context;  ///< the line that it stands in; a long one is cut
+};
+
 /// What a host may allocate where nobody says otherwise, in bytes: several times what large documents take.
 inline constexpr std::uint64_t usual_memory_limit = std::uint64_t{2} << 30U;
 
@@ -85,6 +96,10 @@ class Machine {
     /// Hands a finished PDF file to a printer that is not the PDF printer. Raises an automation error.
     virtual void print(std::string_view printer, const std::filesystem::path& pdf,
                        std::string_view title) = 0;
+
+    /// Tells whoever watches the host of a place that was found. Whether he wants to be told of the next one,
+    /// too: the host then looks for it, without that being a part of what it was called for.
+    virtual bool found(const FoundText& /*place*/) { return false; }
 
     /// Puts up a dialog and returns when it was closed. Raises an automation error that names the dialog when
     /// nobody is there to answer it.

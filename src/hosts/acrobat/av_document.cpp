@@ -4,6 +4,7 @@
 
 #include "automation/coerce.h"
 #include "hosts/acrobat/acrobat_error.h"
+#include "hosts/acrobat/find_text.h"
 #include "hosts/acrobat/open_file.h"
 #include "hosts/acrobat/pd_document.h"
 #include "hosts/acrobat/print/print_pages.h"
@@ -26,6 +27,16 @@ AvDocument::AvDocument(ProgramPtr program, ViewPtr view)
     const Body print = [this](const Bound& given) { return print_pages(given); };
     add_method("PrintPages", print_parameters, print);  // nobody is there to change what its dialog shows
     add_method("PrintPagesSilent", print_parameters, print);
+    add_method("FindText", {"szText", "bCaseSensitive", "bWholeWordsOnly", "bReset"},
+               [this](const Bound& given) {
+                   const bool from_start = automation::to_bool(given[3]);
+                   shown();
+                   return find_text(*view_,
+                                    {.text = to_text(given[0]),
+                                     .case_sensitive = automation::to_bool(given[1]),
+                                     .whole_words = automation::to_bool(given[2])},
+                                    from_start);
+               });
     add_method("Close", {"bNoSave"}, [this](const Bound& given) {
         return close(!given[0].holds<automation::Missing>() && automation::to_bool(given[0]));
     });

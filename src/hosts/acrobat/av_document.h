@@ -13,6 +13,8 @@ namespace foliant::hosts::acrobat {
 ///                          document raises why. A password is asked for in the Password dialog.
 ///     GetPDDoc()           what it shows
 ///     IsValid()            whether it shows anything
+///     FindText(text, case counts, whole words only, from the start)    whether it is found, and shown; see
+///                          find_text.h
 ///     Close(no save)       True when it showed something. It takes True only: what was changed is saved by
 ///                          the document's Save.
 class AvDocument : public LateBound {

@@ -83,9 +83,27 @@ void Document::raise_unusable() const {
         throw;
     } catch (const structure::Unreadable& reason) {
         throw document_error(file + " cannot be used: " + reason.what() + ".");
+    } catch (const text::Unreadable& reason) {
+        throw document_error("The text of " + file + " cannot be read: " + reason.what() + ".");
     } catch (const std::exception& reason) {
         throw document_error(file + " cannot be used: it seems to be damaged (" + reason.what() + ").");
     }
+}
+
+DocumentText& Document::text() {
+    if (!text_) {
+        with_file_named(*this, [&](structure::Pdf& pdf) {
+            const bool as_in_file = pdf.file() && !is_changed();
+            text_ = as_in_file ? std::make_unique<DocumentText>(pdf.file(), password_, most_text())
+                               : std::make_unique<DocumentText>(pdf, most_text());
+        });
+    }
+    return *text_;
+}
+
+std::size_t Document::most_text() const noexcept {
+    constexpr std::size_t share = 4;  // of the memory that the host may have
+    return static_cast<std::size_t>(machine_.memory_limit_bytes() / share);
 }
 
 DocumentPtr Document::create(Machine& machine) {

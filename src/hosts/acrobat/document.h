@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "hosts/acrobat/document_text.h"
 #include "hosts/acrobat/structure/pdf.h"
 #include "hosts/machine.h"
 
@@ -37,12 +38,20 @@ class Document {
 
     structure::Pdf& pdf() noexcept { return *pdf_; }
 
+    /// The text of its pages as they are now. Raises a failure that names the file.
+    DocumentText& text();
+
     /// Call it inside a catch clause: raises what is being handled as a failure that names the file. An
     /// automation error, and exhausted memory, stay what they are.
     [[noreturn]] void raise_unusable() const;
 
     /// To be told after each change: what was read of the document before does not count any more.
-    void note_change() noexcept { ++revision_; }
+    void note_change() noexcept {
+        ++revision_;
+        text_.reset();
+    }
+    /// The same for what leaves the text of the pages as it is: bookmarks, links, information.
+    void note_addition() noexcept { ++revision_; }
     /// Grows with each change.
     std::uint64_t revision() const noexcept { return revision_; }
     bool is_changed() const noexcept { return revision_ > 0; }
@@ -50,10 +59,14 @@ class Document {
   private:
     Document(Machine& machine, std::string path, std::string password, std::shared_ptr<structure::Pdf> pdf);
 
+    /// How many bytes of text may stay in memory.
+    std::size_t most_text() const noexcept;
+
     Machine& machine_;
     std::string path_;
     std::string password_;
     std::shared_ptr<structure::Pdf> pdf_;
+    std::unique_ptr<DocumentText> text_;  ///< null before it is asked for, and after a change
     std::uint64_t revision_ = 0;
 };
 

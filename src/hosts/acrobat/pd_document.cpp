@@ -6,7 +6,9 @@
 #include "hosts/acrobat/acrobat_error.h"
 #include "hosts/acrobat/av_document.h"
 #include "hosts/acrobat/open_file.h"
+#include "hosts/acrobat/page.h"
 #include "hosts/acrobat/structure/unreadable.h"
+#include "hosts/acrobat/text_selection.h"
 
 namespace foliant::hosts::acrobat {
 
@@ -21,6 +23,11 @@ PdDocument::PdDocument(ProgramPtr program, DocumentPtr document)
     add_method("Create", {}, [this](const Bound&) { return create(); });
     add_method("Close", {}, [this](const Bound&) { return close(); });
     add_method("GetNumPages", {}, [this](const Bound&) { return page_count(); });
+    add_method("AcquirePage", {"nPage"},
+               [this](const Bound& given) { return make_page(opened(), automation::to_int32(given[0])); });
+    add_method("CreateTextSelect", {"nPage", "iAcroRect"}, [this](const Bound& given) {
+        return select_text(opened(), automation::to_int32(given[0]), given[1]);
+    });
     add_method("OpenAVDoc", {"szTitle"}, [this](const Bound&) {
         opened();
         return automation::ObjectPtr(std::make_shared<AvDocument>(program_, program_->show(document_)));

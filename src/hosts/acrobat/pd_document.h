@@ -14,6 +14,8 @@ namespace foliant::hosts::acrobat {
 ///                          raises why. A file that needs a password is not opened: nothing here asks for one.
 ///     Create()             a new document without pages
 ///     GetNumPages()        a 32-bit number
+///     AcquirePage(page)    one page, from 0; see page.h
+///     CreateTextSelect(page, rectangle)    its words; see text_selection.h
 ///     OpenAVDoc(title)     a window on it
 ///     Close()              True when it was open
 ///

@@ -7,6 +7,7 @@
 
 #include "automation/error.h"
 #include "hosts/acrobat/document.h"
+#include "hosts/acrobat/text/finder.h"
 #include "hosts/machine.h"
 
 namespace foliant::hosts::acrobat {
@@ -14,6 +15,7 @@ namespace foliant::hosts::acrobat {
 /// A window that shows a document, or nothing once it is closed.
 struct View {
     DocumentPtr document;
+    std::optional<text::Hit> found = std::nullopt;  ///< what the last search has found, which it shows
 };
 using ViewPtr = std::shared_ptr<View>;
 

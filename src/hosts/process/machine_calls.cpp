@@ -2,6 +2,20 @@
 
 namespace foliant::hosts::process {
 
+void put_place(Writer& message, const FoundText& place) {
+    message.put(place.page).put(place.left).put(place.bottom).put(place.right).put(place.top);
+    message.put(std::string_view(place.context));
+}
+
+FoundText read_place(Reader& message) {
+    FoundText place;
+    place.page = message.number<std::int32_t>();
+    for (double* side : {&place.left, &place.bottom, &place.right, &place.top})
+        *side = message.number<double>();
+    place.context = message.text();
+    return place;
+}
+
 void put_dialog(Writer& message, const Dialog& dialog) {
     message.put(std::string_view(dialog.caption)).put(dialog.accepted);
     message.put(static_cast<std::uint32_t>(dialog.controls.size()));

@@ -20,6 +20,7 @@ enum class MachineCall : std::uint8_t {
     is_pdf_printer,   ///< name; truth
     default_printer,  ///< its name
     print,            ///< printer, path, title
+    found,            ///< place; whether the next one is wanted
     show,             ///< dialog; the dialog as it was left
     open_window,      ///< caption; the window
     close_window,     ///< the window
@@ -31,6 +32,9 @@ enum class HostCall : std::uint8_t {
     click,   ///< index of a control, and the dialog that is shown; the dialog as the host wants it
     closed,  ///< a window
 };
+
+void put_place(Writer& message, const FoundText& place);
+FoundText read_place(Reader& message);
 
 /// A dialog without its function.
 void put_dialog(Writer& message, const Dialog& dialog);

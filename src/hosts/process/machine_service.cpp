@@ -53,6 +53,9 @@ void MachineService::answer(Peer& peer, Reader& arguments, Writer& result) {
             return;
         case MachineCall::print:
             return print(arguments);
+        case MachineCall::found:
+            result.put(machine_.found(read_place(arguments)));
+            return;
         case MachineCall::show:
             return show(peer, arguments, result);
         case MachineCall::open_window:

@@ -119,6 +119,12 @@ void RemoteMachine::print(std::string_view printer, const std::filesystem::path&
     peer_->call(request(MachineCall::print).put(printer).put(pdf.native()).put(title));
 }
 
+bool RemoteMachine::found(const FoundText& place) {
+    Writer message = request(MachineCall::found);
+    put_place(message, place);
+    return peer_->call(message).truth();
+}
+
 void RemoteMachine::show(Dialog& dialog) {
     Dialog* const below = std::exchange(shown_, &dialog);
     Writer message = request(MachineCall::show);

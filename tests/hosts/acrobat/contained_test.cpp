@@ -49,6 +49,35 @@ TEST_F(ContainedAcrobat, OpensTheFileWhoseNameIsTypedIntoItsDialog) {
     EXPECT_EQ(machine.notes, std::vector<std::string>{"dialog Open"});
 }
 
+/// A page with a line of text.
+std::string page_with(const std::string& text) {
+    return test::PdfText()
+        .set(2, "<< /Type /Pages /Count 1 /Kids [10 0 R] >>")
+        .set(3, "<< /Type /Font /Subtype /Type1 /BaseFont /Helvetica >>")
+        .set(10,
+             "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 612 792] "
+             "/Resources << /Font << /F 3 0 R >> >> /Contents 11 0 R >>")
+        .set_stream(11, "BT /F 12 Tf 72 700 Td (" + text + ") Tj ET")
+        .file();
+}
+
+TEST_F(ContainedAcrobat, ReadsAndFindsTextWithinItsBounds) {
+    const Value document = host.create("AcroExch.PDDoc");
+    const Value rectangle = host.create("AcroExch.Rect");
+    document.call("Open", {write("a.pdf", page_with("some text"))});
+    rectangle.set("Right", std::int32_t{6120});
+    rectangle.set("Top", std::int32_t{7920});
+    const Value words = document.call("CreateTextSelect", {std::int32_t{0}, rectangle});
+    EXPECT_EQ(words.call("GetNumText"), Value(std::int32_t{2}));
+    EXPECT_EQ(words.call("GetText", {std::int32_t{1}}), Value("text\r\n"));
+    const Value viewer = document.call("OpenAVDoc", {""});
+    EXPECT_EQ(viewer.call("FindText", {"text", false, false, true}), Value(true));
+    ASSERT_EQ(machine.places.size(), 1U);
+    EXPECT_EQ(machine.places[0].page, 1);
+    EXPECT_EQ(machine.places[0].context, "some text");
+    EXPECT_NEAR(machine.places[0].bottom, 697, 2);
+}
+
 TEST(AcrobatModule, KnowsNoOtherClass) {
     test::NotingMachine machine;
     EXPECT_EQ(tests::error_number([&] { acrobat_module().create("Word.Application", machine); }), 429);

@@ -25,6 +25,11 @@ class NotingMachine : public Machine {
     void close_window(HostWindow) override {}
     std::optional<std::string> setting(std::string_view, std::string_view) const override { return {}; }
 
+    bool found(const FoundText& place) override {
+        places.push_back(place);
+        return wants_every_place;
+    }
+
     /// Takes the next of `answers`; without one, refuses as a desktop does where nobody is.
     void show(Dialog& dialog) override;
 
@@ -34,6 +39,8 @@ class NotingMachine : public Machine {
     std::vector<std::string> notes;     ///< "dialog Open", ...
     std::string printer = "Adobe PDF";  ///< the default one
     std::string printed;                ///< what was printed last, as a file
+    std::vector<FoundText> places;      ///< that hosts have told of
+    bool wants_every_place = false;
 
   private:
     tests::ScratchFolder folder_;

@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t most_letters_around = 120;
 constexpr std::string_view dots = "…";
 
-/// The letters of the runs from `first` to `end` as a text in one line, cut to what is near the match.
+/// The lines that the match stands in as one line of text, cut to what is near it.
 std::string context_of(const PageText& page, const Match& match) {
     const auto [first, unused] = page.line_of(page.run_of(match.first));
     const std::size_t end = page.line_of(page.run_of(match.end - 1)).second;
@@ -48,22 +48,21 @@ std::size_t place_of(const Folded& page, std::size_t letter) {
 
 }  // namespace
 
-std::optional<Hit> Finder::find(const Query& query, bool from_start) {
+std::optional<Hit> Finder::find(const Query& query, Position from) {
     const Case letter_case = query.case_sensitive ? Case::kept : Case::ignored;
     const std::u32string sought = fold(query.text, letter_case);
     if (sought.find_first_not_of(U' ') == std::u32string::npos) return std::nullopt;
 
-    int number = from_start ? 0 : last_page_;
-    std::size_t letter = from_start ? 0 : last_letter_;
-    for (; number < reader_.page_count(); ++number, letter = 0) {
-        const Page page = this->page(number, letter_case);
-        const std::size_t start = letter == 0 ? 0 : place_of(*page.folded, letter);
+    for (; from.page < reader_.page_count(); from = {from.page + 1, 0}) {
+        const Page page = this->page(from.page, letter_case);
+        const std::size_t start = from.letter == 0 ? 0 : place_of(*page.folded, from.letter);
         const auto part = text::find(*page.folded, sought, start, query.whole_words);
         if (!part) continue;
         const Match match = letters_of(*page.folded, *part);
-        last_page_ = number;
-        last_letter_ = match.end;
-        return Hit{number, page.text->places(match.first, match.end), context_of(*page.text, match)};
+        return Hit{from.page,
+                   page.text->places(match.first, match.end),
+                   context_of(*page.text, match),
+                   {from.page, match.end}};
     }
     return std::nullopt;
 }

@@ -20,11 +20,18 @@ struct Query {
     bool whole_words = false;
 };
 
+/// Where a search goes on from; the start of the file unless it is set.
+struct Position {
+    int page = 0;
+    std::size_t letter = 0;  ///< of that page
+};
+
 /// A place where it was found.
 struct Hit {
     int page = 0;                   ///< from 0
     std::vector<Rectangle> places;  ///< in reading order, one for each line that it stands in
     std::string context;            ///< the line around it, or lines; a long one is cut, with dots
+    Position behind;                ///< where the search for the next one begins
 };
 
 /// Looks for texts in a file. The pages are read once, for all searches, as far as memory is granted for it.
@@ -34,10 +41,9 @@ class Finder {
     /// `reader` outlives this. `most_bytes` is how much of the text may stay in memory.
     Finder(TextReader& reader, std::size_t most_bytes) : reader_(reader), most_bytes_(most_bytes) {}
 
-    /// The next hit behind the last one, or the first one of the file: when nothing was found yet, and when
-    /// `from_start` says so. After a search that finds nothing, the next one goes on where it would have.
-    /// Throws what TextReader::page does.
-    std::optional<Hit> find(const Query& query, bool from_start);
+    /// The first hit from a position on; nothing when there is none, and for a text of blanks only. Throws what
+    /// TextReader::page does.
+    std::optional<Hit> find(const Query& query, Position from = {});
 
   private:
     struct Page {
@@ -54,8 +60,6 @@ class Finder {
     std::size_t kept_bytes_ = 0;
     std::vector<Page> kept_;  ///< by page; empty where it is read again
     Case kept_case_ = Case::ignored;
-    int last_page_ = 0;
-    std::size_t last_letter_ = 0;  ///< on that page, behind the last hit
 };
 
 }  // namespace foliant::hosts::acrobat::text

@@ -107,10 +107,9 @@ PopplerFile::PopplerFile(Bytes bytes, const std::string& password) {
     auto stream =
         std::make_unique<MemStream>(view.data(), 0, static_cast<Goffset>(view.size()), Object(objNull));
     engine_->document = std::make_unique<PDFDoc>(stream.release(), key, key);
-    if (!engine_->document->isOk())
-        throw Unreadable(engine_->document->getErrorCode() == errEncrypted
-                             ? "it needs a password"
-                             : "it is no PDF, or a damaged one");
+    if (engine_->document->isOk()) return;
+    if (engine_->document->getErrorCode() == errEncrypted) throw WrongPassword();
+    throw Unreadable("it is no PDF, or a damaged one");
 }
 
 PopplerFile::PopplerFile(PopplerFile&&) noexcept = default;

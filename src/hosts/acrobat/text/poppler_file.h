@@ -21,10 +21,15 @@ struct Unreadable : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// The password is none of the file's.
+struct WrongPassword : Unreadable {
+    WrongPassword() : Unreadable("it is protected with another password") {}
+};
+
 /// A PDF file as poppler has it open. For one thread; several may have the same bytes open.
 class PopplerFile {
   public:
-    /// `password` opens an encrypted file, as its user or its owner. Throws Unreadable.
+    /// `password` opens an encrypted file, as its user or its owner. Throws WrongPassword, or Unreadable.
     PopplerFile(Bytes bytes, const std::string& password);
     PopplerFile(PopplerFile&&) noexcept;
     PopplerFile& operator=(PopplerFile&&) noexcept;

@@ -31,31 +31,72 @@ void append_utf8(std::string& text, char32_t letter) {
 
 constexpr std::string_view line_end = "\r\n";
 
+bool lies_in(const Rectangle& word, const Rectangle& within) {
+    const double x = (word.left + word.right) / 2;
+    const double y = (word.bottom + word.top) / 2;
+    return x >= within.left && x <= within.right && y >= within.bottom && y <= within.top;
+}
+
+/// Puts words together from runs of letters.
+class WordCollector {
+  public:
+    WordCollector(const PageText& page, const Rectangle* within) : page_(page), within_(within) {
+        found_.reserve(page.runs.size());
+    }
+
+    void add(std::size_t number) {
+        const Run& run = page_.runs[number];
+        if (within_ != nullptr) {
+            const Rectangle place = page_.place(number, 0, run.length);
+            place_ = word_.empty() ? place : around(place_, place);
+        }
+        const bool is_broken = run.gap == Gap::broken_word;
+        const std::uint32_t shown = run.length - (is_broken ? 1 : 0);
+        for (std::uint32_t i = 0; i < shown; ++i)
+            append_utf8(word_, page_.letters[run.first + i]);
+        was_broken_ = was_broken_ || is_broken;
+        if (run.gap == Gap::line_end || (run.gap == Gap::blank && was_broken_))
+            end_line();
+        else if (run.gap == Gap::blank)
+            end_word();
+    }
+
+    std::vector<std::string> take() {
+        if (!word_.empty()) end_line();
+        return std::move(found_);
+    }
+
+  private:
+    void end_word() {
+        if (within_ == nullptr || lies_in(place_, *within_)) found_.push_back(word_ + ' ');
+        word_.clear();
+    }
+
+    /// The line end takes the place of the blank behind the last word that counts.
+    void end_line() {
+        end_word();
+        was_broken_ = false;
+        if (found_.size() == words_before_) return;
+        found_.back().replace(found_.back().size() - 1, 1, line_end);
+        words_before_ = found_.size();
+    }
+
+    const PageText& page_;
+    const Rectangle* within_;
+    std::vector<std::string> found_;
+    std::size_t words_before_ = 0;  ///< of earlier lines
+    std::string word_;              ///< so far
+    Rectangle place_;
+    bool was_broken_ = false;
+};
+
 }  // namespace
 
-std::vector<std::string> words(const PageText& page) {
-    std::vector<std::string> found;
-    found.reserve(page.runs.size());
-    std::string word;
-    bool was_broken = false;
-    const auto finish = [&](std::string_view behind) {
-        word += behind;
-        found.push_back(std::exchange(word, {}));
-        was_broken = false;
-    };
-    for (const Run& run : page.runs) {
-        const std::uint32_t shown = run.length - (run.gap == Gap::broken_word ? 1 : 0);
-        for (std::uint32_t i = 0; i < shown; ++i)
-            append_utf8(word, page.letters[run.first + i]);
-        if (run.gap == Gap::broken_word)
-            was_broken = true;
-        else if (run.gap == Gap::line_end || (run.gap == Gap::blank && was_broken))
-            finish(line_end);
-        else if (run.gap == Gap::blank)
-            finish(" ");
-    }
-    if (!word.empty()) finish(line_end);
-    return found;
+std::vector<std::string> words(const PageText& page, const Rectangle* within) {
+    WordCollector collector(page, within);
+    for (std::size_t run = 0; run < page.runs.size(); ++run)
+        collector.add(run);
+    return collector.take();
 }
 
 std::string utf8(std::u32string_view text) {

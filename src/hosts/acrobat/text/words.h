@@ -10,7 +10,8 @@ namespace foliant::hosts::acrobat::text {
 
 /// The words of a page in reading order, as UTF-8. A word brings along the blank behind it; the last one of a
 /// line, CR LF. A word that was broken at the end of a line is whole, without its hyphen, and ends that line.
-std::vector<std::string> words(const PageText& page);
+/// With a rectangle, only words whose middle lies in it.
+std::vector<std::string> words(const PageText& page, const Rectangle* within = nullptr);
 
 /// Text as UTF-8; what is no character is U+FFFD.
 std::string utf8(std::u32string_view text);

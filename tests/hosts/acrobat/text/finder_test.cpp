@@ -18,8 +18,11 @@ std::vector<std::string> hits(const std::vector<TestPage>& pages, const Query& q
     TextReader reader(bytes_of(make_pdf(pages)), "");
     Finder finder(reader, most_bytes);
     std::vector<std::string> found;
-    while (const auto hit = finder.find(query, found.empty()))
+    Position from;
+    while (const auto hit = finder.find(query, from)) {
         found.push_back(std::to_string(hit->page + 1) + ": " + hit->context);
+        from = hit->behind;
+    }
     return found;
 }
 
@@ -37,7 +40,7 @@ TEST(AcrobatFinder, SaysThePageAndTheLine) {
 
 TEST(AcrobatFinder, SaysWhereOnThePage) {
     TextReader reader(bytes_of(make_pdf({page_of({U"some text"})})), "");
-    const auto hit = Finder(reader, plenty).find({.text = "text"}, true);
+    const auto hit = Finder(reader, plenty).find({.text = "text"});
     ASSERT_TRUE(hit);
     ASSERT_EQ(hit->places.size(), 1U);
     // Letters are 6 points wide, the fifth begins 30 points behind the margin of 72.
@@ -52,7 +55,7 @@ TEST(AcrobatFinder, SaysWhereInThePagesOwnCoordinates) {
     TestPage page = page_of({U"some text"});
     page.entries = "/Rotate 90 /MediaBox [50 50 662 842]";
     TextReader reader(bytes_of(make_pdf({page})), "");
-    const auto hit = Finder(reader, plenty).find({.text = "text"}, true);
+    const auto hit = Finder(reader, plenty).find({.text = "text"});
     ASSERT_TRUE(hit);
     EXPECT_THAT(hit->places[0].left, DoubleNear(102, 0.01));
     EXPECT_THAT(hit->places[0].right, DoubleNear(126, 0.01));
@@ -72,17 +75,19 @@ TEST(AcrobatFinder, FindsWholeWordsOnlyWhereAsked) {
     EXPECT_EQ(hits(pages, {.text = "apple", .whole_words = true}), Strings{"1: an apple, red"});
 }
 
-TEST(AcrobatFinder, GoesOnBehindTheLastHitAndStartsAnew) {
+TEST(AcrobatFinder, GoesOnFromAPosition) {
     TextReader reader(bytes_of(make_pdf({page_of({U"one two one"}), page_of({U"one"})})), "");
     Finder finder(reader, plenty);
     const Query one{.text = "one"};
-    const auto left = [](const std::optional<Hit>& hit) { return hit ? hit->places.front().left : -1; };
-    EXPECT_THAT(left(finder.find(one, false)), DoubleNear(72, 0.01));
-    EXPECT_THAT(left(finder.find(one, false)), DoubleNear(120, 0.01));
-    EXPECT_EQ(finder.find(one, false)->page, 1);
-    EXPECT_FALSE(finder.find(one, false));
-    EXPECT_FALSE(finder.find({.text = "two"}, false)) << "it stands before the last hit";
-    EXPECT_EQ(finder.find(one, true)->page, 0);
+    const auto first = finder.find(one);
+    EXPECT_THAT(first->places.front().left, DoubleNear(72, 0.01));
+    const auto second = finder.find(one, first->behind);
+    EXPECT_THAT(second->places.front().left, DoubleNear(120, 0.01));
+    EXPECT_FALSE(finder.find({.text = "two"}, second->behind)) << "it stands before the second hit";
+    const auto third = finder.find(one, second->behind);
+    EXPECT_EQ(third->page, 1);
+    EXPECT_FALSE(finder.find(one, third->behind));
+    EXPECT_EQ(finder.find(one)->page, 0);
 }
 
 TEST(AcrobatFinder, CrossesLineEnds) {
@@ -92,7 +97,7 @@ TEST(AcrobatFinder, CrossesLineEnds) {
 
 TEST(AcrobatFinder, HasAPlaceForEachLine) {
     TextReader reader(bytes_of(make_pdf({page_of({U"at the end of", U"a line"})})), "");
-    const auto hit = Finder(reader, plenty).find({.text = "of a"}, true);
+    const auto hit = Finder(reader, plenty).find({.text = "of a"});
     ASSERT_TRUE(hit);
     ASSERT_EQ(hit->places.size(), 2U);
     EXPECT_GT(hit->places[0].bottom, hit->places[1].bottom);

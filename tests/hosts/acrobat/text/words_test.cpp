@@ -52,6 +52,12 @@ TEST(AcrobatWords, ToTheLeftInATextToTheRightAreTurnedAlone) {
               "[The ][word ][\u05e9\u05dc\u05d5\u05dd ][means ][peace\r\n]");
 }
 
+TEST(AcrobatWords, InARectangleAreThoseWhoseMiddleLiesInIt) {
+    TextReader reader(bytes_of(make_pdf({page_of({U"one two three", U"four five six"})})), "");
+    const Rectangle left_half{.left = 0, .bottom = 0, .right = 110, .top = 792};
+    EXPECT_EQ(words(*reader.page(0), &left_half), (std::vector<std::string>{"one ", "two\r\n", "four\r\n"}));
+}
+
 TEST(AcrobatWords, AreUtf8) {
     EXPECT_EQ(utf8(U"a\u00e9\u4e2d\U0001F600"), "a\u00e9\u4e2d\U0001F600");
     EXPECT_EQ(utf8(std::u32string(1, char32_t{0xD800})), "\uFFFD");

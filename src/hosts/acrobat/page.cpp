@@ -1,0 +1,53 @@
+#include "hosts/acrobat/page.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <string>
+
+#include "hosts/acrobat/acrobat_error.h"
+#include "hosts/acrobat/structure/page_box.h"
+#include "hosts/settled_object.h"
+
+namespace foliant::hosts::acrobat {
+
+using automation::ObjectPtr;
+using automation::RuntimeError;
+
+namespace {
+
+/// What clients multiply by ten and hold in 32 bits.
+std::int32_t whole_points(double length) {
+    constexpr double longest = std::numeric_limits<std::int32_t>::max() / 10;
+    return static_cast<std::int32_t>(std::lround(std::min(length, longest)));
+}
+
+ObjectPtr make_size(const structure::PageBox& box) {
+    auto point = std::make_shared<SettledObject>(application_name);
+    point->settle("x", whole_points(box.width()));
+    point->settle("y", whole_points(box.height()));
+    return point;
+}
+
+}  // namespace
+
+structure::Page page_of(Document& document, std::int32_t number) {
+    return with_file_named(document, [&](structure::Pdf& pdf) {
+        const structure::PageList& pages = pdf.pages();
+        if (number < 0 || static_cast<std::size_t>(number) >= pages.size())
+            throw acrobat_error(RuntimeError::subscript_out_of_range,
+                                document.path() + " has " + std::to_string(pages.size()) +
+                                    " pages, and none of number " +
+                                    std::to_string(static_cast<std::int64_t>(number) + 1) + ".");
+        return pages[static_cast<std::size_t>(number)];
+    });
+}
+
+ObjectPtr make_page(Document& document, std::int32_t number) {
+    const structure::PageBox box = page_box(page_of(document, number));
+    auto page = std::make_shared<LateBound>(application_name);
+    page->add_method("GetSize", {}, [box](const Bound&) { return make_size(box); });
+    return page;
+}
+
+}  // namespace foliant::hosts::acrobat
