@@ -12,7 +12,12 @@ namespace foliant::hosts::office {
 /// what can go wrong with any document. Errors that only one application has are in that application's
 /// folder.
 struct Application {
-    std::string_view name;  ///< the source of its errors: "Microsoft Word"
+    std::string_view name;   ///< the source of its errors: "Microsoft Word"
+    std::string_view reads;  ///< what it reads, for messages: "a Word, OpenDocument or text file"
+
+    std::string_view library;     ///< the part of LibreOffice that it takes: "libswlo.so"
+    std::string_view package;     ///< the Debian package that brings that
+    std::string_view pdf_filter;  ///< the name of its exporter
 
     std::int32_t command_failed;      ///< anything that has no number of its own
     std::int32_t value_out_of_range;  ///< an argument, or a page range, that is not understood
@@ -20,6 +25,9 @@ struct Application {
     std::int32_t file_not_found;      ///< the document does not exist
     std::int32_t wrong_password;      ///< an open password is needed, or the given one is wrong
     std::int32_t file_corrupted;      ///< the document is empty or damaged
+
+    /// The name without its maker, for messages: "Word".
+    std::string_view short_name() const { return name.substr(name.find(' ') + 1); }
 
     /// A failure under one of these numbers; `description` says what failed, on which file, why, and what to
     /// do.

@@ -86,14 +86,16 @@ Context start_engine(const std::filesystem::path& private_folder, const Applicat
 
 automation::Error unusable(const Application& application, const std::string& reason) {
     return missing_engine(application.name, "LibreOffice in " + office_folder().string(), reason,
-                          "libreoffice-writer-nogui");
+                          application.package);
 }
 
 }  // namespace
 
 void require_office(const Application& application) {
-    if (!std::filesystem::exists(office_folder() / "program/libmergedlo.so"))
-        throw unusable(application, "it is not installed there");
+    const std::filesystem::path program = office_folder() / "program";
+    for (const std::string_view library : {std::string_view("libmergedlo.so"), application.library})
+        if (!std::filesystem::exists(program / library))
+            throw unusable(application, "its " + std::string(library) + " is not installed there");
 }
 
 const Office& start_office(const std::filesystem::path& private_folder, const Application& application) {

@@ -8,7 +8,8 @@ namespace foliant::hosts::office {
 
 struct Office;
 
-/// Raises, as an error of `application`, 429 naming the package when LibreOffice is not there.
+/// Raises, as an error of `application`, 429 naming the package when LibreOffice, or the part of it that the
+/// application takes, is not there.
 void require_office(const Application& application);
 
 /// Starts LibreOffice inside this process (no other process, no daemon, no pipe), with a fresh profile in

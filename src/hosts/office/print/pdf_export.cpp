@@ -65,7 +65,7 @@ bool may_be_transparent(std::string_view pdf) {
 std::string export_once(const LoadedDocument& document, const Sequence<PropertyValue>& options) {
     const Reference<MemoryStream> stream(new MemoryStream);
     const auto arguments = uno_sequence<PropertyValue>({
-        uno_argument("FilterName", to_uno("writer_pdf_Export")),
+        uno_argument("FilterName", to_uno(document.application.pdf_filter)),
         uno_argument("FilterData", options),
         uno_argument("OutputStream", Reference<css::io::XOutputStream>(stream.get())),
     });

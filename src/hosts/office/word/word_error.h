@@ -10,6 +10,10 @@ namespace foliant::hosts::office {
 
 /// Microsoft Word, with its own numbers.
 inline constexpr Application microsoft_word = {.name = "Microsoft Word",
+                                               .reads = "a Word, OpenDocument, RTF, HTML or text file",
+                                               .library = "libswlo.so",
+                                               .package = "libreoffice-writer-nogui",
+                                               .pdf_filter = "writer_pdf_Export",
                                                .command_failed = 4198,
                                                .value_out_of_range = 4608,
                                                .unreadable = 5151,

@@ -1,0 +1,143 @@
+#include "hosts/office/engine/content.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <com/sun/star/io/XInputStream.hpp>
+#include <com/sun/star/lang/XMultiComponentFactory.hpp>
+#include <cstring>
+#include <unistd.h>
+
+#include "hosts/office/engine/file_stream.h"
+#include "hosts/office/engine/uno_support.h"
+
+namespace foliant::hosts::office {
+
+namespace {
+
+using css::uno::Reference;
+using css::uno::UNO_QUERY;
+
+std::string stream_text(const Reference<css::io::XInputStream>& stream) {
+    css::uno::Sequence<sal_Int8> bytes;
+    const sal_Int32 size = stream->readBytes(bytes, static_cast<sal_Int32>(sample_size));
+    return {reinterpret_cast<const char*>(bytes.getConstArray()), static_cast<std::size_t>(size)};
+}
+
+std::string entry_text(const Streams& package, std::string_view name) {
+    if (!has_stream(package, name)) return {};
+    return stream_text(Reference<css::io::XInputStream>(package->getByName(to_uno(name)), UNO_QUERY));
+}
+
+/// Opens a container (zip package, compound file) by the UNO service that reads it.
+Streams open_container(const DocumentFile& file, std::string_view service, const Office& office) {
+    css::uno::Sequence<css::uno::Any> arguments(1);
+    arguments.getArray()[0] <<= stream_of(file);
+    return {office.context->getServiceManager()->createInstanceWithArgumentsAndContext(
+                to_uno(service), arguments, office.context),
+            UNO_QUERY};
+}
+
+}  // namespace
+
+automation::Error damaged(const std::filesystem::path& path, std::string_view reason,
+                          const Application& application) {
+    return application.error(application.file_corrupted,
+                             path.string() + " is damaged: " + std::string(reason) +
+                                 ". Open it in a program that repairs documents, or use another copy.");
+}
+
+automation::Error not_a_document(const std::filesystem::path& path, std::string_view reason,
+                                 const Application& application) {
+    return application.error(application.unreadable, path.string() + " is not a document that " +
+                                                         std::string(application.short_name()) +
+                                                         " reads: " + std::string(reason) + ". Give " +
+                                                         std::string(application.reads) + ".");
+}
+
+std::string sample(const DocumentFile& file, const Application& application) {
+    std::string bytes(sample_size, '\0');
+    const ssize_t size = ::pread(file.descriptor.get(), bytes.data(), bytes.size(), 0);
+    if (size < 0) throw damaged(file.path, std::strerror(errno), application);
+    if (size == 0) throw damaged(file.path, "it is empty (0 bytes)", application);
+    bytes.resize(static_cast<std::size_t>(size));
+    return bytes;
+}
+
+PackageContent package_content(const DocumentFile& file, const Office& office,
+                               const Application& application) {
+    try {
+        const Streams package = open_container(file, "com.sun.star.packages.zip.ZipFileAccess", office);
+        return {entry_text(package, "[Content_Types].xml"), entry_text(package, "mimetype")};
+    } catch (const css::uno::Exception&) {
+        throw damaged(file.path, "it begins like a zip package and breaks off", application);
+    }
+}
+
+Streams compound_file_streams(const DocumentFile& file, const Office& office,
+                              const Application& application) {
+    try {
+        Streams streams = open_container(file, "com.sun.star.embed.OLESimpleStorage", office);
+        streams->getElementNames();
+        return streams;
+    } catch (const css::uno::Exception&) {
+        throw damaged(
+            file.path,
+            "it begins like an old " + std::string(application.short_name()) + " document and breaks off",
+            application);
+    }
+}
+
+bool has_stream(const Streams& streams, std::string_view name) {
+    return streams->hasByName(to_uno(name));
+}
+
+std::string extension_of(const std::filesystem::path& path) {
+    std::string extension = path.extension().string();
+    std::ranges::transform(extension, extension.begin(), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
+    return extension;
+}
+
+bool starts_with_any_case(std::string_view text, std::string_view start) {
+    return text.size() >= start.size() &&
+           std::ranges::equal(text.substr(0, start.size()), start, [](char a, char b) {
+               return a == b || (a >= 'A' && a <= 'Z' && a - 'A' + 'a' == b);
+           });
+}
+
+std::string_view skip_start(std::string_view text) {
+    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+    const std::size_t start = text.find_first_not_of(" \t\r\n");
+    return start == std::string_view::npos ? std::string_view() : text.substr(start);
+}
+
+bool is_utf16(std::string_view sample) {
+    return sample.starts_with("\xFF\xFE") || sample.starts_with("\xFE\xFF");
+}
+
+bool is_text(std::string_view sample) {
+    return is_utf16(sample) || std::ranges::none_of(sample, [](char character) {
+               const auto byte = static_cast<unsigned char>(character);
+               return byte < 0x20 &&
+                      std::string_view("\t\n\v\f\r\x1A\x1B\b").find(character) == std::string_view::npos;
+           });
+}
+
+bool is_utf8(std::string_view sample) {
+    std::size_t following = 0;
+    for (const char character : sample) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (following > 0) {
+            if ((byte & 0xC0U) != 0x80U) return false;
+            --following;
+        } else if (byte >= 0xC2 && byte <= 0xF4) {
+            following = byte >= 0xF0 ? 3 : byte >= 0xE0 ? 2 : 1;
+        } else if (byte >= 0x80) {
+            return false;
+        }
+    }
+    return following == 0 || sample.size() == sample_size;
+}
+
+}  // namespace foliant::hosts::office

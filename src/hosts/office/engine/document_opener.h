@@ -1,0 +1,22 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+#include "hosts/machine.h"
+#include "hosts/office/engine/document_loader.h"
+
+namespace foliant::hosts::office {
+
+/// Finds out how an application reads what a file holds; raises an error of the application when it does not.
+using ChooseFilter = std::function<ImportFilter(const DocumentFile&, const Office&)>;
+
+/// Opens a document, whose file `machine` opens, and starts LibreOffice before the first one (see
+/// load_document for what is promised). Raises, as errors of `application`, what `choose` and load_document
+/// raise, file_not_found, unreadable for a folder, a device or a pipe, and 70.
+std::unique_ptr<LoadedDocument> open_in_office(Machine& machine, const std::filesystem::path& path,
+                                               const Passwords& passwords, const Application& application,
+                                               const ChooseFilter& choose);
+
+}  // namespace foliant::hosts::office
