@@ -4,6 +4,7 @@
 #include <array>
 
 #include "automation/coerce.h"
+#include "automation/text.h"
 #include "cli/call.h"
 
 namespace foliant::cli {
@@ -21,8 +22,12 @@ bool is_about_settings(const Request& request) {
     return std::find(names.begin(), names.end(), request.member->name) != names.end();
 }
 
+/// The printer that the call names; "" when it names none.
 std::string wanted_printer(const Request& request) {
-    return request.arguments.empty() ? std::string() : automation::to_text(request.arguments.front().value);
+    const auto named = std::ranges::find_if(request.arguments, [](const automation::Argument& argument) {
+        return automation::equal_ignoring_case(argument.name, "strPrinter");
+    });
+    return named == request.arguments.end() ? std::string() : automation::to_text(named->value);
 }
 
 void require_settings(const Request& request, LocalMachine& machine) {
@@ -47,7 +52,10 @@ void require_printer(const std::string& printer, LocalMachine& machine) {
 
 void require_machine(const Request& request, LocalMachine& machine) {
     require_settings(request, machine);
-    if (request.member->name == set_printer) require_printer(wanted_printer(request), machine);
+    const std::string printer = wanted_printer(request);
+    // A member that cannot switch to its printer goes on with the default one: that may be anybody's.
+    if (request.member->name == set_printer || !automation::trim_blanks(printer).empty())
+        require_printer(printer, machine);
 }
 
 std::optional<Error> unkept_promise(const Request& request, LocalMachine& machine) {

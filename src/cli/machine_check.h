@@ -10,7 +10,7 @@ namespace foliant::cli {
 
 /// Raises an automation error when this machine cannot do what the request asks for, though the member would
 /// pass over it without a word: settings that cannot be read where they are all that the member is about or
-/// where protection depends on them, and a printer that does not exist.
+/// where protection depends on them, and a printer that does not exist: printing would go on, on another one.
 void require_machine(const Request& request, platform::local::LocalMachine& machine);
 
 /// After a call that raised nothing: what it has not done all the same.
