@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
+#include <qpdf/QPDFObjectHandle.hh>
 #include <string>
 #include <string_view>
 
@@ -45,6 +47,9 @@ class Document {
     /// automation error, and exhausted memory, stay what they are.
     [[noreturn]] void raise_unusable() const;
 
+    /// The bookmark that was made last, as long as the document is open.
+    std::optional<QPDFObjectHandle>& newest_bookmark() noexcept { return newest_bookmark_; }
+
     /// To be told after each change: what was read of the document before does not count any more.
     void note_change() noexcept {
         ++revision_;
@@ -66,6 +71,7 @@ class Document {
     std::string path_;
     std::string password_;
     std::shared_ptr<structure::Pdf> pdf_;
+    std::optional<QPDFObjectHandle> newest_bookmark_;
     std::unique_ptr<DocumentText> text_;  ///< null before it is asked for, and after a change
     std::uint64_t revision_ = 0;
 };

@@ -5,6 +5,7 @@
 #include "hosts/acrobat/acrobat_error.h"
 #include "hosts/acrobat/application.h"
 #include "hosts/acrobat/av_document.h"
+#include "hosts/acrobat/pd_bookmark.h"
 #include "hosts/acrobat/pd_document.h"
 #include "hosts/acrobat/rectangle.h"
 #include "hosts/containment/usual_files.h"
@@ -20,6 +21,7 @@ automation::ObjectPtr create(std::string_view class_name, Machine& machine) {
     if (is(registered::acrobat)) return make_application(std::move(program));
     if (is(registered::acrobat_viewer)) return std::make_shared<AvDocument>(std::move(program));
     if (is(registered::acrobat_rectangle)) return std::make_shared<AcrobatRectangle>();
+    if (is(registered::acrobat_bookmark)) return std::make_shared<PdBookmark>();
     if (is(registered::acrobat_document)) return std::make_shared<PdDocument>(std::move(program));
     throw acrobat_error(automation::RuntimeError::cannot_create_object,
                         "qpdf stands in for no class " + std::string(class_name) + ".");

@@ -6,6 +6,8 @@
 
 #include "hosts/acrobat/acrobat_error.h"
 #include "hosts/acrobat/open_file.h"
+#include "hosts/acrobat/pd_bookmark.h"
+#include "hosts/acrobat/web_links.h"
 
 namespace foliant::hosts::acrobat {
 
@@ -17,7 +19,9 @@ struct MenuItem {
 };
 
 constexpr std::array menu{
+    MenuItem{"NewBookmark", add_bookmark_for_view},
     MenuItem{"Open", open_by_dialog},
+    MenuItem{"Weblink:CreateURLs", create_web_links},
 };
 
 }  // namespace

@@ -35,7 +35,11 @@ PdDocument::PdDocument(ProgramPtr program, DocumentPtr document)
 }
 
 Document& PdDocument::opened() const {
-    if (document_) return *document_;
+    return *shared();
+}
+
+const DocumentPtr& PdDocument::shared() const {
+    if (document_) return document_;
     if (failure_) throw Error(*failure_);
     throw acrobat_error(RuntimeError::object_not_set, "No document is open.");
 }

@@ -26,6 +26,8 @@ class PdDocument : public LateBound {
 
     /// The document that it holds. Raises why there is none.
     Document& opened() const;
+    /// The same, for whoever keeps it.
+    const DocumentPtr& shared() const;
 
     const ProgramPtr& program() const noexcept { return program_; }
 
