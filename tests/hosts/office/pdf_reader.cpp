@@ -1,6 +1,7 @@
 #include "hosts/office/pdf_reader.h"
 
 #include <cmath>
+#include <cstdio>
 #include <poppler.h>
 #include <sstream>
 #include <stdexcept>
@@ -78,6 +79,27 @@ PdfReader::Place PdfReader::place(int number, const std::string& words) const {
     const Place place{first->x1, height - first->y2};
     g_list_free_full(matches, [](void* box) { poppler_rectangle_free(static_cast<PopplerRectangle*>(box)); });
     return place;
+}
+
+PdfReader::Look PdfReader::look(int number, const std::string& words) const {
+    const Page found = page(number);
+    const std::string text = taken(poppler_page_get_text(found.page.get()));
+    const std::size_t byte = text.find(words);
+    if (byte == std::string::npos)
+        throw std::runtime_error("\"" + words + "\" is not on page " + std::to_string(number));
+    const auto index = g_utf8_pointer_to_offset(text.c_str(), text.c_str() + byte);
+    GList* runs = poppler_page_get_text_attributes(found.page.get());
+    Look look{};
+    for (const GList* each = runs; each != nullptr; each = each->next) {
+        const auto* run = static_cast<PopplerTextAttributes*>(each->data);
+        if (index < run->start_index || index > run->end_index) continue;
+        char color[8];
+        std::snprintf(color, sizeof color, "#%02x%02x%02x", run->color.red >> 8U, run->color.green >> 8U,
+                      run->color.blue >> 8U);
+        look = {run->font_name, run->font_size, color};
+    }
+    poppler_page_free_text_attributes(runs);
+    return look;
 }
 
 }  // namespace foliant::hosts::office::test

@@ -29,6 +29,14 @@ class PdfReader {
     /// Where the first occurrence of `words` begins.
     Place place(int page, const std::string& words) const;
 
+    struct Look {
+        std::string font;  ///< its name in the document
+        double points;
+        std::string color;  ///< "#ff0000"
+    };
+    /// How the first occurrence of `words` looks at its beginning.
+    Look look(int page, const std::string& words) const;
+
   private:
     struct Page;
     Page page(int number) const;

@@ -1,15 +1,11 @@
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include "automation/object.h"
 #include "automation/value.h"
-#include "hosts/module.h"
 #include "hosts/office/noting_machine.h"
+#include "hosts/office/office_module.h"
 #include "hosts/office/pdf_reader.h"
-#include "hosts/office/scratch.h"
-#include "hosts/process/host_process.h"
 #include "support/error_of.h"
-#include "support/scratch_folder.h"
 
 namespace foliant::hosts::office {
 namespace {
@@ -17,13 +13,8 @@ namespace {
 using automation::named;
 using automation::Value;
 
-const Module& office_module() {
-    static void* library = dlopen(OFFICE_MODULE, RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr) throw std::runtime_error(dlerror());
-    return *reinterpret_cast<ModuleEntry>(dlsym(library, "foliant_host_module"))();
-}
-
 using test::NotingMachine;
+using test::office_module;
 
 class WordHost : public testing::Test {
   protected:

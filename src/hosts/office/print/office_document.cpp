@@ -3,6 +3,7 @@
 #include <com/sun/star/util/XCloseable.hpp>
 #include <com/sun/star/view/XRenderable.hpp>
 
+#include "hosts/office/engine/layout_pause.h"
 #include "hosts/office/engine/loaded_document.h"
 #include "hosts/office/engine/translated.h"
 #include "hosts/office/print/output.h"
@@ -39,12 +40,17 @@ const LoadedDocument& OfficeDocument::loaded() const {
     return *loaded_;
 }
 
+void OfficeDocument::pause_layout() {
+    if (!pause_) pause_ = std::make_unique<LayoutPause>(loaded().component);
+}
+
 std::string OfficeDocument::title() const {
     return loaded().file.path.filename().string();
 }
 
 int OfficeDocument::page_count() const {
     return translated(loaded(), "lay out", [&] {
+        pause_.reset();
         const Reference<css::view::XRenderable> pages(loaded().component, UNO_QUERY_THROW);
         const auto options =
             uno_sequence<css::beans::PropertyValue>({uno_argument("IsSkipEmptyPages", false)});
@@ -59,6 +65,7 @@ std::string OfficeDocument::pdf(std::string_view pages, bool for_postscript) con
                                  : format_page_runs(parse_page_range(
                                        pages, page_count(), loaded().file.path.string(), application_));
     return translated(loaded(), "print", [&] {
+        pause_.reset();
         return export_to_pdf(loaded(), runs, for_postscript ? PdfUse::postscript : PdfUse::document);
     });
 }
@@ -85,6 +92,7 @@ void OfficeDocument::close() {
     translated(loaded(), "close",
                [&] { Reference<css::util::XCloseable>(loaded().component, UNO_QUERY_THROW)->close(true); });
     loaded_.reset();
+    pause_.reset();  // last: what is closed is not laid out once more
 }
 
 }  // namespace foliant::hosts::office

@@ -9,6 +9,7 @@
 
 namespace foliant::hosts::office {
 
+class LayoutPause;
 struct LoadedDocument;
 
 /// A document open in LibreOffice, whichever application it belongs to. Changes live in memory only; the file
@@ -44,11 +45,15 @@ class OfficeDocument : public Printable {
   protected:
     const LoadedDocument& loaded() const;
 
+    /// Holds the layout still until pages are counted or printed, so that all changes together cost one.
+    void pause_layout();
+
   private:
     std::string pdf(std::string_view pages, bool for_postscript) const;
     std::string postscript(std::string_view pages) const;
 
     std::unique_ptr<LoadedDocument> loaded_;
+    mutable std::unique_ptr<LayoutPause> pause_;  ///< that it ends is nothing that a caller sees
     const Application& application_;
 };
 

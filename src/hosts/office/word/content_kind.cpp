@@ -9,6 +9,7 @@
 #include "hosts/office/engine/content.h"
 #include "hosts/office/engine/file_stream.h"
 #include "hosts/office/engine/uno_support.h"
+#include "hosts/office/word/text_encoding.h"
 #include "hosts/office/word/word_error.h"
 
 namespace foliant::hosts::office {
@@ -84,6 +85,16 @@ std::optional<ImportFilter> old_format_filter(std::string_view start, const Docu
     return ImportFilter{filter, ""};
 }
 
+ImportFilter plain_text(std::string_view bytes) {
+    const std::string filter(plain_text_filter);
+    if (is_utf16(bytes)) return {filter, "UNICODE,LF"};
+    const std::string_view encoding = is_utf8(bytes) ? "UTF8" : text_encoding(character_locale());
+    // "LF" takes a carriage return before it as well, and one that stands alone for nothing.
+    const bool old_mac =
+        bytes.find('\n') == std::string_view::npos && bytes.find('\r') != std::string_view::npos;
+    return {filter, std::string(encoding) + (old_mac ? ",CR" : ",LF")};
+}
+
 ImportFilter markup_or_text_filter(const std::filesystem::path& path, std::string_view bytes) {
     const std::string extension = extension_of(path);
     const std::string_view start = skip_start(bytes);
@@ -101,8 +112,7 @@ ImportFilter markup_or_text_filter(const std::filesystem::path& path, std::strin
     const bool markup = starts_with_any_case(start, "<!doctype html") || starts_with_any_case(start, "<html");
     if (markup || extension == ".html" || extension == ".htm" || extension == ".xhtml")
         return {"HTML (StarWriter)", ""};
-    if (is_utf16(bytes)) return {"Text (encoded)", "UNICODE,LF"};
-    return {"Text (encoded)", is_utf8(bytes) ? "UTF8,LF" : "ANSI,LF"};
+    return plain_text(bytes);
 }
 
 }  // namespace

@@ -1,8 +1,13 @@
 #pragma once
 
+#include <string_view>
+
 #include "hosts/office/engine/document_loader.h"
 
 namespace foliant::hosts::office {
+
+/// The import filter that reads plain text.
+inline constexpr std::string_view plain_text_filter = "Text (encoded)";
 
 /// Decides by its content how a document is to be read.
 ///

@@ -2,7 +2,6 @@
 
 #include <com/sun/star/container/XEnumerationAccess.hpp>
 #include <com/sun/star/container/XNameAccess.hpp>
-#include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/style/XStyle.hpp>
 #include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
 #include <com/sun/star/text/XTextDocument.hpp>
@@ -75,18 +74,6 @@ SectionStyles first_section_styles(const DocumentModel& document) {
     const std::string follow = follow_of(first);
     if (follow.empty() || follow == name) return {first, first};
     return {first, style_named(styles, follow)};
-}
-
-LayoutPause::LayoutPause(const DocumentModel& document) : document_(document) {
-    Reference<css::frame::XModel>(document_, UNO_QUERY_THROW)->lockControllers();
-}
-
-LayoutPause::~LayoutPause() {
-    try {
-        Reference<css::frame::XModel>(document_, UNO_QUERY_THROW)->unlockControllers();
-    } catch (const css::uno::Exception&) {
-        // The document is gone, and its layout with it.
-    }
 }
 
 }  // namespace foliant::hosts::office

@@ -1,15 +1,15 @@
 #pragma once
 
 #include <com/sun/star/beans/XPropertySet.hpp>
-#include <com/sun/star/lang/XComponent.hpp>
 #include <string>
 #include <vector>
+
+#include "hosts/office/engine/layout_pause.h"
 
 namespace foliant::hosts::office {
 
 /// A page style of a document: what Word calls the page setup of a section. Lengths are in 1/100 mm.
 using PageStyle = com::sun::star::uno::Reference<com::sun::star::beans::XPropertySet>;
-using DocumentModel = com::sun::star::uno::Reference<com::sun::star::lang::XComponent>;
 
 /// The page styles that the pages of the document have, each once.
 std::vector<PageStyle> page_styles_in_use(const DocumentModel& document);
@@ -23,17 +23,5 @@ struct SectionStyles {
 };
 
 SectionStyles first_section_styles(const DocumentModel& document);
-
-/// Holds the layout of a document still while it is changed, so that it is done once.
-class LayoutPause {
-  public:
-    explicit LayoutPause(const DocumentModel& document);
-    LayoutPause(const LayoutPause&) = delete;
-    LayoutPause& operator=(const LayoutPause&) = delete;
-    ~LayoutPause();
-
-  private:
-    DocumentModel document_;
-};
 
 }  // namespace foliant::hosts::office

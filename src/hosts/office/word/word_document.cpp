@@ -5,8 +5,10 @@
 
 #include "automation/coerce.h"
 #include "hosts/late_bound.h"
+#include "hosts/office/word/opened.h"
 #include "hosts/office/word/print_out.h"
-#include "hosts/office/word/word_error.h"
+#include "hosts/office/word/word_content.h"
+#include "hosts/office/word/word_page_setup.h"
 
 namespace foliant::hosts::office {
 
@@ -16,37 +18,11 @@ using automation::Value;
 
 namespace {
 
-using DocumentPtr = std::shared_ptr<TextDocument>;
-
-constexpr std::int32_t portrait = 0;
-constexpr std::int32_t landscape = 1;
-
-TextDocument& opened(const DocumentPtr& document) {
-    if (!document->is_open()) throw word_error(WordError::object_deleted, "The document has been closed.");
-    return *document;
-}
-
 /// Raises for an index that is not the one element that there is.
 void expect_first(const Value& index, const std::string& what) {
     if (!is_given(index)) throw automation::Error(automation::RuntimeError::argument_not_optional);
     if (to_int32(index) != 1)
         throw word_error(WordError::no_such_element, "Only " + what + " 1 of a document can be reached.");
-}
-
-void set_orientation(TextDocument& document, std::int32_t orientation) {
-    if (orientation != portrait && orientation != landscape)
-        throw microsoft_word.error(
-            microsoft_word.value_out_of_range,
-            "An orientation is 0 (portrait) or 1 (landscape), not " + std::to_string(orientation) + ".");
-    document.set_orientation(orientation == landscape);
-}
-
-ObjectPtr make_page_setup(const DocumentPtr& document) {
-    auto setup = std::make_shared<LateBound>(microsoft_word.name);
-    setup->add_property(
-        "Orientation", [document] { return opened(document).is_landscape() ? landscape : portrait; },
-        [document](const Value& value) { set_orientation(opened(document), to_int32(value)); });
-    return setup;
 }
 
 void add_page_number(TextDocument& document, PageBand band, const Bound& arguments) {
@@ -103,6 +79,7 @@ void close(TextDocument& document, const Value& save_changes) {
 
 ObjectPtr make_word_document(std::shared_ptr<RunningWord> session, DocumentPtr document) {
     auto object = std::make_shared<LateBound>(microsoft_word.name);
+    object->add_property("Content", [document] { return make_content(document); });
     object->add_property("PageSetup", [document] { return make_page_setup(document); });
     object->add_method("Sections", {"Index"}, [document](const Bound& arguments) {
         expect_first(arguments[0], "section");

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <memory>
+
+#include "hosts/office/word/text_document.h"
+#include "hosts/office/word/word_error.h"
+
+namespace foliant::hosts::office {
+
+using DocumentPtr = std::shared_ptr<TextDocument>;
+
+/// The document, for a call on one of its objects. Raises 5825 when it has been closed.
+inline TextDocument& opened(const DocumentPtr& document) {
+    if (!document->is_open()) throw word_error(WordError::object_deleted, "The document has been closed.");
+    return *document;
+}
+
+}  // namespace foliant::hosts::office

@@ -1,0 +1,205 @@
+// Text files in Word, as the members for text files set them up.
+
+#include <gtest/gtest.h>
+
+#include "automation/object.h"
+#include "automation/value.h"
+#include "hosts/office/noting_machine.h"
+#include "hosts/office/office_module.h"
+#include "hosts/office/pdf_reader.h"
+#include "support/error_of.h"
+
+namespace foliant::hosts::office {
+namespace {
+
+using automation::Value;
+using test::PdfReader;
+
+class TextHost : public testing::Test {
+  protected:
+    Value open(std::string_view content) {
+        const auto file = folder.write("notes.txt", content);
+        return word.get("Documents").call("Open", {file.string()});
+    }
+
+    PdfReader print(const Value& document) {
+        machine.answer = (folder / "out.pdf").string();
+        word.set("ActivePrinter", "Adobe PDF");
+        document.call("PrintOut");
+        return PdfReader(folder / "out.pdf");
+    }
+
+    std::string printed(std::string_view content) { return print(open(content)).text(1); }
+
+    tests::ScratchFolder folder;
+    test::NotingMachine machine;
+    process::HostProcess host{{"Word", "LibreOffice Writer", test::office_module}, machine};
+    Value word = host.create("Word.Application");
+};
+
+Value font_of(const Value& document) {
+    return document.get("Content").get("Font");
+}
+
+TEST_F(TextHost, ReadsUtf8WithAndWithoutAMark) {
+    EXPECT_EQ(printed("Łódź, Ελλάδα\r\nМосква\r\n"), "Łódź, Ελλάδα / Москва");
+    EXPECT_EQ(printed("\xEF\xBB\xBFŁódź\n"), "Łódź");
+}
+
+TEST_F(TextHost, ReadsUtf16InBothByteOrders) {
+    using namespace std::string_view_literals;
+    EXPECT_EQ(printed("\xFF\xFE\x41\x01\xF3\x00\x0D\x00\x0A\x00z\x00"sv), "Łó / z");
+    EXPECT_EQ(printed("\xFE\xFF\x01\x41\x00\xF3\x00\x0D\x00\x0A\x00z"sv), "Łó / z");
+}
+
+TEST_F(TextHost, ReadsEveryKindOfLineEnd) {
+    EXPECT_EQ(printed("one\rtwo\r"), "one / two");
+    EXPECT_EQ(printed("one\ntwo\n"), "one / two");
+    EXPECT_EQ(printed("one\r\ntwo\r\n"), "one / two");
+}
+
+TEST_F(TextHost, BeginsAPageAtAFormFeed) {
+    const PdfReader pdf = print(open("before\fafter\n"));
+    ASSERT_EQ(pdf.pages(), 2);
+    EXPECT_EQ(pdf.text(1), "before");
+    EXPECT_EQ(pdf.text(2), "after");
+}
+
+TEST_F(TextHost, SetsTabsAndWrapsLinesThatAreTooLong) {
+    const PdfReader pdf = print(open("a\tb\n" + std::string(400, 'x') + " end\n"));
+    EXPECT_GT(pdf.place(1, "b").left - pdf.place(1, "a").left, 30);
+    EXPECT_GT(pdf.place(1, "end").top - pdf.place(1, "a").top, 40);
+    EXPECT_GT(pdf.place(1, "end").left, pdf.place(1, "a").left);
+}
+
+TEST_F(TextHost, TheFontIsThatOfAllTheText) {
+    const Value document = open("first\n\nlast, Москва\n");
+    const Value font = font_of(document);
+    font.set("Name", "Liberation Serif");
+    font.set("Size", std::int16_t{20});
+    font.set("Bold", true);
+    font.set("Italic", true);
+    font.set("Color", std::int32_t{0x0000FF});
+    const PdfReader pdf = print(document);
+    for (const char* words : {"first", "last", "Москва"}) {
+        const PdfReader::Look look = pdf.look(1, words);
+        EXPECT_NE(look.font.find("LiberationSerif-BoldItalic"), std::string::npos) << look.font;
+        EXPECT_NEAR(look.points, 20, 0.2) << words;
+        EXPECT_EQ(look.color, "#ff0000") << words;
+    }
+}
+
+TEST_F(TextHost, AnUnderlineIsDrawn) {
+    const auto printed_size = [&](bool underlined) {
+        const Value document = open("words\n");
+        font_of(document).set("Underline", underlined);
+        print(document);
+        return std::filesystem::file_size(folder / "out.pdf");
+    };
+    EXPECT_GT(printed_size(true), printed_size(false));
+}
+
+TEST_F(TextHost, WithoutANameTheTextStandsInAFontOfEvenWidth) {
+    const Value document = open("iiii\nMMMM\n");
+    font_of(document).set("Size", std::int16_t{8});
+    const PdfReader::Look look = print(document).look(1, "MMMM");
+    EXPECT_NE(look.font.find("Mono"), std::string::npos) << look.font;
+    EXPECT_NEAR(look.points, 8, 0.2);
+    EXPECT_EQ(look.color, "#000000");
+}
+
+TEST_F(TextHost, ResetGivesTheTextBackItsOwnFormatting) {
+    const Value document = open("words\n");
+    const Value font = font_of(document);
+    const Value name = font.get("Name");
+    const Value size = font.get("Size");
+    font.set("Name", "Liberation Serif");
+    font.set("Size", std::int16_t{20});
+    font.set("Bold", true);
+    EXPECT_EQ(font.get("Bold"), Value(true));
+    font.call("Reset");
+    EXPECT_EQ(font.get("Name"), name);
+    EXPECT_EQ(font.get("Size"), size);
+    EXPECT_EQ(font.get("Bold"), Value(false));
+    EXPECT_NE(print(document).look(1, "words").font.find("Mono"), std::string::npos);
+}
+
+TEST_F(TextHost, TheFontOfADocumentIsSetOverItsOwnFormatting) {
+    const Value document = word.get("Documents").call("Open", {test::document("one.docx").string()});
+    font_of(document).set("Name", "Liberation Mono");
+    font_of(document).set("Size", 20.0F);
+    const PdfReader pdf = print(document);
+    const std::string text = pdf.text(1);
+    const PdfReader::Look look = pdf.look(1, text.substr(0, text.find(' ')));
+    EXPECT_NE(look.font.find("LiberationMono"), std::string::npos) << look.font;
+    EXPECT_NEAR(look.points, 20, 0.2);
+}
+
+TEST_F(TextHost, TellsWhatItWasTold) {
+    const Value document = open("words\n");
+    const Value font = font_of(document);
+    font.set("Name", "Liberation Serif");
+    font.set("Size", 10.5F);
+    font.set("Color", std::int32_t{0x123456});
+    font.set("Underline", std::int32_t{1});
+    EXPECT_EQ(font.get("Name"), Value("Liberation Serif"));
+    EXPECT_EQ(font.get("Size"), Value(10.5F));
+    EXPECT_EQ(font.get("Color"), Value(std::int32_t{0x123456}));
+    EXPECT_EQ(font.get("Underline"), Value(std::int32_t{1}));
+    EXPECT_EQ(font.get("Italic"), Value(false));
+}
+
+TEST_F(TextHost, MarginsAreThePointsFromThePapersEdgesToTheText) {
+    const Value document = open("words\n");
+    const Value setup = document.get("PageSetup");
+    setup.set("LeftMargin", 144.0F);
+    setup.set("TopMargin", 100.0F);
+    EXPECT_NEAR(*setup.get("LeftMargin").if_holds<float>(), 144, 0.1);
+    const PdfReader pdf = print(document);
+    EXPECT_NEAR(pdf.place(1, "words").left, 144, 1);
+    EXPECT_NEAR(pdf.place(1, "words").top, 100, 4);
+}
+
+TEST_F(TextHost, MarginsCountUpToTheTextAlsoWhereThereIsAPageNumber) {
+    const Value document = open("words\n");
+    document.get("Sections", {std::int16_t{1}})
+        .get("Headers", {std::int16_t{1}})
+        .get("PageNumbers")
+        .call("Add", {std::int16_t{1}, true});
+    document.get("PageSetup").set("TopMargin", 150.0F);
+    const PdfReader pdf = print(document);
+    EXPECT_NEAR(pdf.place(1, "words").top, 150, 4);
+    EXPECT_LT(pdf.place(1, "1").top, 60);
+}
+
+TEST_F(TextHost, RefusesWhatNoPageOrFontHas) {
+    const Value document = open("words\n");
+    const auto number = [](auto&& call) { return tests::error_of(call).number(); };
+    EXPECT_EQ(number([&] { document.get("PageSetup").set("LeftMargin", 1000.0F); }), 4608);
+    EXPECT_EQ(number([&] { document.get("PageSetup").set("LeftMargin", -1.0F); }), 4608);
+    EXPECT_EQ(number([&] { font_of(document).set("Size", std::int16_t{0}); }), 4608);
+    EXPECT_EQ(number([&] { font_of(document).set("Size", std::int16_t{1639}); }), 4608);
+    EXPECT_EQ(number([&] { font_of(document).set("Color", std::int32_t{0x1000000}); }), 4608);
+    EXPECT_EQ(number([&] { font_of(document).set("Underline", std::int32_t{7}); }), 4608);
+}
+
+TEST_F(TextHost, AClosedDocumentHasNoFontAnyMore) {
+    const Value document = open("words\n");
+    const Value font = font_of(document);
+    document.call("Close", {false});
+    EXPECT_EQ(tests::error_of([&] { font.set("Bold", true); }).number(), 5825);
+}
+
+TEST_F(TextHost, PrintsAMegabyteOfText) {
+    std::string content;
+    while (content.size() < 1048576)
+        content += "The quick brown fox jumps over the lazy dog, again and again.\n";
+    const Value document = open(content);
+    font_of(document).set("Size", std::int16_t{8});
+    const PdfReader pdf = print(document);
+    EXPECT_GT(pdf.pages(), 150);
+    EXPECT_NE(pdf.text(pdf.pages()).find("lazy dog"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace foliant::hosts::office
