@@ -15,6 +15,10 @@ struct Host {
     std::string_view package;  ///< The Debian package that brings the engine; "" when there is none.
     /// Runs in a process of its own that the kernel contains, by the policy that its module states.
     bool contained = false;
+    /// The text with which it is told to save a document under its own name. A contained host may replace a
+    /// document then, and when it is given the document's name again as that of an output; "" for a host that
+    /// never may.
+    std::string_view save_command = {};
 };
 
 /// All hosts that the library drives, whether this version has a stand-in or not; in the order to show them

@@ -71,6 +71,11 @@ DocumentPtr Document::open(Machine& machine, const std::string& path, const std:
     }
 }
 
+void Document::note_saved(const std::string& path) {
+    if (path_.empty()) path_ = path;
+    saved_revision_ = pdf_->revision();
+}
+
 void Document::raise_unusable() const {
     const std::string file = path_.empty() ? "The new document" : path_;
     try {
@@ -93,9 +98,8 @@ void Document::raise_unusable() const {
 DocumentText& Document::text() {
     if (!text_) {
         with_file_named(*this, [&](structure::Pdf& pdf) {
-            const bool as_in_file = pdf.file() && !is_changed();
-            text_ = as_in_file ? std::make_unique<DocumentText>(pdf.file(), password_, most_text())
-                               : std::make_unique<DocumentText>(pdf, most_text());
+            text_ = pdf.is_as_read() ? std::make_unique<DocumentText>(pdf.file(), password_, most_text())
+                                     : std::make_unique<DocumentText>(pdf, most_text());
         });
     }
     return *text_;

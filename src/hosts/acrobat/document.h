@@ -43,8 +43,8 @@ class Document {
     /// The text of its pages as they are now. Raises a failure that names the file.
     DocumentText& text();
 
-    /// Call it inside a catch clause: raises what is being handled as a failure that names the file. An
-    /// automation error, and exhausted memory, stay what they are.
+    /// Call it inside a catch clause: raises what is being handled as a failure that names the file. What is
+    /// no matter of the document (memory, outputs, automation errors) stays what it is.
     [[noreturn]] void raise_unusable() const;
 
     /// The bookmark that was made last, as long as the document is open.
@@ -52,14 +52,15 @@ class Document {
 
     /// To be told after each change: what was read of the document before does not count any more.
     void note_change() noexcept {
-        ++revision_;
+        pdf_->note_change();
         text_.reset();
     }
     /// The same for what leaves the text of the pages as it is: bookmarks, links, information.
-    void note_addition() noexcept { ++revision_; }
-    /// Grows with each change.
-    std::uint64_t revision() const noexcept { return revision_; }
-    bool is_changed() const noexcept { return revision_ > 0; }
+    void note_addition() noexcept { pdf_->note_change(); }
+    /// Whether it was changed since it was opened or saved.
+    bool is_changed() const noexcept { return pdf_->revision() != saved_revision_; }
+    /// It is saved as it is now.
+    void note_saved(const std::string& path);
 
   private:
     Document(Machine& machine, std::string path, std::string password, std::shared_ptr<structure::Pdf> pdf);
@@ -73,7 +74,7 @@ class Document {
     std::shared_ptr<structure::Pdf> pdf_;
     std::optional<QPDFObjectHandle> newest_bookmark_;
     std::unique_ptr<DocumentText> text_;  ///< null before it is asked for, and after a change
-    std::uint64_t revision_ = 0;
+    std::uint64_t saved_revision_ = 0;
 };
 
 using DocumentPtr = std::shared_ptr<Document>;

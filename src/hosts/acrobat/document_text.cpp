@@ -1,11 +1,11 @@
 #include "hosts/acrobat/document_text.h"
 
-#include <qpdf/Buffer.hh>
-#include <qpdf/QPDFWriter.hh>
 #include <qpdf/QUtil.hh>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "hosts/acrobat/structure/write_pdf.h"
 
 namespace foliant::hosts::acrobat {
 namespace {
@@ -26,13 +26,8 @@ std::unique_ptr<TextReader> open(const text::Bytes& bytes, const std::string& pa
 
 /// The document as a file that needs no password.
 text::Bytes current_bytes(structure::Pdf& pdf) {
-    QPDFWriter writer(pdf.qpdf());
-    writer.setOutputMemory();
-    writer.setPreserveEncryption(false);
-    writer.setStreamDataMode(qpdf_s_preserve);
-    writer.write();
-    const std::shared_ptr<Buffer> bytes = writer.getBufferSharedPointer();
-    return {{reinterpret_cast<const char*>(bytes->getBuffer()), bytes->getSize()}, bytes};
+    const auto bytes = std::make_shared<const std::string>(structure::written_pdf(pdf));
+    return {*bytes, bytes};
 }
 
 }  // namespace

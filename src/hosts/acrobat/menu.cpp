@@ -6,7 +6,9 @@
 
 #include "hosts/acrobat/acrobat_error.h"
 #include "hosts/acrobat/open_file.h"
+#include "hosts/acrobat/password_security.h"
 #include "hosts/acrobat/pd_bookmark.h"
+#include "hosts/acrobat/save.h"
 #include "hosts/acrobat/web_links.h"
 
 namespace foliant::hosts::acrobat {
@@ -21,6 +23,8 @@ struct MenuItem {
 constexpr std::array menu{
     MenuItem{"NewBookmark", add_bookmark_for_view},
     MenuItem{"Open", open_by_dialog},
+    MenuItem{"Save", save_active_document},
+    MenuItem{"SecureApplyPwdSecurity", protect_active_document},
     MenuItem{"Weblink:CreateURLs", create_web_links},
 };
 

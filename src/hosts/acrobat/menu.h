@@ -10,6 +10,8 @@ namespace foliant::hosts::acrobat {
 ///
 ///     NewBookmark                a bookmark "Untitled" on what the window in front shows
 ///     Open                       asks for a file, and for its password where it has one, and shows it
+///     Save                       saves the document in front, all of it, under its own name
+///     SecureApplyPwdSecurity     protects it with a password to open it; see password_security.h
 ///     Weblink:CreateURLs         makes links of the addresses that are written in the document; web_links.h
 ///
 /// Whether it was done. Raises for an item that is not known, and what the item raises.

@@ -1,5 +1,6 @@
 #include "hosts/acrobat/pd_document.h"
 
+#include <iterator>
 #include <utility>
 
 #include "automation/coerce.h"
@@ -7,6 +8,8 @@
 #include "hosts/acrobat/av_document.h"
 #include "hosts/acrobat/open_file.h"
 #include "hosts/acrobat/page.h"
+#include "hosts/acrobat/save.h"
+#include "hosts/acrobat/structure/information.h"
 #include "hosts/acrobat/structure/unreadable.h"
 #include "hosts/acrobat/text_selection.h"
 
@@ -14,6 +17,7 @@ namespace foliant::hosts::acrobat {
 
 using automation::Error;
 using automation::RuntimeError;
+using automation::to_int32;
 using automation::to_text;
 using automation::Value;
 
@@ -24,9 +28,24 @@ PdDocument::PdDocument(ProgramPtr program, DocumentPtr document)
     add_method("Close", {}, [this](const Bound&) { return close(); });
     add_method("GetNumPages", {}, [this](const Bound&) { return page_count(); });
     add_method("AcquirePage", {"nPage"},
-               [this](const Bound& given) { return make_page(opened(), automation::to_int32(given[0])); });
-    add_method("CreateTextSelect", {"nPage", "iAcroRect"}, [this](const Bound& given) {
-        return select_text(opened(), automation::to_int32(given[0]), given[1]);
+               [this](const Bound& given) { return make_page(opened(), to_int32(given[0])); });
+    add_method("CreateTextSelect", {"nPage", "iAcroRect"},
+               [this](const Bound& given) { return select_text(opened(), to_int32(given[0]), given[1]); });
+    add_method("InsertPages",
+               {"nInsertPageAfter", "iPDDocSource", "nStartPage", "nNumPages", "bInsertBookmarks"},
+               [this](const Bound& given) { return insert_pages(given); });
+    add_method("SetInfo", {"szInfoKey", "szBuffer"},
+               [this](const Bound& given) { return set_information(given); });
+    add_method("GetInfo", {"szInfoKey"}, [this](const Bound& given) {
+        return structure::information(opened().pdf(), to_text(given[0]));
+    });
+    add_method("SetFlags", {"nFlags"}, [this](const Bound&) {
+        opened();
+        return std::int32_t{0};
+    });
+    add_method("Save", {"nType", "szFullPath"}, [this](const Bound& given) {
+        save(opened(), automation::to_int16(given[0]), to_text(given[1]));
+        return true;
     });
     add_method("OpenAVDoc", {"szTitle"}, [this](const Bound&) {
         opened();
@@ -56,6 +75,34 @@ bool PdDocument::open(const std::string& path) {
         failure_ = failure;
     }
     return document_ != nullptr;
+}
+
+bool PdDocument::insert_pages(const Bound& given) {
+    Document& target = opened();
+    const auto* const object = given[1].if_holds<automation::ObjectPtr>();
+    const auto* const source = object == nullptr ? nullptr : dynamic_cast<const PdDocument*>(object->get());
+    if (source == nullptr) throw Error(RuntimeError::type_mismatch);
+    const std::int32_t after = to_int32(given[0]);
+    const std::int32_t first = to_int32(given[2]);
+    const std::int32_t count = to_int32(given[3]);
+    const auto coming = with_file_named(source->opened(), [](auto& pdf) { return std::ssize(pdf.pages()); });
+    const auto there = with_file_named(target, [](auto& pdf) { return std::ssize(pdf.pages()); });
+    if (after < -1 || after >= there || first < 0 || count < 0 || first + std::int64_t{count} > coming)
+        throw acrobat_error(RuntimeError::invalid_procedure_call,
+                            "There are no such pages to insert, or to insert them after.");
+    const bool with_bookmarks = automation::to_bool(given[4]);
+    // What is damaged in the source shows while it is copied.
+    with_file_named(source->opened(), [&](structure::Pdf& pdf) {
+        target.pdf().insert_pages(pdf, static_cast<std::size_t>(after + 1), static_cast<std::size_t>(first),
+                                  static_cast<std::size_t>(count), with_bookmarks);
+    });
+    target.note_change();
+    return true;
+}
+
+bool PdDocument::set_information(const Bound& given) {
+    structure::set_information(opened().pdf(), to_text(given[0]), to_text(given[1]));
+    return true;
 }
 
 std::int32_t PdDocument::page_count() const {

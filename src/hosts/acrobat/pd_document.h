@@ -17,6 +17,13 @@ namespace foliant::hosts::acrobat {
 ///     AcquirePage(page)    one page, from 0; see page.h
 ///     CreateTextSelect(page, rectangle)    its words; see text_selection.h
 ///     OpenAVDoc(title)     a window on it
+///     AcquirePage(number)  a page, from 0; see page.h
+///     InsertPages(after, source, first, count, bookmarks)
+///                          inserts pages of another PDDoc behind page `after`, -1 for the beginning
+///     SetInfo(key, text)   "Title", "Author" ...
+///     GetInfo(key)         the same; "" for nothing
+///     SetFlags(flags)      0; how a document behaves in a window is nothing to this Acrobat
+///     Save(flags, path)    see save.h
 ///     Close()              True when it was open
 ///
 /// A member that needs a document raises when there is none.
@@ -34,6 +41,8 @@ class PdDocument : public LateBound {
   private:
     bool open(const std::string& path);
     bool create();
+    bool insert_pages(const Bound& given);
+    bool set_information(const Bound& given);
     std::int32_t page_count() const;
     bool close();
 

@@ -50,7 +50,7 @@ class HostProcess::Child {
         : program_(std::move(program)),
           memory_limit_(machine.memory_limit_bytes()),
           folder_(make_folder(machine.private_folder())),
-          service_(machine, folder_) {}
+          service_(machine, folder_, program_.save_command) {}
     Child(const Child&) = delete;
     Child& operator=(const Child&) = delete;
     ~Child() { end(); }

@@ -20,6 +20,8 @@ struct HostProgram {
     /// Loads the module; called in the new process, before a policy is in force. What it throws is what
     /// creating a class fails with.
     std::function<const Module&()> load;
+    /// What tells it to save a document in place; "" when it never may. See Host.
+    std::string save_command = {};
 };
 
 /// A host module in a process of its own, which the kernel keeps to the module's policy. Its objects are

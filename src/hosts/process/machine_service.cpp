@@ -73,18 +73,27 @@ std::filesystem::path MachineService::named_path(Reader& arguments) const {
 }
 
 void MachineService::open_document(Reader& arguments, Writer& result) {
-    DocumentFile document = machine_.open_document(named_path(arguments));
+    const std::filesystem::path path = named_path(arguments);
+    DocumentFile document = machine_.open_document(path);
+    said_since_opening_.erase(path.native());
+    said_since_opening_.erase(save_command_);
     struct stat status {};
     if (::fstat(document.descriptor.get(), &status) == 0) documents_.insert(identity(status));
     proposals_.insert(document.path.filename().replace_extension(".pdf").native());
     result.put(std::string_view(document.path.native())).attach(std::move(document.descriptor));
 }
 
+/// A document is replaced by who was told to save it since it was opened: by its name, or by the command.
+bool MachineService::may_replace(const std::filesystem::path& document) const {
+    if (save_command_.empty()) return false;
+    return said_since_opening_.contains(document.native()) || said_since_opening_.contains(save_command_);
+}
+
 void MachineService::make_output(Reader& arguments, Writer& result) {
     const std::filesystem::path path = named_path(arguments);
     struct stat status {};
     const bool is_document = ::stat(path.c_str(), &status) == 0 && documents_.contains(identity(status));
-    if (is_document || outputs_.size() >= most_outputs) refuse(path);
+    if ((is_document && !may_replace(path)) || outputs_.size() >= most_outputs) refuse(path);
     std::unique_ptr<OutputFile> output = machine_.make_output(path);
     FileDescriptor file(::fcntl(output->descriptor(), F_DUPFD_CLOEXEC, 0));
     if (!file) throw std::system_error(errno, std::generic_category(), "cannot share an output");

@@ -17,16 +17,20 @@ namespace foliant::hosts::process {
 /// files that were named to it and no other.
 class MachineService {
   public:
-    /// `folder` is private to the host. `machine` outlives this.
-    MachineService(Machine& machine, std::filesystem::path folder)
-        : machine_(machine), folder_(std::move(folder)) {}
+    /// `folder` is private to the host. `save_command` is the text that tells it to save a document in place,
+    /// "" for a host that never may. `machine` outlives this.
+    MachineService(Machine& machine, std::filesystem::path folder, std::string save_command = {})
+        : machine_(machine), folder_(std::move(folder)), save_command_(std::move(save_command)) {}
     MachineService(const MachineService&) = delete;
     MachineService& operator=(const MachineService&) = delete;
     /// Closes the windows that the host has left open.
     ~MachineService();
 
     /// A text that went to the host: it may be the name of a document or of an output.
-    void was_named(const std::string& text) { named_.insert(text); }
+    void was_named(const std::string& text) {
+        named_.insert(text);
+        said_since_opening_.insert(text);
+    }
 
     /// Answers one call. `peer` is whom to tell of clicks. Throws what the machine throws, and
     /// filesystem_error with EACCES for a file that is not the host's business.
@@ -42,9 +46,13 @@ class MachineService {
     void close_window(Reader& arguments);
     std::filesystem::path named_path(Reader& arguments) const;
 
+    bool may_replace(const std::filesystem::path& document) const;
+
     Machine& machine_;
     std::filesystem::path folder_;
+    std::string save_command_;
     std::set<std::string> named_;
+    std::set<std::string> said_since_opening_;     ///< but for the names by which documents were opened
     std::set<std::string> proposals_;              ///< what the outputs of the documents are usually called
     std::set<std::pair<dev_t, ino_t>> documents_;  ///< those that were opened
     std::map<std::uint32_t, std::unique_ptr<OutputFile>> outputs_;

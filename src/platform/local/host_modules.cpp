@@ -81,7 +81,8 @@ automation::ObjectPtr HostModules::create_contained(const hosts::HostClass& want
     if (process == nullptr || !process->is_running()) {
         process = std::make_unique<hosts::process::HostProcess>(
             hosts::process::HostProgram{std::string(host.name), std::string(host.engine),
-                                        [this, &host]() -> const hosts::Module& { return load(host); }},
+                                        [this, &host]() -> const hosts::Module& { return load(host); },
+                                        std::string(host.save_command)},
             machine_);
     }
     return process->create(wanted.name);

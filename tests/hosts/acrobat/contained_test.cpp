@@ -30,7 +30,7 @@ class ContainedAcrobat : public testing::Test {
 
     tests::ScratchFolder folder;
     test::NotingMachine machine;
-    process::HostProcess host{{"Acrobat", "qpdf and poppler", acrobat_module}, machine};
+    process::HostProcess host{{"Acrobat", "qpdf and poppler", acrobat_module, "Save"}, machine};
 };
 
 TEST_F(ContainedAcrobat, CountsThePagesOfADocumentThatWasNamed) {
@@ -76,6 +76,39 @@ TEST_F(ContainedAcrobat, ReadsAndFindsTextWithinItsBounds) {
     EXPECT_EQ(machine.places[0].page, 1);
     EXPECT_EQ(machine.places[0].context, "some text");
     EXPECT_NEAR(machine.places[0].bottom, 697, 2);
+}
+
+TEST_F(ContainedAcrobat, ProtectsADocumentInPlace) {
+    const std::string path = write("a.pdf", test::pages(2).file());
+    const Value application = host.create("AcroExch.App");
+    const Value document = host.create("AcroExch.PDDoc");
+    document.call("Open", {path});
+    document.call("OpenAVDoc", {""});
+    machine.answers = {"secret", "secret", ""};
+    application.call("MenuItemExecute", {"SecureApplyPwdSecurity"});
+    application.call("MenuItemExecute", {"Save"});
+    application.call("Exit");
+    EXPECT_NE(tests::read_file(path).find("/Encrypt "), std::string::npos);
+    machine.answers = {path, "secret"};
+    EXPECT_EQ(application.call("MenuItemExecute", {"Open"}), Value(true));
+    EXPECT_EQ(application.call("GetActiveDoc").call("GetPDDoc").call("GetNumPages"), Value(std::int32_t{2}));
+}
+
+TEST_F(ContainedAcrobat, MergesDocumentsThatAreClosedBeforeItSaves) {
+    const Value target = host.create("AcroExch.PDDoc");
+    target.call("Create");
+    for (const int count : {2, 3}) {
+        const Value source = host.create("AcroExch.PDDoc");
+        source.call("Open", {write("a" + std::to_string(count) + ".pdf", test::pages(count).file())});
+        target.call("InsertPages",
+                    {std::int32_t{-1}, source, std::int32_t{0}, source.call("GetNumPages"), true});
+        source.call("Close");
+    }
+    const std::string path = (folder / "all.pdf").string();
+    EXPECT_EQ(target.call("Save", {std::int16_t{5}, path}), Value(true));
+    const Value all = host.create("AcroExch.PDDoc");
+    all.call("Open", {path});
+    EXPECT_EQ(all.call("GetNumPages"), Value(std::int32_t{5}));
 }
 
 TEST(AcrobatModule, KnowsNoOtherClass) {

@@ -6,6 +6,19 @@
 
 namespace foliant::hosts::acrobat::test {
 
+namespace {
+
+/// As a user does who wants what a dialog offers.
+void tick_option(Dialog& dialog) {
+    for (std::size_t i = 0; i < dialog.controls.size(); ++i) {
+        if (!dialog.controls[i].is_check_box) continue;
+        dialog.controls[i].checked = true;
+        if (dialog.on_click) dialog.on_click(dialog, i);
+    }
+}
+
+}  // namespace
+
 void NotingMachine::show(Dialog& dialog) {
     notes.push_back("dialog " + dialog.caption);
     if (answers.empty())
@@ -13,7 +26,8 @@ void NotingMachine::show(Dialog& dialog) {
     const std::string answer = answers.front();
     answers.pop_front();
     const auto edit = std::ranges::find(dialog.controls, "Edit", &Control::window_class);
-    if (edit != dialog.controls.end()) edit->text = answer;
+    tick_option(dialog);
+    if (edit != dialog.controls.end() && edit->enabled) edit->text = answer;
     dialog.accepted = answer != "cancel";
 }
 

@@ -42,6 +42,9 @@ std::string content(const DocumentFile& document) {
     return text;
 }
 
+/// In the host's process.
+fs::path last_document;
+
 /// Ends the process it is in, in one way or another.
 [[noreturn]] void die(const std::string& how) {
     if (how == "crash") std::raise(SIGSEGV);
@@ -67,6 +70,7 @@ automation::ObjectPtr make_prober(std::string_view class_name, Machine& machine)
     auto prober = std::make_shared<LateBound>("Prober");
     prober->add_method("Document", {"Path"}, [&](const Bound& given) -> Value {
         const DocumentFile document = machine.open_document(to_text(given[0]));
+        last_document = document.path;
         return content(document) +
                (document.place == document.path ? "" : " copied " + content(document.place));
     });
@@ -82,6 +86,12 @@ automation::ObjectPtr make_prober(std::string_view class_name, Machine& machine)
         const auto output = machine.make_output(to_text(given[0]));
         output->write(to_text(given[1]));
         if (automation::to_bool(given[2])) output->commit();
+        return {};
+    });
+    prober->add_method("Execute", {"Item"}, [&](const Bound&) -> Value {
+        const auto output = machine.make_output(last_document);
+        output->write("in place");
+        output->commit();
         return {};
     });
     prober->add_method("Die", {"How"}, [](const Bound& given) -> Value { die(to_text(given[0])); });
@@ -326,6 +336,35 @@ TEST_F(HostProcessTest, WritesToTheUsualNameOfAnOutputWhenThatWasAccepted) {
     prober.call("Save", {"let", "ter.pdf"});
     EXPECT_EQ(content(folder / "letter.pdf"), "saved");
     fs::current_path("/");
+}
+
+class SavingHostTest : public HostProcessTest {
+  protected:
+    HostProcess saving_host{
+        {"Prober", "Probing engine", []() -> const Module& { return prober_module; }, "Save"}, machine};
+    Value saver = saving_host.create("Prober");
+};
+
+TEST_F(SavingHostTest, ReplacesADocumentThatItIsToldToSave) {
+    saver.call("Document", {path("letter")});
+    saver.call("Execute", {"Save"});
+    EXPECT_EQ(content(folder / "letter"), "in place");
+    saver.call("Document", {path("letter")});
+    saver.call("Output", {path("letter"), "named again", true});
+    EXPECT_EQ(content(folder / "letter"), "named again");
+}
+
+TEST_F(SavingHostTest, ReplacesNoDocumentThatNobodyToldItToSaveSinceItWasOpened) {
+    EXPECT_THROW(saver.call("Execute", {"Save"}), fs::filesystem_error);
+    saver.call("Document", {path("letter")});
+    EXPECT_THROW(saver.call("Execute", {"Close"}), fs::filesystem_error);
+    EXPECT_EQ(content(folder / "letter"), "words");
+}
+
+TEST_F(HostProcessTest, ThatSavesNothingReplacesNoDocument) {
+    const Value prober = contained();
+    EXPECT_THROW(prober.call("Execute", {"Save"}), fs::filesystem_error);
+    EXPECT_EQ(content(folder / "letter"), "words");
 }
 
 TEST_F(HostProcessTest, WritesIntoItsOwnFolderAsItLikes) {

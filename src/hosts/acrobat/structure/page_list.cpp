@@ -1,8 +1,10 @@
 #include "hosts/acrobat/structure/page_list.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <limits>
 #include <set>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -80,6 +82,37 @@ QPDFObjectHandle indirect_kid(QPDF& pdf, QPDFObjectHandle kids, int index) {
     return kid;
 }
 
+constexpr std::size_t most_children = 32;  // of a node of a tree that is written
+
+/// The pages that a node leads to.
+struct Node {
+    QPDFObjectHandle object;
+    long long pages;
+};
+
+void own_inherited(Page& page) {
+    for (const char* key : {"/Resources", "/MediaBox", "/CropBox", "/Rotate"}) {
+        const QPDFObjectHandle value = page.value(key);
+        if (!page.object.hasKey(key) && !QPDFObjectHandle(value).isNull()) page.object.replaceKey(key, value);
+    }
+    page.inherited = std::make_shared<const Inherited>();
+}
+
+/// Hangs nodes below another.
+Node make_parent(QPDFObjectHandle object, std::span<Node> children) {
+    std::vector<QPDFObjectHandle> kids;
+    long long pages = 0;
+    for (Node& child : children) {
+        child.object.replaceKey("/Parent", object);
+        kids.push_back(child.object);
+        pages += child.pages;
+    }
+    object.replaceKey("/Type", QPDFObjectHandle::newName("/Pages"));
+    object.replaceKey("/Kids", QPDFObjectHandle::newArray(kids));
+    object.replaceKey("/Count", QPDFObjectHandle::newInteger(pages));
+    return {object, pages};
+}
+
 }  // namespace
 
 QPDFObjectHandle Page::value(const std::string& name) const {
@@ -135,6 +168,26 @@ PageList find_pages(QPDF& pdf) {
             pages.push_back({kid, level.inherited});
     }
     return pages;
+}
+
+void write_page_tree(QPDF& pdf, PageList& pages) {
+    std::vector<Node> nodes;
+    for (Page& page : pages) {
+        own_inherited(page);
+        nodes.push_back({page.object, 1});
+    }
+    while (nodes.size() > most_children) {
+        std::vector<Node> parents;
+        for (std::size_t i = 0; i < nodes.size(); i += most_children) {
+            const QPDFObjectHandle object = pdf.makeIndirectObject(QPDFObjectHandle::newDictionary());
+            const std::size_t children = std::min(most_children, nodes.size() - i);
+            parents.push_back(make_parent(object, std::span(nodes).subspan(i, children)));
+        }
+        nodes = std::move(parents);
+    }
+    QPDFObjectHandle root = pdf.makeIndirectObject(QPDFObjectHandle::newDictionary());
+    make_parent(root, nodes);
+    pdf.getRoot().replaceKey("/Pages", root);
 }
 
 }  // namespace foliant::hosts::acrobat::structure

@@ -38,4 +38,7 @@ std::optional<std::int32_t> claimed_page_count(QPDF& pdf);
 /// a page again. Throws Unreadable when there is no page tree.
 PageList find_pages(QPDF& pdf);
 
+/// Has the root of the page tree lead to exactly these pages; what they inherited becomes their own.
+void write_page_tree(QPDF& pdf, PageList& pages);
+
 }  // namespace foliant::hosts::acrobat::structure

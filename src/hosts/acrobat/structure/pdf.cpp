@@ -7,6 +7,7 @@
 #include <qpdf/QUtil.hh>
 #include <string_view>
 
+#include "hosts/acrobat/structure/insert_pages.h"
 #include "hosts/acrobat/structure/unreadable.h"
 
 namespace foliant::hosts::acrobat::structure {
@@ -60,6 +61,7 @@ std::shared_ptr<Pdf> Pdf::open(std::shared_ptr<const MappedFile> file, const std
         try {
             pdf->qpdf_.processInputSource(std::make_shared<Source>(file), spellings[i].c_str());
             pdf->qpdf_.getRoot();
+            pdf->version_ = pdf->qpdf_.getVersionAsPDFVersion();
             return pdf;
         } catch (const QPDFExc& failure) {
             if (failure.getErrorCode() == qpdf_e_password && i + 1 < spellings.size()) continue;
@@ -76,7 +78,28 @@ std::shared_ptr<Pdf> Pdf::create() {
     std::shared_ptr<Pdf> pdf(new Pdf(nullptr));
     prepare(pdf->qpdf_);
     pdf->qpdf_.emptyPDF();
+    pdf->version_ = pdf->qpdf_.getVersionAsPDFVersion();
     return pdf;
+}
+
+Pdf::Pdf(std::shared_ptr<const MappedFile> file) : file_(std::move(file)) {}
+
+Pdf::~Pdf() = default;
+
+void Pdf::insert_pages(Pdf& source, std::size_t position, std::size_t first, std::size_t count,
+                       bool with_bookmarks) {
+    pages();
+    if (!assembly_) assembly_ = std::make_unique<Assembly>(*this);
+    assembly_->insert(source, position, first, count, with_bookmarks);
+    note_change();
+}
+
+void Pdf::settle() {
+    if (assembly_) assembly_->settle();
+}
+
+void Pdf::keep(const std::shared_ptr<const MappedFile>& file) {
+    if (kept_.empty() || kept_.back() != file) kept_.push_back(file);
 }
 
 std::int32_t Pdf::page_count() {

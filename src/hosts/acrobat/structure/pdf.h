@@ -2,13 +2,17 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <qpdf/PDFVersion.hh>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFObjectHandle.hh>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "hosts/acrobat/structure/mapped_file.h"
 #include "hosts/acrobat/structure/page_list.h"
+#include "hosts/acrobat/structure/protection.h"
 
 /// PDF files as qpdf has them, without automation: opened, counted, changed and written.
 ///
@@ -16,8 +20,10 @@
 /// walked without recursion, and no part of it twice, so that loops end.
 namespace foliant::hosts::acrobat::structure {
 
+class Assembly;
+
 /// One PDF.
-class Pdf {
+class Pdf : public std::enable_shared_from_this<Pdf> {
   public:
     /// Reads a file; what is damaged is mended where its objects can be found. The password, in UTF-8, may be
     /// the user's or the owner's, and is "" where none is needed. Throws WrongPassword, or Unreadable.
@@ -28,6 +34,7 @@ class Pdf {
 
     Pdf(const Pdf&) = delete;
     Pdf& operator=(const Pdf&) = delete;
+    ~Pdf();
 
     QPDF& qpdf() noexcept { return qpdf_; }
 
@@ -41,12 +48,45 @@ class Pdf {
     /// Its pages in their order, found when first asked for. Throws Unreadable.
     PageList& pages();
 
+    /// Inserts pages of another document; see Assembly.
+    void insert_pages(Pdf& source, std::size_t position, std::size_t first, std::size_t count,
+                      bool with_bookmarks);
+
+    /// Has the objects say what was gathered in inserting pages; before they are written or looked at.
+    void settle();
+
+    /// To be told after each change, also of objects that were changed through `qpdf`.
+    void note_change() noexcept { ++revision_; }
+    /// Grows with each change.
+    std::uint64_t revision() const noexcept { return revision_; }
+    /// Whether it still is what its file says.
+    bool is_as_read() const noexcept { return file_ != nullptr && revision_ == 0; }
+
+    /// Holds on to a file whose bytes objects of this document refer to.
+    void keep(const std::shared_ptr<const MappedFile>& file);
+
+    /// What it is to be protected with from the next time that it is written; nothing leaves it as it is.
+    const std::optional<Protection>& protection() const noexcept { return protection_; }
+    void protect(Protection protection) {
+        protection_ = std::move(protection);
+        note_change();
+    }
+
+    /// The version of PDF that it takes to read this.
+    const PDFVersion& version() const noexcept { return version_; }
+    void require_version_of(const Pdf& other) { version_.updateIfGreater(other.version_); }
+
   private:
-    explicit Pdf(std::shared_ptr<const MappedFile> file) : file_(std::move(file)) {}
+    explicit Pdf(std::shared_ptr<const MappedFile> file);
 
     std::shared_ptr<const MappedFile> file_;
     QPDF qpdf_;
+    PDFVersion version_;
     std::unique_ptr<PageList> pages_;
+    std::unique_ptr<Assembly> assembly_;
+    std::optional<Protection> protection_;
+    std::uint64_t revision_ = 0;
+    std::vector<std::shared_ptr<const MappedFile>> kept_;
 };
 
 }  // namespace foliant::hosts::acrobat::structure

@@ -1,0 +1,57 @@
+#include "hosts/acrobat/structure/write_pdf.h"
+
+#include <memory>
+#include <qpdf/Pl_String.hh>
+#include <qpdf/QPDFWriter.hh>
+#include <utility>
+
+#include "hosts/acrobat/structure/output.h"
+
+namespace foliant::hosts::acrobat::structure {
+
+namespace {
+
+/// Tells how far writing has come.
+class Progress : public QPDFWriter::ProgressReporter {
+  public:
+    explicit Progress(std::function<void(int)> tell) : tell_(std::move(tell)) {}
+    void reportProgress(int percent) override { tell_(percent); }
+
+  private:
+    std::function<void(int)> tell_;
+};
+
+void protect(QPDFWriter& writer, const Protection& protection) {
+    const char* const password = protection.password.c_str();
+    writer.setR6EncryptionParameters(password, password, true, true, true, true, true, true, qpdf_r3p_full,
+                                     true);
+}
+
+}  // namespace
+
+void write_pdf(Pdf& pdf, const Writing& writing, OutputFile& output) {
+    pdf.settle();
+    QPDFWriter writer(pdf.qpdf());
+    Output pipeline(output);
+    writer.setOutputPipeline(&pipeline);
+    writer.setMinimumPDFVersion(pdf.version());
+    writer.setLinearization(writing.is_linearised);
+    if (pdf.protection()) protect(writer, *pdf.protection());
+    if (writing.on_progress) writer.registerProgressReporter(std::make_shared<Progress>(writing.on_progress));
+    writer.write();
+    pipeline.finish();
+}
+
+std::string written_pdf(Pdf& pdf) {
+    pdf.settle();
+    std::string bytes;
+    Pl_String pipeline("bytes", nullptr, bytes);
+    QPDFWriter writer(pdf.qpdf());
+    writer.setOutputPipeline(&pipeline);
+    writer.setPreserveEncryption(false);
+    writer.setStreamDataMode(qpdf_s_preserve);
+    writer.write();
+    return bytes;
+}
+
+}  // namespace foliant::hosts::acrobat::structure

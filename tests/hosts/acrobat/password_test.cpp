@@ -1,0 +1,188 @@
+#include <gmock/gmock.h>
+#include <qpdf/QPDFWriter.hh>
+
+#include "hosts/acrobat/fixture.h"
+
+namespace foliant::hosts::acrobat {
+namespace {
+
+using automation::Value;
+using test::AcrobatTest;
+using test::pages;
+using testing::ElementsAre;
+using tests::failure;
+
+class Passwords : public AcrobatTest {
+  protected:
+    /// A protected file; `set` is a call of QPDFWriter's.
+    template <typename Set>
+    std::string protect(Set set, int count = 2) const {
+        const std::string path = (folder / "protected.pdf").string();
+        const auto pdf = test::read_pdf(write("open.pdf", pages(count).file()));
+        QPDFWriter writer(pdf->qpdf(), path.c_str());
+        set(writer);
+        writer.write();
+        return path;
+    }
+    std::string protect_with_aes_256() const {
+        return protect([](QPDFWriter& writer) {
+            writer.setR6EncryptionParameters("user", "owner", true, true, true, true, true, true,
+                                             qpdf_r3p_full, true);
+        });
+    }
+
+    Value execute(const std::string& item) const { return application.call("MenuItemExecute", {item}); }
+    std::int32_t shown_pages() const {
+        return *application.call("GetActiveDoc")
+                    .call("GetPDDoc")
+                    .call("GetNumPages")
+                    .if_holds<std::int32_t>();
+    }
+};
+
+TEST_F(Passwords, OfEveryKindAreTakenFromTheDialogs) {
+    const std::vector<std::function<void(QPDFWriter&)>> kinds = {
+        [](QPDFWriter& w) { w.setR2EncryptionParametersInsecure("user", "owner", true, true, true, true); },
+        [](QPDFWriter& w) {
+            w.setR3EncryptionParametersInsecure("user", "owner", true, true, true, true, true, true,
+                                                qpdf_r3p_full);
+        },
+        [](QPDFWriter& w) {
+            w.setR4EncryptionParametersInsecure("user", "owner", true, true, true, true, true, true,
+                                                qpdf_r3p_full, true, true);
+        },
+        [](QPDFWriter& w) {
+            w.setR6EncryptionParameters("user", "owner", true, true, true, true, true, true, qpdf_r3p_full,
+                                        true);
+        },
+    };
+    for (const auto& kind : kinds) {
+        for (const char* password : {"user", "owner"}) {
+            machine.answers = {protect(kind), password};
+            EXPECT_EQ(execute("Open"), Value(true));
+            EXPECT_EQ(shown_pages(), 2);
+            application.call("Exit");
+        }
+    }
+}
+
+TEST_F(Passwords, ThatOnlyTheOwnerHasAreNotAskedFor) {
+    const std::string path = protect([](QPDFWriter& writer) {
+        writer.setR6EncryptionParameters("", "owner", true, true, true, true, true, true, qpdf_r3p_full,
+                                         true);
+    });
+    const Value viewer = new_viewer();
+    viewer.call("Open", {path, ""});
+    EXPECT_EQ(viewer.call("GetPDDoc").call("GetNumPages"), Value(std::int32_t{2}));
+    EXPECT_TRUE(machine.notes.empty());
+}
+
+TEST_F(Passwords, ThatAreWrongAreAskedForAgain) {
+    machine.answers = {protect_with_aes_256(), "wrong", "", "user"};
+    EXPECT_EQ(execute("Open"), Value(true));
+    EXPECT_EQ(shown_pages(), 2);
+    EXPECT_THAT(machine.notes,
+                ElementsAre("dialog Open", "dialog Password", "dialog Password", "dialog Password"));
+}
+
+TEST_F(Passwords, ThatAreWrongFailTheCallWhenNobodyIsLeftToAnswer) {
+    const std::string path = protect_with_aes_256();
+    machine.answers = {path, "wrong"};
+    EXPECT_EQ(failure([&] { execute("Open"); }),
+              "-2147467259 " + path + " cannot be opened: the password is not the one that protects it.");
+    EXPECT_EQ(application.call("GetActiveDoc").call("IsValid"), Value(false));
+}
+
+TEST_F(Passwords, ThatNobodyGivesAreMissed) {
+    const std::string path = protect_with_aes_256();
+    const std::string told =
+        "-2147467259 " + path + " cannot be opened: it is protected. Give the password that opens it.";
+    const Value viewer = new_viewer();
+    EXPECT_EQ(viewer.call("Open", {path, ""}), Value(false));
+    EXPECT_EQ(failure([&] { viewer.call("GetPDDoc"); }), told);
+    const Value document = new_document();
+    EXPECT_EQ(document.call("Open", {path}), Value(false));
+    EXPECT_EQ(failure([&] { document.call("GetNumPages"); }), told);
+}
+
+TEST_F(Passwords, AFileThatIsShownIsOpenedAgainWithoutOne) {
+    const std::string path = protect_with_aes_256();
+    machine.answers = {path, "user"};
+    execute("Open");
+    const Value viewer = new_viewer();
+    EXPECT_EQ(viewer.call("Open", {path, ""}), Value(true));
+    EXPECT_EQ(machine.notes.size(), 2U);
+}
+
+TEST_F(Passwords, ADialogThatIsCancelledOpensNothing) {
+    machine.answers = {"cancel"};
+    EXPECT_EQ(execute("Open"), Value(false));
+    const std::string path = protect_with_aes_256();
+    machine.answers = {path, "cancel"};
+    EXPECT_NE(failure([&] { execute("Open"); }), "no failure");
+}
+
+/// Acrobat's dialogs for a new password.
+class SettingAPassword : public Passwords {
+  protected:
+    SettingAPassword() { document_on(pages(2).file()).call("OpenAVDoc", {""}); }
+
+    std::string path = (folder / "document.pdf").string();
+};
+
+TEST_F(SettingAPassword, ProtectsTheFileWhenItIsSaved) {
+    machine.answers = {"geheim ß", "geheim ß", ""};
+    EXPECT_EQ(execute("SecureApplyPwdSecurity"), Value(true));
+    EXPECT_THAT(machine.notes,
+                ElementsAre("dialog Password Security - Settings",
+                            "dialog Adobe Acrobat - Confirm Open Document Password", "dialog Adobe Acrobat"));
+    EXPECT_FALSE(test::read_pdf(path)->qpdf().isEncrypted());
+    EXPECT_EQ(execute("Save"), Value(true));
+    int revision = 0;
+    int permissions = 0;
+    int version = 0;
+    QPDF::encryption_method_e streams{};
+    QPDF::encryption_method_e strings{};
+    QPDF::encryption_method_e files{};
+    const auto pdf = test::read_pdf(path, "geheim ß");
+    EXPECT_TRUE(pdf->qpdf().isEncrypted(revision, permissions, version, streams, strings, files));
+    EXPECT_EQ(revision, 6);
+    EXPECT_EQ(streams, QPDF::e_aesv3);
+    EXPECT_EQ(pdf->page_count(), 2);
+    EXPECT_ANY_THROW(test::read_pdf(path, ""));
+}
+
+TEST_F(SettingAPassword, AsksAgainUntilItIsConfirmed) {
+    machine.answers = {"one", "two", "one", ""};
+    EXPECT_EQ(execute("SecureApplyPwdSecurity"), Value(true));
+    EXPECT_EQ(machine.notes.size(), 4U);
+}
+
+TEST_F(SettingAPassword, RefusesAnEmptyOne) {
+    machine.answers = {""};
+    EXPECT_EQ(failure([&] { execute("SecureApplyPwdSecurity"); }),
+              "-2147467259 " + path + " cannot be protected: an empty password protects nothing. Give one.");
+}
+
+TEST_F(SettingAPassword, ChangesNothingWhenADialogIsCancelledOrNotAnswered) {
+    machine.answers = {"cancel"};
+    EXPECT_EQ(execute("SecureApplyPwdSecurity"), Value(false));
+    machine.answers = {"one", "cancel"};
+    EXPECT_EQ(execute("SecureApplyPwdSecurity"), Value(false));
+    machine.answers = {"one", "one"};
+    EXPECT_EQ(failure([&] { execute("SecureApplyPwdSecurity"); }), "445 Nobody is there.");
+    execute("Save");
+    EXPECT_FALSE(test::read_pdf(path)->qpdf().isEncrypted());
+}
+
+TEST_F(SettingAPassword, ADocumentKeepsTheProtectionThatItHas) {
+    const std::string protected_path = protect_with_aes_256();
+    machine.answers = {protected_path, "user"};
+    execute("Open");
+    execute("Save");
+    EXPECT_ANY_THROW(test::read_pdf(protected_path, ""));
+    EXPECT_EQ(test::read_pdf(protected_path, "owner")->page_count(), 2);
+}
+
+}  // namespace
+}  // namespace foliant::hosts::acrobat

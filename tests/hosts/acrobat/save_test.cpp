@@ -1,0 +1,101 @@
+#include <gmock/gmock.h>
+
+#include "hosts/acrobat/fixture.h"
+#include "hosts/acrobat/structure/information.h"
+#include "hosts/acrobat/structure/xmp.h"
+
+namespace foliant::hosts::acrobat {
+namespace {
+
+using automation::Value;
+using test::AcrobatTest;
+using test::pages;
+using test::texts;
+using testing::HasSubstr;
+using testing::Not;
+using tests::failure;
+using tests::read_file;
+
+class Saving : public AcrobatTest {};
+
+std::string packet(structure::Pdf& pdf) {
+    const auto data = pdf.qpdf().getRoot().getKey("/Metadata").getStreamData();
+    return {reinterpret_cast<const char*>(data->getBuffer()), data->getSize()};
+}
+
+TEST_F(Saving, ADocumentWithoutPagesIsOne) {
+    const Value document = new_document();
+    EXPECT_EQ(document.call("Create"), Value(true));
+    EXPECT_EQ(saved(document)->page_count(), 0);
+}
+
+TEST_F(Saving, OverTheOpenFileReplacesItWhole) {
+    const std::string path = write("a.pdf", pages(2, "old").file());
+    const Value document = new_document();
+    document.call("Open", {path});
+    document.call("InsertPages", {std::int32_t{1}, document_on(pages(1, "new").file()), std::int32_t{0},
+                                  std::int32_t{1}, true});
+    EXPECT_EQ(document.call("Save", {std::int16_t{1}, path}), Value(true));
+    EXPECT_EQ(document.call("GetNumPages"), Value(std::int32_t{3}));
+    EXPECT_THAT(texts(*test::read_pdf(path)), testing::ElementsAre("old 1", "old 2", "new 1"));
+    EXPECT_EQ(document.call("Save", {std::int16_t{5}, path}), Value(true));
+    EXPECT_EQ(test::read_pdf(path)->page_count(), 3);
+}
+
+TEST_F(Saving, WithFourIsLinearised) {
+    const Value document = document_on(pages(3).file());
+    EXPECT_TRUE(saved(document, 5)->qpdf().isLinearized());
+    EXPECT_FALSE(saved(document, 1)->qpdf().isLinearized());
+}
+
+TEST_F(Saving, WhereNothingCanBeWrittenFailsWithTheReason) {
+    const std::string path = (folder / "none" / "a.pdf").string();
+    EXPECT_EQ(failure([&] {
+                  document_on(pages(1).file()).call("Save", {std::int16_t{1}, path});
+              }),
+              "76 Cannot write " + path + ": the folder " + (folder / "none").string() +
+                  " does not exist. Create it, or choose another one.");
+}
+
+TEST_F(Saving, InformationIsKeptInAnyScriptAndInXmpToo) {
+    const Value document = document_on(pages(1).file());
+    for (const auto& [key, text] : std::map<std::string, std::string>{{"Title", "Größe & <Maß> 日本"},
+                                                                      {"Author", "Ivana Č"},
+                                                                      {"Subject", "s"},
+                                                                      {"Keywords", "a, b"}}) {
+        EXPECT_EQ(document.call("SetInfo", {key, text}), Value(true));
+        EXPECT_EQ(document.call("GetInfo", {key}), Value(text));
+    }
+    const auto pdf = saved(document, 37);
+    EXPECT_EQ(structure::information(*pdf, "Title"), "Größe & <Maß> 日本");
+    EXPECT_EQ(structure::information(*pdf, "Author"), "Ivana Č");
+    const std::string xmp = packet(*pdf);
+    EXPECT_THAT(xmp, HasSubstr("<rdf:li xml:lang=\"x-default\">Größe &amp; &lt;Maß&gt; 日本</rdf:li>"));
+    EXPECT_THAT(xmp, HasSubstr("<dc:creator><rdf:Seq><rdf:li>Ivana Č</rdf:li></rdf:Seq></dc:creator>"));
+    EXPECT_THAT(xmp, HasSubstr("<pdf:Keywords>a, b</pdf:Keywords>"));
+}
+
+TEST(Xmp, TakesNewPropertiesAndKeepsTheOthers) {
+    const std::string old =
+        "<x:xmpmeta><rdf:RDF><rdf:Description rdf:about='uuid:1' pdf:Keywords=\"old\" pdf:Trapped=\"False\">"
+        "<dc:title><rdf:Alt><rdf:li>old</rdf:li></rdf:Alt></dc:title><dc:titles>kept</dc:titles>"
+        "</rdf:Description></rdf:RDF></x:xmpmeta>";
+    const std::string xmp = structure::with_properties(
+        old, {{"Title", "new"}, {"Keywords", "k"}, {"ModDate", "D:20260131120000+01'00'"}});
+    EXPECT_THAT(xmp, Not(HasSubstr("old")));
+    EXPECT_THAT(xmp, HasSubstr("<dc:titles>kept</dc:titles>"));
+    EXPECT_THAT(xmp, HasSubstr("pdf:Trapped=\"False\""));
+    EXPECT_THAT(xmp, HasSubstr("<rdf:Description rdf:about='uuid:1' xmlns:dc"));
+    EXPECT_THAT(xmp, HasSubstr("<xmp:ModifyDate>2026-01-31T12:00:00+01:00</xmp:ModifyDate>"));
+}
+
+TEST(Xmp, ThatCannotBeUnderstoodIsReplaced) {
+    for (const char* old : {"", "no xml", "<rdf:RDF><dc:title>"}) {
+        const std::string xmp = structure::with_properties(old, {{"Title", "new"}});
+        EXPECT_TRUE(xmp.starts_with("<?xpacket begin=")) << xmp;
+        EXPECT_THAT(xmp, HasSubstr("new"));
+    }
+}
+
+}  // namespace
+}  // namespace foliant::hosts::acrobat
