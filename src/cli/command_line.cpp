@@ -107,8 +107,7 @@ class CommandLine {
     Parsed parse(const AskPassword& ask_password);
 
   private:
-    enum class Show { available, later };
-    void add_members(CLI::App& parent, Request::Action action, Show which);
+    void add_members(CLI::App& parent, Request::Action action);
     CLI::App& add_member(CLI::App& parent, Request::Action action, const Member& member);
     void add_registry();
     void complete_set(const AskPassword& ask_password);
@@ -155,17 +154,13 @@ CommandLine::CommandLine(const std::vector<std::string>& words) : words_(in_usua
     app_.require_subcommand(1);
     app_.fallthrough();
     add_call_options(app_, request_.options);
-    add_members(app_, Request::Action::call, Show::available);
+    add_members(app_, Request::Action::call);
     auto* rehearse =
         app_.add_subcommand("rehearse", "Shows every step that a member would take, and takes none.");
     rehearse->group("Tools")->require_subcommand(1)->fallthrough();
-    if (is_mentioned("rehearse")) {
-        add_members(*rehearse, Request::Action::rehearse, Show::available);
-        add_members(*rehearse, Request::Action::rehearse, Show::later);
-    }
+    if (is_mentioned("rehearse")) add_members(*rehearse, Request::Action::rehearse);
     add_registry();
     add_tools();
-    add_members(app_, Request::Action::call, Show::later);
 }
 
 /// Whether the command line names that sub-command: only then are its options built, which keeps the start
@@ -175,16 +170,14 @@ bool CommandLine::is_mentioned(std::string_view name) const {
                        [&](const std::string& word) { return automation::equal_ignoring_case(word, name); });
 }
 
-void CommandLine::add_members(CLI::App& parent, Request::Action action, Show which) {
+void CommandLine::add_members(CLI::App& parent, Request::Action action) {
     const bool names_one = std::any_of(core::members.begin(), core::members.end(),
                                        [&](const Member& member) { return is_mentioned(member.name); });
     for (const core::FamilyHeading& family : core::families) {
-        const std::string group(which == Show::later ? "Members that a later version brings"
-                                                     : family.heading);
         for (const Member& member : core::members) {
             if (member.family != family.family || member.kind == MemberKind::property_put) continue;
-            if (member.available != (which == Show::available)) continue;
-            if (!names_one || is_mentioned(member.name)) add_member(parent, action, member).group(group);
+            if (!names_one || is_mentioned(member.name))
+                add_member(parent, action, member).group(std::string(family.heading));
         }
     }
 }

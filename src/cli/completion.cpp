@@ -70,7 +70,7 @@ std::vector<Word> tools() {
 std::vector<const Member*> methods() {
     std::vector<const Member*> found;
     for (const Member& member : core::members) {
-        if (member.available && member.kind != MemberKind::property_put) found.push_back(&member);
+        if (member.kind != MemberKind::property_put) found.push_back(&member);
     }
     return found;
 }

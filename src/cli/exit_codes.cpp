@@ -1,6 +1,5 @@
 #include "cli/exit_codes.h"
 
-#include "core/build_pdf.h"
 #include "session/errors.h"
 
 namespace foliant::cli {
@@ -16,9 +15,6 @@ int exit_code_for(const automation::Error& error) {
     switch (static_cast<RuntimeError>(error.number())) {
         case RuntimeError::out_of_memory:
             return exit_memory_limit;
-        case RuntimeError::action_not_supported:
-            return error.description().ends_with(core::not_available_ending) ? exit_not_available
-                                                                             : exit_host_failure;
         case RuntimeError::no_such_member:
         case RuntimeError::named_argument_not_found:
         case RuntimeError::argument_not_optional:

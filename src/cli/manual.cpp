@@ -60,9 +60,8 @@ std::string parameters_of(const Member& member) {
 }
 
 std::string member_section(const Member& member) {
-    return ".SS " + std::string(member.name) + "\n" + escaped(member.help) +
-           (member.available ? "" : " A later version brings this member.") + "\n.PP\n" +
-           synopsis_of(member) + parameters_of(member);
+    return ".SS " + std::string(member.name) + "\n" + escaped(member.help) + "\n.PP\n" + synopsis_of(member) +
+           parameters_of(member);
 }
 
 constexpr const char* head =

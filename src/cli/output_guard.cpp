@@ -144,7 +144,6 @@ std::optional<std::string> temporary_folder_refusal(const std::string& folder) {
 }  // namespace
 
 std::optional<std::string> refusal(const Request& request) {
-    if (!request.member->available) return std::nullopt;
     if (auto refused = temporary_folder_refusal(request.options.temp_path)) return refused;
     const auto output = output_of(*request.member, request.arguments);
     return output ? output_refusal(request, *output) : std::nullopt;

@@ -35,7 +35,6 @@ bool is_there(const platform::Platform& here, const std::string& path) {
 }  // namespace
 
 std::vector<std::string> preflight(const Request& request, const platform::Platform& here) {
-    if (!request.member->available) return {};
     if (wants_protection(request)) require_protection(here);
     std::vector<std::string> missing;
     std::size_t in_lists = 0;

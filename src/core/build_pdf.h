@@ -20,16 +20,12 @@ enum class AlignType : std::int32_t { qrxAlignLeft = 0, qrxAlignCenter = 1, qrxA
 /// What `OpenPDF` reads aloud.
 enum class ReadType : std::int32_t { qrxReadNone = 0, qrxReadCurrentPage = 1, qrxReadDocument = 2 };
 
-/// How the description of 445 ends for a member that this version does not have yet.
-inline constexpr std::string_view not_available_ending = " is not available in this version of Foliant.";
-
 /// The class that clients create: every member is one self-contained sequence on the caller's thread, which
 /// releases every outside object that it created before it returns.
 ///
 /// Names, parameter order and types are the interface that existing clients call; `member_table.h` adds
 /// numbers, defaults and what is optional. A reference parameter may be written to. Failures are
-/// `automation::Error` with the source "Foliant". Members that this version does not have yet raise 445 and
-/// do nothing.
+/// `automation::Error` with the source "Foliant".
 class BuildPDF {
   public:
     /// Reads the settings (see session::Session). `events` receives the component's events by name, on the

@@ -55,7 +55,6 @@ struct Member {
     std::size_t parameter_count = 0;
     std::optional<ValueType> result;
     Call call = nullptr;
-    bool available = true;  ///< false for a member that this version does not have yet: calling it raises 445
 
     constexpr std::span<const Parameter> parameters() const {
         return {parameter_storage.data(), parameter_count};
@@ -87,9 +86,6 @@ constexpr ParameterEntry optional(std::string_view name, const char* text) {
 }
 
 namespace detail {
-
-/// Raises 445, which names the member.
-[[noreturn]] void raise_not_available(const Member& member);
 
 /// The value that an optional parameter starts with when it is left out, or the coerced argument.
 template <class T>
@@ -125,12 +121,9 @@ struct Signature<Method> {
         }
     }
 
-    /// A member that is not available takes its arguments as it will, and raises 445; its function is not
-    /// called, and need not be there.
-    template <bool Available>
     static automation::Value call(BuildPDF& object, const Member& self,
                                   std::span<automation::Value> arguments) {
-        return call_with<Available>(object, self, arguments, std::index_sequence_for<Args...>());
+        return call_with(object, self, arguments, std::index_sequence_for<Args...>());
     }
 
   private:
@@ -156,16 +149,14 @@ struct Signature<Method> {
         [[maybe_unused]] std::span<automation::Value> arguments_;
     };
 
-    template <bool Available, std::size_t... I>
-    static automation::Value call_with([[maybe_unused]] BuildPDF& object, const Member& self,
+    template <std::size_t... I>
+    static automation::Value call_with(BuildPDF& object, const Member& self,
                                        [[maybe_unused]] std::span<automation::Value> arguments,
                                        std::index_sequence<I...>) {
         [[maybe_unused]] const auto parameters = self.parameters();
         Locals locals{argument_for<std::remove_cvref_t<Args>>(parameters[I], arguments[I])...};
         const WriteBack<I...> write_back(locals, arguments);
-        if constexpr (!Available) {
-            raise_not_available(self);
-        } else if constexpr (std::is_void_v<Result>) {
+        if constexpr (std::is_void_v<Result>) {
             (object.*Method)(static_cast<Args>(std::get<I>(locals))...);
             return {};
         } else {
@@ -184,27 +175,10 @@ consteval std::string_view function_name() {
 
 }  // namespace detail
 
-/// A row of the table, which is a member of this version unless `later` says otherwise.
-template <auto Method>
-struct Row {
-    Member columns;
-
-    consteval operator Member() const { return with_call<true>(); }
-
-    template <bool Available>
-    consteval Member with_call() const {
-        Member member = columns;
-        member.call = &detail::Signature<Method>::template call<Available>;
-        member.available = Available;
-        return member;
-    }
-};
-
 /// Makes a row of the table. A row that does not fit the function it names does not compile.
 template <auto Method>
-consteval Row<Method> row(int slot, std::uint32_t dispid, Family family, MemberKind kind,
-                          std::string_view name, std::string_view help,
-                          std::initializer_list<ParameterEntry> entries) {
+consteval Member row(int slot, std::uint32_t dispid, Family family, MemberKind kind, std::string_view name,
+                     std::string_view help, std::initializer_list<ParameterEntry> entries) {
     using Signature = detail::Signature<Method>;
     std::string_view function = detail::function_name<Method>();
     if (kind != MemberKind::method) function.remove_prefix(std::string_view("get_").size());
@@ -218,7 +192,8 @@ consteval Row<Method> row(int slot, std::uint32_t dispid, Family family, MemberK
                   .name = name,
                   .help = help,
                   .parameter_count = entries.size(),
-                  .result = Signature::result()};
+                  .result = Signature::result(),
+                  .call = &Signature::call};
     std::size_t index = 0;
     for (const ParameterEntry& entry : entries) {
         member.parameter_storage[index] = {entry.name, Signature::types[index],
@@ -226,14 +201,7 @@ consteval Row<Method> row(int slot, std::uint32_t dispid, Family family, MemberK
                                            entry.default_value};
         ++index;
     }
-    return {member};
-}
-
-/// Marks the row of a member that a later version brings: calling it raises 445. Its function is declared,
-/// and defined when the member comes.
-template <auto Method>
-consteval Member later(Row<Method> row) {
-    return row.template with_call<false>();
+    return member;
 }
 
 template <std::size_t N>

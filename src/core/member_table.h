@@ -14,7 +14,6 @@ namespace foliant::core {
 /// has it for all others, and compiles faster.
 ///
 /// Every member of the interface in slot order (slot 0 follows the seven slots that any dispatch interface has).
-/// `later` marks those that this version does not have yet.
 /// Types and passing of the parameters come from the C++ signature that a row names, so they stand nowhere twice. The
 /// columns: slot, DISPID, family, kind, name, help, parameters.
 inline constexpr std::array<Member, member_count> member_table{

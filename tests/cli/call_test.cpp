@@ -95,9 +95,6 @@ TEST_F(Call, EveryKindOfFailureHasItsExitCode) {
     EXPECT_EQ(exit_code_for(automation::Error(automation::RuntimeError::out_of_memory)), exit_memory_limit);
     EXPECT_EQ(exit_code_for(automation::Error(automation::RuntimeError::action_not_supported)),
               exit_host_failure);
-    EXPECT_EQ(exit_code_for(automation::Error(automation::RuntimeError::action_not_supported,
-                                              "A member" + std::string(core::not_available_ending))),
-              exit_not_available);
 }
 
 TEST_F(Call, BehindASentenceThatStandsForAnyFailureAMissingEngineKeepsItsExitCode) {

@@ -6,8 +6,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "core/members.h"
-
 namespace foliant::cli {
 namespace {
 
@@ -150,21 +148,6 @@ TEST_F(Guard, TheFolderForTemporaryFilesHasToBeThereOrToBeMade) {
               "--temp-path: a/b cannot be made (No such file or directory). Name a folder that is there, or "
               "one whose parent is.");
     EXPECT_EQ(refused({"TempFilePath", "--temp-path", "empty"}), "--temp-path: empty is no folder.");
-}
-
-TEST_F(Guard, AMemberOfALaterVersionSaysSoFirst) {
-    for (const core::Member& member : core::members) {
-        if (member.available || member.kind != core::MemberKind::method) continue;
-        std::vector<std::string> words{std::string(member.name)};
-        bool has_lists = false;  // which have no place in the order of words when there are several
-        for (const core::Parameter& parameter : member.parameters()) {
-            if (parameter.optional) continue;
-            has_lists = has_lists || parameter.type == core::ValueType::variant;
-            words.emplace_back(words.size() == 1 ? "" : "a.rpt");
-        }
-        if (has_lists) continue;
-        EXPECT_EQ(refused(words), "") << member.name;
-    }
 }
 
 }  // namespace

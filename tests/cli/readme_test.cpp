@@ -14,28 +14,19 @@ namespace {
 using core::Member;
 using core::MemberKind;
 
-/// The members of this version by family, and how many are to come.
+/// The members by family.
 std::string members_text() {
     std::ostringstream text;
     text << "| | member | what it does |\n|---|---|---|\n";
-    std::size_t to_come = 0;
     for (const core::FamilyHeading& family : core::families) {
         std::string_view heading = family.heading;
         for (const Member& member : core::members) {
             if (member.family != family.family) continue;
-            if (!member.available) ++to_come;
-            if (!member.available || member.kind == MemberKind::property_put) continue;
+            if (member.kind == MemberKind::property_put) continue;
             text << "| " << heading << (heading.empty() ? "" : " ") << "| `" << member.name << "` | "
                  << member.help << " |\n";
             heading = "";
         }
-    }
-    if (to_come > 0) {
-        text << "\n"
-             << to_come << " of the " << core::member_count
-             << " members of the interface are still to come. They are "
-             << "named, listed and parsed; calling one ends\nwith code " << exit_not_available
-             << " (on Windows: error 445).\n";
     }
     return text.str();
 }

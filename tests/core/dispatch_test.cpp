@@ -178,29 +178,5 @@ TEST(Defaults, AreWhatAnOmittedArgumentBecomes) {
     EXPECT_EQ(omitted("CreatePDFfromWord", "blnLandscape"), "False");
 }
 
-TEST_F(Dispatch, ExactlyTheMembersMarkedAsLaterSayThatTheyAreNotThereYet) {
-    for (const Member& member : members) {
-        if (member.kind != MemberKind::method) continue;
-        std::array<Value, most_parameters> values;
-        values.fill(Value(""));
-        for (std::size_t i = 0; i < member.parameter_count; ++i) {
-            const ValueType type = member.parameters()[i].type;
-            if (type == ValueType::object)
-                values[i] = automation::ObjectPtr();
-            else if (type != ValueType::string && type != ValueType::variant)
-                values[i] = std::int32_t{0};
-        }
-        std::string said;
-        try {
-            member.call(object, member, {values.data(), member.parameter_count});
-        } catch (const Error& error) {
-            said = std::to_string(error.number()) + " " + error.description();
-        }
-        const std::string refusal =
-            "445 " + std::string(member.name) + " is not available in this version of Foliant.";
-        EXPECT_EQ(said == refusal, !member.available) << member.name << ": " << said;
-    }
-}
-
 }  // namespace
 }  // namespace foliant::core

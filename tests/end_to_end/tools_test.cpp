@@ -171,25 +171,6 @@ TEST(Command, SaysWhatIsWrongWithItsUse) {
     EXPECT_NE(call.errors.find("See 'foliant CreatePDFfromPS --help'."), std::string::npos) << call.errors;
 }
 
-TEST(Command, MembersOfLaterVersionsHaveACodeOfTheirOwn) {
-    const Workshop shop;
-    const std::string help = shop.foliant({"--help"}).output;
-    const std::string heading = "Members that a later version brings:\n  ";
-    if (help.find(heading) == std::string::npos) GTEST_SKIP() << "there is none left";
-    const std::size_t begin = help.find(heading) + heading.size();
-    const std::string member = help.substr(begin, help.find(' ', begin) - begin);
-    const std::vector<std::string> call{member, "a.pdf", "a.dat", "1"};
-    const auto with_words = [&](std::ptrdiff_t count) {
-        return shop.foliant({call.begin(), call.begin() + 1 + count});
-    };
-    // Each takes one to three words at least.
-    Finished made = with_words(1);
-    for (std::ptrdiff_t count = 2; count <= 3 && made.exit_code == 2; ++count)
-        made = with_words(count);
-    EXPECT_EQ(made.exit_code, 6);
-    EXPECT_EQ(made.errors, "foliant: " + member + " is not available in this version of Foliant.\n");
-}
-
 TEST(Command, CompletionScriptsAndManualAreAcceptedByTheirPrograms) {
     const Workshop shop;
     EXPECT_EQ(shop.run({"sh", "-c", FOLIANT_COMMAND " completion bash > c.bash && bash -n c.bash"}).exit_code,

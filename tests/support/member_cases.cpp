@@ -134,8 +134,4 @@ std::string missing_cases(const core::Member& member) {
     return missing;
 }
 
-bool has_cases(const core::Member& member) {
-    return has<WholeJournal>(member) || has<ParameterProbe>(member) || has_fault_scene(member);
-}
-
 }  // namespace foliant::tests

@@ -55,7 +55,4 @@ void PrintTo(const ParameterProbe* probe, std::ostream* out);
 /// everything.
 std::string missing_cases(const core::Member& member);
 
-/// Whether they state anything about it.
-bool has_cases(const core::Member& member);
-
 }  // namespace foliant::tests
