@@ -29,7 +29,7 @@ constexpr std::array<Host, 13> hosts{{
     {"Acrobat Distiller", distiller_classes, "Ghostscript", "distiller", "libgs10"},
     {"Word", word_classes, "LibreOffice Writer", "office", "libreoffice-writer-nogui", true},
     {"Acrobat", acrobat_classes, "qpdf and poppler", "acrobat", "libqpdf29", true, "Save"},
-    {"Excel", excel_classes, "LibreOffice Calc", "", ""},
+    {"Excel", excel_classes, "LibreOffice Calc", "office", "libreoffice-calc-nogui", true},
     {"PowerPoint", powerpoint_classes, "LibreOffice Impress", "", ""},
     {"Visio", visio_classes, "LibreOffice Draw", "", ""},
     {"PDFMaker", pdfmaker_classes, "LibreOffice Writer", "", ""},

@@ -3,6 +3,7 @@
 #include "hosts/containment/usual_files.h"
 #include "hosts/module.h"
 #include "hosts/office/engine/installation.h"
+#include "hosts/office/excel/excel_application.h"
 #include "hosts/office/word/word_application.h"
 #include "hosts/office/word/word_error.h"
 #include "registered/classes.h"
@@ -12,6 +13,8 @@ namespace {
 
 automation::ObjectPtr create(std::string_view class_name, Machine& machine) {
     if (automation::equal_ignoring_case(class_name, registered::word)) return make_word_application(machine);
+    if (automation::equal_ignoring_case(class_name, registered::excel))
+        return make_excel_application(machine);
     throw microsoft_word.error(automation::RuntimeError::cannot_create_object,
                                "LibreOffice stands in for no class " + std::string(class_name) + ".");
 }

@@ -37,7 +37,7 @@ TEST(WordModule, NamesTheVersionOfItsEngine) {
 
 TEST(WordModule, KnowsNoOtherClass) {
     NotingMachine machine;
-    EXPECT_EQ(tests::error_of([&] { office_module().create("Excel.Application", machine); }).number(), 429);
+    EXPECT_EQ(tests::error_of([&] { office_module().create("Access.Application", machine); }).number(), 429);
 }
 
 TEST_F(WordHost, PrintsToPostScriptInTheOrderOfTheLibrary) {

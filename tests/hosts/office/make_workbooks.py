@@ -1,0 +1,104 @@
+"""Writes the workbooks that the tests open. Standard library only.
+
+    make_workbooks.py FOLDER
+"""
+
+import sys
+import zipfile
+from pathlib import Path
+
+MAIN = "http://schemas.openxmlformats.org/spreadsheetml/2006/main"
+RELATIONSHIPS = "http://schemas.openxmlformats.org/officeDocument/2006/relationships"
+PACKAGE = "http://schemas.openxmlformats.org/package/2006"
+TYPE = "application/vnd.openxmlformats-officedocument.spreadsheetml"
+HEAD = '<?xml version="1.0" encoding="UTF-8"?>'
+
+
+def column_name(number):
+    name = ""
+    while number >= 0:
+        name = chr(65 + number % 26) + name
+        number = number // 26 - 1
+    return name
+
+
+def cell(row, column, value):
+    place = f"{column_name(column)}{row + 1}"
+    if isinstance(value, str):
+        return f'<c r="{place}" t="inlineStr"><is><t>{value}</t></is></c>'
+    return f'<c r="{place}"><v>{value}</v></c>'
+
+
+def sheet(rows, setup=""):
+    """`rows` are lists of values; None leaves a cell empty. `setup` is what follows the cells."""
+    data = "".join(
+        f'<row r="{r + 1}">{"".join(cell(r, c, v) for c, v in enumerate(row) if v is not None)}</row>'
+        for r, row in enumerate(rows))
+    return f'{HEAD}<worksheet xmlns="{MAIN}"><sheetData>{data}</sheetData>{setup}</worksheet>'
+
+
+def write_xlsx(path, sheets, names=""):
+    """`sheets` are pairs of a name and XML."""
+    numbers = range(1, len(sheets) + 1)
+    overrides = "".join(f'<Override PartName="/xl/worksheets/sheet{n}.xml" ContentType="{TYPE}.worksheet+xml"/>'
+                        for n in numbers)
+    listed = "".join(f'<sheet name="{name}" sheetId="{n}" r:id="r{n}"/>' for n, (name, _) in zip(numbers, sheets))
+    related = "".join(f'<Relationship Id="r{n}" Type="{RELATIONSHIPS}/worksheet" Target="worksheets/sheet{n}.xml"/>'
+                      for n in numbers)
+    with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as package:
+        package.writestr("[Content_Types].xml", (
+            f'{HEAD}<Types xmlns="{PACKAGE}/content-types">'
+            '<Default Extension="rels" ContentType="application/vnd.openxmlformats-package.relationships+xml"/>'
+            f'<Override PartName="/xl/workbook.xml" ContentType="{TYPE}.sheet.main+xml"/>{overrides}</Types>'))
+        package.writestr("_rels/.rels", (
+            f'{HEAD}<Relationships xmlns="{PACKAGE}/relationships"><Relationship Id="r1" '
+            f'Type="{RELATIONSHIPS}/officeDocument" Target="xl/workbook.xml"/></Relationships>'))
+        package.writestr("xl/workbook.xml", (
+            f'{HEAD}<workbook xmlns="{MAIN}" xmlns:r="{RELATIONSHIPS}"><sheets>{listed}</sheets>'
+            f'<definedNames>{names}</definedNames></workbook>'))
+        package.writestr("xl/_rels/workbook.xml.rels",
+                         f'{HEAD}<Relationships xmlns="{PACKAGE}/relationships">{related}</Relationships>')
+        for n, (_, xml) in zip(numbers, sheets):
+            package.writestr(f"xl/worksheets/sheet{n}.xml", xml)
+
+
+def write_ods(path):
+    """Two sheets that share the one page style."""
+    namespaces = " ".join(f'xmlns:{n}="urn:oasis:names:tc:opendocument:xmlns:{n}:1.0"'
+                          for n in ("office", "table", "text", "manifest"))
+    table = ('<table:table table:name="{0}"><table:table-row><table:table-cell office:value-type="string">'
+             "<text:p>in {0}</text:p></table:table-cell></table:table-row></table:table>")
+    mimetype = "application/vnd.oasis.opendocument.spreadsheet"
+    with zipfile.ZipFile(path, "w") as package:
+        package.writestr("mimetype", mimetype, zipfile.ZIP_STORED)
+        package.writestr("META-INF/manifest.xml", (
+            f'{HEAD}<manifest:manifest {namespaces}><manifest:file-entry manifest:full-path="/" '
+            f'manifest:media-type="{mimetype}"/><manifest:file-entry manifest:full-path="content.xml" '
+            'manifest:media-type="text/xml"/></manifest:manifest>'))
+        package.writestr("content.xml", (
+            f'{HEAD}<office:document-content {namespaces}><office:body><office:spreadsheet>'
+            f'{table.format("One")}{table.format("Two")}'
+            "</office:spreadsheet></office:body></office:document-content>"))
+
+
+def main():
+    folder = Path(sys.argv[1])
+    folder.mkdir(parents=True, exist_ok=True)
+    letter = '<pageSetup paperSize="1"/>'
+    header = ('<pageMargins left="0.7" right="0.7" top="1" bottom="1" header="0.5" footer="0.5"/>'
+              f"{letter}<headerFooter><oddHeader>&amp;Lold left&amp;Cold centre</oddHeader></headerFooter>")
+    rows = [["Region", "North", "South"]] + [[f"row {i}", i, i * 100] for i in range(2, 101)]
+    write_xlsx(folder / "sales.xlsx",
+               [("Sales", sheet(rows, letter)), ("My notes", sheet([["a note"], [None, "another"]], header)),
+                ("Blank", sheet([], letter))],
+               '<definedName name="Prices">Sales!$B$2:$C$4</definedName>'
+               '<definedName name="Elsewhere">\'My notes\'!$A$1</definedName>')
+    write_ods(folder / "shared.ods")
+    (folder / "values.csv").write_text("name;price\nGröße;1,50\n", encoding="utf-8")
+    (folder / "prose.xlsx").write_text("This is no workbook.\n")
+    (folder / "noise.xlsx").write_bytes(bytes(range(256)) * 4)
+    (folder / "cut.xlsx").write_bytes((folder / "sales.xlsx").read_bytes()[:700])
+    (folder / "empty.xlsx").write_bytes(b"")
+
+
+main()
