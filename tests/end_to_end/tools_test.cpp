@@ -191,14 +191,14 @@ TEST(Command, CompletionGoesOnBehindValuesAndKnowsThemInAnyCase) {
             "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _foliant; echo \"${COMPREPLY[@]}\"";
         return shop.run({"bash", "-c", script}).output;
     };
-    EXPECT_EQ(completed("--timeout 5 createpdfFROMp"), "CreatePDFfromPS\n");
+    EXPECT_EQ(completed("--timeout 5 createpdfFROMps"), "CreatePDFfromPS\n");
     EXPECT_EQ(completed("--timeout h"), "\n");
     EXPECT_EQ(completed("CreatePDFfromWord a b --page-number-alignment ''"), "left center right\n");
     EXPECT_EQ(completed("createpdffromword a b --lngPageNumberAlignment R"), "right\n");
     EXPECT_EQ(completed("CreatePDFfromWord a b --page-number-alignment = c"), "center\n");
     EXPECT_EQ(completed("CreatePDFfromWord a b --page-number-alignment right --land"), "--landscape\n");
-    EXPECT_EQ(completed("help CreatePDFfromM"), "CreatePDFfromMultiPS\n");
-    EXPECT_EQ(completed("CreatePDFfromExc"), "\n") << "it is not there yet";
+    EXPECT_EQ(completed("help CreatePDFfromMultiPS"), "CreatePDFfromMultiPS\n");
+    EXPECT_EQ(completed("CreatePDFfromExc"), "CreatePDFfromExcel CreatePDFfromExcel2\n");
     EXPECT_EQ(completed("registry re"), "remove reset\n");
 }
 

@@ -3,6 +3,7 @@
 #include <com/sun/star/container/XSet.hpp>
 #include <com/sun/star/ucb/UniversalContentBroker.hpp>
 #include <dlfcn.h>
+#include <new>
 #include <rtl/bootstrap.hxx>
 #include <stdexcept>
 
@@ -62,7 +63,17 @@ void strip(const Context& context) {
     }
 }
 
+/// What LibreOffice 7.4 allocates at least until it has opened a document, in bytes.
+constexpr std::size_t needed_to_start = std::size_t{40} << 20U;
+
+/// Raises bad_alloc where the limit on memory leaves LibreOffice less than it starts with: given less, some of
+/// its threads end and others wait for them for ever.
+void require_memory() {
+    ::operator delete(::operator new(needed_to_start));
+}
+
 Context start_engine(const std::filesystem::path& private_folder, const Application& application) {
+    require_memory();
     const std::filesystem::path profile = private_folder / "office";
     write_profile(profile, office_folder(), application);
     void* library = load_library();
