@@ -8,6 +8,7 @@
 #include "automation/error.h"
 #include "cli/call.h"
 #include "cli/exit_codes.h"
+#include "cli/hand_over.h"
 #include "cli/machine_check.h"
 #include "cli/named_files.h"
 #include "cli/output_check.h"
@@ -67,6 +68,7 @@ Outcome make(const Request& request, LocalMachine& machine, const platform::Plat
         check_output(request, outcome);
     }
     if (!outcome.error && !outcome.left_out.empty()) outcome.exit_code = exit_incomplete;
+    hand_over(request, machine, outcome);
     return outcome;
 }
 

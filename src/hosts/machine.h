@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "hosts/document_file.h"
+#include "hosts/left_open.h"
 #include "hosts/pending_file.h"
 
 /// Stand-in hosts: automation objects with the members that the library calls on the real programs, giving
@@ -110,6 +111,10 @@ class Machine {
     virtual HostWindow open_window(std::string caption, std::function<void()> on_close) = 0;
     /// Says that a window is gone, without telling `on_close`. It may be gone already.
     virtual void close_window(HostWindow window) = 0;
+
+    /// Says what the host shows its user at the moment, which stays open when the call is over; nothing for
+    /// nothing. What was said before does not count any more.
+    virtual void leave_open(const std::optional<LeftOpen>& /*document*/) {}
 
     /// A text value of the user's settings store, under a key of HKEY_CURRENT_USER such as
     /// "Software\\Adobe\\Acrobat Distiller\\6.0\\Security"; nothing when it is not there.

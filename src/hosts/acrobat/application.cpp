@@ -11,7 +11,10 @@ namespace foliant::hosts::acrobat {
 
 automation::ObjectPtr make_application(ProgramPtr program) {
     auto application = std::make_shared<LateBound>(application_name);
-    application->add_method("Show", {}, [program](const Bound&) { return true; });
+    application->add_method("Show", {}, [program](const Bound&) {
+        program->become_visible();
+        return true;
+    });
     application->add_method("GetActiveDoc", {}, [program](const Bound&) {
         return automation::ObjectPtr(std::make_shared<AvDocument>(program, program->active_view()));
     });

@@ -28,6 +28,7 @@ bool find_text(View& view, const text::Query& query, bool from_start) {
         auto hit = finder.find(query, goes_on ? view.found->behind : text::Position());
         if (!hit) return false;
         view.found = hit;
+        view.page = hit->page;
         while (hit && document.machine().found(told(*hit)))
             hit = finder.find(query, hit->behind);
         return true;

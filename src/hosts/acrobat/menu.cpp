@@ -9,6 +9,8 @@
 #include "hosts/acrobat/password_security.h"
 #include "hosts/acrobat/pd_bookmark.h"
 #include "hosts/acrobat/save.h"
+#include "hosts/acrobat/view/go_to_page.h"
+#include "hosts/acrobat/view/read_aloud.h"
 #include "hosts/acrobat/web_links.h"
 
 namespace foliant::hosts::acrobat {
@@ -21,6 +23,9 @@ struct MenuItem {
 };
 
 constexpr std::array menu{
+    MenuItem{"ADBE:ReadAloudStart", view::read_page_aloud},
+    MenuItem{"ADBE:ReadAloudToEnd", view::read_to_end_aloud},
+    MenuItem{"GoToPage", view::go_to_page_by_dialog},
     MenuItem{"NewBookmark", add_bookmark_for_view},
     MenuItem{"Open", open_by_dialog},
     MenuItem{"Save", save_active_document},

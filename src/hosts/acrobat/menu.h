@@ -8,6 +8,9 @@ namespace foliant::hosts::acrobat {
 
 /// Does what a menu item does, named as Acrobat names it for programs:
 ///
+///     ADBE:ReadAloudStart        reads the page in view aloud when the call is over
+///     ADBE:ReadAloudToEnd        the same from that page to the end
+///     GoToPage                   asks for the number of a page, and brings it into view
 ///     NewBookmark                a bookmark "Untitled" on what the window in front shows
 ///     Open                       asks for a file, and for its password where it has one, and shows it
 ///     Save                       saves the document in front, all of it, under its own name

@@ -3,7 +3,9 @@
 #include "automation/coerce.h"
 #include "automation/error.h"
 #include "hosts/acrobat/acrobat_error.h"
+#include "hosts/acrobat/av_document.h"
 #include "hosts/acrobat/outline/bookmarks.h"
+#include "hosts/acrobat/outline/destinations.h"
 #include "hosts/acrobat/pd_document.h"
 #include "hosts/acrobat/structure/unreadable.h"
 
@@ -21,9 +23,16 @@ const PdDocument& document_in(const Value& value) {
     return *document;
 }
 
-/// What the window shows: the place that was found, else the top of the document.
+const AvDocument& window_in(const Value& value) {
+    const auto* object = value.if_holds<automation::ObjectPtr>();
+    const auto* window = object != nullptr ? dynamic_cast<const AvDocument*>(object->get()) : nullptr;
+    if (window == nullptr) throw automation::Error(automation::RuntimeError::type_mismatch);
+    return *window;
+}
+
+/// What the window shows: the place that was found, else the page in view.
 outline::Target target_of(const View& view, structure::Pdf& pdf) {
-    const auto page = static_cast<std::size_t>(view.found ? view.found->page : 0);
+    const auto page = static_cast<std::size_t>(view.page);
     if (page >= pdf.pages().size()) throw structure::Unreadable("it has no page for a bookmark to lead to");
     outline::Target target{.page = pdf.pages()[page].object, .left = std::nullopt, .top = std::nullopt};
     if (view.found) {
@@ -38,6 +47,7 @@ outline::Target target_of(const View& view, structure::Pdf& pdf) {
 PdBookmark::PdBookmark() : LateBound(application_name) {
     add_method("GetByTitle", {"iAcroPDDoc", "szTitle"},
                [this](const Bound& given) { return find(given[0], to_text(given[1])); });
+    add_method("Perform", {"iAcroAVDoc"}, [this](const Bound& given) { return perform(given[0]); });
     add_method("SetTitle", {"szNewTitle"}, [this](const Bound& given) { return rename(to_text(given[0])); });
 }
 
@@ -50,6 +60,16 @@ bool PdBookmark::find(const Value& document, const std::string& title) {
         return outline::find_bookmark(pdf.qpdf(), title);
     });
     return bookmark_.has_value();
+}
+
+bool PdBookmark::perform(const Value& viewer) const {
+    if (!bookmark_) return false;
+    const AvDocument& window = window_in(viewer);
+    const auto page = with_file_named(
+        *document_, [&](structure::Pdf& pdf) { return outline::page_behind(pdf, *bookmark_); });
+    if (!page || window.shown() != document_) return false;
+    window.program()->go_to(window.view(), *page);
+    return true;
 }
 
 bool PdBookmark::rename(const std::string& title) {

@@ -15,6 +15,8 @@ namespace foliant::hosts::acrobat {
 ///
 ///     GetByTitle(document, title)    whether the document has such a bookmark, which this one is from now on;
 ///                                    of several, the one that the menu has just made, else the first
+///     Perform(viewer)                brings what it leads to into view; False when that is no page of the
+///                                    document in that window
 ///     SetTitle(title)                True; False when it is no bookmark
 class PdBookmark : public LateBound {
   public:
@@ -22,6 +24,7 @@ class PdBookmark : public LateBound {
 
   private:
     bool find(const automation::Value& document, const std::string& title);
+    bool perform(const automation::Value& viewer) const;
     bool rename(const std::string& title);
 
     DocumentPtr document_;

@@ -15,6 +15,7 @@ namespace foliant::hosts::acrobat {
 /// A window that shows a document, or nothing once it is closed.
 struct View {
     DocumentPtr document;
+    std::int32_t page = 0;                          ///< the one in view, from 0
     std::optional<text::Hit> found = std::nullopt;  ///< what the last search has found, which it shows
 };
 using ViewPtr = std::shared_ptr<View>;
@@ -35,9 +36,22 @@ struct Program {
     void close(const ViewPtr& view) noexcept;
     void close_all() noexcept;
 
+    /// Comes up on the screen, where it stays when the call is over.
+    void become_visible();
+    /// Brings a page into view, counted from 0, instead of what was found.
+    void go_to(const ViewPtr& view, std::int32_t page);
+    /// Reads a text aloud when the call is over, UTF-8.
+    void read_aloud(const std::string& text);
+
     Machine& machine;
     std::vector<ViewPtr> views;                     ///< the one in front last
     std::optional<automation::Error> last_failure;  ///< why what was to be shown last is not
+
+  private:
+    void tell_what_is_shown() const;
+
+    bool is_visible_ = false;
+    std::filesystem::path speech_;
 };
 using ProgramPtr = std::shared_ptr<Program>;
 

@@ -24,6 +24,7 @@ enum class MachineCall : std::uint8_t {
     show,             ///< dialog; the dialog as it was left
     open_window,      ///< caption; the window
     close_window,     ///< the window
+    leave_open,       ///< whether there is a document; its path, the page, the file to read aloud
 };
 
 /// What it is asked, besides its objects' members.

@@ -62,6 +62,8 @@ void MachineService::answer(Peer& peer, Reader& arguments, Writer& result) {
             return open_window(peer, arguments, result);
         case MachineCall::close_window:
             return close_window(arguments);
+        case MachineCall::leave_open:
+            return leave_open(arguments);
     }
     throw Garbled();
 }
@@ -107,14 +109,17 @@ void MachineService::commit_output(Reader& arguments) {
     output.mapped()->commit();
 }
 
+bool MachineService::is_its_own(const std::filesystem::path& file) const {
+    return file.parent_path() == folder_ && file.has_filename() && file.filename() != ".." &&
+           std::filesystem::is_regular_file(std::filesystem::symlink_status(file));
+}
+
 /// Only what the host has made itself is printed.
 void MachineService::print(Reader& arguments) {
     const std::string printer = arguments.text();
     const std::filesystem::path pdf = arguments.text();
     const std::string title = arguments.text();
-    const bool is_its_own = pdf.parent_path() == folder_ && pdf.has_filename() && pdf.filename() != ".." &&
-                            std::filesystem::is_regular_file(std::filesystem::symlink_status(pdf));
-    if (!is_its_own) refuse(pdf);
+    if (!is_its_own(pdf)) refuse(pdf);
     machine_.print(printer, pdf, title);
 }
 
@@ -164,6 +169,18 @@ void MachineService::open_window(Peer& peer, Reader& arguments, Writer& result) 
 void MachineService::close_window(Reader& arguments) {
     const auto window = static_cast<HostWindow>(arguments.number<WindowNumber>());
     if (windows_.erase(window) > 0) machine_.close_window(window);
+}
+
+/// Only documents that were named to the host are shown, and only what it has made itself is read aloud.
+void MachineService::leave_open(Reader& arguments) {
+    if (!arguments.truth()) return machine_.leave_open(std::nullopt);
+    LeftOpen left;
+    left.document = named_path(arguments);
+    left.page = arguments.number<std::int32_t>();
+    left.speech = arguments.text();
+    if (left.page < 1) throw Garbled();
+    if (!left.speech.empty() && !is_its_own(left.speech)) refuse(left.speech);
+    machine_.leave_open(left);
 }
 
 }  // namespace foliant::hosts::process

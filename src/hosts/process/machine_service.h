@@ -44,6 +44,8 @@ class MachineService {
     void show(Peer& peer, Reader& arguments, Writer& result);
     void open_window(Peer& peer, Reader& arguments, Writer& result);
     void close_window(Reader& arguments);
+    void leave_open(Reader& arguments);
+    bool is_its_own(const std::filesystem::path& file) const;
     std::filesystem::path named_path(Reader& arguments) const;
 
     bool may_replace(const std::filesystem::path& document) const;

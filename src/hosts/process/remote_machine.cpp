@@ -160,6 +160,16 @@ void RemoteMachine::close_window(HostWindow window) {
     peer_->call(request(MachineCall::close_window).put(static_cast<WindowNumber>(window)));
 }
 
+void RemoteMachine::leave_open(const std::optional<LeftOpen>& document) {
+    Writer message = request(MachineCall::leave_open);
+    message.put(document.has_value());
+    if (document)
+        message.put(document->document.native())
+            .put(static_cast<std::int32_t>(document->page))
+            .put(document->speech.native());
+    peer_->call(message);
+}
+
 void RemoteMachine::closed(Reader& arguments) {
     const auto window = windows_.extract(static_cast<HostWindow>(arguments.number<WindowNumber>()));
     if (!window.empty() && window.mapped()) window.mapped()();

@@ -71,6 +71,9 @@ class LocalMachine : public hosts::Machine {
     /// worker whose parent was killed.
     void remove_private_folder() noexcept { private_folder_.remove(); }
 
+    /// What the hosts show their user; nothing for nothing.
+    const std::optional<hosts::LeftOpen>& left_open() const noexcept { return left_open_; }
+
     // What hosts ask for.
     std::filesystem::path private_folder() const override { return private_folder_.path(); }
     std::optional<std::vector<std::string>> scratch_text(const std::string& path) const override;
@@ -82,6 +85,7 @@ class LocalMachine : public hosts::Machine {
     void show(hosts::Dialog& dialog) override;
     hosts::HostWindow open_window(std::string caption, std::function<void()> on_close) override;
     void close_window(hosts::HostWindow window) override;
+    void leave_open(const std::optional<hosts::LeftOpen>& document) override { left_open_ = document; }
     std::optional<std::string> setting(std::string_view key, std::string_view value) const override;
 
   private:
@@ -101,6 +105,7 @@ class LocalMachine : public hosts::Machine {
     LocalShell shell_;
     HostModules modules_;
     LocalPrinterControl printer_control_;
+    std::optional<hosts::LeftOpen> left_open_;
 };
 
 }  // namespace foliant::platform::local

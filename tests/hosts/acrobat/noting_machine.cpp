@@ -31,6 +31,13 @@ void NotingMachine::show(Dialog& dialog) {
     dialog.accepted = answer != "cancel";
 }
 
+void NotingMachine::leave_open(const std::optional<LeftOpen>& document) {
+    if (!document) return notes.push_back("nothing on the screen");
+    notes.push_back("page " + std::to_string(document->page) + " of " +
+                    document->document.filename().string() + " on the screen");
+    read_aloud = tests::read_file(document->speech);
+}
+
 void NotingMachine::print(std::string_view queue, const std::filesystem::path& pdf, std::string_view title) {
     notes.push_back("print " + std::string(title) + " on " + std::string(queue));
     printed = tests::read_file(pdf);
