@@ -31,9 +31,17 @@ void StatusLine::run() {
 void StatusLine::draw(int step) {
     constexpr std::string_view frames = "|/-\\";
     const int seconds = step / steps_a_second;
-    write_all(terminal_.get(), "\r" + std::string(1, frames[static_cast<std::size_t>(step) % frames.size()]) +
-                                   " " + text_ + (seconds > 0 ? "  " + std::to_string(seconds) + " s" : ""));
+    const std::string line = std::string(1, frames[static_cast<std::size_t>(step) % frames.size()]) + " " +
+                             text_ + (progress_.empty() ? "" : "  " + progress_) +
+                             (seconds > 0 ? "  " + std::to_string(seconds) + " s" : "");
+    // What was longer before would show behind the line.
+    write_all(terminal_.get(), "\r" + line + "\x1B[K");
     shown_ = true;
+}
+
+void StatusLine::tell(std::string progress) {
+    const std::lock_guard lock(mutex_);
+    progress_ = std::move(progress);
 }
 
 void StatusLine::erase() {

@@ -19,6 +19,9 @@ class StatusLine {
     StatusLine& operator=(const StatusLine&) = delete;
     ~StatusLine() { stop(); }
 
+    /// What is told behind the text from now on: "Opening 12 %".
+    void tell(std::string progress);
+
     /// Takes the line away until it moves again, so that something else can be written.
     void hide();
     /// Takes it away for good. Harmless when called again.
@@ -31,6 +34,7 @@ class StatusLine {
 
     posix::FileDescriptor terminal_;
     std::string text_;
+    std::string progress_;
     std::mutex mutex_;
     std::condition_variable stopping_;
     bool stopped_ = false;

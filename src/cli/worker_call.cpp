@@ -105,6 +105,9 @@ int make_call(const Request& request, LocalMachine& machine, const KeptFile& kep
     // These last as long as the process does: whoever writes a message late still may.
     static StatusLine status(moving ? STDERR_FILENO : -1, activity(request));
     static const OwnStreams streams(engine_output, [] { status.hide(); });
+    machine.on_progress([](std::string_view doing, int percent) {
+        status.tell(visible_line(doing) + " " + std::to_string(percent) + " %");
+    });
     ProgressBar bar(moving ? &std::cerr : nullptr);
     Watcher watcher(status, bar, log);
     const TracedPlatform traced(machine.platform(), [&log](const std::string& line) { log.line(line); });

@@ -102,6 +102,10 @@ class Machine {
     /// too: the host then looks for it, without that being a part of what it was called for.
     virtual bool found(const FoundText& /*place*/) { return false; }
 
+    /// Tells the people who wait what a host is doing ("Opening") and how much of it is done, in per cent. It
+    /// costs a message to another process, so a few times a second are enough.
+    virtual void show_progress(std::string_view /*doing*/, int /*percent*/) {}
+
     /// Puts up a dialog and returns when it was closed. Raises an automation error that names the dialog when
     /// nobody is there to answer it.
     virtual void show(Dialog& dialog) = 0;

@@ -2,31 +2,69 @@
 
 #include <array>
 #include <gtest/gtest.h>
+#include <optional>
+#include <string>
 #include <unistd.h>
 
 namespace foliant::cli {
 namespace {
 
-TEST(StatusLine, MovesAndLeavesNothingBehind) {
-    std::array<int, 2> ends{};
-    ASSERT_EQ(pipe(ends.data()), 0);
-    StatusLine status(ends[1], "Converting a.docx");
-    std::string shown;
-    while (shown.find("- Converting") == std::string::npos) {
-        std::array<char, 256> piece{};
-        const ssize_t got = read(ends[0], piece.data(), piece.size());
-        ASSERT_GT(got, 0);
-        shown.append(piece.data(), static_cast<std::size_t>(got));
+/// A status line, and the other end of the pipe that it takes for a terminal.
+class Shown {
+  public:
+    Shown() {
+        EXPECT_EQ(pipe(ends_.data()), 0);
+        status_.emplace(ends_[1], "Converting a.docx");
     }
-    status.stop();
-    close(ends[1]);
-    std::array<char, 256> rest{};
-    const ssize_t got = read(ends[0], rest.data(), rest.size());
-    close(ends[0]);
-    if (got > 0) shown.append(rest.data(), static_cast<std::size_t>(got));
-    EXPECT_TRUE(shown.starts_with("\r| Converting a.docx\r/ Converting a.docx\r- Converting a.docx"))
-        << shown;
-    EXPECT_TRUE(shown.ends_with("\r\x1B[K")) << shown;
+    ~Shown() { close(ends_[0]); }
+    StatusLine& status() { return *status_; }
+
+    /// Waits until that was written.
+    void wait_for(const std::string& part) {
+        while (text_.find(part) == std::string::npos)
+            ASSERT_TRUE(read_piece());
+    }
+
+    /// All that was written until the end.
+    std::string stop() {
+        status_->stop();
+        status_.reset();
+        close(ends_[1]);
+        while (read_piece()) {
+        }
+        return text_;
+    }
+
+  private:
+    bool read_piece() {
+        std::array<char, 256> piece{};
+        const ssize_t got = read(ends_[0], piece.data(), piece.size());
+        if (got > 0) text_.append(piece.data(), static_cast<std::size_t>(got));
+        return got > 0;
+    }
+
+    std::array<int, 2> ends_{};
+    std::optional<StatusLine> status_;
+    std::string text_;
+};
+
+TEST(StatusLine, MovesAndLeavesNothingBehind) {
+    Shown shown;
+    shown.wait_for("- Converting");
+    const std::string text = shown.stop();
+    EXPECT_TRUE(
+        text.starts_with("\r| Converting a.docx\x1B[K\r/ Converting a.docx\x1B[K\r- Converting a.docx"))
+        << text;
+    EXPECT_TRUE(text.ends_with("\r\x1B[K")) << text;
+}
+
+TEST(StatusLine, TellsHowFarItIsInPlaceOfWhatItToldBefore) {
+    Shown shown;
+    shown.status().tell("Opening 9 %");
+    shown.wait_for("Converting a.docx  Opening 9 %\x1B[K");
+    shown.status().tell("Printing 10 %");
+    shown.wait_for("Converting a.docx  Printing 10 %\x1B[K");
+    shown.stop();
 }
 
 TEST(StatusLine, ShowsNothingWithoutATerminal) {

@@ -64,6 +64,8 @@ void MachineService::answer(Peer& peer, Reader& arguments, Writer& result) {
             return close_window(arguments);
         case MachineCall::leave_open:
             return leave_open(arguments);
+        case MachineCall::show_progress:
+            return show_progress(arguments);
     }
     throw Garbled();
 }
@@ -121,6 +123,14 @@ void MachineService::print(Reader& arguments) {
     const std::string title = arguments.text();
     if (!is_its_own(pdf)) refuse(pdf);
     machine_.print(printer, pdf, title);
+}
+
+void MachineService::show_progress(Reader& arguments) {
+    constexpr std::size_t longest = 40;
+    const std::string doing = arguments.text();
+    const auto percent = arguments.number<std::int32_t>();
+    if (doing.size() > longest || percent < 0 || percent > 100) throw Garbled();
+    machine_.show_progress(doing, percent);
 }
 
 void MachineService::show(Peer& peer, Reader& arguments, Writer& result) {

@@ -41,6 +41,7 @@ class MachineService {
     void make_output(Reader& arguments, Writer& result);
     void commit_output(Reader& arguments);
     void print(Reader& arguments);
+    void show_progress(Reader& arguments);
     void show(Peer& peer, Reader& arguments, Writer& result);
     void open_window(Peer& peer, Reader& arguments, Writer& result);
     void close_window(Reader& arguments);

@@ -125,6 +125,10 @@ bool RemoteMachine::found(const FoundText& place) {
     return peer_->call(message).truth();
 }
 
+void RemoteMachine::show_progress(std::string_view doing, int percent) {
+    peer_->call(request(MachineCall::show_progress).put(doing).put(static_cast<std::int32_t>(percent)));
+}
+
 void RemoteMachine::show(Dialog& dialog) {
     Dialog* const below = std::exchange(shown_, &dialog);
     Writer message = request(MachineCall::show);

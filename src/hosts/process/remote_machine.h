@@ -42,6 +42,7 @@ class RemoteMachine : public Machine {
     std::string default_printer() const override;
     void print(std::string_view printer, const std::filesystem::path& pdf, std::string_view title) override;
     bool found(const FoundText& place) override;
+    void show_progress(std::string_view doing, int percent) override;
     void show(Dialog& dialog) override;
     HostWindow open_window(std::string caption, std::function<void()> on_close) override;
     void close_window(HostWindow window) override;

@@ -67,6 +67,11 @@ class LocalMachine : public hosts::Machine {
     /// What keeps hosts from what is not their business: "Landlock (version 7), seccomp", or "nothing".
     static std::string containment();
 
+    /// Whom to tell how far hosts are: what they do, and per cent. May be empty.
+    void on_progress(std::function<void(std::string_view doing, int percent)> told) {
+        on_progress_ = std::move(told);
+    }
+
     /// Removes the private folder at once, for a process that ends without unwinding; also for a forked
     /// worker whose parent was killed.
     void remove_private_folder() noexcept { private_folder_.remove(); }
@@ -82,6 +87,9 @@ class LocalMachine : public hosts::Machine {
     bool is_pdf_printer(std::string_view name) const override { return printers_.is_pdf_printer(name); }
     std::string default_printer() const override { return printers_.default_name(); }
     void print(std::string_view printer, const std::filesystem::path& pdf, std::string_view title) override;
+    void show_progress(std::string_view doing, int percent) override {
+        if (on_progress_) on_progress_(doing, percent);
+    }
     void show(hosts::Dialog& dialog) override;
     hosts::HostWindow open_window(std::string caption, std::function<void()> on_close) override;
     void close_window(hosts::HostWindow window) override;
@@ -93,6 +101,7 @@ class LocalMachine : public hosts::Machine {
     void run_sender(std::string_view tail);
 
     LocalOptions options_;
+    std::function<void(std::string_view, int)> on_progress_;
     PrivateFolder private_folder_;
     // Asking these fills what they remember, which is not a change that a host could see.
     mutable RegistryStore store_;

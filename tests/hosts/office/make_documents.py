@@ -105,7 +105,8 @@ def write_odt(path, body, settings="", parts=None):
     """An OpenDocument text; `parts`: name to (media type, content)."""
     office = "urn:oasis:names:tc:opendocument:xmlns"
     names = " ".join(f'xmlns:{prefix}="{office}:{space}:1.0"' for prefix, space in
-                     [("office", "office"), ("text", "text"), ("script", "script"), ("manifest", "manifest")])
+                     [("office", "office"), ("text", "text"), ("script", "script"), ("manifest", "manifest"),
+                      ("draw", "drawing"), ("svg", "svg-compatible")])
     names += (' xmlns:xlink="http://www.w3.org/1999/xlink" xmlns:dom="http://www.w3.org/2001/xml-events" '
               'xmlns:ooo="http://openoffice.org/2004/office"')
     entries = "".join(f'<manifest:file-entry manifest:full-path="{name}" manifest:media-type="{media}"/>'
@@ -194,6 +195,12 @@ def write_content_documents(folder):
     fading = png(64, lambda x, y: (200, 30, 30, 4 * x))
     write_docx(folder / "picture.docx", paragraph("Text above a fading picture.") + picture("image1") + section(),
                {"image1.png": ("image", fading)})
+    # A picture that lies over text makes LibreOffice draw both, and let its own thread work meanwhile.
+    write_odt(folder / "comment.odt", (
+        '<text:p>aaa<office:annotation><text:p>The remark.</text:p></office:annotation>'
+        '<draw:frame text:anchor-type="as-char" svg:width="2cm" svg:height="2cm">'
+        '<draw:image xlink:href="Pictures/fading.png" xlink:type="simple"/></draw:frame></text:p>'),
+        parts={"Pictures/fading.png": ("image/png", fading)})
     (folder / "utf8.txt").write_text("naïve café Łódź\nsecond line\n", encoding="utf-8")
     (folder / "latin.txt").write_text("naïve café\n", encoding="cp1252")
     (folder / "utf16.txt").write_text("naïve café\n", encoding="utf-16")

@@ -20,6 +20,9 @@ class NotingMachine : public Machine {
         notes.push_back("print " + std::string(title) + " on " + std::string(printer) + ", pages " +
                         std::to_string(PdfReader(pdf).pages()));
     }
+    void show_progress(std::string_view doing, int percent) override {
+        progress.push_back(std::string(doing) + " " + std::to_string(percent));
+    }
     void show(Dialog& dialog) override {
         notes.push_back("dialog " + dialog.caption + ": " + dialog.controls.front().text);
         if (answer.empty()) return;
@@ -35,6 +38,7 @@ class NotingMachine : public Machine {
 
     std::string answer;  ///< typed into the dialog; empty to cancel it
     std::vector<std::string> notes;
+    std::vector<std::string> progress;
 };
 
 }  // namespace foliant::hosts::office::test

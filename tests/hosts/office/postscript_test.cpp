@@ -92,6 +92,10 @@ TEST(PostScript, KeepsTextBesideATransparentPicture) {
     EXPECT_EQ(Print(test::document("picture.docx")).distilled().text(1), "Text above a fading picture.");
 }
 
+TEST(PostScript, CanBeMadeOfACommentBesideATransparentPicture) {
+    EXPECT_EQ(Print(test::document("comment.odt")).distilled().pages(), 1);
+}
+
 TEST(PostScript, CannotBeMadeOfAnythingButPdf) {
     EXPECT_THROW(pdf_to_postscript("not a PDF", "title"), PostScriptFailure);
 }

@@ -40,6 +40,15 @@ TEST(WordModule, KnowsNoOtherClass) {
     EXPECT_EQ(tests::error_of([&] { office_module().create("Access.Application", machine); }).number(), 429);
 }
 
+TEST_F(WordHost, TellsHowFarItIsWithPrinting) {
+    const Value document = open("fifty.docx");
+    document.call("PrintOut", {named("OutputFileName", (folder / "out.ps").string())});
+    ASSERT_FALSE(machine.progress.empty());
+    for (const std::string& told : machine.progress)
+        EXPECT_TRUE(told.starts_with("Opening ") || told.starts_with("Printing ")) << told;
+    EXPECT_TRUE(machine.progress.back().starts_with("Printing ")) << machine.progress.back();
+}
+
 TEST_F(WordHost, PrintsToPostScriptInTheOrderOfTheLibrary) {
     const Value document = open("five.docx");
     word.set("DisplayAlerts", std::int16_t{0});

@@ -134,6 +134,10 @@ automation::ObjectPtr make_prober(std::string_view class_name, Machine& machine)
                (machine.is_pdf_printer("Office") ? " pdf" : "") +
                (machine.setting("k", "v") ? " setting" : "");
     });
+    prober->add_method("Progress", {"Doing", "Percent"}, [&](const Bound& given) -> Value {
+        machine.show_progress(to_text(given[0]), automation::to_int32(given[1]));
+        return {};
+    });
     prober->add_method("Print", {"Path"}, [&](const Bound& given) -> Value {
         fs::path path = to_text(given[0]);
         if (path.is_relative()) {
@@ -167,6 +171,9 @@ class ProbingMachine : public Machine {
     void print(std::string_view printer, const fs::path& pdf, std::string_view title) override {
         printed += std::string(printer) + ": " + content(pdf) + ", " + std::string(title);
     }
+    void show_progress(std::string_view doing, int percent) override {
+        progress += std::string(doing) + " " + std::to_string(percent) + "\n";
+    }
     void show(Dialog& dialog) override {
         if (!typed.empty()) dialog.controls.at(0).text = typed;
         if (clicks) dialog.on_click(dialog, 7);
@@ -183,6 +190,7 @@ class ProbingMachine : public Machine {
     std::map<HostWindow, std::pair<std::string, std::function<void()>>> windows;
     HostWindow last_window = 40;
     std::string printed;
+    std::string progress;
     std::string typed;
     bool clicks = false;
 
@@ -226,6 +234,20 @@ TEST_F(HostProcessTest, RunsItsObjectsInAnotherProcess) {
     EXPECT_NE(process, ::getpid());
     EXPECT_EQ(automation::to_int32(create().get("Process")), process);
     EXPECT_TRUE(host.is_running());
+}
+
+TEST_F(HostProcessTest, PassesOnHowFarTheHostIs) {
+    const Value prober = create();
+    prober.call("Progress", {"Opening", 0});
+    prober.call("Progress", {"Opening", 100});
+    EXPECT_EQ(machine.progress, "Opening 0\nOpening 100\n");
+}
+
+TEST_F(HostProcessTest, EndsAHostThatTellsNoProgress) {
+    for (const int percent : {-1, 101})
+        EXPECT_NE(failure_of([&] { create().call("Progress", {"Opening", percent}); }), "");
+    EXPECT_NE(failure_of([&] { create().call("Progress", {std::string(1000, 'x'), 1}); }), "");
+    EXPECT_EQ(machine.progress, "");
 }
 
 TEST_F(HostProcessTest, PassesOnWhyAnObjectCannotBeMade) {

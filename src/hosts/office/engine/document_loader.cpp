@@ -14,6 +14,7 @@
 #include "hosts/office/engine/file_stream.h"
 #include "hosts/office/engine/load_interaction.h"
 #include "hosts/office/engine/process_guard.h"
+#include "hosts/office/engine/progress_relay.h"
 #include "hosts/office/engine/uno_support.h"
 
 namespace foliant::hosts::office {
@@ -25,7 +26,8 @@ using css::uno::Reference;
 
 css::uno::Sequence<css::beans::PropertyValue> load_arguments(const ImportFilter& filter,
                                                              const DocumentFile& file,
-                                                             const Reference<LoadInteraction>& interaction) {
+                                                             const Reference<LoadInteraction>& interaction,
+                                                             Machine& machine) {
     using css::task::XInteractionHandler;
     return uno_sequence<css::beans::PropertyValue>({
         uno_argument("InputStream", stream_of(file)),
@@ -36,6 +38,7 @@ css::uno::Sequence<css::beans::PropertyValue> load_arguments(const ImportFilter&
         uno_argument("MacroExecutionMode", css::document::MacroExecMode::NEVER_EXECUTE),
         uno_argument("UpdateDocMode", css::document::UpdateDocMode::NO_UPDATE),
         uno_argument("InteractionHandler", Reference<XInteractionHandler>(interaction.get())),
+        uno_argument("StatusIndicator", relay_progress(machine, "Opening")),
     });
 }
 
@@ -90,7 +93,7 @@ std::unique_ptr<LoadedDocument> load_document(const Office& office, DocumentFile
     try {
         document = css::frame::Desktop::create(office.context)
                        ->loadComponentFromURL(file_url(file.place), to_uno("_blank"), 0,
-                                              load_arguments(filter, file, interaction));
+                                              load_arguments(filter, file, interaction, machine));
     } catch (const css::uno::Exception& exception) {
         reason = from_uno(exception.Message);
     }

@@ -2,8 +2,11 @@
 
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/io/XOutputStream.hpp>
+#include <com/sun/star/lang/XServiceInfo.hpp>
+#include <com/sun/star/text/XTextFieldsSupplier.hpp>
 #include <cppuhelper/implbase1.hxx>
 
+#include "hosts/office/engine/progress_relay.h"
 #include "hosts/office/engine/uno_support.h"
 
 namespace foliant::hosts::office {
@@ -68,6 +71,7 @@ std::string export_once(const LoadedDocument& document, const Sequence<PropertyV
         uno_argument("FilterName", to_uno(document.application.pdf_filter)),
         uno_argument("FilterData", options),
         uno_argument("OutputStream", Reference<css::io::XOutputStream>(stream.get())),
+        uno_argument("StatusIndicator", relay_progress(document.machine, "Printing")),
     });
     Reference<css::frame::XStorable>(document.component, css::uno::UNO_QUERY_THROW)
         ->storeToURL(to_uno("private:stream"), arguments);
@@ -81,14 +85,34 @@ std::string export_once(const LoadedDocument& document, const Sequence<PropertyV
     return bytes;
 }
 
+/// Takes the comments out of a document in memory. While LibreOffice flattens pages it lets its own thread
+/// work, which then makes the windows that show comments beside a page; without the files of its user
+/// interface it dies of that. Printed pages show no comments.
+void remove_comments(const LoadedDocument& document) {
+    const Reference<css::text::XTextFieldsSupplier> supplier(document.component, css::uno::UNO_QUERY);
+    if (!supplier.is()) return;
+    const auto fields = supplier->getTextFields()->createEnumeration();
+    std::vector<Reference<css::lang::XComponent>> comments;
+    while (fields->hasMoreElements()) {
+        const css::uno::Any field = fields->nextElement();
+        const Reference<css::lang::XServiceInfo> kind(field, css::uno::UNO_QUERY);
+        if (kind.is() && kind->supportsService(to_uno("com.sun.star.text.textfield.Annotation")))
+            comments.emplace_back(field, css::uno::UNO_QUERY_THROW);
+    }
+    for (const auto& comment : comments)
+        comment->dispose();
+}
+
 }  // namespace
 
 std::string export_to_pdf(const LoadedDocument& document, const std::string& pages, PdfUse use) {
     std::string pdf = export_once(document, pdf_options(pages, use, Transparency::kept));
     // PostScript knows no transparency. Few documents use any, and flattening comes with tags for every word,
     // which take as long as all the rest.
-    if (use == PdfUse::postscript && may_be_transparent(pdf))
+    if (use == PdfUse::postscript && may_be_transparent(pdf)) {
+        remove_comments(document);
         pdf = export_once(document, pdf_options(pages, use, Transparency::flattened));
+    }
     return pdf;
 }
 
