@@ -1,9 +1,13 @@
+#include <array>
+
 #include "automation/error.h"
 #include "automation/text.h"
 #include "hosts/containment/usual_files.h"
 #include "hosts/module.h"
+#include "hosts/office/draw/visio_application.h"
 #include "hosts/office/engine/installation.h"
 #include "hosts/office/excel/excel_application.h"
+#include "hosts/office/powerpoint/powerpoint_application.h"
 #include "hosts/office/word/word_application.h"
 #include "hosts/office/word/word_error.h"
 #include "registered/classes.h"
@@ -11,10 +15,19 @@
 namespace foliant::hosts::office {
 namespace {
 
+struct Maker {
+    std::string_view class_name;
+    automation::ObjectPtr (*make)(Machine&);
+};
+
+constexpr std::array makers{Maker{registered::word, make_word_application},
+                            Maker{registered::excel, make_excel_application},
+                            Maker{registered::powerpoint, make_powerpoint_application},
+                            Maker{registered::visio, make_visio_application}};
+
 automation::ObjectPtr create(std::string_view class_name, Machine& machine) {
-    if (automation::equal_ignoring_case(class_name, registered::word)) return make_word_application(machine);
-    if (automation::equal_ignoring_case(class_name, registered::excel))
-        return make_excel_application(machine);
+    for (const Maker& maker : makers)
+        if (automation::equal_ignoring_case(class_name, maker.class_name)) return maker.make(machine);
     throw microsoft_word.error(automation::RuntimeError::cannot_create_object,
                                "LibreOffice stands in for no class " + std::string(class_name) + ".");
 }

@@ -37,8 +37,9 @@ enum class Transparency { kept, flattened };
 
 Sequence<PropertyValue> pdf_options(const std::string& pages, PdfUse use, Transparency transparency) {
     std::vector<PropertyValue> options = {
-        uno_argument("ExportFormFields", false),  // a printed form is filled in with a pen
-        uno_argument("IsSkipEmptyPages", false),  // page numbers of the range count them
+        uno_argument("ExportFormFields", false),   // a printed form is filled in with a pen
+        uno_argument("IsSkipEmptyPages", false),   // page numbers of the range count them
+        uno_argument("ExportHiddenSlides", true),  // PowerPoint prints them
     };
     if (!pages.empty()) options.push_back(uno_argument("PageRange", to_uno(pages)));
     if (transparency == Transparency::flattened) {

@@ -1,0 +1,48 @@
+#include "hosts/office/powerpoint/presentation_kind.h"
+
+#include "hosts/office/engine/content.h"
+#include "hosts/office/powerpoint/powerpoint_error.h"
+
+namespace foliant::hosts::office {
+
+namespace {
+
+automation::Error no_presentation(const DocumentFile& file, std::string_view reason) {
+    return not_a_document(file.path, reason, microsoft_powerpoint);
+}
+
+ImportFilter package_filter(const DocumentFile& file, const Office& office) {
+    const PackageContent content = package_content(file, office, microsoft_powerpoint);
+    for (const char* main_part :
+         {"presentationml.presentation.main+xml", "presentationml.slideshow.main+xml",
+          "presentationml.template.main+xml", "ms-powerpoint.presentation.macroEnabled",
+          "ms-powerpoint.slideshow.macroEnabled", "ms-powerpoint.template.macroEnabled"})
+        if (content.types.find(main_part) != std::string::npos) return {"Impress MS PowerPoint 2007 XML", ""};
+    if (content.mimetype.starts_with("application/vnd.oasis.opendocument.presentation"))
+        return {"impress8", ""};
+    throw no_presentation(file,
+                          "it is a zip package without a PowerPoint or OpenDocument presentation in it");
+}
+
+ImportFilter compound_file_filter(const DocumentFile& file, const Office& office) {
+    const Streams streams = compound_file_streams(file, office, microsoft_powerpoint);
+    if (has_stream(streams, "EncryptedPackage")) return {"Impress MS PowerPoint 2007 XML", ""};
+    if (has_stream(streams, "PowerPoint Document")) return {"MS PowerPoint 97", ""};
+    throw no_presentation(file, "it is a compound file without a PowerPoint presentation in it");
+}
+
+}  // namespace
+
+ImportFilter presentation_filter(const DocumentFile& file, const Office& office) {
+    const std::string bytes = sample(file, microsoft_powerpoint);
+    const std::string_view start(bytes);
+    if (is_package(start)) return package_filter(file, office);
+    if (is_compound_file(start)) return compound_file_filter(file, office);
+    if (skip_start(start).starts_with("<?xml") &&
+        start.find("opendocument.presentation") != std::string_view::npos)
+        return {"OpenDocument Presentation Flat XML", ""};
+    if (start.starts_with("%PDF-")) throw no_presentation(file, "it is a PDF file");
+    throw no_presentation(file, is_text(start) ? "it holds plain text" : "its content is of no known kind");
+}
+
+}  // namespace foliant::hosts::office

@@ -1,0 +1,102 @@
+"""Writes the presentations and drawings that the tests open. Standard library only.
+
+    make_drawings.py FOLDER
+"""
+
+import sys
+import zipfile
+from pathlib import Path
+
+HEAD = '<?xml version="1.0" encoding="UTF-8"?>'
+PACKAGE = "http://schemas.openxmlformats.org/package/2006"
+OPEN_DOCUMENT = " ".join(f'xmlns:{n}="urn:oasis:names:tc:opendocument:xmlns:{n}:1.0"'
+                         for n in ("office", "style", "text", "presentation"))
+OPEN_DOCUMENT += (' xmlns:draw="urn:oasis:names:tc:opendocument:xmlns:drawing:1.0"'
+                  ' xmlns:fo="urn:oasis:names:tc:opendocument:xmlns:xsl-fo-compatible:1.0"'
+                  ' xmlns:svg="urn:oasis:names:tc:opendocument:xmlns:svg-compatible:1.0"')
+VISIO = "http://schemas.microsoft.com/office/visio/2012/main"
+RELATIONS = "http://schemas.openxmlformats.org/officeDocument/2006/relationships"
+VISIO_RELATIONS = "http://schemas.microsoft.com/visio/2010/relationships"
+
+
+def slide(number, hidden=False):
+    style = "hidden" if hidden else "shown"
+    return (f'<draw:page draw:name="page{number}" draw:master-page-name="Default" draw:style-name="{style}">'
+            '<draw:frame draw:style-name="plain" svg:x="2cm" svg:y="2cm" svg:width="20cm" svg:height="3cm"><draw:text-box>'
+            f'<text:p text:style-name="large">This is slide {number}.</text:p></draw:text-box></draw:frame></draw:page>')
+
+
+def write_slides(path):
+    """Four slides of 28 by 21 centimetres, of which the third is hidden."""
+    slides = "".join(slide(n, hidden=n == 3) for n in range(1, 5))
+    page = '<style:style style:name="{}" style:family="drawing-page"><style:drawing-page-properties {}/></style:style>'
+    path.write_text(
+        f'{HEAD}<office:document {OPEN_DOCUMENT} office:version="1.2" '
+        'office:mimetype="application/vnd.oasis.opendocument.presentation"><office:automatic-styles>'
+        '<style:page-layout style:name="layout"><style:page-layout-properties fo:page-width="28cm" fo:page-height="21cm" '
+        'style:print-orientation="landscape"/></style:page-layout>'
+        '<style:style style:name="plain" style:family="graphic"><style:graphic-properties draw:stroke="none" '
+        'draw:fill="none" fo:padding="0cm"/></style:style>'
+        '<style:style style:name="large" style:family="paragraph"><style:text-properties fo:font-size="40pt"/></style:style>'
+        f'{page.format("hidden", "presentation:visibility=" + chr(34) + "hidden" + chr(34))}{page.format("shown", "")}'
+        '</office:automatic-styles><office:master-styles><style:master-page style:name="Default" '
+        'style:page-layout-name="layout"/></office:master-styles>'
+        f'<office:body><office:presentation>{slides}</office:presentation></office:body></office:document>',
+        encoding="utf-8")
+
+
+def visio_page(text):
+    """A rectangle with a text in it."""
+    corners = ((0, 0), (2, 0), (2, 1), (0, 1), (0, 0))
+    rows = "".join(f'<Row T="{"MoveTo" if i == 0 else "LineTo"}" IX="{i + 1}"><Cell N="X" V="{x}"/><Cell N="Y" V="{y}"/></Row>'
+                   for i, (x, y) in enumerate(corners))
+    cells = "".join(f'<Cell N="{n}" V="{v}"/>' for n, v in
+                    (("PinX", 2), ("PinY", 2), ("Width", 2), ("Height", 1), ("LocPinX", 1), ("LocPinY", 0.5)))
+    return (f'{HEAD}<PageContents xmlns="{VISIO}"><Shapes><Shape ID="1" Type="Shape">{cells}'
+            f'<Section N="Geometry" IX="0">{rows}</Section><Text>{text}</Text></Shape></Shapes></PageContents>')
+
+
+def relations(*targets):
+    return f'{HEAD}<Relationships xmlns="{PACKAGE}/relationships">' + "".join(
+        f'<Relationship Id="r{i + 1}" Type="{VISIO_RELATIONS}/{kind}" Target="{target}"/>'
+        for i, (kind, target) in enumerate(targets)) + "</Relationships>"
+
+
+def write_vsdx(path):
+    """Two pages, of 8.5 by 11 and of 10 by 5 inches."""
+    sizes = ((8.5, 11), (10, 5))
+    pages = "".join(
+        f'<Page ID="{i}" Name="Page-{i + 1}"><PageSheet><Cell N="PageWidth" V="{w}"/><Cell N="PageHeight" V="{h}"/></PageSheet>'
+        f'<Rel r:id="r{i + 1}"/></Page>' for i, (w, h) in enumerate(sizes))
+    kind = "application/vnd.ms-visio"
+    with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as package:
+        package.writestr("[Content_Types].xml", (
+            f'{HEAD}<Types xmlns="{PACKAGE}/content-types">'
+            '<Default Extension="rels" ContentType="application/vnd.openxmlformats-package.relationships+xml"/>'
+            f'<Override PartName="/visio/document.xml" ContentType="{kind}.drawing.main+xml"/>'
+            f'<Override PartName="/visio/pages/pages.xml" ContentType="{kind}.pages+xml"/>'
+            + "".join(f'<Override PartName="/visio/pages/page{i + 1}.xml" ContentType="{kind}.page+xml"/>'
+                      for i in range(len(sizes))) + "</Types>"))
+        package.writestr("_rels/.rels", relations(("document", "visio/document.xml")))
+        package.writestr("visio/document.xml", f'{HEAD}<VisioDocument xmlns="{VISIO}"/>')
+        package.writestr("visio/_rels/document.xml.rels", relations(("pages", "pages/pages.xml")))
+        package.writestr("visio/pages/pages.xml", f'{HEAD}<Pages xmlns="{VISIO}" xmlns:r="{RELATIONS}">{pages}</Pages>')
+        package.writestr("visio/pages/_rels/pages.xml.rels",
+                         relations(*(("page", f"page{i + 1}.xml") for i in range(len(sizes)))))
+        for i in range(len(sizes)):
+            package.writestr(f"visio/pages/page{i + 1}.xml", visio_page(f"drawn on {i + 1}"))
+
+
+def main():
+    folder = Path(sys.argv[1])
+    folder.mkdir(parents=True, exist_ok=True)
+    write_slides(folder / "slides.fodp")
+    write_vsdx(folder / "plan.vsdx")
+    for name in ("prose.pptx", "prose.vsd"):
+        (folder / name).write_text("This is neither.\n")
+    for name in ("noise.ppt", "noise.vsd"):
+        (folder / name).write_bytes(bytes(range(256)) * 4)
+    (folder / "cut.vsdx").write_bytes((folder / "plan.vsdx").read_bytes()[:900])
+
+
+main()
