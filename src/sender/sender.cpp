@@ -34,6 +34,7 @@ Progress Sender::step(Windows& windows) {
     if (stepping_ || progress_ != Progress::waiting) return progress_;
     const Raised raised(stepping_);
     if (!started_) started_ = windows.now();
+    if (windows.starter_has_ended()) return progress_ = Progress::given_up;
     progress_ = look(windows);
     if (progress_ == Progress::waiting && windows.now() - *started_ >= timing_.limit)
         progress_ = Progress::given_up;
@@ -64,6 +65,7 @@ void Sender::note_candidates(Windows& windows) {
     std::vector<Candidate> found;
     for (const TopLevel& window : windows.top_level()) {
         if (!window.visible || !window.enabled || !same_text(window.caption, command_.caption)) continue;
+        if (!window.is_dialog && command_.control == ControlClass::button) continue;
         const auto known = std::find_if(candidates_.begin(), candidates_.end(),
                                         [&](const Candidate& c) { return c.dialog == window.id; });
         found.push_back({window.id, known == candidates_.end() ? now : known->since});

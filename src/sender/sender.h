@@ -19,7 +19,7 @@ struct Timing {
     /// How long "^1" leaves a dialog, whose option was ticked all along, to the sender that came to tick it.
     /// If it answered at once, that sender would be left waiting for a dialog that is gone.
     Milliseconds courtesy{2000};
-    /// From the first look until the sender gives up. Nobody waits for a sender, and its dialog may come up
+    /// From the first look until the sender gives up, if whoever started it has not ended before. Nobody waits for a sender, and its dialog may come up
     /// only after a long document was laid out; but one that stays for ever would one day answer a dialog
     /// that a user opened.
     Milliseconds limit{std::chrono::minutes{10}};
@@ -29,7 +29,7 @@ struct Timing {
 enum class Progress {
     waiting,   ///< Not done yet: look again.
     acted,     ///< Done, and the dialog has closed if the command says to see to that.
-    given_up,  ///< The time limit is over.
+    given_up,  ///< The time limit is over, or whoever started the sender has ended.
 };
 
 /// Exit codes of the sender program.
@@ -37,7 +37,7 @@ enum class ExitCode : int {
     acted = 0,      ///< The command was carried out.
     failed = 1,     ///< The program itself failed; no decision of this file.
     malformed = 2,  ///< The command cannot be read (CommandError). Nothing was waited for.
-    given_up = 3,   ///< No such dialog, or none with such a control, came up within the limit.
+    given_up = 3,   ///< No such dialog, or none with such a control, came up in time.
     left_open = 4,  ///< The dialog was answered but had not closed when the limit was over.
 };
 
@@ -45,7 +45,8 @@ enum class ExitCode : int {
 ///
 /// A dialog fits when its caption is the command's (case ignored), it is shown and enabled, no other sender
 /// has claimed the same act on it, and it has the control (see `choose`). Several windows may bear the
-/// caption, a main window among them: each is tried. One whose control is missing or not ready is looked at
+/// caption, a main window among them: each is tried, but no button is pressed in a program's frame, where it
+/// would be anything but an answer. One whose control is missing or not ready is looked at
 /// again next time, and one that vanishes while being acted on is forgotten.
 ///
 /// Any number of senders may run beside each other. Those with the same caption answer one dialog each, in

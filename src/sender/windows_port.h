@@ -17,7 +17,8 @@ struct TopLevel {
     WindowId id{};
     std::string caption;  ///< UTF-8, case as shown, without a mnemonic mark of any kind.
     bool visible = false;
-    bool enabled = false;  ///< False for one that is blocked by a modal dialog of its own.
+    bool enabled = false;   ///< False for one that is blocked by a modal dialog of its own.
+    bool is_dialog = true;  ///< False for a program's frame: no dialog box, and no window's owned one.
 };
 
 enum class ControlKind {
@@ -87,6 +88,9 @@ class Windows {
 
     /// Whether somebody has claimed that act on `window`.
     virtual bool is_claimed(WindowId window, Claim act) = 0;
+
+    /// Whether the process that started this sender has ended: no dialog that comes up later is its own.
+    virtual bool starter_has_ended() { return false; }
 
     /// Time since some fixed moment; never goes back.
     virtual Milliseconds now() = 0;

@@ -77,6 +77,11 @@ Dialog& Dialog::closing_takes(Milliseconds time) {
     return *this;
 }
 
+Dialog& Dialog::frame() {
+    is_dialog_ = false;
+    return *this;
+}
+
 Dialog& Dialog::then(std::function<void(Desktop&)> next) {
     then_ = std::move(next);
     return *this;
@@ -145,7 +150,7 @@ std::vector<TopLevel> Desktop::top_level() {
     std::vector<TopLevel> windows;
     for (const WindowId window : order_) {
         const Dialog& dialog = open_.at(window);
-        windows.push_back({window, dialog.caption_, dialog.visible_, dialog.enabled_});
+        windows.push_back({window, dialog.caption_, dialog.visible_, dialog.enabled_, dialog.is_dialog_});
     }
     return windows;
 }

@@ -35,6 +35,8 @@ class Dialog {
     Dialog& overlooks_a_tick();
     /// Stays up that long after it was answered.
     Dialog& closing_takes(Milliseconds time);
+    /// It is a program's frame and no dialog.
+    Dialog& frame();
     /// What its program does once it was answered and has closed: usually shows the next dialog.
     Dialog& then(std::function<void(Desktop&)> next);
 
@@ -56,6 +58,7 @@ class Dialog {
     bool overlooks_a_tick_ = false;
     bool enabled_ = true;
     bool visible_ = true;
+    bool is_dialog_ = true;
 };
 
 /// A desktop on which the clock moves only when slept on, and which keeps a transcript of all that was done
@@ -70,6 +73,7 @@ class Desktop : public Windows {
     void set_control_enabled(WindowId window, const std::string& name, bool enabled);
     /// Takes a dialog away as if its user had cancelled it.
     void cancel(WindowId window);
+    void end_starter() { starter_has_ended_ = true; }
     /// Cancels all dialogs.
     void cancel_all();
 
@@ -91,6 +95,7 @@ class Desktop : public Windows {
     bool confirm(WindowId window) override;
     bool claim(WindowId window, Claim act) override;
     bool is_claimed(WindowId window, Claim act) override;
+    bool starter_has_ended() override { return starter_has_ended_; }
     Milliseconds now() override { return now_; }
     void sleep_for(Milliseconds time) override;
 
@@ -116,6 +121,7 @@ class Desktop : public Windows {
     Milliseconds now_{0};
     std::uintptr_t last_id_ = 0;
     int calls_ = 0;
+    bool starter_has_ended_ = false;
     bool in_hook_ = false;
 };
 

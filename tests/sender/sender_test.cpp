@@ -130,6 +130,32 @@ TEST(Sender, LooksPastAMainWindowThatBearsTheCaption) {
     EXPECT_EQ(desktop.transcript(), "200  Adobe Acrobat: button \"OK\" is pressed\n");
 }
 
+TEST(Sender, PressesNoButtonInAProgramsFrame) {
+    Desktop desktop;
+    desktop.show(Dialog("Adobe Acrobat").default_button("Print").box("Open").frame());
+    std::vector<Sender> senders = senders_for(
+        {"adobe acrobat~Button~~0~0~", "adobe acrobat~Button~{LME}~0~1~", "adobe acrobat~Button~{LM}~0~1~"});
+    play(desktop, senders);
+    EXPECT_EQ(desktop.transcript(), "");
+}
+
+TEST(Sender, AnswersTheNoticeAboveAFrameOfTheSameCaption) {
+    Desktop desktop;
+    desktop.show_at(1s, notice());
+    desktop.show(Dialog("Adobe Acrobat").default_button("Print").frame());
+    EXPECT_EQ(Sender(parse(notice_command)).run(desktop), ExitCode::acted);
+    EXPECT_EQ(desktop.deeds(), "Adobe Acrobat: button \"OK\" is pressed\n");
+}
+
+TEST(Sender, GivesUpWhenWhoeverStartedItHasEnded) {
+    Desktop desktop;
+    desktop.at(5s, [&] { desktop.end_starter(); });
+    desktop.show_at(5s, save_dialog());
+    EXPECT_EQ(Sender(parse(save_command)).run(desktop), ExitCode::given_up);
+    EXPECT_EQ(desktop.now(), 5s);
+    EXPECT_EQ(desktop.transcript(), "");
+}
+
 TEST(Sender, LeavesAWindowAloneThatADialogBlocks) {
     Desktop desktop;
     const WindowId blocked = desktop.show(save_dialog());

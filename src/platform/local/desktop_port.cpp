@@ -60,7 +60,7 @@ std::vector<sender::TopLevel> Desktop::Port::top_level() {
             windows.push_back({window_id(shown->number), shown->dialog->caption, true, windows.empty()});
     }
     for (const Window& window : desktop_.windows_)
-        windows.push_back({window_id(window.number), window.caption, true, true});
+        windows.push_back({window_id(window.number), window.caption, true, true, false});
     return windows;
 }
 

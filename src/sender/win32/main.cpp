@@ -2,9 +2,9 @@
 //
 //     quorixsend.exe caption~class~text~A~B~
 //
-// Gives up after 10 minutes, or after as many seconds as QUORIXSEND_LIMIT says (1 to 86400). Exit codes: 0
-// done, 1 the program failed, 2 the command cannot be read, 3 no such dialog came, 4 the dialog did not
-// close.
+// Gives up when the process that started it has ended, after 10 minutes, or after as many seconds as
+// QUORIXSEND_LIMIT says (1 to 86400). Exit codes: 0 done, 1 the program failed, 2 the command cannot be read,
+// 3 no such dialog came, 4 the dialog did not close.
 
 #include <cstdio>
 #include <cstdlib>

@@ -69,10 +69,15 @@ void mark_default(std::vector<Control>& controls, HWND dialog) {
     mark([](const Control& c) { return looks_default(handle(c.id)); });
 }
 
+/// Programs' own dialogs may be of any class, but then they belong to one of their windows.
+bool is_dialog(HWND window) {
+    return GetWindow(window, GW_OWNER) != nullptr || class_of(window) == "#32770";
+}
+
 BOOL CALLBACK add_shown(HWND window, LPARAM list) {
     if (IsWindowVisible(window) == 0) return TRUE;
     reinterpret_cast<std::vector<TopLevel>*>(list)->push_back(
-        {id_of(window), caption_of(window), true, IsWindowEnabled(window) != 0});
+        {id_of(window), caption_of(window), true, IsWindowEnabled(window) != 0, is_dialog(window)});
     return TRUE;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sender/win32/starter.h"
 #include "sender/windows_port.h"
 
 namespace foliant::sender::win32 {
@@ -19,8 +20,12 @@ class RealWindows : public Windows {
     bool confirm(WindowId window) override;
     bool claim(WindowId window, Claim act) override;
     bool is_claimed(WindowId window, Claim act) override;
+    bool starter_has_ended() override { return starter_.has_ended(); }
     Milliseconds now() override;
     void sleep_for(Milliseconds time) override;
+
+  private:
+    Starter starter_;
 };
 
 }  // namespace foliant::sender::win32

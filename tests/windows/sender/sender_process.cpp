@@ -1,6 +1,7 @@
 #include "windows/sender/sender_process.h"
 
 #include <algorithm>
+#include <array>
 #include <gtest/gtest.h>
 
 #include "sender/win32/message.h"
@@ -17,13 +18,30 @@ std::string sender_path() {
 
 }  // namespace
 
-Process::Process(const std::string& command_line) {
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
+Process::Process(const std::string& command_line, const Process* starter) {
+    STARTUPINFOEXW startup{};
+    startup.StartupInfo.cb = sizeof startup;
+    std::array<char, 256> attributes{};
+    SIZE_T size = attributes.size();
+    startup.lpAttributeList = reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(attributes.data());
+    EXPECT_NE(InitializeProcThreadAttributeList(startup.lpAttributeList, 1, 0, &size), 0);
+    HANDLE parent = starter == nullptr ? nullptr : starter->information_.hProcess;
+    if (parent != nullptr) {
+        EXPECT_NE(UpdateProcThreadAttribute(startup.lpAttributeList, 0, PROC_THREAD_ATTRIBUTE_PARENT_PROCESS,
+                                            &parent, sizeof parent, nullptr, nullptr),
+                  0);
+    }
     std::wstring line = to_utf16(command_line);
-    const BOOL started = CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                                        &startup, &information_);
+    const BOOL started =
+        CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, EXTENDED_STARTUPINFO_PRESENT, nullptr,
+                       nullptr, &startup.StartupInfo, &information_);
     EXPECT_NE(started, 0) << command_line << ": error " << GetLastError();
+    DeleteProcThreadAttributeList(startup.lpAttributeList);
+}
+
+void Process::end() {
+    TerminateProcess(information_.hProcess, 99);
+    wait();
 }
 
 Process::~Process() {
@@ -40,6 +58,7 @@ int Process::wait(DWORD milliseconds) {
     return static_cast<int>(code);
 }
 
-SenderProcess::SenderProcess(const std::string& command) : Process(sender_path() + " " + command) {}
+SenderProcess::SenderProcess(const std::string& command, const Process* starter)
+    : Process(sender_path() + " " + command, starter) {}
 
 }  // namespace foliant::sender::win32::test
