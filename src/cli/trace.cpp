@@ -171,6 +171,7 @@ class TracedClock : public platform::Clock {
     float seconds_since_midnight() override { return inner_.seconds_since_midnight(); }
     std::uint64_t random_seed() override { return inner_.random_seed(); }
     void pump_messages() override { inner_.pump_messages(); }
+    void pump_while_waiting() override { inner_.pump_while_waiting(); }
 
   private:
     Clock& inner_;

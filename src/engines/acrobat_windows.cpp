@@ -51,7 +51,7 @@ void close_acrobat_window(const Session& session, const std::string& path) {
     const std::string key = caption_key_of_file(path, session.outside().files.separator());
     const float deadline = clock.seconds_since_midnight() + closing_seconds;
     while (clock.seconds_since_midnight() <= deadline) {
-        clock.pump_messages();
+        clock.pump_while_waiting();
         if (const WindowHandle window = find_window(session, editions_to_close, key); window > 0) {
             close(session, window);
             return;
@@ -64,7 +64,7 @@ bool wait_for_acrobat_window(const Session& session, const std::string& caption_
     auto& clock = session.outside().clock;
     const float begin = clock.seconds_since_midnight();
     while (true) {
-        clock.pump_messages();
+        clock.pump_while_waiting();
         if (find_window(session, editions_to_wait_for, caption_key) > 0) return true;
         if (seconds && clock.seconds_since_midnight() > begin + *seconds) return false;
     }

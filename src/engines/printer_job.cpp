@@ -79,7 +79,7 @@ void wait_until_complete(const Session& session, const std::string& path) {
     auto& clock = session.outside().clock;
     auto& files = session.outside().files;
     while (true) {
-        clock.pump_messages();
+        clock.pump_while_waiting();
         if (!session.FileExists(path)) continue;
         const std::int64_t before = files.length(path);
         clock.settle(file_holds_still_ms);

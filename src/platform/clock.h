@@ -25,6 +25,9 @@ class Clock {
     /// Handles the messages that are waiting for the caller's thread. Other calls into the component may
     /// happen meanwhile.
     virtual void pump_messages() = 0;
+
+    /// The same, for a caller who does nothing else until something has happened, and calls it over and over.
+    virtual void pump_while_waiting() { pump_messages(); }
 };
 
 }  // namespace foliant::platform

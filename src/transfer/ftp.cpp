@@ -40,7 +40,7 @@ void execute(const Session& session, const Value& control, const std::string& ad
              const std::string& command) {
     control.call("Execute", {address, command});
     while (automation::to_bool(control.get("StillExecuting")))
-        session.outside().clock.pump_messages();
+        session.outside().clock.pump_while_waiting();
 }
 
 void run(const Session& session, const FtpTransfer& transfer, const std::string& command) {

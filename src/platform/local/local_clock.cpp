@@ -54,7 +54,7 @@ std::uint64_t LocalClock::random_seed() {
     return scattered(scattered(moment) ^ process ^ ++seeds_given_);
 }
 
-void LocalClock::pump_messages() {
+void LocalClock::pump_while_waiting() {
     const bool waiting = Steady::now() - last_pump_ < pause_of_a_busy_caller;
     pumps_in_a_row_ = waiting ? pumps_in_a_row_ + 1 : 1;
     if (pumps_in_a_row_ > pumps_without_nap) std::this_thread::sleep_for(nap);

@@ -14,9 +14,10 @@ class LocalClock : public Clock {
     float seconds_since_midnight() override;
     std::uint64_t random_seed() override;
 
-    /// There are no messages to handle. Called over and over, as a caller that waits for something does, it
-    /// naps for some milliseconds, so that waiting keeps no core busy; the first few calls return at once.
-    void pump_messages() override;
+    /// There are no messages to handle.
+    void pump_messages() override {}
+    /// Naps for some milliseconds, so that waiting keeps no core busy; the first few calls return at once.
+    void pump_while_waiting() override;
 
   private:
     using Steady = std::chrono::steady_clock;

@@ -176,10 +176,23 @@ void LocalFiles::make_folder(const std::string& path) {
     }
 }
 
+namespace {
+
+/// A file that is there goes, and is not written over: it may have another name, under which somebody keeps
+/// it until the new one is complete. Where it cannot go, it is emptied.
+void make_way(const std::string& path) {
+    struct stat status {};
+    const bool is_there = ::lstat(path.c_str(), &status) == 0;
+    if (is_there && (S_ISREG(status.st_mode) || S_ISLNK(status.st_mode))) ::unlink(path.c_str());
+}
+
+}  // namespace
+
 std::unique_ptr<TextFile> LocalFiles::create_text(const std::string& path, TextPurpose purpose) {
     if (path.empty() || holds_nul(path))
         throw system_error(RuntimeError::path_file_access, "write", path, EINVAL);
     if (purpose == TextPurpose::scratch) return scratch_texts_.create(path);
+    make_way(path);
     FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
     if (!file) throw system_error(of_new_entry(errno), "write", path, errno);
     return std::make_unique<LocalText>(std::move(file), path);

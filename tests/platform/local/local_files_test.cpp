@@ -112,6 +112,15 @@ TEST_F(LocalFilesTest, AFullDiskRaises61AtCloseAtTheLatest) {
     EXPECT_EQ(failure([&] { file->close(); }), "no failure");
 }
 
+TEST_F(LocalFilesTest, ATextThatIsMadeAgainLeavesTheOldOneItsOtherNames) {
+    const std::string old = folder.write("old.txt", "what was there").string();
+    const std::string kept = (folder / "kept.txt").string();
+    std::filesystem::create_hard_link(old, kept);
+    files.create_text(old, TextPurpose::result)->close();
+    EXPECT_EQ(tests::read_file(old), "");
+    EXPECT_EQ(tests::read_file(kept), "what was there");
+}
+
 TEST_F(LocalFilesTest, AFullDiskShowsWhileALongTextIsWritten) {
     const auto file = files.create_text("/dev/full", TextPurpose::result);
     EXPECT_TRUE(failure([&] {
