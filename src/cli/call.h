@@ -8,6 +8,7 @@
 #include "automation/error.h"
 #include "automation/object.h"
 #include "cli/request.h"
+#include "hosts/machine.h"
 #include "platform/platform.h"
 
 namespace foliant::cli {
@@ -33,6 +34,7 @@ struct Outcome {
     std::optional<automation::Error> error;
     std::vector<std::string> left_out;  ///< what was asked for and not done, a sentence each
     std::optional<MadeFile> made;
+    std::vector<hosts::FoundText> found;  ///< by a member that searches
     int exit_code = 0;
 };
 

@@ -10,6 +10,7 @@ namespace foliant::cli {
 enum ExitCode : int {
     exit_success = 0,
     exit_failure = 1,
+    exit_not_found = 1,  ///< of FindTextInPDF, whose failures have other codes
     exit_usage = 2,
     exit_missing_input = 3,
     exit_missing_engine = 4,
@@ -29,7 +30,8 @@ struct ExitCodeHelp {
 };
 inline constexpr ExitCodeHelp exit_code_table[] = {
     {exit_success, "success"},
-    {exit_failure, "a failure without a code of its own, such as a full disk"},
+    {exit_failure,
+     "a failure without a code of its own, such as a full disk; FindTextInPDF: the text is not there"},
     {exit_usage, "the command line was wrong, or would have cost a file; nothing was done"},
     {exit_missing_input, "an input file does not exist; nothing was done"},
     {exit_missing_engine, "the engine behind a host program is not installed"},

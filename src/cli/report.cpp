@@ -1,12 +1,14 @@
 #include "cli/report.h"
 
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <iostream>
 #include <nlohmann/json.hpp>
 
 #include "automation/coerce.h"
 #include "cli/quantities.h"
+#include "cli/search_report.h"
 #include "cli/secrets.h"
 #include "cli/visible_text.h"
 #include "core/dispatch.h"
@@ -77,6 +79,23 @@ ordered_json made_to_json(const MadeFile& made) {
             {"bytes", made.bytes}};
 }
 
+/// Points to as many places as anybody can see.
+double rounded(double points) {
+    return std::round(points * 100) / 100;
+}
+
+ordered_json found_to_json(const Outcome& outcome) {
+    ordered_json places = ordered_json::array();
+    for (const hosts::FoundText& place : outcome.found) {
+        const ordered_json rectangle{{"left", rounded(place.left)},
+                                     {"bottom", rounded(place.bottom)},
+                                     {"right", rounded(place.right)},
+                                     {"top", rounded(place.top)}};
+        places.push_back({{"page", place.page}, {"rectangle", rectangle}, {"context", place.context}});
+    }
+    return places;
+}
+
 ordered_json report_of(const core::Member* member, const Outcome& outcome) {
     ordered_json report;
     report["member"] = member == nullptr ? ordered_json(nullptr) : ordered_json(member->name);
@@ -84,6 +103,7 @@ ordered_json report_of(const core::Member* member, const Outcome& outcome) {
     report["arguments"] = member == nullptr ? ordered_json::object() : arguments_to_json(*member, outcome);
     report["events"] = events_to_json(outcome);
     report["output"] = outcome.made ? made_to_json(*outcome.made) : ordered_json(nullptr);
+    if (member != nullptr && is_search(*member)) report["found"] = found_to_json(outcome);
     report["leftOut"] = outcome.left_out;
     report["error"] = outcome.error ? error_to_json(*outcome.error) : ordered_json(nullptr);
     report["exitCode"] = outcome.exit_code;

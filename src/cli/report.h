@@ -23,8 +23,9 @@ std::string closing_line(const Outcome& outcome);
 std::string left_out_text(const Outcome& outcome);
 
 /// The whole outcome as one JSON object with the members "member", "result", "arguments", "events", "output"
-/// (file, pages, bytes), "leftOut", "error" and "exitCode"; the error has its "cause" where its sentence
-/// stands for whatever failed. Passwords never appear.
+/// (file, pages, bytes), for a search "found" (a list of page, rectangle in points, context), "leftOut",
+/// "error" and "exitCode"; the error has its "cause" where its sentence stands for whatever failed. Passwords
+/// never appear.
 std::string json_report(const core::Member& member, const Outcome& outcome);
 
 /// The same for a rehearsal, with its "steps".

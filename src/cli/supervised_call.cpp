@@ -14,6 +14,7 @@
 #include "cli/output_guard.h"
 #include "cli/quantities.h"
 #include "cli/report.h"
+#include "cli/search_report.h"
 #include "cli/supervisor.h"
 #include "cli/worker_call.h"
 
@@ -80,7 +81,8 @@ int work(const Request& request, LocalMachine& machine, const KeptFile& kept, Ca
     try {
         return make_call(request, machine, kept, log, engine_output);
     } catch (...) {
-        return report_failure(request, exit_failure, automation::current_error().description());
+        return report_failure(request, failure_code(*request.member),
+                              automation::current_error().description());
     }
 }
 

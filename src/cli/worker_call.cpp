@@ -16,6 +16,7 @@
 #include "cli/preflight.h"
 #include "cli/progress.h"
 #include "cli/report.h"
+#include "cli/search_report.h"
 #include "cli/secrets.h"
 #include "cli/status_line.h"
 #include "cli/trace.h"
@@ -72,6 +73,17 @@ Outcome make(const Request& request, LocalMachine& machine, const platform::Plat
     return outcome;
 }
 
+/// Has hosts tell what a search finds: the first place, or all of them for a report in JSON. Members that
+/// search for something of their own are not asked.
+void watch_search(const Request& request, LocalMachine& machine, std::vector<hosts::FoundText>& found) {
+    constexpr std::size_t most_places = 1'000'000;
+    if (!is_search(*request.member)) return;
+    machine.on_found([&request, &found](const hosts::FoundText& place) {
+        found.push_back(place);
+        return request.options.json && found.size() < most_places;
+    });
+}
+
 std::string activity(const Request& request) {
     const auto inputs = inputs_of(*request.member, request.arguments);
     if (inputs.empty()) return std::string(request.member->name);
@@ -80,7 +92,7 @@ std::string activity(const Request& request) {
 
 int report(const Request& request, const Outcome& outcome, CallLog& log, bool talkative, bool to_a_terminal) {
     std::cout << (request.options.json ? json_report(*request.member, outcome)
-                                       : result_text(outcome, to_a_terminal));
+                                       : result_text(outcome, to_a_terminal) + found_text(outcome));
     std::cerr << left_out_text(outcome);
     if (outcome.error) {
         std::cerr << error_text(*outcome.error);
@@ -90,7 +102,7 @@ int report(const Request& request, const Outcome& outcome, CallLog& log, bool ta
     }
     if (!std::cout.flush()) {
         std::cerr << "foliant: the result could not be written to standard output\n";
-        return outcome.error ? outcome.exit_code : exit_failure;
+        return outcome.error ? outcome.exit_code : failure_code(*request.member);
     }
     return outcome.exit_code;
 }
@@ -111,8 +123,12 @@ int make_call(const Request& request, LocalMachine& machine, const KeptFile& kep
     ProgressBar bar(moving ? &std::cerr : nullptr);
     Watcher watcher(status, bar, log);
     const TracedPlatform traced(machine.platform(), [&log](const std::string& line) { log.line(line); });
-    const Outcome outcome = secrets_of(request).masked(
+    std::vector<hosts::FoundText> found;
+    watch_search(request, machine, found);
+    Outcome outcome = secrets_of(request).masked(
         make(request, machine, log.is_wanted() ? traced.platform() : machine.platform(), kept, watcher));
+    outcome.found = std::move(found);
+    conclude_search(*request.member, outcome);
     status.stop();
     bar.finish();
     return report(request, outcome, log, talkative, to_a_terminal);

@@ -78,6 +78,9 @@ class LocalMachine : public hosts::Machine {
 
     /// What the hosts show their user; nothing for nothing.
     const std::optional<hosts::LeftOpen>& left_open() const noexcept { return left_open_; }
+    /// Whom to tell what a host has found, and whether he wants to be told of the next place, too. Nobody
+    /// while it is empty.
+    void on_found(std::function<bool(const hosts::FoundText&)> told) { on_found_ = std::move(told); }
 
     // What hosts ask for.
     std::filesystem::path private_folder() const override { return private_folder_.path(); }
@@ -90,6 +93,7 @@ class LocalMachine : public hosts::Machine {
     void show_progress(std::string_view doing, int percent) override {
         if (on_progress_) on_progress_(doing, percent);
     }
+    bool found(const hosts::FoundText& place) override { return on_found_ && on_found_(place); }
     void show(hosts::Dialog& dialog) override;
     hosts::HostWindow open_window(std::string caption, std::function<void()> on_close) override;
     void close_window(hosts::HostWindow window) override;
@@ -102,6 +106,7 @@ class LocalMachine : public hosts::Machine {
 
     LocalOptions options_;
     std::function<void(std::string_view, int)> on_progress_;
+    std::function<bool(const hosts::FoundText&)> on_found_;
     PrivateFolder private_folder_;
     // Asking these fills what they remember, which is not a change that a host could see.
     mutable RegistryStore store_;

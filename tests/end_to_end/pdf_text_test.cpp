@@ -1,0 +1,118 @@
+#include <gtest/gtest.h>
+
+#include "end_to_end/command.h"
+
+namespace foliant::end_to_end {
+namespace {
+
+/// Pages of text, which Ghostscript sets in a font of its own.
+const std::string postscript = R"(%!PS
+/Times-Roman findfont 12 scalefont setfont
+72 700 moveto (The first line of an exam-) show
+72 686 moveto (ple, see http://www.example.org/some/) show
+72 672 moveto (path.html for more.) show
+showpage
+72 700 moveto (The second page) show
+showpage
+)";
+
+class PdfText : public testing::Test {
+  protected:
+    void SetUp() override {
+        REQUIRE_HOST("Acrobat");
+        shop.write("a.ps", postscript);
+        ASSERT_EQ(shop.run({"ps2pdf", "a.ps", "a.pdf"}).exit_code, 0);
+    }
+    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
+
+    Finished find(std::vector<std::string> words) {
+        words.insert(words.begin(), "FindTextInPDF");
+        return shop.foliant(words);
+    }
+
+    Workshop shop;
+};
+
+TEST_F(PdfText, GoesToATextFileLineByLine) {
+    const Finished call = shop.foliant({"CreateTextfileFromPDF", "a.pdf", "a.txt"});
+    EXPECT_EQ(call.exit_code, 0) << call.errors;
+    EXPECT_EQ(shop.read("a.txt"),
+              "The first line of an example,\r\n"
+              "see http://www.example.org/some/\r\n"
+              "path.html for more.\r\n"
+              "\r\n"
+              "The second page\r\n"
+              "\r\n");
+}
+
+TEST_F(PdfText, TakesThePlaceOfATextFileThatIsThere) {
+    shop.write("a.txt", "something else");
+    EXPECT_EQ(shop.foliant({"CreateTextfileFromPDF", "a.pdf", "a.txt"}).exit_code, 0);
+    EXPECT_EQ(shop.read("a.txt").substr(0, 14), "The first line");
+}
+
+TEST_F(PdfText, LeavesATextFileThatIsThereWhereThePdfIsNone) {
+    shop.write("a.txt", "something else");
+    EXPECT_EQ(shop.foliant({"CreateTextfileFromPDF", "a.ps", "a.txt"}).exit_code, 5);
+    EXPECT_EQ(shop.read("a.txt"), "something else");
+}
+
+TEST_F(PdfText, ThatIsFoundIsPrintedWithItsPlace) {
+    const Finished call = find({"a.pdf", "second PAGE"});
+    EXPECT_EQ(call.exit_code, 0) << call.errors;
+    EXPECT_TRUE(call.output.starts_with("page 2 (9")) << call.output;
+    EXPECT_TRUE(call.output.ends_with("): The second page\n")) << call.output;
+}
+
+TEST_F(PdfText, IsFoundAcrossALineEnd) {
+    EXPECT_EQ(find({"a.pdf", "example, see"}).exit_code, 0);
+}
+
+TEST_F(PdfText, ThatIsNotThereEndsWithOne) {
+    const Finished call = find({"a.pdf", "third"});
+    EXPECT_EQ(call.exit_code, 1);
+    EXPECT_EQ(call.output, "");
+    EXPECT_EQ(find({"a.pdf", "second PAGE", "--case-sensitive"}).exit_code, 1);
+    EXPECT_EQ(find({"a.pdf", "econd", "--whole-words-only"}).exit_code, 1);
+}
+
+TEST_F(PdfText, ThatCannotBeReadDoesNotEndWithOne) {
+    EXPECT_EQ(find({"a.ps", "page"}).exit_code, 5);
+    EXPECT_EQ(find({"none.pdf", "page"}).exit_code, 3);
+}
+
+TEST_F(PdfText, IsReportedInJsonWithEveryPlace) {
+    const Finished call = find({"--json", "a.pdf", "the"});
+    EXPECT_EQ(call.exit_code, 0) << call.errors;
+    std::size_t places = 0;
+    for (std::size_t at = call.output.find("\"rectangle\""); at != std::string::npos;
+         at = call.output.find("\"rectangle\"", at + 1))
+        ++places;
+    EXPECT_EQ(places, 2U) << call.output;
+}
+
+TEST_F(PdfText, GetsBookmarksWhereItIsFound) {
+    const Finished call = shop.foliant({"CreateBookmarkInPDF", "a.pdf", "second page"});
+    EXPECT_EQ(call.exit_code, 0) << call.errors;
+    EXPECT_EQ(shop.run({"qpdf", "--check", "a.pdf"}).exit_code, 0);
+    const Finished outline = shop.run({"qpdf", "--json", "--json-key=outlines", "a.pdf"});
+    for (const char* entry : {R"("title": "second page")", R"("/XYZ")", R"("destpageposfrom1": 2)"})
+        EXPECT_NE(outline.output.find(entry), std::string::npos) << entry << " in " << outline.output;
+}
+
+TEST_F(PdfText, GetsNoBookmarkWhereItIsNot) {
+    const std::string before = shop.read("a.pdf");
+    EXPECT_EQ(shop.foliant({"CreateBookmarkInPDF", "a.pdf", "third page"}).exit_code, 0);
+    EXPECT_EQ(shop.read("a.pdf"), before);
+}
+
+TEST_F(PdfText, GetsLinksOnItsAddresses) {
+    const Finished call = shop.foliant({"CreateLinksInPDF", "a.pdf"});
+    EXPECT_EQ(call.exit_code, 0) << call.errors;
+    EXPECT_EQ(shop.run({"qpdf", "--check", "a.pdf"}).exit_code, 0);
+    const std::string pdf = shop.run({"qpdf", "--qdf", "--object-streams=disable", "a.pdf", "-"}).output;
+    EXPECT_NE(pdf.find("(http://www.example.org/some/path.html)"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace foliant::end_to_end
