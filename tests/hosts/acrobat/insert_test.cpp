@@ -99,6 +99,15 @@ TEST_F(Inserting, TheSameFileTenTimesGivesItsPagesTenTimes) {
     EXPECT_EQ(texts(*pdf).back(), "page 2");
 }
 
+TEST_F(Inserting, CopiesAStreamThatNobodyCanUnpackAsItIs) {
+    const std::string broken = "x\x9c no deflated data";
+    PdfText pdf = pages(1);
+    pdf.set_stream(11, broken, "/Filter [/FlateDecode]");
+    const auto copied = saved(merged({pdf.file()}));
+    const auto data = copied->pages()[0].object.getKey("/Contents").getRawStreamData();
+    EXPECT_EQ(std::string(reinterpret_cast<const char*>(data->getBuffer()), data->getSize()), broken);
+}
+
 TEST_F(Inserting, KeepsBookmarksWithTheirPlacesAndWhetherTheyAreOpen) {
     const auto pdf = saved(merged({with_bookmarks("a").file(), with_bookmarks("b").file()}));
     EXPECT_THAT(bookmarks(*pdf), ElementsAre("a 1 -> a 1", "  in it -> a 2", "end -> null", "b 1 -> b 1",

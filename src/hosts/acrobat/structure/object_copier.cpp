@@ -113,8 +113,10 @@ void ObjectCopier::fill(QPDFObjectHandle original, QPDFObjectHandle copied) {
 void ObjectCopier::fill_stream(QPDFObjectHandle original, QPDFObjectHandle copied) {
     QPDFObjectHandle dictionary = original.getDict();
     copy_entries(dictionary, copied.getDict(), {"/Length", "/Filter", "/DecodeParms"});
-    const QPDFObjectHandle filter = copy(dictionary.getKey("/Filter"));
+    QPDFObjectHandle filter = copy(dictionary.getKey("/Filter"));
     const QPDFObjectHandle parameters = copy(dictionary.getKey("/DecodeParms"));
+    // What has a filter keeps it, and its bytes: they need not be sound to be copied.
+    if (!filter.isNull()) copied.setFilterOnWrite(false);
     if (const auto bytes = stream_bytes(source_, original)) {
         // The buffer is only ever read.
         auto* const begin = reinterpret_cast<unsigned char*>(const_cast<char*>(bytes->data()));
