@@ -83,6 +83,25 @@ TEST_P(Samples, SeveralPostscriptFilesToOnePdf) {
     EXPECT_TRUE(has_pdf());
 }
 
+TEST_P(Samples, SeveralPdfsToOne) {
+    install_hosts();
+    const Outcome outcome = sample("merge-pdfs", "out.pdf cover.ps chapter.ps");
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_EQ(outcome.output, "Wrote " + path("out.pdf") + "\n");
+    EXPECT_TRUE(has_pdf());
+    EXPECT_TRUE(recorded("AcroExch.PDDoc.Open(BSTR \"" + path("chapter.ps") + "\") METHOD|GET"));
+    EXPECT_TRUE(recorded("AcroExch.PDDoc.InsertPages(I2 0, DISPATCH, I2 0, I2 1, BOOL True) METHOD|GET"));
+}
+
+TEST_P(Samples, TextOfAPdf) {
+    install_hosts();
+    const Outcome outcome = sample("pdf-to-text", "cover.ps out.txt");
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_EQ(outcome.output, "Wrote " + path("out.txt") + " from 1 page(s)\n");
+    std::ifstream text(documents() / "out.txt");
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(text), {}), "words\n");
+}
+
 TEST_P(Samples, MissingDocumentIsAnErrorWithNumberAndText) {
     const Outcome outcome = sample("word-to-pdf", "no.docx out.pdf");
     EXPECT_EQ(outcome.code, 1);
@@ -103,7 +122,7 @@ TEST_P(Samples, MissingPostscriptIsNamed) {
 }
 
 TEST_P(Samples, TooFewArgumentsPrintTheUsage) {
-    for (const char* name : {"word-to-pdf", "postscript-to-pdf"}) {
+    for (const char* name : {"word-to-pdf", "postscript-to-pdf", "merge-pdfs", "pdf-to-text"}) {
         const Outcome outcome = sample(name, "one");
         EXPECT_EQ(outcome.code, 2);
         EXPECT_EQ(outcome.output.find("Usage: cscript //nologo " + std::string(name)), 0u) << outcome.output;

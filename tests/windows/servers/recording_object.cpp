@@ -185,6 +185,7 @@ HRESULT RecordingObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS*
 
 void RecordingObject::act(const std::string& member, const DISPPARAMS& parameters) {
     if (member == "PrintOut") print(parameters);
+    if (member == "Save") make_file(parameters.rgvarg[0].bstrVal);
     if (member.starts_with("FileToPDF"))
         convert(parameters.rgvarg[parameters.cArgs - 1], parameters.rgvarg[parameters.cArgs - 2]);
 }
