@@ -90,12 +90,22 @@ void put_temporary_folder(core::BuildPDF& object, const std::string& folder) {
 }
 
 /// A script hands over the control that transfers its files. A command line has none, so the command makes it.
-void hand_over_control(const core::Member& member, const platform::Platform& platform,
-                       automation::Arguments& arguments) {
+/// Returns the one that can be asked what the server has refused, nullptr where nobody has to be.
+std::shared_ptr<TransferControl> hand_over_control(const core::Member& member,
+                                                   const platform::Platform& platform,
+                                                   const TransferControl::Progress& progress,
+                                                   automation::Arguments& arguments) {
+    std::shared_ptr<TransferControl> watched;
     for (const core::Parameter& parameter : member.parameters()) {
-        if (parameter.type == core::ValueType::object)
-            arguments.emplace_back(parameter.name, platform.servers.create(registered::transfer_control));
+        if (parameter.type != core::ValueType::object) continue;
+        automation::ObjectPtr control = platform.servers.create(registered::transfer_control);
+        if (progress) {
+            watched = std::make_shared<TransferControl>(std::move(control), progress);
+            control = watched;
+        }
+        arguments.emplace_back(parameter.name, std::move(control));
     }
+    return watched;
 }
 
 /// Nobody who asked for the call knows of it.
@@ -139,18 +149,20 @@ Error not_made(const std::string& output) {
 }
 
 Outcome call_member(const Request& request, const platform::Platform& platform,
-                    automation::EventSink& watcher) {
+                    automation::EventSink& watcher, const TransferControl::Progress& progress) {
     Outcome outcome;
     Recorder recorder(outcome.events, watcher);
     outcome.arguments = request.arguments;
     try {
         core::BuildPDF object(platform, recorder);
         put_temporary_folder(object, request.options.temp_path);
-        hand_over_control(*request.member, platform, outcome.arguments);
+        const auto control = hand_over_control(*request.member, platform, progress, outcome.arguments);
         const bool property = request.member->kind == core::MemberKind::property_get;
         outcome.result = core::invoke(object, request.member->dispid, property ? Access::get : Access::call,
                                       outcome.arguments);
-        if (auto failure = unnoticed_failure(*request.member, outcome, platform)) {
+        if (auto refusal = control == nullptr ? std::nullopt : control->refusal()) {
+            fail(outcome, std::move(*refusal));
+        } else if (auto failure = unnoticed_failure(*request.member, outcome, platform)) {
             fail(outcome, std::move(*failure));
         }
     } catch (...) {

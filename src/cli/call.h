@@ -8,6 +8,7 @@
 #include "automation/error.h"
 #include "automation/object.h"
 #include "cli/request.h"
+#include "cli/transfer_control.h"
 #include "hosts/machine.h"
 #include "platform/platform.h"
 
@@ -58,8 +59,9 @@ automation::Error not_made(const std::string& output);
 ///
 /// Members pass over some things without a word, as their callers rely on. The one who typed the command is
 /// told: a Distiller job that failed, a file that was not made, and a folder for temporary files that cannot
-/// be had are failures here.
+/// be had are failures here. So is what a server has refused, for a call that is told of the progress of
+/// transfers; `progress` is empty where the transfer is none.
 Outcome call_member(const Request& request, const platform::Platform& platform,
-                    automation::EventSink& watcher);
+                    automation::EventSink& watcher, const TransferControl::Progress& progress = {});
 
 }  // namespace foliant::cli

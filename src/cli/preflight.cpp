@@ -32,10 +32,19 @@ bool is_there(const platform::Platform& here, const std::string& path) {
     }
 }
 
+/// The members that transfer files look for none: a server would be asked first.
+void require_file_to_send(const Request& request, const platform::Platform& here) {
+    if (request.member->family != core::Family::transfer) return;
+    for (const NamedFile& input : inputs_of(*request.member, request.arguments)) {
+        if (!is_there(here, input.path)) throw session::missing_file_error(input.path);
+    }
+}
+
 }  // namespace
 
 std::vector<std::string> preflight(const Request& request, const platform::Platform& here) {
     if (wants_protection(request)) require_protection(here);
+    require_file_to_send(request, here);
     std::vector<std::string> missing;
     std::size_t in_lists = 0;
     for (const NamedFile& input : inputs_of(*request.member, request.arguments)) {

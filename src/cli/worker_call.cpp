@@ -50,12 +50,13 @@ class Watcher : public automation::EventSink {
 
 /// The call with everything that makes its success one.
 Outcome make(const Request& request, LocalMachine& machine, const platform::Platform& outside,
-             const KeptFile& kept, automation::EventSink& watcher) {
+             const KeptFile& kept, automation::EventSink& watcher,
+             const TransferControl::Progress& progress) {
     Outcome outcome;
     try {
         require_machine(request, machine);
         std::vector<std::string> left_out = preflight(request, machine.platform());
-        outcome = call_member(request, outside, watcher);
+        outcome = call_member(request, outside, watcher, progress);
         outcome.left_out = std::move(left_out);
     } catch (...) {
         fail(outcome, automation::current_error());
@@ -85,6 +86,7 @@ void watch_search(const Request& request, LocalMachine& machine, std::vector<hos
 }
 
 std::string activity(const Request& request) {
+    if (request.member->family == core::Family::transfer) return "Transferring";
     const auto inputs = inputs_of(*request.member, request.arguments);
     if (inputs.empty()) return std::string(request.member->name);
     return "Converting " + visible_line(std::filesystem::path(inputs.front().path).filename().string());
@@ -126,7 +128,8 @@ int make_call(const Request& request, LocalMachine& machine, const KeptFile& kep
     std::vector<hosts::FoundText> found;
     watch_search(request, machine, found);
     Outcome outcome = secrets_of(request).masked(
-        make(request, machine, log.is_wanted() ? traced.platform() : machine.platform(), kept, watcher));
+        make(request, machine, log.is_wanted() ? traced.platform() : machine.platform(), kept, watcher,
+             [](std::int32_t percent) { status.tell(std::to_string(percent) + " %"); }));
     outcome.found = std::move(found);
     conclude_search(*request.member, outcome);
     status.stop();

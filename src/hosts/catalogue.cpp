@@ -37,7 +37,7 @@ constexpr std::array<Host, 13> hosts{{
     {"Access", access_classes, "mdbtools", "", ""},
     {"Crystal Reports", crystal_classes, "", "", ""},
     {"Web capture", no_classes, "Chromium", "", ""},
-    {"Internet Transfer control", transfer_classes, "libcurl", "", ""},
+    {"Internet Transfer control", transfer_classes, "libcurl", "transfer", "libcurl4", true},
     {"Notepad", no_classes, "plain text printing", "", ""},
 }};
 

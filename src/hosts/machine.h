@@ -79,6 +79,10 @@ class Machine {
         return open_document_file(path);
     }
 
+    /// Gives up what the host's policy does not name, as opening the first document does. For hosts that meet
+    /// what strangers have made elsewhere than in a document.
+    virtual void be_contained() {}
+
     /// A new file that appears under that name when it is complete; also a contained host's only way to make
     /// one. Throws what PendingFile does.
     virtual std::unique_ptr<OutputFile> make_output(const std::filesystem::path& path) {

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "hosts/process/machine_calls.h"
+#include "hosts/transfer_command.h"
 
 namespace foliant::hosts::process {
 
@@ -29,6 +30,12 @@ std::pair<dev_t, ino_t> identity(const struct stat& status) {
 MachineService::~MachineService() {
     for (const HostWindow window : windows_)
         machine_.close_window(window);
+}
+
+void MachineService::was_named(const std::string& text) {
+    named_.insert(text);
+    said_since_opening_.insert(text);
+    if (const auto command = transfer_command(text)) named_.insert(command->local_file);
 }
 
 void MachineService::answer(Peer& peer, Reader& arguments, Writer& result) {

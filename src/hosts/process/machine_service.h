@@ -26,11 +26,9 @@ class MachineService {
     /// Closes the windows that the host has left open.
     ~MachineService();
 
-    /// A text that went to the host: it may be the name of a document or of an output.
-    void was_named(const std::string& text) {
-        named_.insert(text);
-        said_since_opening_.insert(text);
-    }
+    /// A text that went to the host: it may be the name of a document or of an output, or a command that
+    /// names one.
+    void was_named(const std::string& text);
 
     /// Answers one call. `peer` is whom to tell of clicks. Throws what the machine throws, and
     /// filesystem_error with EACCES for a file that is not the host's business.

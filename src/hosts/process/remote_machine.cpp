@@ -73,6 +73,10 @@ DocumentFile RemoteMachine::open_document(const std::filesystem::path& path, Doc
     return document;
 }
 
+void RemoteMachine::be_contained() {
+    if (contain_) std::exchange(contain_, nullptr)({});
+}
+
 /// A copy under the document's own name.
 std::filesystem::path RemoteMachine::copy_of(const DocumentFile& document) {
     const std::filesystem::path folder = folder_ / ("document-" + std::to_string(++copies_));

@@ -36,6 +36,7 @@ class RemoteMachine : public Machine {
     /// because a policy in force cannot be widened. An open file needs none.
     DocumentFile open_document(const std::filesystem::path& path,
                                DocumentAccess access = DocumentAccess::place) override;
+    void be_contained() override;
     std::unique_ptr<OutputFile> make_output(const std::filesystem::path& path) override;
     bool has_printer(std::string_view name) const override;
     bool is_pdf_printer(std::string_view name) const override;
