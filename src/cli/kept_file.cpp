@@ -19,14 +19,39 @@ using posix::FileDescriptor;
 
 namespace {
 
+constexpr const char* mark = ".kept-by-foliant-";
+
 /// One that tells a person who comes upon it what it is, after a power failure for example.
 std::string hidden_name(const std::string& name) {
     constexpr std::size_t longest_name = 255;
-    const std::string ending = ".kept-by-foliant-" + std::to_string(std::random_device()());
+    const std::string ending = mark + std::to_string(std::random_device()());
     return name.size() + 1 + ending.size() <= longest_name ? "." + name + ending : ending;
 }
 
+/// Whether a call that has not ended holds that file.
+bool is_held(const std::filesystem::path& path) {
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    return !file || ::flock(file.get(), LOCK_EX | LOCK_NB) != 0;
+}
+
 }  // namespace
+
+bool KeptFile::bring_back_lost(const std::string& path) noexcept try {
+    namespace fs = std::filesystem;
+    const fs::path whole(path);
+    std::error_code none;
+    if (!whole.has_filename() || fs::exists(fs::symlink_status(whole, none))) return false;
+    const std::string beginning = "." + whole.filename().string() + mark;
+    const fs::path folder = whole.has_parent_path() ? whole.parent_path() : ".";
+    for (const auto& entry : fs::directory_iterator(folder, none)) {
+        if (!entry.path().filename().string().starts_with(beginning) || is_held(entry.path())) continue;
+        if (::renameat2(AT_FDCWD, entry.path().c_str(), AT_FDCWD, whole.c_str(), RENAME_NOREPLACE) == 0)
+            return true;
+    }
+    return false;
+} catch (...) {  // a folder that changes meanwhile, or no memory: it is only a try
+    return false;
+}
 
 void KeptFile::keep(const std::string& path) {
     if (!open_folder_of(path)) return;

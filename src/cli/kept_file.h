@@ -18,6 +18,11 @@ namespace foliant::cli {
 /// ends it. Hosts never write into a file that is there.
 class KeptFile {
   public:
+    /// A call that was killed together with its command, and a power failure, leave a file under its second
+    /// name. When nothing is at `path` and such a file is, which no call holds at this moment, it gets its
+    /// name back. Returns whether one did.
+    static bool bring_back_lost(const std::string& path) noexcept;
+
     /// Keeps what is at `path`; nothing to do when nothing is. Raises an automation error that says why the
     /// file cannot be replaced: it may not be touched, or another call is about to replace it.
     void keep(const std::string& path);

@@ -16,6 +16,7 @@
 #include "cli/report.h"
 #include "cli/search_report.h"
 #include "cli/supervisor.h"
+#include "cli/visible_text.h"
 #include "cli/worker_call.h"
 
 namespace foliant::cli {
@@ -117,6 +118,11 @@ int supervise(const Request& request, LocalMachine& machine, CallLog& log) {
 }  // namespace
 
 int call_supervised(const Request& request, LocalMachine& machine) {
+    const auto output = output_of(*request.member, request.arguments);
+    if (output && KeptFile::bring_back_lost(output->path)) {
+        std::cerr << "foliant: " << visible_line(output->path)
+                  << " is back: a call that was killed had left it behind under another name.\n";
+    }
     if (const auto refused = refusal(request)) return report_failure(request, exit_usage, *refused);
     try {
         CallLog log(request);

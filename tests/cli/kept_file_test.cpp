@@ -55,6 +55,41 @@ TEST_F(Kept, ComesBackAsTheVeryFileThatItWas) {
     EXPECT_EQ(files(), 2);
 }
 
+TEST_F(Kept, ThatWasLostComesBackWithTheNextCall) {
+    write(output, "old");
+    const pid_t killed = fork();
+    if (killed == 0) {
+        kept.keep(output);
+        fs::remove(output);
+        _exit(0);
+    }
+    waitpid(killed, nullptr, 0);
+    ASSERT_FALSE(fs::exists(output));
+    EXPECT_TRUE(KeptFile::bring_back_lost(output));
+    EXPECT_EQ(read(), "old");
+    EXPECT_EQ(files(), 1);
+    EXPECT_FALSE(KeptFile::bring_back_lost(output));
+}
+
+TEST_F(Kept, IsNotTakenFromACallThatGoesOn) {
+    write(output, "old");
+    kept.keep(output);
+    fs::remove(output);
+    EXPECT_FALSE(KeptFile::bring_back_lost(output));
+    kept.put_back();
+    EXPECT_EQ(read(), "old");
+}
+
+TEST_F(Kept, ThatWasLostReplacesNothingAndIsNobodyElses) {
+    write(output, "new");
+    write(folder / ".out.pdf.kept-by-foliant-1", "old");
+    EXPECT_FALSE(KeptFile::bring_back_lost(output));
+    EXPECT_EQ(read(), "new");
+    EXPECT_FALSE(KeptFile::bring_back_lost(folder / "ut.pdf"));
+    EXPECT_FALSE(KeptFile::bring_back_lost(folder / "none" / "out.pdf"));
+    EXPECT_EQ(files(), 2);
+}
+
 TEST_F(Kept, ComesBackWhenNothingStandsInItsPlace) {
     write(output, "old");
     kept.keep(output);

@@ -152,5 +152,15 @@ TEST_F(Mistake, ARehearsalRefusesWhatTheCallWouldRefuse) {
     expect_refused({"rehearse", "CreatePDFfromPS", "a.ps", "a.ps"}, "is both output and input");
 }
 
+TEST(LostOutputs, ComeBackBeforeAnythingElseIsDone) {
+    const Workshop shop;
+    shop.write(".a.pdf.kept-by-foliant-17", "%PDF-1.4 old");
+    const Finished call = shop.foliant({"CreatePDFfromPS", "a.pdf", "none.ps"});
+    EXPECT_EQ(call.exit_code, 3);
+    EXPECT_TRUE(call.errors.starts_with("foliant: a.pdf is back: ")) << call.errors;
+    EXPECT_EQ(shop.read("a.pdf"), "%PDF-1.4 old");
+    EXPECT_EQ(shop.files(), (std::set<std::string>{"a.pdf"}));
+}
+
 }  // namespace
 }  // namespace foliant::end_to_end

@@ -29,7 +29,8 @@ struct Policy {
     std::vector<std::filesystem::path> may_write;
     /// Programs that may be started, under this very policy. Empty: no other process can be made at all.
     std::vector<std::filesystem::path> may_start;
-    bool may_connect = false;  ///< to anybody, by any kind of socket
+    bool may_make_threads = true;  ///< where false, the process stays at the one thread that it has
+    bool may_connect = false;      ///< to anybody, by any kind of socket
     Limits limits;
 };
 

@@ -72,6 +72,8 @@ constexpr int that_start_processes[] = {
 #endif
 };
 
+constexpr int that_start_threads[] = {SYS_clone, SYS_clone3};
+
 constexpr int about_sockets[] = {
     SYS_socket, SYS_connect, SYS_bind, SYS_listen, SYS_accept, SYS_accept4,
 };
@@ -272,7 +274,10 @@ void filter_calls(const Policy& policy) {
     if (!policy.may_connect) filter.refuse(about_sockets, EACCES);
     if (policy.may_start.empty()) {
         filter.refuse(that_start_processes, EPERM);
-        allow_threads_only(filter);
+        if (policy.may_make_threads)
+            allow_threads_only(filter);
+        else
+            filter.refuse(that_start_threads, EAGAIN);
         allow_signals_to_itself_only(filter);
         guard_its_end(filter);
     }

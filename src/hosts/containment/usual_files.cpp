@@ -1,6 +1,12 @@
 #include "hosts/containment/usual_files.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <system_error>
 
 namespace foliant::hosts::containment {
 namespace {
@@ -17,7 +23,54 @@ void add_user_folder(Paths& paths, const char* variable, const char* fallback, c
     if (!folder.empty()) paths.push_back(folder / name);
 }
 
+bool holds(const std::filesystem::path& folder, const std::filesystem::path& inner) {
+    return std::mismatch(folder.begin(), folder.end(), inner.begin(), inner.end()).first == folder.end();
+}
+
+/// What `<dir prefix="xdg">fonts</dir>` and `<dir>~/.fonts</dir>` stand for; empty for what is no absolute
+/// path then.
+std::filesystem::path folder_meant(std::string_view attributes, std::string_view text) {
+    std::filesystem::path folder(text);
+    if (attributes.find("\"xdg\"") != std::string_view::npos)
+        folder = user_folder("XDG_DATA_HOME", ".local/share") / folder;
+    if (text.starts_with("~/")) folder = user_folder("HOME", "") / text.substr(2);
+    if (!folder.is_absolute()) return {};
+    folder = folder.lexically_normal();
+    return folder.has_filename() ? folder : folder.parent_path();
+}
+
+void add_configured_folders(Paths& paths, const std::filesystem::path& configuration) {
+    const Paths found = font_folders_in(configuration);
+    paths.insert(paths.end(), found.begin(), found.end());
+}
+
+/// A configuration, and the pieces of one beside it.
+void add_configured_fonts(Paths& paths, const std::filesystem::path& folder) {
+    for (const char* name : {"fonts.conf", "local.conf"})
+        add_configured_folders(paths, folder / name);
+    std::error_code none;
+    for (const auto& entry : std::filesystem::directory_iterator(folder / "conf.d", none))
+        add_configured_folders(paths, entry.path());
+}
+
 }  // namespace
+
+Paths font_folders_in(const std::filesystem::path& configuration) {
+    std::ifstream file(configuration);
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    const std::filesystem::path home = user_folder("HOME", "");
+    Paths folders;
+    for (std::size_t at = text.find("<dir"); at != std::string::npos; at = text.find("<dir", at + 1)) {
+        const std::size_t begin = text.find('>', at);
+        const std::size_t end = text.find("</dir>", at);
+        if (begin == std::string::npos || end == std::string::npos || end < begin) continue;
+        const std::string_view whole = text;
+        const auto folder =
+            folder_meant(whole.substr(at, begin - at), whole.substr(begin + 1, end - begin - 1));
+        if (!folder.empty() && !holds(folder, home)) folders.push_back(folder);
+    }
+    return folders;
+}
 
 Paths system_libraries() {
     return {"/lib",           "/lib64",           "/usr/lib",          "/usr/lib64",
@@ -38,6 +91,9 @@ Paths fonts() {
     add_user_folder(paths, "XDG_CACHE_HOME", ".cache", "fontconfig");
     for (const char* name : {".fonts", ".fonts.conf", ".fonts.conf.d"})
         add_user_folder(paths, "HOME", ".", name);
+    add_configured_fonts(paths, "/etc/fonts");
+    if (const auto user = user_folder("XDG_CONFIG_HOME", ".config"); !user.empty())
+        add_configured_fonts(paths, user / "fontconfig");
     return paths;
 }
 

@@ -11,8 +11,13 @@ using Paths = std::vector<std::filesystem::path>;
 /// Shared libraries and what finds them.
 Paths system_libraries();
 
-/// Fonts of the system and of the user, and what fontconfig wants to know of them.
+/// Fonts of the system and of the user, the folders that fontconfig's own configuration names, and what
+/// fontconfig wants to know of them.
 Paths fonts();
+
+/// The folders that a file of fontconfig's names as those of fonts (`<dir>`); none when there is no such
+/// file. One that holds the user's whole home is left out: more lies there than fonts.
+Paths font_folders_in(const std::filesystem::path& configuration);
 
 /// Locales, time zones, and character conversions.
 Paths locales();

@@ -59,6 +59,22 @@ TEST_F(Calls, MakeThreads) {
               "done");
 }
 
+TEST_F(Calls, MakeNoThreadsWhereThePolicySaysSo) {
+    policy.may_make_threads = false;
+    const auto one_more = [] {
+        return outcome([] {
+            try {
+                std::thread([] {}).join();
+                return 0;
+            } catch (const std::system_error& refusal) {
+                errno = refusal.code().value();
+                return -1;
+            }
+        }());
+    };
+    EXPECT_EQ(contained(policy, one_more), "EAGAIN");
+}
+
 TEST_F(Calls, StartTheProgramsOfThePolicyOnly) {
     policy.may_start = {"/bin/true"};
     EXPECT_EQ(contained(policy, [] { return spawned("/bin/true"); }), "status 0");

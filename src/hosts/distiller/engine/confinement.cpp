@@ -31,6 +31,7 @@ Orders take_orders(int argc, char** argv) {
 void confine(const Orders& orders, containment::Policy policy) {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (::getppid() != orders.parent) std::_Exit(EXIT_FAILURE);  // it died before it could be watched
+    policy.may_make_threads = false;
     policy.limits.memory_bytes = orders.memory_bytes;
     policy.limits.file_bytes = largest_file;
     policy.limits.open_files = most_open_files;
