@@ -20,10 +20,9 @@ bool is_in(const std::vector<std::string>& names, const std::string& name) {
     return false;
 }
 
-/// Whether the entry names a place in the same document.
+/// Whether the entry may name a place in the same document.
 bool is_destination(QPDFObjectHandle dictionary, const std::string& key) {
-    if (key == "/Dest") return true;
-    return key == "/D" && dictionary.getKey("/S").isNameAndEquals("/GoTo");
+    return key == "/Dest" || (key == "/D" && dictionary.getKey("/S").isNameAndEquals("/GoTo"));
 }
 
 bool is_structure_number(const std::string& key) {
@@ -49,17 +48,21 @@ QPDFObjectHandle ObjectCopier::copy_indirect(QPDFObjectHandle original) {
     const auto [place, is_new] = copies_.try_emplace(key_of(original));
     if (!is_new) return place->second;
     QPDFObjectHandle copy;
-    if (original.isStream()) {
-        copy = QPDFObjectHandle::newStream(&target_.qpdf());
-    } else if (original.isArray()) {
-        copy = target_.qpdf().makeIndirectObject(QPDFObjectHandle::newArray());
-    } else if (original.isDictionary()) {
-        // Who refers to a node of the page tree means his document's, not what becomes of it here.
-        if (original.getKey("/Type").isNameAndEquals("/Pages"))
-            return place->second = QPDFObjectHandle::newNull();
-        copy = target_.qpdf().makeIndirectObject(QPDFObjectHandle::newDictionary());
-    } else {
-        return place->second = copy_direct(original);
+    switch (original.getTypeCode()) {
+        case ::ot_stream:
+            copy = QPDFObjectHandle::newStream(&target_.qpdf());
+            break;
+        case ::ot_array:
+            copy = target_.qpdf().makeIndirectObject(QPDFObjectHandle::newArray());
+            break;
+        case ::ot_dictionary:
+            // Who refers to a node of the page tree means his document's, not what becomes of it here.
+            if (original.getKey("/Type").isNameAndEquals("/Pages"))
+                return place->second = QPDFObjectHandle::newNull();
+            copy = target_.qpdf().makeIndirectObject(QPDFObjectHandle::newDictionary());
+            break;
+        default:
+            return place->second = copy_direct(original);
     }
     place->second = copy;
     waiting_.emplace_back(original, copy);
@@ -67,16 +70,22 @@ QPDFObjectHandle ObjectCopier::copy_indirect(QPDFObjectHandle original) {
 }
 
 QPDFObjectHandle ObjectCopier::copy_direct(QPDFObjectHandle original) {
-    if (original.isDictionary()) {
-        QPDFObjectHandle copy = QPDFObjectHandle::newDictionary();
-        copy_entries(original, copy);
-        return copy;
+    switch (original.getTypeCode()) {
+        case ::ot_dictionary: {
+            std::map<std::string, QPDFObjectHandle> entries = original.getDictAsMap();
+            for (auto& [key, value] : entries)
+                value = copy_entry(original, key, value);
+            return QPDFObjectHandle::newDictionary(entries);
+        }
+        case ::ot_array: {
+            std::vector<QPDFObjectHandle> items = original.getArrayAsVector();
+            for (QPDFObjectHandle& item : items)
+                item = copy(item);
+            return QPDFObjectHandle::newArray(items);
+        }
+        default:
+            return original.shallowCopy();
     }
-    if (!original.isArray()) return original.shallowCopy();
-    std::vector<QPDFObjectHandle> items = original.getArrayAsVector();
-    for (QPDFObjectHandle& item : items)
-        item = copy(item);
-    return QPDFObjectHandle::newArray(items);
 }
 
 QPDFObjectHandle ObjectCopier::copy_entry(QPDFObjectHandle dictionary, const std::string& key,
@@ -85,7 +94,7 @@ QPDFObjectHandle ObjectCopier::copy_entry(QPDFObjectHandle dictionary, const std
         return structure_offset < 0 ? QPDFObjectHandle::newNull()
                                     : QPDFObjectHandle::newInteger(value.getIntValue() + structure_offset);
     }
-    if ((value.isName() || value.isString()) && is_destination(dictionary, key)) {
+    if (is_destination(dictionary, key) && (value.isName() || value.isString())) {
         const std::string name = value.isName() ? value.getName().substr(1) : value.getStringValue();
         const auto renamed = destination_names.find(name);
         return QPDFObjectHandle::newString(renamed == destination_names.end() ? name : renamed->second);

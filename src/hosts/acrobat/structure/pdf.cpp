@@ -1,11 +1,13 @@
 #include "hosts/acrobat/structure/pdf.h"
 
+#include <charconv>
 #include <new>
 #include <qpdf/Buffer.hh>
 #include <qpdf/BufferInputSource.hh>
 #include <qpdf/QPDFExc.hh>
 #include <qpdf/QUtil.hh>
 #include <string_view>
+#include <system_error>
 
 #include "hosts/acrobat/structure/insert_pages.h"
 #include "hosts/acrobat/structure/unreadable.h"
@@ -42,6 +44,16 @@ std::string what_is_wrong(const MappedFile& file, const std::string& detail) {
     return "it seems to be damaged (" + detail + ")";
 }
 
+/// As the file says; qpdf's own function for it compiles a regular expression each time.
+PDFVersion version_of(QPDF& pdf) {
+    const std::string text = pdf.getPDFVersion();
+    int numbers[2] = {1, 3};
+    const char* const end = text.data() + text.size();
+    const auto major = std::from_chars(text.data(), end, numbers[0]);
+    if (major.ec == std::errc() && major.ptr != end) std::from_chars(major.ptr + 1, end, numbers[1]);
+    return {numbers[0], numbers[1], pdf.getExtensionLevel()};
+}
+
 [[noreturn]] void raise_unreadable(const MappedFile& file, const QPDFExc& failure) {
     if (failure.getErrorCode() == qpdf_e_password) throw WrongPassword();
     if (failure.getErrorCode() == qpdf_e_unsupported)
@@ -61,7 +73,7 @@ std::shared_ptr<Pdf> Pdf::open(std::shared_ptr<const MappedFile> file, const std
         try {
             pdf->qpdf_.processInputSource(std::make_shared<Source>(file), spellings[i].c_str());
             pdf->qpdf_.getRoot();
-            pdf->version_ = pdf->qpdf_.getVersionAsPDFVersion();
+            pdf->version_ = version_of(pdf->qpdf_);
             return pdf;
         } catch (const QPDFExc& failure) {
             if (failure.getErrorCode() == qpdf_e_password && i + 1 < spellings.size()) continue;
@@ -78,7 +90,7 @@ std::shared_ptr<Pdf> Pdf::create() {
     std::shared_ptr<Pdf> pdf(new Pdf(nullptr));
     prepare(pdf->qpdf_);
     pdf->qpdf_.emptyPDF();
-    pdf->version_ = pdf->qpdf_.getVersionAsPDFVersion();
+    pdf->version_ = version_of(pdf->qpdf_);
     return pdf;
 }
 
