@@ -120,7 +120,8 @@ int make_call(const Request& request, LocalMachine& machine, const KeptFile& kep
     static StatusLine status(moving ? STDERR_FILENO : -1, activity(request));
     static const OwnStreams streams(engine_output, [] { status.hide(); });
     machine.on_progress([](std::string_view doing, int percent) {
-        status.tell(visible_line(doing) + " " + std::to_string(percent) + " %");
+        const std::string part = percent < 0 ? "" : " " + std::to_string(percent) + " %";
+        status.tell(visible_line(doing) + part);
     });
     ProgressBar bar(moving ? &std::cerr : nullptr);
     Watcher watcher(status, bar, log);

@@ -106,7 +106,8 @@ class Machine {
     /// too: the host then looks for it, without that being a part of what it was called for.
     virtual bool found(const FoundText& /*place*/) { return false; }
 
-    /// Tells the people who wait what a host is doing ("Opening") and how much of it is done, in per cent. It
+    /// Tells the people who wait what a host is doing ("Opening") and how much of it is done, in per cent,
+    /// -1 where nobody knows. It
     /// costs a message to another process, so a few times a second are enough.
     virtual void show_progress(std::string_view /*doing*/, int /*percent*/) {}
 

@@ -1,6 +1,7 @@
 #include "hosts/acrobat/document.h"
 
 #include <cerrno>
+#include <chrono>
 #include <exception>
 #include <new>
 #include <system_error>
@@ -74,6 +75,18 @@ DocumentPtr Document::open(Machine& machine, const std::string& path, const std:
 void Document::note_saved(const std::string& path) {
     if (path_.empty()) path_ = path;
     saved_revision_ = pdf_->revision();
+}
+
+void Document::show_progress(std::string_view doing, int percent) const {
+    using Clock = std::chrono::steady_clock;
+    static Clock::time_point last;  // of any document
+    constexpr std::chrono::milliseconds pause{200};
+    const Clock::time_point now = Clock::now();
+    if (now - last < pause) return;
+    last = now;
+    constexpr std::size_t longest_name = 50;  // that a line of a terminal has room for
+    const std::string file = name();
+    machine_.show_progress(std::string(doing) + (file.size() > longest_name ? "" : " " + file), percent);
 }
 
 void Document::raise_unusable() const {

@@ -50,6 +50,10 @@ class Document {
     /// The bookmark that was made last, as long as the document is open.
     std::optional<QPDFObjectHandle>& newest_bookmark() noexcept { return newest_bookmark_; }
 
+    /// Tells people who wait what is being done with it: "Saving", 40; a few times a second, however often it
+    /// is called. -1 per cent where nobody knows.
+    void show_progress(std::string_view doing, int percent) const;
+
     /// To be told after each change: what was read of the document before does not count any more.
     void note_change() noexcept {
         pdf_->note_change();

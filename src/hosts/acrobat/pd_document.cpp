@@ -90,6 +90,7 @@ bool PdDocument::insert_pages(const Bound& given) {
     if (after < -1 || after >= there || first < 0 || count < 0 || first + std::int64_t{count} > coming)
         throw acrobat_error(RuntimeError::invalid_procedure_call,
                             "There are no such pages to insert, or to insert them after.");
+    source->opened().show_progress("Inserting", -1);
     const bool with_bookmarks = automation::to_bool(given[4]);
     // What is damaged in the source shows while it is copied.
     with_file_named(source->opened(), [&](structure::Pdf& pdf) {

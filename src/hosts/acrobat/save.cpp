@@ -1,5 +1,6 @@
 #include "hosts/acrobat/save.h"
 
+#include <filesystem>
 #include <memory>
 
 #include "hosts/acrobat/acrobat_error.h"
@@ -21,7 +22,9 @@ void save(Document& document, std::int16_t flags, const std::string& path) {
         const std::unique_ptr<OutputFile> output = document.machine().make_output(path);
         with_file_named(document, [&](structure::Pdf& pdf) {
             structure::note_writing(pdf);
-            structure::write_pdf(pdf, {.is_linearised = (flags & linearised) != 0}, *output);
+            const auto tell = [&](int percent) { document.show_progress("Saving", percent); };
+            structure::write_pdf(pdf, {.is_linearised = (flags & linearised) != 0, .on_progress = tell},
+                                 *output);
         });
         output->commit();
         document.note_saved(path);

@@ -38,6 +38,8 @@ text::Rectangle rectangle_on(const structure::PageBox& page, const Value& value)
 
 ObjectPtr select_text(Document& document, std::int32_t page, const Value& rectangle) {
     const text::Rectangle chosen = rectangle_on(page_box(page_of(document, page)), rectangle);
+    const auto all = document.pdf().pages().size();
+    document.show_progress("Reading", static_cast<int>(static_cast<std::size_t>(page) * 100 / all));
     text::TextReader& pages = document.text().pages();
     std::vector<Value> words;
     with_file_named(document, [&](structure::Pdf&) {

@@ -133,10 +133,10 @@ void MachineService::print(Reader& arguments) {
 }
 
 void MachineService::show_progress(Reader& arguments) {
-    constexpr std::size_t longest = 40;
+    constexpr std::size_t longest = 80;
     const std::string doing = arguments.text();
     const auto percent = arguments.number<std::int32_t>();
-    if (doing.size() > longest || percent < 0 || percent > 100) throw Garbled();
+    if (doing.size() > longest || percent < -1 || percent > 100) throw Garbled();
     machine_.show_progress(doing, percent);
 }
 

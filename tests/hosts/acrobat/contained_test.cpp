@@ -1,4 +1,5 @@
 #include <dlfcn.h>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <stdexcept>
 
@@ -92,6 +93,29 @@ TEST_F(ContainedAcrobat, ProtectsADocumentInPlace) {
     machine.answers = {path, "secret"};
     EXPECT_EQ(application.call("MenuItemExecute", {"Open"}), Value(true));
     EXPECT_EQ(application.call("GetActiveDoc").call("GetPDDoc").call("GetNumPages"), Value(std::int32_t{2}));
+}
+
+/// A machine whose hosts may allocate little.
+class PoorMachine : public test::NotingMachine {
+  public:
+    std::uint64_t memory_limit_bytes() const override { return std::uint64_t{128} << 20U; }
+};
+
+TEST(ContainedAcrobatWithLittleMemory, ReplacesMetadataThatUnpackToMoreThanThereIs) {
+    // A run of the byte 0x81 unpacks to 64 times as long a run of the same byte, twice over here.
+    const std::string bomb(100'000, '\x81');
+    test::PdfText pdf = test::pages(1);
+    pdf.add_to_catalogue("/Metadata 5 0 R");
+    pdf.set_stream(5, bomb, "/Filter [/RunLengthDecode /RunLengthDecode]");
+    const tests::ScratchFolder folder;
+    PoorMachine machine;
+    process::HostProcess host({"Acrobat", "qpdf and poppler", acrobat_module, "Save"}, machine);
+    const Value document = host.create("AcroExch.PDDoc");
+    document.call("Open", {folder.write("a.pdf", pdf.file()).string()});
+    const std::string path = (folder / "b.pdf").string();
+    EXPECT_EQ(document.call("Save", {std::int16_t{1}, path}), Value(true));
+    EXPECT_LT(std::filesystem::file_size(path), bomb.size());
+    EXPECT_TRUE(host.is_running());
 }
 
 TEST_F(ContainedAcrobat, MergesDocumentsThatAreClosedBeforeItSaves) {

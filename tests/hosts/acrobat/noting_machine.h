@@ -31,17 +31,20 @@ class NotingMachine : public Machine {
         return wants_every_place;
     }
 
+    void show_progress(std::string_view doing, int) override { work_done.emplace_back(doing); }
+
     /// Takes the next of `answers`; without one, refuses as a desktop does where nobody is.
     void show(Dialog& dialog) override;
 
     /// What goes into the first edit control of each dialog, which is then closed by its default button; of a
     /// dialog "cancel" cancels it.
     std::deque<std::string> answers;
-    std::vector<std::string> notes;     ///< "dialog Open", ...
-    std::string printer = "Adobe PDF";  ///< the default one
-    std::string printed;                ///< what was printed last, as a file
-    std::string read_aloud;             ///< the text
-    std::vector<FoundText> places;      ///< that hosts have told of
+    std::vector<std::string> work_done;  ///< what people who wait were told
+    std::vector<std::string> notes;      ///< "dialog Open", ...
+    std::string printer = "Adobe PDF";   ///< the default one
+    std::string printed;                 ///< what was printed last, as a file
+    std::string read_aloud;              ///< the text
+    std::vector<FoundText> places;       ///< that hosts have told of
     bool wants_every_place = false;
 
   private:

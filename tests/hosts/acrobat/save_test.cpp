@@ -1,4 +1,6 @@
+#include <chrono>
 #include <gmock/gmock.h>
+#include <thread>
 
 #include "hosts/acrobat/fixture.h"
 #include "hosts/acrobat/structure/information.h"
@@ -46,6 +48,23 @@ TEST_F(Saving, WithFourIsLinearised) {
     const Value document = document_on(pages(3).file());
     EXPECT_TRUE(saved(document, 5)->qpdf().isLinearized());
     EXPECT_FALSE(saved(document, 1)->qpdf().isLinearized());
+}
+
+TEST_F(Saving, ADocumentTooOddToBeLinearisedIsSavedAllTheSame) {
+    const Value document = document_on(pages(1).add_to_catalogue("/Odd 10 0 R").file());
+    const auto pdf = saved(document, 5);
+    EXPECT_FALSE(pdf->qpdf().isLinearized());
+    EXPECT_EQ(pdf->page_count(), 1);
+}
+
+TEST_F(Saving, AndInsertingTellPeopleWhoWait) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(250));
+    const Value document = merged({pages(1).file(), pages(1).file()});
+    EXPECT_THAT(machine.work_done, testing::ElementsAre("Inserting document.pdf"));  // once in a while
+    std::this_thread::sleep_for(std::chrono::milliseconds(250));
+    saved(document);
+    EXPECT_EQ(machine.work_done.size(), 2U);
+    EXPECT_TRUE(machine.work_done.back().starts_with("Saving")) << machine.work_done.back();
 }
 
 TEST_F(Saving, WhereNothingCanBeWrittenFailsWithTheReason) {

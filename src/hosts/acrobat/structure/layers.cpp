@@ -33,7 +33,7 @@ std::vector<QPDFObjectHandle> hidden_by_default(QPDFObjectHandle properties, QPD
 
 void add_layers(const Insertion& insertion) {
     QPDFObjectHandle properties = insertion.source.qpdf().getRoot().getKey("/OCProperties");
-    if (!properties.isDictionary()) return;
+    if (!properties.isDictionary() || !properties.getKey("/OCGs").isArray()) return;
     QPDFObjectHandle catalogue = insertion.target.qpdf().getRoot();
     if (!catalogue.getKey("/OCProperties").isDictionary()) {
         catalogue.replaceKey("/OCProperties", insertion.copier.copy(properties));

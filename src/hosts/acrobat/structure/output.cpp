@@ -15,6 +15,7 @@ Output::Output(OutputFile& file) : Pipeline("output", nullptr), file_(file) {
 }
 
 void Output::write(unsigned char const* data, std::size_t size) {
+    touched_ = true;
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     if (piece_.size() + size > piece_size) finish();
     if (size > piece_size)

@@ -15,9 +15,13 @@ class Output : public Pipeline {
     void write(unsigned char const* data, std::size_t size) override;
     void finish() override;
 
+    /// Whether nothing was written so far.
+    bool is_untouched() const noexcept { return !touched_; }
+
   private:
     OutputFile& file_;
     std::string piece_;
+    bool touched_ = false;
 };
 
 }  // namespace foliant::hosts::acrobat::structure

@@ -1,6 +1,8 @@
 #include "hosts/acrobat/structure/write_pdf.h"
 
+#include <exception>
 #include <memory>
+#include <new>
 #include <qpdf/Pl_String.hh>
 #include <qpdf/QPDFWriter.hh>
 #include <utility>
@@ -27,18 +29,32 @@ void protect(QPDFWriter& writer, const Protection& protection) {
                                      true);
 }
 
-}  // namespace
-
-void write_pdf(Pdf& pdf, const Writing& writing, OutputFile& output) {
-    pdf.settle();
+void write(Pdf& pdf, const Writing& writing, Pipeline& pipeline) {
     QPDFWriter writer(pdf.qpdf());
-    Output pipeline(output);
     writer.setOutputPipeline(&pipeline);
     writer.setMinimumPDFVersion(pdf.version());
     writer.setLinearization(writing.is_linearised);
     if (pdf.protection()) protect(writer, *pdf.protection());
     if (writing.on_progress) writer.registerProgressReporter(std::make_shared<Progress>(writing.on_progress));
     writer.write();
+}
+
+}  // namespace
+
+void write_pdf(Pdf& pdf, const Writing& writing, OutputFile& output) {
+    pdf.settle();
+    Output pipeline(output);
+    try {
+        write(pdf, writing, pipeline);
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception&) {
+        // What is odd in a document may keep it from being ordered page by page, but not from being written.
+        if (!writing.is_linearised || !pipeline.is_untouched()) throw;
+        Writing plain = writing;
+        plain.is_linearised = false;
+        write(pdf, plain, pipeline);
+    }
     pipeline.finish();
 }
 
