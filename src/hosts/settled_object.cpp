@@ -1,5 +1,6 @@
 #include "hosts/settled_object.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <utility>
 
@@ -26,19 +27,25 @@ std::optional<std::int32_t> index_in(const Arguments& arguments) {
 
 }  // namespace
 
+const SettledMember* SettledResults::member_of_name(std::string_view name) const {
+    // Most callers write a name as it is; comparing in any case takes longer than all the rest.
+    const auto same = std::ranges::find(members_, name, &SettledMember::name);
+    if (same != members_.end()) return &*same;
+    const auto alike = std::ranges::find_if(members_, [&](const SettledMember& member) {
+        return automation::equal_ignoring_case(member.name, name);
+    });
+    return alike == members_.end() ? nullptr : &*alike;
+}
+
 std::optional<Value> SettledResults::find(Access access, std::string_view member,
                                           const Arguments& arguments) const {
-    if (access != Access::get && access != Access::call) return std::nullopt;
-    for (const SettledMember& settled : members_) {
-        if (!automation::equal_ignoring_case(settled.name, member)) continue;
-        if (!settled.is_list)
-            return arguments.empty() ? std::optional(settled.results.front()) : std::nullopt;
-        const auto index = index_in(arguments);
-        const bool is_there =
-            index && *index >= 0 && static_cast<std::size_t>(*index) < settled.results.size();
-        return is_there ? std::optional(settled.results[static_cast<std::size_t>(*index)]) : std::nullopt;
-    }
-    return std::nullopt;
+    if (members_.empty() || (access != Access::get && access != Access::call)) return std::nullopt;
+    const SettledMember* const settled = member_of_name(member);
+    if (settled == nullptr) return std::nullopt;
+    if (!settled->is_list) return arguments.empty() ? std::optional(settled->results.front()) : std::nullopt;
+    const auto index = index_in(arguments);
+    const bool is_there = index && *index >= 0 && static_cast<std::size_t>(*index) < settled->results.size();
+    return is_there ? std::optional(settled->results[static_cast<std::size_t>(*index)]) : std::nullopt;
 }
 
 void SettledObject::settle(std::string_view name, Value result) {

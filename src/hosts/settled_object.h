@@ -29,6 +29,8 @@ class SettledResults {
                                           const automation::Arguments& arguments) const;
 
   private:
+    const SettledMember* member_of_name(std::string_view name) const;
+
     std::vector<SettledMember> members_;
 };
 

@@ -346,6 +346,7 @@ void Peer::read_settled(Reader& message, Proxy& proxy) {
         member.is_list = message.truth();
         const auto count = message.count();
         if (!member.is_list && count != 1) throw Garbled();
+        member.results.reserve(count);
         for (auto left = count; left > 0; --left)
             member.results.push_back(value(message, only_plain));
         proxy.settle(std::move(member));

@@ -38,7 +38,7 @@ class TextReader::ReadAhead {
             const std::lock_guard lock(mutex_);
             ended_ = true;
         }
-        changed_.notify_all();
+        has_room_.notify_all();
         for (std::thread& thread : threads_)
             thread.join();
     }
@@ -48,12 +48,14 @@ class TextReader::ReadAhead {
 
     std::shared_ptr<const PageText> take(int page) {
         std::unique_lock lock(mutex_);
-        changed_.wait(lock, [&] { return read_.contains(page); });
+        is_read_.wait(lock, [&] { return read_.contains(page); });
         Result result = std::move(read_.extract(page).mapped());
         wanted_ = page + 1;
         if (result.text) bytes_ahead_ -= result.text->size_in_memory();
+        // Who waits for room is woken for several pages at a time.
+        const bool is_worth_waking = next_ < wanted_ + most_pages_ahead / 2;
         lock.unlock();
-        changed_.notify_all();
+        if (is_worth_waking) has_room_.notify_all();
         if (result.failure) std::rethrow_exception(result.failure);
         return result.text;
     }
@@ -77,14 +79,14 @@ class TextReader::ReadAhead {
             const std::lock_guard lock(mutex_);
             if (result.text) bytes_ahead_ += result.text->size_in_memory();
             read_[page] = std::move(result);
-            changed_.notify_all();
+            if (page == wanted_) is_read_.notify_one();
         }
     }
 
     /// The next page to read, when there is room for it; one that there is not when it is time to end.
     int claim() {
         std::unique_lock lock(mutex_);
-        changed_.wait(lock, [&] {
+        has_room_.wait(lock, [&] {
             const bool has_room = next_ < wanted_ + most_pages_ahead && bytes_ahead_ < most_bytes_ahead;
             return ended_ || next_ >= page_count_ || has_room || next_ == wanted_;
         });
@@ -92,7 +94,8 @@ class TextReader::ReadAhead {
     }
 
     std::mutex mutex_;
-    std::condition_variable changed_;
+    std::condition_variable is_read_;   ///< the page that is wanted
+    std::condition_variable has_room_;  ///< or it is time to end
     std::map<int, Result> read_;
     std::size_t bytes_ahead_ = 0;
     int next_;    ///< to be read by whoever is free
