@@ -5,6 +5,7 @@
 #include <Stream.h>
 #include <TextOutputDev.h>
 #include <chrono>
+#include <cmath>
 #include <mutex>
 #include <optional>
 #include <utility>
@@ -20,6 +21,7 @@ namespace {
 constexpr std::size_t surely_few_letters = 12'000;
 constexpr std::size_t most_pieces_to_arrange = 6'000;
 constexpr std::size_t most_letters = 2'000'000;
+constexpr std::size_t most_tiny_letters = 50'000;
 constexpr auto longest_page = std::chrono::seconds(60);
 
 /// Poppler's settings are one for the process.
@@ -41,6 +43,7 @@ class Collector : public TextOutputDev {
     void begin(std::size_t most_to_arrange) {
         most_to_arrange_ = most_to_arrange;
         letters_ = 0;
+        tiny_ = 0;
         give_up_at_ = std::chrono::steady_clock::now() + longest_page;
     }
     bool is_arranged() const noexcept { return letters_ <= most_to_arrange_; }
@@ -54,6 +57,7 @@ class Collector : public TextOutputDev {
     }
     void drawChar(GfxState* state, double x, double y, double dx, double dy, double origin_x, double origin_y,
                   CharCode code, int bytes, const Unicode* letters, int count) override {
+        if (is_tiny(*state, dx, dy) && ++tiny_ > most_tiny_letters) return;
         letters_ += static_cast<std::size_t>(count);
         if (letters_ <= most_letters)
             TextOutputDev::drawChar(state, x, y, dx, dy, origin_x, origin_y, code, bytes, letters, count);
@@ -70,9 +74,19 @@ class Collector : public TextOutputDev {
     bool in_written_order() const noexcept { return in_written_order_; }
 
   private:
+    /// Smaller than anybody reads: maps and textures have such by the million. Poppler drops them, too.
+    static bool is_tiny(const GfxState& state, double dx, double dy) {
+        constexpr double smallest = 3;  // points
+        double width = 0;
+        double height = 0;
+        state.transformDelta(dx, dy, &width, &height);
+        return std::fabs(width) < smallest && std::fabs(height) < smallest;
+    }
+
     bool in_written_order_;
     std::size_t most_to_arrange_ = 0;
     std::size_t letters_ = 0;
+    std::size_t tiny_ = 0;
     std::chrono::steady_clock::time_point give_up_at_;
     std::array<double, 6> from_page_{1, 0, 0, 1, 0, 0};
 };

@@ -77,15 +77,25 @@ TEST(AcrobatTextReader, ArrangesADensePage) {
     EXPECT_EQ(text.front(), "tt ") << "the line at the top comes first, though it was written last";
 }
 
-TEST(AcrobatTextReader, RefusesAPageOfMillions) {
+/// Three million letters, half as wide as their size.
+std::string page_of_millions(int size) {
     std::string line = "<";
     for (int i = 0; i < 10'000; ++i)
         line += "0061";
-    std::string content = "BT /F1 4 Tf\n";
+    std::string content = "BT /F1 " + std::to_string(size) + " Tf\n";
     for (int i = 0; i < 300; ++i)
         content += "1 0 0 1 0 " + std::to_string(10 * i) + " Tm " + line + "> Tj\n";
-    TextReader reader(bytes_of(make_pdf_of_content(content + "ET", "0 0 20000 3200")), "");
+    return make_pdf_of_content(content + "ET", "0 0 50000 3200");
+}
+
+TEST(AcrobatTextReader, RefusesAPageOfMillions) {
+    TextReader reader(bytes_of(page_of_millions(8)), "");
     EXPECT_THROW(reader.page(0), Unreadable);
+}
+
+TEST(AcrobatTextReader, LeavesOutTheMillionsThatNobodyCanRead) {
+    TextReader reader(bytes_of(page_of_millions(1)), "");
+    EXPECT_EQ(reader.page(0)->letters.size(), 50'000U);
 }
 
 }  // namespace
