@@ -244,7 +244,7 @@ TEST_F(HostProcessTest, PassesOnHowFarTheHostIs) {
 }
 
 TEST_F(HostProcessTest, EndsAHostThatTellsNoProgress) {
-    for (const int percent : {-1, 101})
+    for (const int percent : {-2, 101})
         EXPECT_NE(failure_of([&] { create().call("Progress", {"Opening", percent}); }), "");
     EXPECT_NE(failure_of([&] { create().call("Progress", {std::string(1000, 'x'), 1}); }), "");
     EXPECT_EQ(machine.progress, "");
