@@ -35,7 +35,14 @@ constexpr std::array<Host, 13> hosts{{
     {"PDFMaker", pdfmaker_classes, "LibreOffice Writer", "", ""},
     {"AutoCAD", autocad_classes, "LibreOffice Draw", "", ""},
     {"Access", access_classes, "mdbtools", "", ""},
-    {"Crystal Reports", crystal_classes, "", "", ""},
+    {.name = "Crystal Reports",
+     .classes = crystal_classes,
+     .engine = "",
+     .module = "",
+     .package = "",
+     .instead =
+         "Have Crystal Reports itself export the report: as a PDF, or as a Word document, which CreatePDFfromWord "
+         "converts, or as a workbook, which CreatePDFfromExcel does."},
     {"Web capture", no_classes, "Chromium", "", ""},
     {"Internet Transfer control", transfer_classes, "libcurl", "transfer", "libcurl4", true},
     {"Notepad", no_classes, "plain text printing", "", ""},

@@ -19,6 +19,8 @@ struct Host {
     /// document then, and when it is given the document's name again as that of an output; "" for a host that
     /// never may.
     std::string_view save_command = {};
+    /// What to do instead where there is no engine: a sentence or two.
+    std::string_view instead = {};
 };
 
 /// All hosts that the library drives, whether this version has a stand-in or not; in the order to show them

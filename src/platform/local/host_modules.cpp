@@ -41,8 +41,9 @@ std::string advice(const hosts::Host& host) {
 }
 
 std::string absence(const hosts::Host& host) {
-    return host.engine.empty() ? "There is no engine that stands in for it."
-                               : std::string(not_in_this_version);
+    if (!host.engine.empty()) return std::string(not_in_this_version);
+    return "There is no engine that stands in for it." +
+           (host.instead.empty() ? "" : " " + std::string(host.instead));
 }
 
 }  // namespace

@@ -60,7 +60,8 @@ TEST_F(HostModulesTest, SaysThatAHostIsNotInThisVersion) {
               "429 ActiveX component can't create object: AutoCAD. It is not available in this version.");
     EXPECT_EQ(failure([&] { servers.create("crystal.crpe.application"); }),
               "429 ActiveX component can't create object: Crystal Reports. There is no engine that stands in "
-              "for it.");
+              "for it. Have Crystal Reports itself export the report: as a PDF, or as a Word document, which "
+              "CreatePDFfromWord converts, or as a workbook, which CreatePDFfromExcel does.");
 }
 
 TEST_F(HostModulesTest, SaysThatNoHostHasTheClass) {
