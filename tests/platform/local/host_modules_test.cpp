@@ -56,8 +56,8 @@ TEST_F(HostModulesTest, NamesTheEngineAndThePackageWhenTheModuleDoesNotLoad) {
 }
 
 TEST_F(HostModulesTest, SaysThatAHostIsNotInThisVersion) {
-    EXPECT_EQ(failure([&] { servers.create("AutoCAD.Application"); }),
-              "429 ActiveX component can't create object: AutoCAD. It is not available in this version.");
+    EXPECT_EQ(failure([&] { servers.create("Access.Application"); }),
+              "429 ActiveX component can't create object: Access. It is not available in this version.");
     EXPECT_EQ(failure([&] { servers.create("crystal.crpe.application"); }),
               "429 ActiveX component can't create object: Crystal Reports. There is no engine that stands in "
               "for it. Have Crystal Reports itself export the report: as a PDF, or as a Word document, which "
@@ -108,7 +108,7 @@ TEST_F(HostModulesTest, ListsEveryHostWithItsVersionOrWhatIsMissing) {
     EXPECT_EQ(state("Word").version, "");
     EXPECT_TRUE(state("Word").problem.starts_with("LibreOffice Writer is not installed ("))
         << state("Word").problem;
-    EXPECT_EQ(state("Excel").problem, "It is not available in this version.");
+    EXPECT_EQ(state("Access").problem, "It is not available in this version.");
 }
 
 TEST(HostModules, LieBesideTheProgramOrInItsLibraryFolder) {
