@@ -18,7 +18,7 @@ namespace {
 
 /// What clients multiply by ten and hold in 32 bits.
 std::int32_t whole_points(double length) {
-    constexpr double longest = std::numeric_limits<std::int32_t>::max() / 10;
+    constexpr double longest = std::numeric_limits<std::int32_t>::max() / 10.0;
     return static_cast<std::int32_t>(std::lround(std::min(length, longest)));
 }
 
