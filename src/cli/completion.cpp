@@ -204,8 +204,8 @@ std::string zsh_script() {
         "        return\n"
         "    fi\n"
         "    local tool=${words[(r)(registry|completion)]}\n"
-        "    if [[ -z $command$tool || $words[CURRENT] == $command ]]; then\n"
-        "        _describe -M 'm:{a-zA-Z}={A-Za-z}' command commands\n"
+        "    if [[ -z $command$tool || ( -n $command && $words[CURRENT] == $command ) ]]; then\n"
+        "        _describe command commands -M 'm:{a-zA-Z}={A-Za-z}'\n"
         "        return\n"
         "    fi\n"
         "    case $tool in\n"
@@ -225,10 +225,25 @@ std::string zsh_script() {
 }
 
 std::string fish_script() {
-    std::string script = "# fish completion for foliant\n";
+    std::string names;
+    for (const Word& tool : tools())
+        names += tool.text + " ";
+    for (const Member* member : methods())
+        names += automation::to_lower(member->name) + " ";
+    // fish's own test takes the value of an option for the command.
+    std::string script =
+        "# fish completion for foliant\n"
+        "function __foliant_needs_command\n"
+        "    for word in (commandline -opc)\n"
+        "        contains -- (string lower -- $word) " +
+        names +
+        "; and return 1\n"
+        "    end\n"
+        "    return 0\n"
+        "end\n";
     const auto subcommand = [&](const std::string& name, const std::string& help) {
         script +=
-            "complete -c foliant -n '__fish_use_subcommand; or __fish_seen_subcommand_from rehearse help' "
+            "complete -c foliant -n '__foliant_needs_command; or __fish_seen_subcommand_from rehearse help' "
             "-a " +
             name + " -d " + quoted(help) + "\n";
     };

@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -200,6 +201,51 @@ TEST(Command, CompletionGoesOnBehindValuesAndKnowsThemInAnyCase) {
     EXPECT_EQ(completed("help CreatePDFfromMultiPS"), "CreatePDFfromMultiPS\n");
     EXPECT_EQ(completed("CreatePDFfromExc"), "CreatePDFfromExcel CreatePDFfromExcel2\n");
     EXPECT_EQ(completed("registry re"), "remove reset\n");
+}
+
+/// Skips a test of what a shell makes of its completion script, or fails it where everything has to be there.
+#define REQUIRE_PROGRAM(name)                                                                \
+    if (std::system("command -v " name " >/dev/null") != 0) {                                \
+        if (std::getenv("FOLIANT_REQUIRE_ENGINES") != nullptr) FAIL() << name " is missing"; \
+        GTEST_SKIP() << "install the package " name;                                         \
+    }
+
+TEST(Command, CompletionWorksInZsh) {
+    REQUIRE_PROGRAM("zsh");
+    const Workshop shop;
+    shop.write("_foliant", shop.foliant({"completion", "zsh"}).output);
+    const Finished typed =
+        shop.run({"python3", "-B", COMPLETE_IN_ZSH, shop.folder().string(), "foliant GetNumP",
+                  "foliant getnump", "foliant --timeout 5 GetNumP", "foliant CreatePDFfromPS --sh",
+                  "foliant CreatePDFfromWord a b --page-number-alignment R", "foliant registry res",
+                  "foliant completion f"});
+    EXPECT_EQ(typed.output,
+              "foliant GetNumPagesPDF\n"
+              "foliant GetNumPagesPDF\n"
+              "foliant --timeout 5 GetNumPagesPDF\n"
+              "foliant CreatePDFfromPS --show-window\n"
+              "foliant CreatePDFfromWord a b --page-number-alignment right\n"
+              "foliant registry reset\n"
+              "foliant completion fish\n")
+        << typed.errors;
+}
+
+TEST(Command, CompletionWorksInFish) {
+    REQUIRE_PROGRAM("fish");
+    const Workshop shop;
+    shop.write("foliant.fish", shop.foliant({"completion", "fish"}).output);
+    const auto completed = [&](const std::string& line) {
+        return shop
+            .run({"fish", "--no-config", "-c",
+                  "source foliant.fish; complete -C '" + line + "' | string replace -r '\\t.*' ''"})
+            .output;
+    };
+    EXPECT_EQ(completed("foliant CreatePDFfromWo"), "CreatePDFfromWord\nCreatePDFfromWord2\n");
+    EXPECT_EQ(completed("foliant --timeout 5 getnump"), "GetNumPagesPDF\n");
+    EXPECT_EQ(completed("foliant createpdffromps getnump"), "");
+    EXPECT_EQ(completed("foliant CreatePDFfromPS --sh"), "--show-window\n");
+    EXPECT_EQ(completed("foliant CreatePDFfromWord a b --page-number-alignment "), "center\nleft\nright\n");
+    EXPECT_EQ(completed("foliant registry res"), "reset\n");
 }
 
 }  // namespace
