@@ -1,6 +1,7 @@
 #include "hosts/office/running.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace foliant::hosts::office {
 

@@ -7,9 +7,7 @@ namespace {
 
 using automation::Missing;
 using automation::named;
-using automation::Value;
 using platform::stage::Stage;
-using platform::stage::StageObject;
 
 const tests::MemberCall usual{
     .member = "CreatePDFfromAutoCAD",

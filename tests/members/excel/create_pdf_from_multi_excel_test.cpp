@@ -8,7 +8,6 @@ namespace {
 using automation::Missing;
 using automation::named;
 using automation::Value;
-using platform::stage::Stage;
 
 const tests::MemberCall usual{
     .member = "CreatePDFfromMultiExcel",

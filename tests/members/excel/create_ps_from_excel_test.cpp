@@ -6,7 +6,6 @@ namespace foliant::members {
 namespace {
 
 using automation::named;
-using automation::Value;
 
 const tests::MemberCall usual{
     .member = "CreatePSfromExcel",

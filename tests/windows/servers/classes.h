@@ -23,6 +23,9 @@ inline constexpr Class classes[]{
     {{0x000209FF, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}},
      L"Word.Application",
      "Word.Application"},
+    {{0x00024500, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}},
+     L"Excel.Application",
+     "Excel.Application"},
     {class_identifier(registered::event_bound_distiller), nullptr, "Distiller"},
     {class_identifier(registered::security_capable_distiller), nullptr, "SecureDistiller"},
     {{0x85DE1C45, 0x2C66, 0x101B, {0xB0, 0x2E, 0x04, 0x02, 0x1C, 0x00, 0x94, 0x02}},
@@ -71,6 +74,22 @@ inline constexpr Member members[]{
     {"Word.Footer", "PageNumbers", "Word.PageNumbers"},
     {"Word.Header", "PageNumbers", "Word.PageNumbers"},
     {"Word.PageNumbers", "Add", ""},
+    {"Excel.Application", "Workbooks", "Excel.Workbooks"},
+    {"Excel.Application", "DisplayAlerts", ""},
+    {"Excel.Application", "InchesToPoints", "1"},
+    {"Excel.Application", "Quit", ""},
+    {"Excel.Workbooks", "Open", "Excel.Workbook"},
+    {"Excel.Workbook", "Worksheets", "Excel.Worksheet"},
+    {"Excel.Workbook", "Close", ""},
+    {"Excel.Worksheet", "PageSetup", "Excel.PageSetup"},
+    {"Excel.Worksheet", "Range", "Excel.Range"},
+    {"Excel.PageSetup", "PrintGridlines", ""},
+    {"Excel.PageSetup", "Orientation", ""},
+    {"Excel.PageSetup", "RightHeader", ""},
+    {"Excel.PageSetup", "CenterFooter", ""},
+    {"Excel.PageSetup", "TopMargin", ""},
+    {"Excel.PageSetup", "FirstPageNumber", ""},
+    {"Excel.Range", "PrintOut", ""},
     {"AcroExch.App", "Exit", "1"},
     {"AcroExch.App", "GetActiveDoc", "AcroExch.AVDoc"},
     {"AcroExch.App", "MenuItemExecute", "1"},
@@ -114,7 +133,7 @@ inline constexpr Member members[]{
 };
 
 /// Objects that a member makes anew each time. Their beginning and end are recorded, as a host's are.
-inline constexpr std::string_view made_objects[]{"Word.Document"};
+inline constexpr std::string_view made_objects[]{"Word.Document", "Excel.Workbook", "Excel.Worksheet"};
 
 constexpr bool is_made(std::string_view object) {
     return std::find(std::begin(made_objects), std::end(made_objects), object) != std::end(made_objects);

@@ -193,7 +193,8 @@ void RecordingObject::act(const std::string& member, const DISPPARAMS& parameter
 void RecordingObject::print(const DISPPARAMS& parameters) {
     for (UINT i = 0; i < parameters.cNamedArgs; ++i) {
         const auto name = static_cast<std::size_t>(parameters.rgdispidNamedArgs[i] - first_argument);
-        if (argument_names.at(name) == "Outputfilename") return make_file(parameters.rgvarg[i].bstrVal);
+        for (const char* file : {"Outputfilename", "PrToFilename"})
+            if (argument_names.at(name) == file) return make_file(parameters.rgvarg[i].bstrVal);
     }
     const PrinterAnswers answers = ask_where_to_print();
     scene_->note("dialog \"Save PDF File As\" ends with \"" + to_utf8(answers.file) + "\"");

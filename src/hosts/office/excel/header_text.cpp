@@ -114,10 +114,10 @@ class HeaderReader {
     }
 
     void read_size() {
-        const std::size_t end = std::min(text_.find_first_not_of("0123456789"), text_.size());
+        const std::string_view digits = text_.substr(0, text_.find_first_not_of("0123456789"));
         int size = 0;
-        std::from_chars(text_.data(), text_.data() + end, size);
-        text_.remove_prefix(end);
+        std::from_chars(digits.data(), digits.data() + digits.size(), size);
+        text_.remove_prefix(digits.size());
         constexpr int largest = 409;  // as Excel's font sizes go
         if (size > 0) style_.size = std::min(size, largest);
     }

@@ -1,10 +1,7 @@
 #include "hosts/office/excel/spreadsheet.h"
 
 #include <cmath>
-#include <com/sun/star/container/XNameContainer.hpp>
 #include <com/sun/star/container/XNamed.hpp>
-#include <com/sun/star/lang/XMultiServiceFactory.hpp>
-#include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
 
 #include "automation/coerce.h"
 #include "automation/text.h"
@@ -53,7 +50,9 @@ std::vector<std::string> Spreadsheet::sheet_names() const {
     return translated(loaded(), "read the worksheets of", [&] {
         std::vector<std::string> names;
         const auto sheets = sheets_of(loaded().component);
-        for (sal_Int32 i = 0; i < sheets->getCount(); ++i)
+        const sal_Int32 count = sheets->getCount();
+        names.reserve(static_cast<std::size_t>(count));
+        for (sal_Int32 i = 0; i < count; ++i)
             names.push_back(from_uno(
                 Reference<css::container::XNamed>(sheets->getByIndex(i), UNO_QUERY_THROW)->getName()));
         return names;

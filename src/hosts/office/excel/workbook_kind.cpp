@@ -61,8 +61,9 @@ ImportFilter workbook_filter(const DocumentFile& file, const Office& office) {
     if (is_package(start)) return package_filter(file, office);
     if (is_compound_file(start)) return compound_file_filter(file, office);
     // Excel 2 to 4: a file that begins with the first record, of those versions.
-    for (const std::string_view mark : {"\x09\x00\x04\x00", "\x09\x02\x06\x00", "\x09\x04\x06\x00"})
-        if (start.starts_with(std::string_view(mark.data(), 4))) return {"MS Excel 4.0", ""};
+    using namespace std::string_view_literals;
+    for (const std::string_view mark : {"\x09\x00\x04\x00"sv, "\x09\x02\x06\x00"sv, "\x09\x04\x06\x00"sv})
+        if (start.starts_with(mark)) return {"MS Excel 4.0", ""};
     if (skip_start(start).starts_with("<?xml")) {
         if (start.find("urn:schemas-microsoft-com:office:spreadsheet") != std::string_view::npos)
             return {"MS Excel 2003 XML", ""};

@@ -18,7 +18,6 @@ namespace {
 
 using css::container::XNameAccess;
 using css::uno::Reference;
-using css::uno::UNO_QUERY;
 using css::uno::UNO_QUERY_THROW;
 using css::uno::XComponentContext;
 using Context = Reference<XComponentContext>;
