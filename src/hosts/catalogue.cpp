@@ -43,7 +43,7 @@ constexpr std::array<Host, 13> hosts{{
      .instead =
          "Have Crystal Reports itself export the report: as a PDF, or as a Word document, which CreatePDFfromWord "
          "converts, or as a workbook, which CreatePDFfromExcel does."},
-    {"Web capture", no_classes, "Chromium", "", ""},
+    {"Web capture", no_classes, "Chromium", "web", "chromium"},
     {"Internet Transfer control", transfer_classes, "libcurl", "transfer", "libcurl4", true},
     {"Notepad", no_classes, "plain text printing", "", ""},
 }};

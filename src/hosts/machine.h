@@ -125,6 +125,10 @@ class Machine {
     /// nothing. What was said before does not count any more.
     virtual void leave_open(const std::optional<LeftOpen>& /*document*/) {}
 
+    /// A page of the web, as a PDF file that is open for reading. Raises an automation error that says why there
+    /// is none.
+    virtual posix::FileDescriptor capture_page(const std::string& address);
+
     /// A text value of the user's settings store, under a key of HKEY_CURRENT_USER such as
     /// "Software\\Adobe\\Acrobat Distiller\\6.0\\Security"; nothing when it is not there.
     /// Raises 13 for a value that is no text, and what is wrong with settings that cannot be read.

@@ -72,6 +72,15 @@ DocumentPtr Document::open(Machine& machine, const std::string& path, const std:
     }
 }
 
+DocumentPtr Document::of_file(Machine& machine, int descriptor, const std::string& what) {
+    try {
+        const auto file = std::make_shared<const structure::MappedFile>(descriptor);
+        return DocumentPtr(new Document(machine, "", "", structure::Pdf::open(file, "")));
+    } catch (const std::runtime_error& reason) {
+        throw document_error(what + " cannot be opened: " + reason.what() + ".");
+    }
+}
+
 void Document::note_saved(const std::string& path) {
     if (path_.empty()) path_ = path;
     saved_revision_ = pdf_->revision();

@@ -22,6 +22,9 @@ class Document {
     static std::shared_ptr<Document> open(Machine& machine, const std::string& path,
                                           const std::string& password);
 
+    /// A PDF without a name of its own, from an open file. Raises an automation error that says `what` it is.
+    static std::shared_ptr<Document> of_file(Machine& machine, int descriptor, const std::string& what);
+
     /// A new document without pages or name.
     static std::shared_ptr<Document> create(Machine& machine);
 

@@ -11,6 +11,7 @@
 #include "hosts/acrobat/save.h"
 #include "hosts/acrobat/view/go_to_page.h"
 #include "hosts/acrobat/view/read_aloud.h"
+#include "hosts/acrobat/web_capture.h"
 #include "hosts/acrobat/web_links.h"
 
 namespace foliant::hosts::acrobat {
@@ -30,6 +31,7 @@ constexpr std::array menu{
     MenuItem{"Open", open_by_dialog},
     MenuItem{"Save", save_active_document},
     MenuItem{"SecureApplyPwdSecurity", protect_active_document},
+    MenuItem{"Web2PDF:OpnURL", capture_page_by_dialog},
     MenuItem{"Weblink:CreateURLs", create_web_links},
 };
 

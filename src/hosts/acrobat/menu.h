@@ -15,6 +15,7 @@ namespace foliant::hosts::acrobat {
 ///     Open                       asks for a file, and for its password where it has one, and shows it
 ///     Save                       saves the document in front, all of it, under its own name
 ///     SecureApplyPwdSecurity     protects it with a password to open it; see password_security.h
+///     Web2PDF:OpnURL             asks for the address of a web page, and shows it as a PDF; web_capture.h
 ///     Weblink:CreateURLs         makes links of the addresses that are written in the document; web_links.h
 ///
 /// Whether it was done. Raises for an item that is not known, and what the item raises.

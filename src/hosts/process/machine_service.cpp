@@ -71,6 +71,8 @@ void MachineService::answer(Peer& peer, Reader& arguments, Writer& result) {
             return close_window(arguments);
         case MachineCall::leave_open:
             return leave_open(arguments);
+        case MachineCall::capture_page:
+            return capture_page(arguments, result);
         case MachineCall::show_progress:
             return show_progress(arguments);
     }
@@ -186,6 +188,12 @@ void MachineService::open_window(Peer& peer, Reader& arguments, Writer& result) 
 void MachineService::close_window(Reader& arguments) {
     const auto window = static_cast<HostWindow>(arguments.number<WindowNumber>());
     if (windows_.erase(window) > 0) machine_.close_window(window);
+}
+
+/// Only what was typed into its dialogs is captured: a host cannot go where it likes.
+void MachineService::capture_page(Reader& arguments, Writer& result) {
+    const std::string address = named_path(arguments);
+    result.attach(machine_.capture_page(address));
 }
 
 /// Only documents that were named to the host are shown, and only what it has made itself is read aloud.

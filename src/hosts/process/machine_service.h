@@ -44,6 +44,7 @@ class MachineService {
     void open_window(Peer& peer, Reader& arguments, Writer& result);
     void close_window(Reader& arguments);
     void leave_open(Reader& arguments);
+    void capture_page(Reader& arguments, Writer& result);
     bool is_its_own(const std::filesystem::path& file) const;
     std::filesystem::path named_path(Reader& arguments) const;
 

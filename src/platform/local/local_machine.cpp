@@ -1,11 +1,14 @@
 #include "platform/local/local_machine.h"
 
 #include <cstdlib>
+#include <fcntl.h>
 #include <system_error>
 #include <utility>
 
 #include "automation/error.h"
 #include "hosts/containment/containment.h"
+#include "hosts/web/capture.h"
+#include "hosts/web/capture_error.h"
 #include "sender/command.h"
 
 namespace foliant::platform::local {
@@ -104,6 +107,22 @@ hosts::HostWindow LocalMachine::open_window(std::string caption, std::function<v
 
 void LocalMachine::close_window(hosts::HostWindow window) {
     desktop_.close_window(window);
+}
+
+posix::FileDescriptor LocalMachine::capture_page(const std::string& address) {
+    constexpr auto failure_of_acrobat = static_cast<std::int32_t>(0x80004005U);
+    const fs::path pdf = private_folder_.path() / "captured-page.pdf";
+    const std::string what = address + " cannot be captured: ";
+    try {
+        hosts::web::capture_page(address, pdf, private_folder_.path());
+    } catch (const hosts::web::NoBrowser& reason) {
+        throw automation::Error(automation::RuntimeError::cannot_create_object, what + reason.what() + ".");
+    } catch (const std::runtime_error& reason) {
+        throw automation::Error(failure_of_acrobat, "Adobe Acrobat", what + reason.what() + ".");
+    }
+    posix::FileDescriptor file(::open(pdf.c_str(), O_RDONLY | O_CLOEXEC));
+    fs::remove(pdf);
+    return file;
 }
 
 std::optional<std::string> LocalMachine::setting(std::string_view key, std::string_view value) const {

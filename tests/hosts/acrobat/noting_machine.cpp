@@ -1,6 +1,7 @@
 #include "hosts/acrobat/noting_machine.h"
 
 #include <algorithm>
+#include <fcntl.h>
 
 #include "automation/error.h"
 
@@ -36,6 +37,14 @@ void NotingMachine::leave_open(const std::optional<LeftOpen>& document) {
     notes.push_back("page " + std::to_string(document->page) + " of " +
                     document->document.filename().string() + " on the screen");
     read_aloud = tests::read_file(document->speech);
+}
+
+posix::FileDescriptor NotingMachine::capture_page(const std::string& address) {
+    notes.push_back("capture " + address);
+    if (web_page.empty())
+        throw automation::Error(automation::RuntimeError::invalid_procedure_call,
+                                address + " cannot be captured: there is none.");
+    return posix::FileDescriptor(::open(web_page.c_str(), O_RDONLY | O_CLOEXEC));
 }
 
 void NotingMachine::print(std::string_view queue, const std::filesystem::path& pdf, std::string_view title) {

@@ -1,0 +1,55 @@
+#include "hosts/acrobat/web_capture.h"
+
+#include <string>
+
+#include "automation/error.h"
+
+namespace foliant::hosts::acrobat {
+
+using automation::Error;
+
+namespace {
+
+std::optional<std::string> ask_for_address(Machine& machine) {
+    Dialog dialog;
+    dialog.caption = "Create PDF from Web Page";
+    dialog.controls = {{.window_class = "Edit", .caption = "URL:"},
+                       {.window_class = "Button", .caption = "Create", .is_default = true},
+                       {.window_class = "Button", .caption = "Cancel"}};
+    machine.show(dialog);
+    if (!dialog.accepted) return std::nullopt;
+    return dialog.controls.front().text;
+}
+
+/// Waits for nobody who is not there: what went wrong is raised in any case.
+void tell_failure(Machine& machine) {
+    Dialog dialog;
+    dialog.caption = "Error: Nothing Done";
+    dialog.controls = {{.window_class = "Button", .caption = "OK", .is_default = true}};
+    try {
+        machine.show(dialog);
+    } catch (const Error&) {  // NOLINT(bugprone-empty-catch)
+    }
+}
+
+posix::FileDescriptor capture(Machine& machine, const std::string& address) {
+    try {
+        return machine.capture_page(address);
+    } catch (const Error&) {
+        tell_failure(machine);
+        throw;
+    }
+}
+
+}  // namespace
+
+bool capture_page_by_dialog(Program& program) {
+    const auto address = ask_for_address(program.machine);
+    if (!address) return false;
+    const posix::FileDescriptor page = capture(program.machine, *address);
+    program.show(Document::of_file(program.machine, page.get(), *address));
+    program.machine.open_window("Adobe Acrobat - [" + *address + "/]", {});
+    return true;
+}
+
+}  // namespace foliant::hosts::acrobat

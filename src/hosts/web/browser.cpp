@@ -1,0 +1,114 @@
+#include "hosts/web/browser.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+namespace foliant::hosts::web {
+
+using posix::FileDescriptor;
+
+namespace {
+
+// The numbers that a browser expects its two pipes under.
+constexpr int commands_number = 3;
+constexpr int answers_number = 4;
+
+[[noreturn]] void fail(const std::string& what) {
+    throw std::system_error(errno, std::generic_category(), what);
+}
+
+/// Neither end is a number that the browser is to find something else under.
+std::pair<FileDescriptor, FileDescriptor> make_pipe() {
+    int ends[2];
+    if (::pipe2(ends, O_CLOEXEC) != 0) fail("cannot make a pipe");
+    FileDescriptor reading(ends[0]);
+    FileDescriptor writing(ends[1]);
+    FileDescriptor high_reading(::fcntl(reading.get(), F_DUPFD_CLOEXEC, answers_number + 1));
+    FileDescriptor high_writing(::fcntl(writing.get(), F_DUPFD_CLOEXEC, answers_number + 1));
+    if (!high_reading || !high_writing) fail("cannot make a pipe");
+    return {std::move(high_reading), std::move(high_writing)};
+}
+
+std::vector<std::string> arguments(const std::filesystem::path& program,
+                                   const std::filesystem::path& profile) {
+    std::vector<std::string> words{program.string(),
+                                   "--headless",
+                                   "--remote-debugging-pipe",
+                                   "--user-data-dir=" + profile.string(),
+                                   "--no-first-run",
+                                   "--no-default-browser-check",
+                                   "--disable-background-networking",
+                                   "--disable-component-update",
+                                   "--disable-default-apps",
+                                   "--disable-extensions",
+                                   "--disable-sync",
+                                   "--disable-gpu",
+                                   "--hide-scrollbars",
+                                   "--mute-audio",
+                                   "--password-store=basic"};
+    // A browser that the system's administrator runs refuses to start in its own sandbox.
+    if (::geteuid() == 0) words.emplace_back("--no-sandbox");
+    words.emplace_back("about:blank");
+    return words;
+}
+
+[[noreturn]] void run(char* const* words, int commands, int answers, pid_t parent) noexcept {
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (::getppid() != parent) ::_exit(1);
+    sigset_t none;
+    sigemptyset(&none);
+    ::sigprocmask(SIG_SETMASK, &none, nullptr);
+    for (int number = 1; number < NSIG; ++number)
+        std::signal(number, SIG_DFL);
+    const int nowhere = ::open("/dev/null", O_RDWR | O_CLOEXEC);
+    for (const int number : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        ::dup2(nowhere, number);
+    ::dup2(commands, commands_number);
+    ::dup2(answers, answers_number);
+    ::close_range(answers_number + 1, ~0U, CLOSE_RANGE_CLOEXEC);
+    ::execv(words[0], words);
+    ::_exit(127);
+}
+
+}  // namespace
+
+std::optional<std::filesystem::path> find_browser() {
+    constexpr std::array places{"/usr/bin/chromium", "/usr/bin/chromium-browser", "/usr/bin/google-chrome"};
+    const auto found =
+        std::ranges::find_if(places, [](const char* place) { return ::access(place, X_OK) == 0; });
+    return found == places.end() ? std::nullopt : std::optional<std::filesystem::path>(*found);
+}
+
+Browser::Browser(const std::filesystem::path& program, const std::filesystem::path& profile) {
+    auto [commands, input] = make_pipe();
+    auto [output, answers] = make_pipe();
+    std::vector<std::string> texts = arguments(program, profile);
+    std::vector<char*> words;
+    for (std::string& text : texts)
+        words.push_back(text.data());
+    words.push_back(nullptr);
+    const pid_t parent = ::getpid();
+    process_ = ::fork();
+    if (process_ < 0) fail("cannot start a process");
+    if (process_ == 0) run(words.data(), commands.get(), answers.get(), parent);
+    input_ = std::move(input);
+    output_ = std::move(output);
+}
+
+Browser::~Browser() {
+    // Its other processes end when it does: each of them holds on to it by a connection.
+    ::kill(process_, SIGKILL);
+    while (::waitpid(process_, nullptr, 0) < 0 && errno == EINTR) {
+    }
+}
+
+}  // namespace foliant::hosts::web

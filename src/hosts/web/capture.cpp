@@ -1,0 +1,154 @@
+#include "hosts/web/capture.h"
+
+#include <fstream>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <thread>
+
+#include "hosts/web/address.h"
+#include "hosts/web/base64.h"
+#include "hosts/web/browser.h"
+#include "hosts/web/capture_error.h"
+#include "hosts/web/devtools.h"
+
+namespace foliant::hosts::web {
+
+using nlohmann::json;
+
+namespace {
+
+/// A folder that is removed with everything in it.
+class ProfileFolder {
+  public:
+    explicit ProfileFolder(std::filesystem::path path) : path_(std::move(path)) {
+        std::filesystem::create_directory(path_);
+    }
+    ProfileFolder(const ProfileFolder&) = delete;
+    ProfileFolder& operator=(const ProfileFolder&) = delete;
+    ~ProfileFolder() {
+        std::error_code ignored;  // processes that are just ending may still make files
+        for (int i = 0; i < 20 && std::filesystem::remove_all(path_, ignored), ignored; ++i) {
+        }
+    }
+
+    const std::filesystem::path& path() const noexcept { return path_; }
+
+  private:
+    std::filesystem::path path_;
+};
+
+/// One page on its way into a browser.
+class PageCapture {
+  public:
+    PageCapture(Browser& browser, const CaptureLimits& limits)
+        : tools_(browser, [this](const std::string& name, const json& facts) { note(name, facts); }),
+          loaded_by_(std::chrono::steady_clock::now() + limits.load),
+          done_by_(std::chrono::steady_clock::now() + limits.all) {}
+
+    void load(const std::string& address) {
+        const json page =
+            tools_.call("Target.attachToTarget", {{"targetId", empty_page()}, {"flatten", true}}, done_by_);
+        tools_.talk_to(page.at("sessionId"));
+        tools_.send("Page.enable", json::object());
+        tools_.send("Network.enable", json::object());
+        const json begun = tools_.call("Page.navigate", {{"url", address}}, loaded_by_);
+        if (const std::string problem = begun.value("errorText", std::string()); !problem.empty())
+            throw CaptureError("the page cannot be had (" + problem + ")");
+        loader_ = begun.value("loaderId", std::string());
+        if (!is_loaded_in_time()) tools_.send("Page.stopLoading", json::object());
+        if (const auto status = statuses_.find(loader_); status != statuses_.end() && status->second >= 400)
+            throw CaptureError("the server answers with " + std::to_string(status->second));
+    }
+
+    void print(const std::filesystem::path& pdf) {
+        const std::string stream = printed();
+        std::ofstream out(pdf, std::ios::binary);
+        constexpr int piece = 1 << 20;
+        while (true) {
+            const json part = tools_.call("IO.read", {{"handle", stream}, {"size", piece}}, done_by_);
+            const std::string data = part.at("data");
+            const std::string bytes = part.value("base64Encoded", false) ? decode_base64(data) : data;
+            out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+            if (part.value("eof", true)) break;
+        }
+        if (!out.flush()) throw CaptureError("its PDF cannot be written: the disk may be full");
+    }
+
+  private:
+    /// The page that the browser starts with; another one would be one more process.
+    std::string empty_page() {
+        const json targets = tools_.call("Target.getTargets", json::object(), done_by_);
+        for (const json& target : targets.at("targetInfos"))
+            if (target.at("type") == "page") return target.at("targetId");
+        return tools_.call("Target.createTarget", {{"url", "about:blank"}}, done_by_).at("targetId");
+    }
+
+    /// Asks the page itself: a page that another one takes the place of as soon as it is there has no event. One
+    /// that goes on to another page by itself forgets the question, and is asked again.
+    bool is_loaded_in_time() {
+        constexpr const char* loaded =
+            "document.readyState == 'complete' || new Promise(done => addEventListener('load', done))";
+        constexpr std::chrono::milliseconds pause{20};
+        while (std::chrono::steady_clock::now() < loaded_by_) {
+            try {
+                tools_.call("Runtime.evaluate", {{"expression", loaded}, {"awaitPromise", true}}, loaded_by_);
+                return true;
+            } catch (const CallRefused&) {
+                std::this_thread::sleep_for(pause);
+            } catch (const NoAnswer&) {
+                break;
+            }
+        }
+        return false;
+    }
+
+    /// The name under which the browser has the PDF. A page that is just going on to another one by itself cannot
+    /// be printed; the other one can.
+    std::string printed() {
+        const json wishes{
+            {"printBackground", true}, {"preferCSSPageSize", true}, {"transferMode", "ReturnAsStream"}};
+        for (int attempts_left = 5;; --attempts_left) {
+            try {
+                return tools_.call("Page.printToPDF", wishes, done_by_).at("stream");
+            } catch (const CallRefused&) {
+                if (attempts_left == 0) throw;
+                std::this_thread::sleep_for(std::chrono::milliseconds(100));
+                is_loaded_in_time();
+            }
+        }
+    }
+
+    void note(const std::string& name, const json& facts) {
+        if (name == "Page.javascriptDialogOpening") {
+            tools_.send("Page.handleJavaScriptDialog", {{"accept", true}});  // nobody is there
+        } else if (name == "Network.responseReceived" && facts.value("type", std::string()) == "Document") {
+            statuses_[facts.value("loaderId", std::string())] = facts.at("response").value("status", 0);
+        }
+    }
+
+    DevTools tools_;
+    Deadline loaded_by_;
+    Deadline done_by_;
+    std::string loader_;
+    std::map<std::string, int> statuses_;  ///< what the server has answered, by the load that asked
+};
+
+}  // namespace
+
+void capture_page(const std::string& address, const std::filesystem::path& pdf,
+                  const std::filesystem::path& folder, const CaptureLimits& limits) {
+    const std::string full = full_address(address);
+    const auto program = find_browser();
+    if (!program) throw NoBrowser("there is no browser that captures it. Install the package chromium");
+    const ProfileFolder profile(folder / "browser");
+    Browser browser(*program, profile.path());
+    try {
+        PageCapture capture(browser, limits);
+        capture.load(full);
+        capture.print(pdf);
+    } catch (const json::exception&) {
+        throw CaptureError("the browser says what cannot be understood");
+    }
+}
+
+}  // namespace foliant::hosts::web

@@ -1,0 +1,138 @@
+#include "hosts/web/capture.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "hosts/web/browser.h"
+#include "hosts/web/capture_error.h"
+#include "support/scratch_folder.h"
+
+namespace foliant::hosts::web {
+namespace {
+
+using std::chrono::milliseconds;
+
+/// Pages on a port of this machine.
+class PageServer {
+  public:
+    PageServer() {
+        int ends[2];
+        if (::pipe(ends) != 0) std::abort();
+        process_ = ::fork();
+        if (process_ == 0) {
+            ::dup2(ends[1], STDOUT_FILENO);
+            ::execl("/usr/bin/python3", "python3", "-B", PAGE_SERVER, nullptr);
+            ::_exit(127);
+        }
+        ::close(ends[1]);
+        char letter = 0;
+        while (::read(ends[0], &letter, 1) == 1 && letter != '\n')
+            port_ += letter;
+        ::close(ends[0]);
+    }
+    PageServer(const PageServer&) = delete;
+    PageServer& operator=(const PageServer&) = delete;
+    ~PageServer() {
+        ::kill(process_, SIGKILL);
+        ::waitpid(process_, nullptr, 0);
+    }
+
+    std::string address(const std::string& page) const { return "http://127.0.0.1:" + port_ + page; }
+
+  private:
+    pid_t process_ = 0;
+    std::string port_;
+};
+
+/// Chromium is large, and nothing else here needs it.
+#define REQUIRE_BROWSER() \
+    if (!find_browser()) GTEST_SKIP() << "Chromium is not installed. Install the package chromium."
+
+class Capture : public testing::Test {
+  protected:
+    /// What is wrong with a page; "" when it was captured.
+    std::string capture(const std::string& address, milliseconds load = milliseconds(60'000)) {
+        try {
+            capture_page(address, pdf, folder.path(), {.load = load, .all = load + milliseconds(30'000)});
+            return "";
+        } catch (const CaptureError& error) {
+            return error.what();
+        }
+    }
+
+    std::string output_of(const std::string& command) const {
+        const std::string said = (folder / "said").string();
+        if (std::system((command + " > '" + said + "'").c_str()) != 0) return "failed: " + command;
+        return tests::read_file(said);
+    }
+    std::string text() const { return output_of("pdftotext '" + pdf.string() + "' -"); }
+
+    const tests::ScratchFolder folder;
+    const std::filesystem::path pdf = folder / "page.pdf";
+};
+
+TEST_F(Capture, PagesComeByHttpAndFromFilesAndThroughRedirections) {
+    REQUIRE_BROWSER();
+    const PageServer server;
+    for (const std::string page : {"/page", "/moved", "/goes-on"}) {
+        EXPECT_EQ(capture(server.address(page)), "");
+        EXPECT_EQ(text(), "arrived\n\n\f") << page;
+    }
+    EXPECT_EQ(capture(folder.write("my page.html", "<h1>from a file</h1>").string()), "");
+    EXPECT_EQ(text(), "from a file\n\n\f");
+}
+
+TEST_F(Capture, NothingOfTheBrowserIsLeft) {
+    REQUIRE_BROWSER();
+    EXPECT_EQ(capture(folder.write("a.html", "<h1>a</h1>").string()), "");
+    EXPECT_EQ(tests::names_in(folder.path()), (tests::Names{"a.html", "page.pdf"}));
+}
+
+TEST_F(Capture, ThePaperIsThePagesOwnElseLetter) {
+    REQUIRE_BROWSER();
+    const PageServer server;
+    const std::string size = "pdfinfo '" + pdf.string() + "' | grep 'Page size'";
+    EXPECT_EQ(capture(server.address("/page")), "");
+    EXPECT_NE(output_of(size).find("612 x 792"), std::string::npos);
+    EXPECT_EQ(capture(server.address("/small")), "");
+    EXPECT_NE(output_of(size).find("300 x 400"), std::string::npos);
+}
+
+TEST_F(Capture, BackgroundsArePrinted) {
+    REQUIRE_BROWSER();
+    const PageServer server;
+    EXPECT_EQ(capture(server.address("/coloured")), "");
+    const std::string pixels = output_of("pdftoppm -r 10 -x 40 -y 40 -W 1 -H 1 '" + pdf.string() + "'");
+    EXPECT_EQ(pixels.substr(pixels.size() - 3), std::string("\xFF\0\0", 3));
+}
+
+TEST_F(Capture, AQuestionThatNobodyAnswersDoesNotStopIt) {
+    REQUIRE_BROWSER();
+    const PageServer server;
+    EXPECT_EQ(capture(server.address("/asks")), "");
+    EXPECT_EQ(text(), "answered\n\n\f");
+}
+
+TEST_F(Capture, APageThatNeverFinishesIsCapturedAsFarAsItCame) {
+    REQUIRE_BROWSER();
+    const PageServer server;
+    EXPECT_EQ(capture(server.address("/half"), milliseconds(6'000)), "");
+    EXPECT_EQ(text(), "half\n\n\f");
+}
+
+TEST_F(Capture, APageThatDoesNotComeIsToldApart) {
+    REQUIRE_BROWSER();
+    const PageServer server;
+    EXPECT_EQ(capture(server.address("/none")), "the server answers with 404");
+    EXPECT_EQ(capture(server.address("/never"), milliseconds(4'000)), "it has not come in time");
+    EXPECT_EQ(capture("http://127.0.0.1:9/"), "the page cannot be had (net::ERR_UNSAFE_PORT)");
+    EXPECT_EQ(capture("/no/such/page.html"), "the page cannot be had (net::ERR_FILE_NOT_FOUND)");
+    EXPECT_FALSE(std::filesystem::exists(pdf));
+}
+
+}  // namespace
+}  // namespace foliant::hosts::web

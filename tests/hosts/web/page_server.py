@@ -1,0 +1,37 @@
+#!/usr/bin/python3 -B
+"""Serves web pages on a port of this machine, which it prints first, until it is ended."""
+
+import http.server
+import time
+
+PAGES = {
+    "/page": "<h1>arrived</h1>",
+    "/asks": "<script>alert('Are you there?')</script><h1>answered</h1>",
+    "/goes-on": "<script>location = '/page'</script>",
+    "/small": "<style>@page { size: 300pt 400pt }</style><h1>small</h1>",
+    "/coloured": "<body style='background: red'><h1>red</h1>",
+    "/half": "<h1>half</h1><img src='/never'>",
+}
+
+
+class Pages(http.server.BaseHTTPRequestHandler):
+    def log_message(self, *_):
+        pass
+
+    def do_GET(self):
+        if self.path == "/never":
+            time.sleep(60)
+        if self.path == "/moved":
+            self.send_response(302)
+            self.send_header("Location", "/page")
+            self.end_headers()
+            return
+        self.send_response(200 if self.path in PAGES else 404)
+        self.send_header("Content-Type", "text/html")
+        self.end_headers()
+        self.wfile.write(PAGES.get(self.path, "<h1>none</h1>").encode())
+
+
+server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Pages)
+print(server.server_port, flush=True)
+server.serve_forever()
