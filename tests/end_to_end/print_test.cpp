@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 #include "end_to_end/command.h"
@@ -16,6 +17,55 @@ TEST(PrintPDF, RefusesAPrinterThatDoesNotExistBeforeAnythingIsPrinted) {
     const Finished folder = workshop.foliant({"PrintPDFinDir", ".", "--printer", "No such printer"});
     EXPECT_EQ(folder.exit_code, 5);
     EXPECT_EQ(folder.errors, refused.errors);
+}
+
+/// A machine with a real spooler and a real network printer, which keeps what it gets in the folder "jobs".
+class PrintServer : public testing::Test {
+  protected:
+    PrintServer() {
+        shop.run({"mkdir", "in"});
+        for (const std::string pages : {"1", "4"})
+            shop.run({"gs", "-q", "-dBATCH", "-dNOPAUSE", "-sDEVICE=pdfwrite", "-o", "in/" + pages + ".pdf",
+                      "-c",
+                      "/Helvetica 20 selectfont 1 1 " + pages +
+                          " { 72 700 moveto (page ) show 3 string cvs show showpage } for"});
+    }
+
+    Finished foliant(std::vector<std::string> words) const {
+        words.insert(words.begin(), {PRINT_SERVER, "jobs", FOLIANT_COMMAND});
+        return shop.run(words);
+    }
+
+    std::vector<std::string> jobs() const { return tests::names_in(shop.path("jobs")); }
+
+    Workshop shop;
+};
+
+constexpr int no_print_server = 77;
+
+#define REQUIRE_PRINT_SERVER(finished)                                                      \
+    if ((finished).exit_code == no_print_server) {                                          \
+        if (std::getenv("FOLIANT_REQUIRE_ENGINES") != nullptr) FAIL() << (finished).errors; \
+        GTEST_SKIP() << (finished).errors;                                                  \
+    }
+
+TEST_F(PrintServer, GetsThePagesThatAreAskedFor) {
+    REQUIRE_HOST("Acrobat");
+    const Finished printed = foliant({"PrintPDF", "in/4.pdf", "--printer", "Paper", "--silent",
+                                      "--first-page-no", "2", "--last-page-no", "3"});
+    REQUIRE_PRINT_SERVER(printed);
+    EXPECT_EQ(printed.exit_code, 0) << printed.errors;
+    ASSERT_EQ(jobs(), tests::Names{"1-4_pdf.pdf"});
+    EXPECT_EQ(shop.text("jobs/1-4_pdf.pdf"), "page 2\n\n\fpage 3\n\n\f");
+}
+
+TEST_F(PrintServer, GetsEveryFileOfAFolder) {
+    REQUIRE_HOST("Acrobat");
+    const Finished printed = foliant({"PrintPDFinDir", "in", "--printer", "Paper"});
+    REQUIRE_PRINT_SERVER(printed);
+    EXPECT_EQ(printed.exit_code, 0) << printed.errors;
+    ASSERT_EQ(jobs().size(), 2U);
+    EXPECT_EQ(shop.pages("jobs/" + jobs()[0]) + shop.pages("jobs/" + jobs()[1]), 5);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <string_view>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <system_error>
@@ -61,7 +62,27 @@ std::vector<std::string> arguments(const std::filesystem::path& program,
     return words;
 }
 
-[[noreturn]] void run(char* const* words, int commands, int answers, pid_t parent) noexcept {
+/// What this process has, but for the folder for temporary files: some of Chromium's stay there.
+std::vector<std::string> environment(const std::filesystem::path& profile) {
+    std::vector<std::string> variables;
+    for (char** variable = environ; *variable != nullptr; ++variable)
+        if (!std::string_view(*variable).starts_with("TMPDIR=")) variables.emplace_back(*variable);
+    variables.push_back("TMPDIR=" + profile.string());
+    return variables;
+}
+
+/// As system calls take them, with a null at the end.
+std::vector<char*> as_words(std::vector<std::string>& texts) {
+    std::vector<char*> words;
+    words.reserve(texts.size() + 1);
+    for (std::string& text : texts)
+        words.push_back(text.data());
+    words.push_back(nullptr);
+    return words;
+}
+
+[[noreturn]] void run(char* const* words, char* const* variables, int commands, int answers,
+                      pid_t parent) noexcept {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (::getppid() != parent) ::_exit(1);
     sigset_t none;
@@ -75,7 +96,7 @@ std::vector<std::string> arguments(const std::filesystem::path& program,
     ::dup2(commands, commands_number);
     ::dup2(answers, answers_number);
     ::close_range(answers_number + 1, ~0U, CLOSE_RANGE_CLOEXEC);
-    ::execv(words[0], words);
+    ::execve(words[0], words, variables);
     ::_exit(127);
 }
 
@@ -92,14 +113,13 @@ Browser::Browser(const std::filesystem::path& program, const std::filesystem::pa
     auto [commands, input] = make_pipe();
     auto [output, answers] = make_pipe();
     std::vector<std::string> texts = arguments(program, profile);
-    std::vector<char*> words;
-    for (std::string& text : texts)
-        words.push_back(text.data());
-    words.push_back(nullptr);
+    std::vector<std::string> variables = environment(profile);
+    const std::vector<char*> words = as_words(texts);
+    const std::vector<char*> variable_words = as_words(variables);
     const pid_t parent = ::getpid();
     process_ = ::fork();
     if (process_ < 0) fail("cannot start a process");
-    if (process_ == 0) run(words.data(), commands.get(), answers.get(), parent);
+    if (process_ == 0) run(words.data(), variable_words.data(), commands.get(), answers.get(), parent);
     input_ = std::move(input);
     output_ = std::move(output);
 }
