@@ -145,6 +145,15 @@ class HeldSignals {
 
     const sigset_t& former() const { return former_; }
 
+    /// Forgets those that have come meanwhile: who interrupts twice, or closes the terminal behind a Ctrl-C, is
+    /// told what became of the call all the same.
+    void forget() const {
+        const sigset_t signals = watched_signals();
+        const timespec at_once{};
+        while (sigtimedwait(&signals, nullptr, &at_once) > 0) {
+        }
+    }
+
   private:
     sigset_t former_{};
 };
@@ -166,6 +175,7 @@ Ending run_supervised(const Work& work, const Limits& limits) {
     setpgid(worker, worker);
     const Ending ending = supervise(worker, limits);
     if (work.settle) work.settle(ending);
+    if (ending.kind == Ending::Kind::interrupted) held.forget();
     return ending;
 }
 
