@@ -1,12 +1,12 @@
 // PowerPoint's and Visio's stand-ins.
 
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include "automation/object.h"
 #include "automation/value.h"
 #include "hosts/module.h"
 #include "hosts/office/noting_machine.h"
+#include "hosts/office/office_module.h"
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/scratch.h"
 #include "hosts/process/host_process.h"
@@ -19,13 +19,8 @@ namespace {
 using automation::named;
 using automation::Value;
 using test::NotingMachine;
+using test::office_module;
 using test::PdfReader;
-
-const Module& office_module() {
-    static void* library = dlopen(OFFICE_MODULE, RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr) throw std::runtime_error(dlerror());
-    return *reinterpret_cast<ModuleEntry>(dlsym(library, "foliant_host_module"))();
-}
 
 class PowerPointHost : public testing::Test {
   protected:

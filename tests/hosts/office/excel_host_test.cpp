@@ -1,10 +1,10 @@
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include "automation/object.h"
 #include "automation/value.h"
 #include "hosts/module.h"
 #include "hosts/office/noting_machine.h"
+#include "hosts/office/office_module.h"
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/scratch.h"
 #include "hosts/process/host_process.h"
@@ -17,13 +17,8 @@ namespace {
 using automation::named;
 using automation::Value;
 using test::NotingMachine;
+using test::office_module;
 using test::PdfReader;
-
-const Module& office_module() {
-    static void* library = dlopen(OFFICE_MODULE, RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr) throw std::runtime_error(dlerror());
-    return *reinterpret_cast<ModuleEntry>(dlsym(library, "foliant_host_module"))();
-}
 
 class ExcelHost : public testing::Test {
   protected:

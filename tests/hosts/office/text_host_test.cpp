@@ -7,7 +7,10 @@
 #include "hosts/office/noting_machine.h"
 #include "hosts/office/office_module.h"
 #include "hosts/office/pdf_reader.h"
+#include "hosts/office/scratch.h"
+#include "hosts/process/host_process.h"
 #include "support/error_of.h"
+#include "support/scratch_folder.h"
 
 namespace foliant::hosts::office {
 namespace {

@@ -61,7 +61,7 @@ Pixels opacity_of_indexes(const PngChunks& png, const std::string& opacities) {
     read_pixel_rows(png, [&](Row indexes) {
         for (std::size_t x = 0; x < row.size(); ++x) {
             const std::size_t shift = 8 - bits - x * bits % 8;
-            const std::size_t index = indexes[x * bits / 8] >> shift & ((1U << bits) - 1U);
+            const std::size_t index = std::size_t{indexes[x * bits / 8]} >> shift & ((1U << bits) - 1U);
             row[x] = index < opacities.size() ? static_cast<unsigned char>(opacities[index]) : 0xFF;
         }
         compressor.add(row);
