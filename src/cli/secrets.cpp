@@ -116,7 +116,7 @@ void Secrets::erase_from(std::span<char* const> words) const {
             const bool is_in_address = at > 0 && text[at - 1] == ':';
             if (is_value && at + password.size() == text.size()) {
                 std::memset(word + at, '\0', password.size());
-                std::memcpy(word + at, mask.data(), std::min(mask.size(), password.size()));
+                std::copy_n(mask.begin(), std::min(mask.size(), password.size()), word + at);
             } else if (is_in_address && password_in_address(text) == password) {
                 std::memset(word + at, '*', password.size());
             }

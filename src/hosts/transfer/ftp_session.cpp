@@ -14,7 +14,7 @@ namespace {
 
 constexpr long connecting_seconds = 60;
 constexpr long silent_seconds = 120;
-constexpr long buffer_bytes = 512 * 1024;
+constexpr long buffer_bytes = 512L * 1024;
 constexpr int went_to_folder = 257;  // the reply to PWD
 
 /// The library is set up once; that it cannot be is a lack of memory.
@@ -45,7 +45,10 @@ std::string quoted_folder(std::string_view reply) {
     if (begin == std::string_view::npos) return {};
     std::string folder;
     for (std::size_t i = begin + 1; i < reply.size(); ++i) {
-        if (reply[i] == '"' && (i + 1 == reply.size() || reply[++i] != '"')) return folder;
+        if (reply[i] == '"') {
+            ++i;
+            if (i == reply.size() || reply[i] != '"') return folder;
+        }
         folder.push_back(reply[i]);
     }
     return {};
@@ -229,8 +232,9 @@ void FtpSession::note_reply(std::string_view line) {
     while (!line.empty() && (line.back() == '\r' || line.back() == '\n'))
         line.remove_suffix(1);
     int code = 0;
+    const std::string_view number = line.substr(0, 3);
     const bool is_last = line.size() >= 4 && line[3] == ' ' &&
-                         std::from_chars(line.data(), line.data() + 3, code).ptr == line.data() + 3;
+                         std::from_chars(number.begin(), number.end(), code).ptr == number.end();
     if (is_last) reply_ = {code, std::string(line.substr(4))};
 }
 

@@ -40,7 +40,7 @@ std::string full_address(const std::string& typed) {
     constexpr std::array<std::string_view, 3> known{"http", "https", "file"};
     const std::size_t first = typed.find_first_not_of(" \t");
     if (first == std::string::npos) throw CaptureError("there is no address");
-    const std::string address = typed.substr(first, typed.find_last_not_of(" \t") + 1 - first);
+    std::string address = typed.substr(first, typed.find_last_not_of(" \t") + 1 - first);
     const std::string scheme = scheme_of(address);
     if (std::ranges::find(known, scheme) != known.end()) return address;
     if (!scheme.empty())

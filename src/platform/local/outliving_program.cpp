@@ -79,7 +79,7 @@ std::optional<std::filesystem::path> find_program(std::string_view name) {
         const std::filesystem::path folder = folders.substr(0, folders.find(':'));
         folders.remove_prefix(std::min(folders.size(), folder.native().size() + 1));
         // An empty or relative entry is whatever folder the user happens to be in.
-        const std::filesystem::path program = folder / name;
+        std::filesystem::path program = folder / name;
         if (program.is_absolute() && ::access(program.c_str(), X_OK) == 0) return program;
     }
     return std::nullopt;

@@ -27,10 +27,10 @@ struct PngChunks {
     Exif exif;
     std::vector<std::string_view> data;  ///< the compressed rows, in order
 
-    int components() const;                            ///< of a pixel, opacity included
-    bool has_opacity() const;                          ///< in each pixel
-    std::size_t pixel_bytes() const;                   ///< at least 1
-    std::size_t row_bytes(std::uint32_t width) const;  ///< of so many pixels, without the filter byte
+    int components() const;                             ///< of a pixel, opacity included
+    bool has_opacity() const;                           ///< in each pixel
+    std::size_t pixel_bytes() const;                    ///< at least 1
+    std::size_t row_bytes(std::uint32_t pixels) const;  ///< of so many, without the filter byte
 };
 
 /// Reads them, and checks that all are there and unharmed. Raises ImageError.
