@@ -96,6 +96,24 @@ TEST(PostScript, CanBeMadeOfACommentBesideATransparentPicture) {
     EXPECT_EQ(Print(test::document("comment.odt")).distilled().pages(), 1);
 }
 
+/// A page with one line, before which that operator stands.
+std::string page_with(const std::string& drawing) {
+    const std::string content = drawing + "\n0 0 m 100 100 l S";
+    return "%PDF-1.4\n"
+           "1 0 obj <</Type/Catalog/Pages 2 0 R>> endobj\n"
+           "2 0 obj <</Type/Pages/Kids[3 0 R]/Count 1>> endobj\n"
+           "3 0 obj <</Type/Page/Parent 2 0 R/MediaBox[0 0 200 200]/Contents 4 0 R>> endobj\n"
+           "4 0 obj <</Length " +
+           std::to_string(content.size()) + ">> stream\n" + content +
+           "\nendstream endobj\n"
+           "trailer <</Root 1 0 R/Size 5>>\n%%EOF\n";
+}
+
+TEST(PostScript, HasTheUsualMiterLimitWhereOneIsBeyondAllNumbers) {
+    EXPECT_TRUE(has_line(pdf_to_postscript(page_with("-92233720368547758.08 M"), "title"), "10 M"));
+    EXPECT_TRUE(has_line(pdf_to_postscript(page_with("3 M"), "title"), "3 M"));
+}
+
 TEST(PostScript, CannotBeMadeOfAnythingButPdf) {
     EXPECT_THROW(pdf_to_postscript("not a PDF", "title"), PostScriptFailure);
 }

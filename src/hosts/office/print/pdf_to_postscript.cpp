@@ -1,5 +1,6 @@
 #include "hosts/office/print/pdf_to_postscript.h"
 
+#include <charconv>
 #include <cstring>
 #include <memory>
 #include <poppler.h>
@@ -151,6 +152,30 @@ std::string font_names(std::string_view pdf) {
     return text.str();
 }
 
+bool is_miter_limit(std::string_view number) {
+    double limit = 0;
+    const auto [end, problem] = std::from_chars(number.begin(), number.end(), limit);
+    return problem == std::errc{} && end == number.end() && limit >= 1;
+}
+
+/// LibreOffice writes a limit beyond all numbers for some lines, and poppler prints that as a word that no
+/// interpreter knows. Such a limit becomes the usual one.
+std::string with_sound_miter_limits(std::string_view postscript) {
+    constexpr std::string_view set_limit = " M\n";  // poppler's name for setmiterlimit
+    std::string result;
+    while (true) {
+        const std::size_t end = postscript.find(set_limit);
+        if (end == std::string_view::npos) break;
+        const std::size_t begin = postscript.substr(0, end).rfind('\n') + 1;
+        result += postscript.substr(0, begin);
+        const std::string_view number = postscript.substr(begin, end - begin);
+        result += is_miter_limit(number) ? number : "10";
+        result += set_limit;
+        postscript.remove_prefix(end + set_limit.size());
+    }
+    return result += postscript;
+}
+
 void insert_before(std::string& text, std::string_view line, const std::string& addition) {
     const std::size_t place = text.find(line);
     if (place == std::string::npos)
@@ -161,7 +186,7 @@ void insert_before(std::string& text, std::string_view line, const std::string& 
 }  // namespace
 
 std::string pdf_to_postscript(std::string_view pdf, std::string_view title) {
-    std::string postscript = draw_pages(pdf);
+    std::string postscript = with_sound_miter_limits(draw_pages(pdf));
     try {
         insert_before(postscript, "\n%%EndSetup", font_names(pdf) + title_mark(title));
     } catch (const PostScriptFailure&) {
