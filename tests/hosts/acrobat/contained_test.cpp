@@ -1,12 +1,10 @@
-#include <dlfcn.h>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <stdexcept>
 
 #include "automation/value.h"
 #include "hosts/acrobat/noting_machine.h"
 #include "hosts/acrobat/pdf_text.h"
-#include "hosts/module.h"
+#include "hosts/built_module.h"
 #include "hosts/process/host_process.h"
 #include "support/error_of.h"
 #include "support/scratch_folder.h"
@@ -17,9 +15,8 @@ namespace {
 using automation::Value;
 
 const Module& acrobat_module() {
-    static void* library = dlopen(ACROBAT_MODULE, RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr) throw std::runtime_error(dlerror());
-    return *reinterpret_cast<ModuleEntry>(dlsym(library, "foliant_host_module"))();
+    static const Module& module = tests::built_module(ACROBAT_MODULE);
+    return module;
 }
 
 /// Acrobat as the command has it.

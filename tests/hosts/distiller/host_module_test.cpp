@@ -1,10 +1,9 @@
-#include <dlfcn.h>
 #include <map>
 
 #include "automation/error.h"
+#include "hosts/built_module.h"
 #include "hosts/distiller/fixture.h"
 #include "hosts/machine.h"
-#include "hosts/module.h"
 #include "registered/classes.h"
 
 namespace foliant::hosts::distiller {
@@ -66,11 +65,7 @@ class Notes : public automation::EventSink {
 
 class DistillerModule : public DistillerTest {
   protected:
-    DistillerModule() : machine(scratch) {
-        void* const library = ::dlopen(DISTILLER_MODULE, RTLD_NOW | RTLD_LOCAL);
-        if (library == nullptr) throw std::runtime_error(::dlerror());
-        module = reinterpret_cast<ModuleEntry>(::dlsym(library, "foliant_host_module"))();
-    }
+    DistillerModule() : machine(scratch) { module = &tests::built_module(DISTILLER_MODULE); }
     std::string in_ps(const std::string& text) const { return write("in.ps", text).string(); }
 
     BareMachine machine;

@@ -1,14 +1,12 @@
 #include "hosts/office/office_module.h"
 
-#include <dlfcn.h>
-#include <stdexcept>
+#include "hosts/built_module.h"
 
 namespace foliant::hosts::office::test {
 
 const Module& office_module() {
-    static void* library = dlopen(OFFICE_MODULE, RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr) throw std::runtime_error(dlerror());
-    return *reinterpret_cast<ModuleEntry>(dlsym(library, "foliant_host_module"))();
+    static const Module& module = tests::built_module(OFFICE_MODULE);
+    return module;
 }
 
 }  // namespace foliant::hosts::office::test
