@@ -1,0 +1,111 @@
+#include "hosts/pages/page_writer.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+#include "hosts/office/pdf_reader.h"
+#include "support/scratch_folder.h"
+
+namespace foliant::hosts::pages {
+namespace {
+
+using office::test::PdfReader;
+
+constexpr Paper small{300, 400};
+
+class PageWriterTest : public testing::Test {
+  protected:
+    void show(const char* text, double left, double top, const char* font = "monospace 10") {
+        const LayoutPtr layout = writer.make_layout(font);
+        pango_layout_set_text(layout.get(), text, -1);
+        writer.show(layout.get(), left, top);
+    }
+
+    PdfReader finished() {
+        writer.finish();
+        return PdfReader(folder.write("out.pdf", bytes));
+    }
+
+    tests::ScratchFolder folder;
+    std::string bytes;
+    PageWriter writer{
+        small, {.title = "Größe", .creator = "Test"}, [this](std::string_view piece) { bytes += piece; }};
+};
+
+TEST_F(PageWriterTest, WhatIsDrawnIsOnThePageThatWasBegunLast) {
+    writer.start_page();
+    show("first", 30, 40);
+    writer.start_page();
+    show("second", 30, 40);
+    EXPECT_EQ(writer.page(), 2);
+    const PdfReader pdf = finished();
+    ASSERT_EQ(pdf.pages(), 2);
+    EXPECT_EQ(pdf.size(2), "300 x 400");
+    EXPECT_EQ(pdf.text(1), "first");
+    EXPECT_EQ(pdf.text(2), "second");
+    EXPECT_EQ(pdf.title(), "Größe");
+}
+
+TEST_F(PageWriterTest, LengthsAreInPointsFromTheUpperLeftCorner) {
+    writer.start_page();
+    show("here", 30, 40, "monospace 20");
+    const PdfReader pdf = finished();
+    EXPECT_NEAR(pdf.place(1, "here").left, 30, 1);
+    EXPECT_NEAR(pdf.place(1, "here").top, 40, 4);
+    EXPECT_NEAR(pdf.look(1, "here").points, 20, 0.1);
+}
+
+TEST_F(PageWriterTest, EveryScriptStaysText) {
+    writer.start_page();
+    show("office fi Łódź", 10, 10);
+    show("Москва Ελλάδα", 10, 40);
+    const PdfReader pdf = finished();
+    EXPECT_EQ(pdf.text(1), "office fi Łódź / Москва Ελλάδα");
+}
+
+TEST_F(PageWriterTest, ATextCanBeMeasuredBeforeThereIsAPage) {
+    const LayoutPtr layout = writer.make_layout("monospace 10");
+    int ten = 0;
+    int twenty = 0;
+    pango_layout_set_text(layout.get(), "iiiiiiiiii", -1);
+    pango_layout_get_size(layout.get(), &ten, nullptr);
+    pango_layout_set_text(layout.get(), "WWWWWWWWWWWWWWWWWWWW", -1);
+    pango_layout_get_size(layout.get(), &twenty, nullptr);
+    EXPECT_NEAR(twenty, 2 * ten, 20);
+    EXPECT_GT(ten / PANGO_SCALE, 40);
+    EXPECT_LT(ten / PANGO_SCALE, 80);
+}
+
+TEST(PageWriter, ThrowsWhatItsSinkThrows) {
+    PageWriter writer(small, {}, [](std::string_view) { throw std::length_error("full"); });
+    writer.start_page();
+    EXPECT_THROW(writer.finish(), std::length_error);
+}
+
+TEST(PageWriter, OneThatIsNotFinishedLeavesItsSinkAlone) {
+    bool is_gone = false;
+    {
+        PageWriter writer(small, {}, [&](std::string_view) { EXPECT_FALSE(is_gone); });
+        writer.start_page();
+        is_gone = true;
+    }
+}
+
+TEST(UsualPaper, IsThatOfTheCountry) {
+    for (const char* locale : {"en_US.UTF-8", "fr_CA", "es_MX@x", "C.UTF-8", ""})
+        EXPECT_EQ(usual_paper(locale).width, 612) << locale;
+    for (const char* locale : {"de_DE.UTF-8", "en_GB", "ja_JP@x"})
+        EXPECT_NEAR(usual_paper(locale).height, 841.9, 0.1) << locale;
+}
+
+TEST(UsualPaper, IsThatOfTheUsersLocale) {
+    ::setenv("LC_ALL", "de_DE.UTF-8", 1);
+    EXPECT_NEAR(usual_paper().width, 595.3, 0.1);
+    ::setenv("LC_ALL", "en_US.UTF-8", 1);
+    EXPECT_EQ(usual_paper().width, 612);
+    ::unsetenv("LC_ALL");
+}
+
+}  // namespace
+}  // namespace foliant::hosts::pages
