@@ -1,5 +1,6 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <sstream>
 
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/print/pdf_to_postscript.h"
@@ -112,6 +113,62 @@ std::string page_with(const std::string& drawing) {
 TEST(PostScript, HasTheUsualMiterLimitWhereOneIsBeyondAllNumbers) {
     EXPECT_TRUE(has_line(pdf_to_postscript(page_with("-92233720368547758.08 M"), "title"), "10 M"));
     EXPECT_TRUE(has_line(pdf_to_postscript(page_with("3 M"), "title"), "3 M"));
+}
+
+/// A document of two pages: an outline whose first item is folded, and a link to a hostile address on the
+/// first page.
+std::string document_with_marks() {
+    return "%PDF-1.4\n"
+           "1 0 obj <</Type/Catalog/Pages 2 0 R/Outlines 5 0 R/Lang(de\\) quit)>> endobj\n"
+           "2 0 obj <</Type/Pages/Kids[3 0 R 4 0 R]/Count 2>> endobj\n"
+           "3 0 obj <</Type/Page/Parent 2 0 R/MediaBox[0 0 200 200]/Annots[9 0 R 10 0 R 11 0 R]>> endobj\n"
+           "4 0 obj <</Type/Page/Parent 2 0 R/MediaBox[0 0 300 200]>> endobj\n"
+           "5 0 obj <</Type/Outlines/First 6 0 R/Last 8 0 R/Count 2>> endobj\n"
+           "6 0 obj <</Title(A \\) quit)/Parent 5 0 R/Next 8 0 R/First 7 0 R/Last 7 0 R/Count -1"
+           "/Dest[3 0 R/XYZ 10 190 null]>> endobj\n"
+           "7 0 obj <</Title(B)/Parent 6 0 R/Dest[4 0 R/Fit]>> endobj\n"
+           "8 0 obj <</Title(C)/Parent 5 0 R/Prev 6 0 R/Dest[4 0 R/quit]>> endobj\n"
+           "9 0 obj <</Type/Annot/Subtype/Link/Rect[1 2 3 4.5]/A<</S/URI/URI(a:\\)> quit)>>>> endobj\n"
+           "10 0 obj <</Type/Annot/Subtype/Link/Rect[5 6 7 8]/Dest[4 0 R/XYZ 0 0 0]>> endobj\n"
+           "11 0 obj <</Type/Annot/Subtype/Link/Rect[5 6 7 /quit]/Dest[4 0 R/Fit]>> endobj\n"
+           "12 0 obj <</Author(J\xF6rg)>> endobj\n"
+           "trailer <</Root 1 0 R/Info 12 0 R/Size 13>>\n%%EOF\n";
+}
+
+/// The lines that end in "pdfmark", without the definition of what it is where there is none.
+std::string marks_in(const std::string& postscript) {
+    std::istringstream lines(postscript);
+    std::string marks;
+    for (std::string line; std::getline(lines, line);)
+        if (line.ends_with(" pdfmark") || line.starts_with("%%Page:")) marks += line + "\n";
+    return marks;
+}
+
+TEST(PostScript, HasMarksForInformationOutlineAndLinks) {
+    EXPECT_EQ(marks_in(pdf_to_postscript(document_with_marks(), "plan")),
+              "[ /Author <4af67267> /Title <feff0070006c0061006e> /DOCINFO pdfmark\n"
+              "[ {Catalog} << /Lang <6465292071756974> >> /PUT pdfmark\n"
+              "[ /Title <4120292071756974> /Page foliantPagesBefore 1 add /View [/XYZ 10 190 null ] /Count -1"
+              " /OUT pdfmark\n"
+              "[ /Title <42> /Page foliantPagesBefore 2 add /View [/Fit ] /OUT pdfmark\n"
+              "[ /Title <43> /OUT pdfmark\n"
+              "%%Page: 1 1\n"
+              "[ /Rect [ 1 2 3 4.5 ] /Action << /Subtype /URI /URI <613a293e2071756974> >> /Subtype /Link"
+              " /ANN pdfmark\n"
+              "[ /Rect [ 5 6 7 8 ] /Page foliantPagesBefore 2 add /View [/XYZ 0 0 0 ] /Subtype /Link"
+              " /ANN pdfmark\n"
+              "%%Page: 2 2\n");
+}
+
+TEST(PostScript, PassesOverItsMarksWhereTheyAreUnknown) {
+    const tests::ScratchFolder folder;
+    folder.write("marks.ps", pdf_to_postscript(document_with_marks(), "plan"));
+    const std::string log = (folder / "log").string();
+    const std::string command = "gs -q -dBATCH -dNOPAUSE -sDEVICE=nullpage -c '/pdfmark where =' -f " +
+                                (folder / "marks.ps").string() + " -c 'userdict /pdfmark known = count =' >" +
+                                log + " 2>&1";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    EXPECT_EQ(tests::read_file(log), "false\ntrue\n0\n");
 }
 
 TEST(PostScript, CannotBeMadeOfAnythingButPdf) {

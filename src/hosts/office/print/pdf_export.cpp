@@ -52,8 +52,7 @@ Sequence<PropertyValue> pdf_options(const std::string& pages, PdfUse use, Transp
         // Distiller's job options decide what becomes of pictures, and not twice.
         for (const auto& [name, value] :
              {std::pair("UseLosslessCompression", true), std::pair("ReduceImageResolution", false),
-              std::pair("UseTaggedPDF", false), std::pair("ExportBookmarks", false),
-              std::pair("ExportNotes", false)})
+              std::pair("UseTaggedPDF", false), std::pair("ExportNotes", false)})
             options.push_back(uno_argument(name, value));
     }
     return uno_sequence(options);

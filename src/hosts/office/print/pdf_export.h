@@ -7,7 +7,7 @@
 namespace foliant::hosts::office {
 
 /// Who reads the PDF: a person, or the PostScript driver, which wants pictures untouched and has no use for
-/// links, outlines and tags.
+/// comments and tags.
 enum class PdfUse { document, postscript };
 
 /// The bytes of a PDF of the document. `pages` is in LibreOffice's form (see format_page_runs); empty means

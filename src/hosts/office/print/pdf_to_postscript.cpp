@@ -8,6 +8,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include "hosts/office/print/pdf_marks.h"
 #include "hosts/office/print/unicode_maps.h"
 
 namespace foliant::hosts::office {
@@ -101,21 +102,6 @@ std::string title_comment(std::string_view title) {
     return comment.substr(0, longest) + "\n";
 }
 
-/// The title for the distiller, which may be of any script.
-std::string title_mark(std::string_view title) {
-    glong units = 0;
-    gunichar2* utf16 =
-        g_utf8_to_utf16(title.data(), static_cast<glong>(title.size()), nullptr, &units, nullptr);
-    std::string digits = "FEFF";
-    for (glong i = 0; i < units; ++i) {
-        char unit[5];
-        g_snprintf(unit, sizeof unit, "%04X", utf16[i]);
-        digits += unit;
-    }
-    g_free(utf16);
-    return "/pdfmark where { pop [ /Title <" + digits + "> /DOCINFO pdfmark } if\n";
-}
-
 /// Gives a font a table from glyph names to text. Fonts in PostScript know characters by glyph names only,
 /// and the names of a subset font ("c1f") mean nothing; this table, which Microsoft's printer driver writes
 /// too, is what distillers look at to keep text searchable.
@@ -183,19 +169,39 @@ void insert_before(std::string& text, std::string_view line, const std::string& 
     text.insert(place + 1, addition);
 }
 
+/// Puts the marks of each page before its drawing, in whose coordinates they are.
+std::string with_page_marks(std::string_view postscript, const std::vector<std::string>& pages) {
+    constexpr std::string_view line = "\n%%EndPageSetup\n";
+    std::string result;
+    for (const std::string& marks : pages) {
+        const std::size_t end = postscript.find(line);
+        if (end == std::string_view::npos) throw PostScriptFailure("its PostScript lacks pages");
+        result += postscript.substr(0, end + line.size());
+        result += marks;
+        postscript.remove_prefix(end + line.size());
+    }
+    return result += postscript;
+}
+
+std::string with_marks_and_names(std::string_view postscript, std::string_view pdf, std::string_view title) {
+    const PdfMarks marks = read_pdf_marks(pdf, title);
+    std::string result = with_page_marks(postscript, marks.pages);
+    insert_before(result, "\n%%EndSetup", font_names(pdf) + marks.document);
+    insert_before(result, "\n%%LanguageLevel", title_comment(title));
+    return result;
+}
+
 }  // namespace
 
 std::string pdf_to_postscript(std::string_view pdf, std::string_view title) {
-    std::string postscript = with_sound_miter_limits(draw_pages(pdf));
+    const std::string postscript = with_sound_miter_limits(draw_pages(pdf));
     try {
-        insert_before(postscript, "\n%%EndSetup", font_names(pdf) + title_mark(title));
+        return with_marks_and_names(postscript, pdf, title);
     } catch (const PostScriptFailure&) {
         throw;
     } catch (const std::exception& failure) {
-        throw PostScriptFailure(std::string("its fonts cannot be read: ") + failure.what());
+        throw PostScriptFailure(std::string("its contents cannot be read: ") + failure.what());
     }
-    insert_before(postscript, "\n%%LanguageLevel", title_comment(title));
-    return postscript;
 }
 
 }  // namespace foliant::hosts::office

@@ -14,7 +14,8 @@ struct PostScriptFailure : std::runtime_error {
 /// Turns a PDF document (its bytes) into PostScript level 2 that follows the document structuring conventions
 /// (%%Pages, %%Page, %%Title). Every page keeps its own size, a landscape page being one that is wider than
 /// high, and text stays text: distilled again, it can be searched and copied, ligatures and every script
-/// included. `title` becomes the job's name and the title of a PDF made of it.
+/// included. So do links, outline, information and language (see read_pdf_marks). `title` becomes the job's name,
+/// and the title of a PDF made of it when the document has none.
 ///
 /// The document should be free of transparency: a page that uses it becomes one picture.
 /// Raises PostScriptFailure.
