@@ -144,6 +144,22 @@ void fail(Outcome& outcome, Error error) {
     outcome.error = with_remedy(std::move(error));
 }
 
+void fail_unnoticed(Outcome& outcome, Error error) {
+    outcome.host_noticed_nothing = true;
+    fail(outcome, std::move(error));
+}
+
+void add_silent_failures(Outcome& outcome, const std::vector<std::string>& sentences) {
+    if (!outcome.error) {
+        outcome.left_out.insert(outcome.left_out.end(), sentences.begin(), sentences.end());
+    } else if (outcome.host_noticed_nothing) {
+        std::string description = outcome.error->description();
+        for (const std::string& sentence : sentences)
+            description += "\n  " + visible_line(sentence);
+        outcome.error = Error(outcome.error->number(), outcome.error->source(), std::move(description));
+    }
+}
+
 Error not_made(const std::string& output) {
     return host_error("The host program reported success, but " + output + " was not made.");
 }
@@ -163,7 +179,7 @@ Outcome call_member(const Request& request, const platform::Platform& platform,
         if (auto refusal = control == nullptr ? std::nullopt : control->refusal()) {
             fail(outcome, std::move(*refusal));
         } else if (auto failure = unnoticed_failure(*request.member, outcome, platform)) {
-            fail(outcome, std::move(*failure));
+            fail_unnoticed(outcome, std::move(*failure));
         }
     } catch (...) {
         fail(outcome, automation::current_error());

@@ -33,6 +33,7 @@ struct Outcome {
     automation::Arguments arguments;  ///< with what by-reference parameters hold afterwards
     std::vector<ReceivedEvent> events;
     std::optional<automation::Error> error;
+    bool host_noticed_nothing = false;  ///< The command has found the failure: its host told of success.
     std::vector<std::string> left_out;  ///< what was asked for and not done, a sentence each
     std::optional<MadeFile> made;
     std::vector<hosts::FoundText> found;  ///< by a member that searches
@@ -41,6 +42,13 @@ struct Outcome {
 
 /// Makes an outcome a failure, with its exit code.
 void fail(Outcome& outcome, automation::Error error);
+
+/// The same for a failure that its host did not notice.
+void fail_unnoticed(Outcome& outcome, automation::Error error);
+
+/// Adds what hosts have not done without raising an error, a sentence each: these are the reasons of a failure
+/// that no host noticed, and are left out of what came about all the same.
+void add_silent_failures(Outcome& outcome, const std::vector<std::string>& sentences);
 
 /// A failure that only the command notices.
 automation::Error host_error(std::string description);

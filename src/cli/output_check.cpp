@@ -39,7 +39,8 @@ void check_output(const Request& request, Outcome& outcome) {
     std::error_code ignored;
     if (!fault.empty()) {
         fs::remove(output->path, ignored);
-        return fail(outcome, host_error("Cannot keep " + output->path + ": " + fault + ", and was removed."));
+        return fail_unnoticed(
+            outcome, host_error("Cannot keep " + output->path + ": " + fault + ", and was removed."));
     }
     if (!pages) pages = pages_announced(outcome);
     outcome.made = {output->path, static_cast<std::int64_t>(fs::file_size(output->path, ignored)), pages};

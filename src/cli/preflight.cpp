@@ -1,7 +1,9 @@
 #include "cli/preflight.h"
 
+#include "automation/coerce.h"
 #include "automation/error.h"
 #include "automation/object.h"
+#include "automation/text.h"
 #include "cli/call.h"
 #include "cli/named_files.h"
 #include "core/parameter_help.h"
@@ -40,11 +42,31 @@ void require_file_to_send(const Request& request, const platform::Platform& here
     }
 }
 
+std::string text_of(const Request& request, std::string_view parameter) {
+    for (const automation::Argument& argument : request.arguments) {
+        if (automation::equal_ignoring_case(argument.name, parameter))
+            return automation::to_text(argument.value);
+    }
+    return {};
+}
+
+/// The members that take a folder do nothing without a word when no file in it matches.
+void require_match_in_folder(const Request& request, const platform::Platform& here) {
+    const std::string folder = text_of(request, "strDirectory");
+    if (folder.empty()) return;
+    const std::string named = text_of(request, "strFiles");
+    const std::string pattern = named.empty() ? "*.pdf" : named;
+    if (here.files.list(automation::with_separator(folder, here.files.separator()) + pattern)->next()) return;
+    throw session::component_error("Nothing was done: in " + folder + ", a file that matches " + pattern +
+                                   " does not exist.");
+}
+
 }  // namespace
 
 std::vector<std::string> preflight(const Request& request, const platform::Platform& here) {
     if (wants_protection(request)) require_protection(here);
     require_file_to_send(request, here);
+    require_match_in_folder(request, here);
     std::vector<std::string> missing;
     std::size_t in_lists = 0;
     for (const NamedFile& input : inputs_of(*request.member, request.arguments)) {

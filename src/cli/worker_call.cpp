@@ -48,6 +48,16 @@ class Watcher : public automation::EventSink {
     CallLog& log_;
 };
 
+void check_success(const Request& request, LocalMachine& machine, const KeptFile& kept, Outcome& outcome) {
+    if (kept.is_in_place()) {
+        fail_unnoticed(outcome, not_made(output_of(*request.member, outcome.arguments)->path));
+    } else if (auto problem = unkept_promise(request, machine)) {
+        fail(outcome, *problem);
+    } else {
+        check_output(request, outcome);
+    }
+}
+
 /// The call with everything that makes its success one.
 Outcome make(const Request& request, LocalMachine& machine, const platform::Platform& outside,
              const KeptFile& kept, automation::EventSink& watcher,
@@ -61,14 +71,8 @@ Outcome make(const Request& request, LocalMachine& machine, const platform::Plat
     } catch (...) {
         fail(outcome, automation::current_error());
     }
-    if (outcome.error) return outcome;
-    if (kept.is_in_place()) {
-        fail(outcome, not_made(output_of(*request.member, outcome.arguments)->path));
-    } else if (auto problem = unkept_promise(request, machine)) {
-        fail(outcome, *problem);
-    } else {
-        check_output(request, outcome);
-    }
+    if (!outcome.error) check_success(request, machine, kept, outcome);
+    add_silent_failures(outcome, machine.failures_told());
     if (!outcome.error && !outcome.left_out.empty()) outcome.exit_code = exit_incomplete;
     hand_over(request, machine, outcome);
     return outcome;

@@ -111,6 +111,10 @@ class Machine {
     /// costs a message to another process, so a few times a second are enough.
     virtual void show_progress(std::string_view /*doing*/, int /*percent*/) {}
 
+    /// Tells whoever watches the host, in a sentence, why something is not done that it raises no error for: a
+    /// caller may pass over what a member's result says.
+    virtual void tell_failure(const std::string& /*sentence*/) {}
+
     /// Puts up a dialog and returns when it was closed. Raises an automation error that names the dialog when
     /// nobody is there to answer it.
     virtual void show(Dialog& dialog) = 0;

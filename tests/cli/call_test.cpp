@@ -84,6 +84,29 @@ TEST_F(Call, AnOutputThatIsNotThereIsAFailure) {
     EXPECT_EQ(outcome.error->description(), "The host program reported success, but a.pdf was not made.");
 }
 
+TEST_F(Call, WhatHostsHaveNotDoneIsTheReasonOfAMissingOutput) {
+    stage.when("Distiller.FileToPDF", [](StageObject&, const Arguments&) { return Value(std::int16_t{0}); });
+    Outcome outcome = call();
+    add_silent_failures(outcome, {"a.png is no image.", "b.png\nis none."});
+    EXPECT_EQ(outcome.error->description(),
+              "The host program reported success, but a.pdf was not made.\n  a.png is no image.\n"
+              "  b.png\\nis none.");
+    EXPECT_EQ(outcome.exit_code, exit_host_failure);
+    EXPECT_TRUE(outcome.left_out.empty());
+}
+
+TEST_F(Call, WhatHostsHaveNotDoneIsLeftOutOfASuccessAndNoMatterOfAnotherFailure) {
+    Outcome success = call();
+    add_silent_failures(success, {"a.png is no image."});
+    EXPECT_FALSE(success.error.has_value());
+    EXPECT_EQ(success.left_out, std::vector<std::string>{"a.png is no image."});
+    request.arguments[1].value = "none.ps";
+    Outcome failure = call();
+    add_silent_failures(failure, {"a.png is no image."});
+    EXPECT_EQ(failure.error->description(), "File none.ps does not exist.");
+    EXPECT_TRUE(failure.left_out.empty());
+}
+
 TEST_F(Call, EveryKindOfFailureHasItsExitCode) {
     request.arguments[1].value = "none.ps";
     EXPECT_EQ(call().exit_code, exit_missing_input);

@@ -68,6 +68,55 @@ TEST_F(Merging, FailsWithTheFileThatIsNoPdfAndLeavesNothing) {
     EXPECT_EQ(shop.files(), (std::set<std::string>{"a.pdf", "b.pdf"}));
 }
 
+TEST_F(Merging, SaysThatNoFileOfAFolderMatches) {
+    std::filesystem::create_directory(shop.path("in"));
+    shop.write("in/a.txt", "no PDF");
+    const Finished call = shop.foliant({"CreatePDFfromMultiPDFinDir", "all.pdf", "in"});
+    EXPECT_EQ(call.exit_code, 3);
+    EXPECT_EQ(call.errors, "foliant: Nothing was done: in in, a file that matches *.pdf does not exist.\n");
+    EXPECT_EQ(shop.foliant({"PrintPDFinDir", "in"}).exit_code, 3);
+    EXPECT_EQ(shop.files(), std::set<std::string>{"in"});
+}
+
+class ConvertingImages : public WithAcrobat {
+  protected:
+    /// Two pixels.
+    const std::string bitmap = std::string(
+        "BM\x3E\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\2\0\0\0\1\0\0\0\1\0\x18\0\0\0\0\0\x08\0\0\0"
+        "\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\xFF\0\0\0\0\xFF\0\0",
+        62);
+};
+
+TEST_F(ConvertingImages, OfAFileThatIsNoImageSaysWhatItIs) {
+    shop.write("a.png", "Dear Sir");
+    const Finished call = shop.foliant({"CreatePDFfromImageFile", "a.pdf", "a.png"});
+    EXPECT_EQ(call.exit_code, 5);
+    EXPECT_EQ(call.errors,
+              "foliant: The host program reported success, but a.pdf was not made.\n"
+              "  a.png is no image that can be read: it is text.\n");
+    EXPECT_EQ(shop.files(), std::set<std::string>{"a.png"});
+}
+
+TEST_F(ConvertingImages, OfAListWithoutAnImageSaysWhatEachIs) {
+    shop.write("a.png", "Dear Sir");
+    shop.write("b.png", "");
+    const Finished call = shop.foliant({"CreatePDFfromMultiImage", "a.pdf", "a.png", "b.png", "a.png"});
+    EXPECT_EQ(call.exit_code, 5);
+    EXPECT_EQ(call.errors,
+              "foliant: Cannot keep a.pdf: it came out without pages, and was removed.\n"
+              "  a.png is no image that can be read: it is text.\n  b.png cannot be opened: it is empty.\n");
+    EXPECT_EQ(shop.files(), (std::set<std::string>{"a.png", "b.png"}));
+}
+
+TEST_F(ConvertingImages, OfAListLeavesOutWhatIsNoImageAndSaysSo) {
+    shop.write("a.png", "Dear Sir");
+    shop.write("b.bmp", bitmap);
+    const Finished call = shop.foliant({"CreatePDFfromMultiImage", "a.pdf", "a.png", "b.bmp"});
+    EXPECT_EQ(call.exit_code, 7);
+    EXPECT_EQ(call.errors, "foliant: a.png is no image that can be read: it is text.\n");
+    EXPECT_EQ(shop.pages("a.pdf"), 1);
+}
+
 class SettingAnOpenPassword : public WithAcrobat {};
 
 TEST_F(SettingAnOpenPassword, ProtectsTheFileInPlace) {

@@ -54,6 +54,7 @@ bool AvDocument::open(const std::string& path) {
         view_ = program_->show(open_file(*program_, path));
     } catch (const automation::Error& failure) {
         program_->last_failure = failure;
+        program_->machine.tell_failure(failure.description());
     }
     return view_ != nullptr;
 }

@@ -10,6 +10,7 @@
 #include "hosts/acrobat/acrobat_error.h"
 #include "hosts/acrobat/images/image_pages.h"
 #include "hosts/acrobat/structure/unreadable.h"
+#include "hosts/acrobat/unknown_content.h"
 
 namespace foliant::hosts::acrobat {
 
@@ -65,10 +66,12 @@ DocumentPtr Document::open(Machine& machine, const std::string& path, const std:
         return DocumentPtr(new Document(machine, path, password, read(file, password)));
     } catch (const structure::WrongPassword&) {
         throw;
+    } catch (const structure::NoPdf&) {
+        throw document_error(path + " " + why_unknown(path, file->bytes()) + ".");
     } catch (const structure::Unreadable& reason) {
         throw document_error(path + " cannot be opened: " + reason.what() + ".");
     } catch (const images::ImageError& reason) {
-        throw document_error(path + " cannot be opened: " + reason.what() + ".");
+        throw document_error(path + " is no image that can be read: " + reason.what() + ".");
     }
 }
 

@@ -27,6 +27,7 @@ enum class MachineCall : std::uint8_t {
     leave_open,       ///< whether there is a document; its path, the page, the file to read aloud
     capture_page,     ///< address; the file
     show_progress,    ///< what is being done, per cent
+    tell_failure,     ///< a sentence
 };
 
 /// What it is asked, besides its objects' members.

@@ -75,6 +75,8 @@ void MachineService::answer(Peer& peer, Reader& arguments, Writer& result) {
             return capture_page(arguments, result);
         case MachineCall::show_progress:
             return show_progress(arguments);
+        case MachineCall::tell_failure:
+            return tell_failure(arguments);
     }
     throw Garbled();
 }
@@ -140,6 +142,14 @@ void MachineService::show_progress(Reader& arguments) {
     const auto percent = arguments.number<std::int32_t>();
     if (doing.size() > longest || percent < -1 || percent > 100) throw Garbled();
     machine_.show_progress(doing, percent);
+}
+
+/// A list of inputs may fail in each of its items. What is more, or longer, than people read is left out.
+void MachineService::tell_failure(Reader& arguments) {
+    constexpr std::size_t most_failures = 10'000;
+    constexpr std::size_t longest = 8192;
+    const std::string sentence = arguments.text();
+    if (++failures_told_ <= most_failures) machine_.tell_failure(sentence.substr(0, longest));
 }
 
 void MachineService::show(Peer& peer, Reader& arguments, Writer& result) {

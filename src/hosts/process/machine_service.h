@@ -40,6 +40,7 @@ class MachineService {
     void commit_output(Reader& arguments);
     void print(Reader& arguments);
     void show_progress(Reader& arguments);
+    void tell_failure(Reader& arguments);
     void show(Peer& peer, Reader& arguments, Writer& result);
     void open_window(Peer& peer, Reader& arguments, Writer& result);
     void close_window(Reader& arguments);
@@ -59,6 +60,7 @@ class MachineService {
     std::set<std::pair<dev_t, ino_t>> documents_;  ///< those that were opened
     std::map<std::uint32_t, std::unique_ptr<OutputFile>> outputs_;
     std::uint32_t last_output_ = 0;
+    std::size_t failures_told_ = 0;
     std::set<HostWindow> windows_;
 };
 

@@ -133,6 +133,10 @@ void RemoteMachine::show_progress(std::string_view doing, int percent) {
     peer_->call(request(MachineCall::show_progress).put(doing).put(static_cast<std::int32_t>(percent)));
 }
 
+void RemoteMachine::tell_failure(const std::string& sentence) {
+    peer_->call(request(MachineCall::tell_failure).put(std::string_view(sentence)));
+}
+
 void RemoteMachine::show(Dialog& dialog) {
     Dialog* const below = std::exchange(shown_, &dialog);
     Writer message = request(MachineCall::show);

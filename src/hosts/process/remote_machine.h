@@ -44,6 +44,7 @@ class RemoteMachine : public Machine {
     void print(std::string_view printer, const std::filesystem::path& pdf, std::string_view title) override;
     bool found(const FoundText& place) override;
     void show_progress(std::string_view doing, int percent) override;
+    void tell_failure(const std::string& sentence) override;
     void show(Dialog& dialog) override;
     HostWindow open_window(std::string caption, std::function<void()> on_close) override;
     void close_window(HostWindow window) override;

@@ -1,5 +1,6 @@
 #include "platform/local/local_machine.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fcntl.h>
 #include <system_error>
@@ -95,6 +96,11 @@ std::optional<std::vector<std::string>> LocalMachine::scratch_text(const std::st
 
 void LocalMachine::print(std::string_view printer, const fs::path& pdf, std::string_view title) {
     printers_.print(printer, pdf, title);
+}
+
+void LocalMachine::tell_failure(const std::string& sentence) {
+    if (std::ranges::find(failures_told_, sentence) == failures_told_.end())
+        failures_told_.push_back(sentence);
 }
 
 void LocalMachine::show(hosts::Dialog& dialog) {

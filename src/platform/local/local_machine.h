@@ -82,6 +82,9 @@ class LocalMachine : public hosts::Machine {
     /// while it is empty.
     void on_found(std::function<bool(const hosts::FoundText&)> told) { on_found_ = std::move(told); }
 
+    /// What hosts have not done without raising an error, a sentence each, none of them twice.
+    const std::vector<std::string>& failures_told() const noexcept { return failures_told_; }
+
     // What hosts ask for.
     std::filesystem::path private_folder() const override { return private_folder_.path(); }
     std::optional<std::vector<std::string>> scratch_text(const std::string& path) const override;
@@ -94,6 +97,7 @@ class LocalMachine : public hosts::Machine {
         if (on_progress_) on_progress_(doing, percent);
     }
     bool found(const hosts::FoundText& place) override { return on_found_ && on_found_(place); }
+    void tell_failure(const std::string& sentence) override;
     void show(hosts::Dialog& dialog) override;
     hosts::HostWindow open_window(std::string caption, std::function<void()> on_close) override;
     void close_window(hosts::HostWindow window) override;
@@ -121,6 +125,7 @@ class LocalMachine : public hosts::Machine {
     HostModules modules_;
     LocalPrinterControl printer_control_;
     std::optional<hosts::LeftOpen> left_open_;
+    std::vector<std::string> failures_told_;
 };
 
 }  // namespace foliant::platform::local

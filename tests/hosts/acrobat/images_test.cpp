@@ -242,7 +242,28 @@ TEST_F(OpenedImages, AnImageThatIsNoneSaysWhy) {
     const Value viewer = new_viewer();
     EXPECT_EQ(viewer.call("Open", {path, ""}), Value(false));
     EXPECT_EQ(tests::failure([&] { viewer.call("GetPDDoc"); }),
-              "-2147467259 " + path + " cannot be opened: the JPEG is cut off before its end.");
+              "-2147467259 " + path + " is no image that can be read: the JPEG is cut off before its end.");
+}
+
+TEST_F(OpenedImages, WhatIsNoImageIsToldToWhoeverWatches) {
+    const auto told = [&](const std::string& name, const std::string& content) {
+        const std::string path = write(name, content);
+        EXPECT_EQ(new_viewer().call("Open", {path, ""}), Value(false));
+        const std::string sentence = machine.failures.back();
+        EXPECT_EQ(sentence.find(path), 0U);
+        return name + sentence.substr(std::min(path.size(), sentence.size()));
+    };
+    EXPECT_EQ(told("a.png", "hello"), "a.png is no image that can be read: it is text.");
+    EXPECT_EQ(told("a.JPG", "RIFF....WEBPVP8 "), "a.JPG is no image that can be read: it is a WebP image.");
+    EXPECT_EQ(told("a.gif", "<!DOCTYPE html>"), "a.gif is no image that can be read: it is a web page.");
+    EXPECT_EQ(told("a.bmp", std::string(99, '\0')),
+              "a.bmp is no image that can be read: it is nothing but zeros.");
+    EXPECT_EQ(told("a.bmp", "\1\2\3"), "a.bmp is no image that can be read: it is of another kind.");
+    EXPECT_EQ(
+        told("a.doc", "Dear Sir"),
+        "a.doc cannot be opened: it is neither a PDF nor an image of a kind that is known here (JPEG, PNG, "
+        "TIFF, BMP, GIF); it is text.");
+    EXPECT_EQ(machine.failures.size(), 6U);
 }
 
 }  // namespace

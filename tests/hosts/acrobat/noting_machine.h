@@ -32,6 +32,7 @@ class NotingMachine : public Machine {
         return wants_every_place;
     }
 
+    void tell_failure(const std::string& sentence) override { failures.push_back(sentence); }
     void show_progress(std::string_view doing, int) override { work_done.emplace_back(doing); }
 
     /// Takes the next of `answers`; without one, refuses as a desktop does where nobody is.
@@ -41,6 +42,7 @@ class NotingMachine : public Machine {
     /// dialog "cancel" cancels it.
     std::deque<std::string> answers;
     std::vector<std::string> work_done;  ///< what people who wait were told
+    std::vector<std::string> failures;   ///< that were told and not raised
     std::vector<std::string> notes;      ///< "dialog Open", ...
     std::string printer = "Adobe PDF";   ///< the default one
     std::string printed;                 ///< what was printed last, as a file

@@ -138,6 +138,10 @@ automation::ObjectPtr make_prober(std::string_view class_name, Machine& machine)
         machine.show_progress(to_text(given[0]), automation::to_int32(given[1]));
         return {};
     });
+    prober->add_method("Fail", {"Sentence"}, [&](const Bound& given) -> Value {
+        machine.tell_failure(to_text(given[0]));
+        return false;
+    });
     prober->add_method("Print", {"Path"}, [&](const Bound& given) -> Value {
         fs::path path = to_text(given[0]);
         if (path.is_relative()) {
@@ -174,6 +178,7 @@ class ProbingMachine : public Machine {
     void show_progress(std::string_view doing, int percent) override {
         progress += std::string(doing) + " " + std::to_string(percent) + "\n";
     }
+    void tell_failure(const std::string& sentence) override { failures.push_back(sentence); }
     void show(Dialog& dialog) override {
         if (!typed.empty()) dialog.controls.at(0).text = typed;
         if (clicks) dialog.on_click(dialog, 7);
@@ -191,6 +196,7 @@ class ProbingMachine : public Machine {
     HostWindow last_window = 40;
     std::string printed;
     std::string progress;
+    std::vector<std::string> failures;
     std::string typed;
     bool clicks = false;
 
@@ -248,6 +254,14 @@ TEST_F(HostProcessTest, EndsAHostThatTellsNoProgress) {
         EXPECT_NE(failure_of([&] { create().call("Progress", {"Opening", percent}); }), "");
     EXPECT_NE(failure_of([&] { create().call("Progress", {std::string(1000, 'x'), 1}); }), "");
     EXPECT_EQ(machine.progress, "");
+}
+
+TEST_F(HostProcessTest, PassesOnWhatTheHostHasNotDoneAsFarAsPeopleRead) {
+    create().call("Fail", {"a.png is no image."});
+    create().call("Fail", {std::string(100'000, 'x')});
+    ASSERT_EQ(machine.failures.size(), 2U);
+    EXPECT_EQ(machine.failures[0], "a.png is no image.");
+    EXPECT_EQ(machine.failures[1].size(), 8192U);
 }
 
 TEST_F(HostProcessTest, PassesOnWhyAnObjectCannotBeMade) {

@@ -38,10 +38,10 @@ void prepare(QPDF& pdf) {
     pdf.setSuppressWarnings(true);
 }
 
-std::string what_is_wrong(const MappedFile& file, const std::string& detail) {
+[[noreturn]] void raise_damaged(const MappedFile& file, const std::string& detail) {
     const std::string_view start = file.bytes().substr(0, header_place);
-    if (start.find("%PDF-") == std::string_view::npos) return "it is no PDF file";
-    return "it seems to be damaged (" + detail + ")";
+    if (start.find("%PDF-") == std::string_view::npos) throw NoPdf();
+    throw Unreadable("it seems to be damaged (" + detail + ")");
 }
 
 /// As the file says; qpdf's own function for it compiles a regular expression each time.
@@ -58,7 +58,7 @@ PDFVersion version_of(QPDF& pdf) {
     if (failure.getErrorCode() == qpdf_e_password) throw WrongPassword();
     if (failure.getErrorCode() == qpdf_e_unsupported)
         throw Unreadable("it is of a kind that cannot be read (" + failure.getMessageDetail() + ")");
-    throw Unreadable(what_is_wrong(file, failure.getMessageDetail()));
+    raise_damaged(file, failure.getMessageDetail());
 }
 
 }  // namespace
@@ -81,7 +81,7 @@ std::shared_ptr<Pdf> Pdf::open(std::shared_ptr<const MappedFile> file, const std
         } catch (const std::bad_alloc&) {
             throw;
         } catch (const std::exception& failure) {
-            throw Unreadable(what_is_wrong(*file, failure.what()));
+            raise_damaged(*file, failure.what());
         }
     }
 }

@@ -10,6 +10,12 @@ class Unreadable : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// Nothing in the file says that it is a PDF.
+class NoPdf : public Unreadable {
+  public:
+    NoPdf() : Unreadable("it is no PDF file") {}
+};
+
 /// The file is encrypted, and what was given as its password is none of its passwords.
 class WrongPassword : public Unreadable {
   public:
