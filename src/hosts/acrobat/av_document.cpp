@@ -53,6 +53,8 @@ bool AvDocument::open(const std::string& path) {
     try {
         view_ = program_->show(open_file(*program_, path));
     } catch (const automation::Error& failure) {
+        // What is not installed is no matter of the file's.
+        if (failure.is(RuntimeError::cannot_create_object)) throw;
         program_->last_failure = failure;
         program_->machine.tell_failure(failure.description());
     }

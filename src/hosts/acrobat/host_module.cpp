@@ -5,6 +5,7 @@
 #include "hosts/acrobat/acrobat_error.h"
 #include "hosts/acrobat/application.h"
 #include "hosts/acrobat/av_document.h"
+#include "hosts/acrobat/parts.h"
 #include "hosts/acrobat/pd_bookmark.h"
 #include "hosts/acrobat/pd_document.h"
 #include "hosts/acrobat/rectangle.h"
@@ -30,11 +31,11 @@ automation::ObjectPtr create(std::string_view class_name, Machine& machine) {
 /// Documents come as open files. Fonts and character maps are for reading text.
 containment::Policy policy(const std::filesystem::path& folder) {
     using namespace containment;
-    return {
-        .may_read = system_libraries() + fonts() + locales() + Paths{"/usr/share/poppler"} + empty_devices(),
-        .may_write = {folder, "/dev/null"},
-        .may_start = {},
-        .limits = {}};
+    return {.may_read = system_libraries() + fonts() + locales() + Paths{"/usr/share/poppler"} +
+                        empty_devices() + files_of_parts(),
+            .may_write = {folder, "/dev/null"},
+            .may_start = {},
+            .limits = {}};
 }
 
 constexpr Module module = {[] { return QPDF::QPDFVersion(); }, create, policy};

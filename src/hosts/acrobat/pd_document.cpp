@@ -72,6 +72,8 @@ bool PdDocument::open(const std::string& path) {
     } catch (const structure::WrongPassword&) {
         failure_ = password_needed(path);
     } catch (const Error& failure) {
+        // What is not installed is no matter of the file's.
+        if (failure.is(RuntimeError::cannot_create_object)) throw;
         failure_ = failure;
     }
     return document_ != nullptr;

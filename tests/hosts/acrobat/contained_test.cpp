@@ -76,6 +76,29 @@ TEST_F(ContainedAcrobat, ReadsAndFindsTextWithinItsBounds) {
     EXPECT_NEAR(machine.places[0].bottom, 697, 2);
 }
 
+/// A picture of one grey pixel.
+std::string tiff_of_one_pixel() {
+    using namespace std::string_literals;
+    std::string file = "II*\0\10\0\0\0"s + "\7\0"s;
+    const auto field = [&](char tag, char value) {
+        file += std::string{tag, '\1', 3, 0, 1, 0, 0, 0, value, 0, 0, 0};
+    };
+    field(0, 1);     // columns
+    field(1, 1);     // rows
+    field(2, 8);     // bits
+    field(6, 1);     // nought is black
+    field(0x11, 4);  // where the pixel lies
+    field(0x16, 1);  // rows of a strip
+    field(0x17, 1);  // bytes of a strip
+    return file + "\0\0\0\0"s;
+}
+
+TEST_F(ContainedAcrobat, LoadsWhatReadsTIFFsWithinItsBounds) {
+    const Value document = host.create("AcroExch.PDDoc");
+    document.call("Open", {write("a.tif", tiff_of_one_pixel())});
+    EXPECT_EQ(document.call("GetNumPages"), Value(std::int32_t{1}));
+}
+
 TEST_F(ContainedAcrobat, ProtectsADocumentInPlace) {
     const std::string path = write("a.pdf", test::pages(2).file());
     const Value application = host.create("AcroExch.App");

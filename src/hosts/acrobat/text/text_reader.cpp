@@ -67,11 +67,11 @@ class TextReader::ReadAhead {
     };
 
     void work(const Bytes& bytes, const std::string& password) {
-        std::unique_ptr<PopplerFile> file;
+        std::unique_ptr<PageSource> file;
         for (int page = claim(); page < page_count_; page = claim()) {
             Result result;
             try {
-                if (!file) file = std::make_unique<PopplerFile>(bytes, password);
+                if (!file) file = open_pages(bytes, password);
                 result.text = std::make_shared<const PageText>(file->read(page));
             } catch (...) {
                 result.failure = std::current_exception();
@@ -108,8 +108,8 @@ class TextReader::ReadAhead {
 TextReader::TextReader(Bytes bytes, std::string password)
     : bytes_(std::move(bytes)),
       password_(std::move(password)),
-      file_(bytes_, password_),
-      page_count_(file_.page_count()) {}
+      file_(open_pages(bytes_, password_)),
+      page_count_(file_->page_count()) {}
 
 TextReader::~TextReader() = default;
 
@@ -123,7 +123,7 @@ std::shared_ptr<const PageText> TextReader::page(int number) {
     if (ahead_ && !ahead_->is_next(number)) ahead_.reset();
     if (!ahead_ && follows && number + 1 < page_count_)
         ahead_ = std::make_unique<ReadAhead>(bytes_, password_, number, page_count_);
-    last_text_ = ahead_ ? ahead_->take(number) : std::make_shared<const PageText>(file_.read(number));
+    last_text_ = ahead_ ? ahead_->take(number) : std::make_shared<const PageText>(file_->read(number));
     last_ = number;
     return last_text_;
 }

@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "hosts/acrobat/text/page_source.h"
 #include "hosts/acrobat/text/page_text.h"
-#include "hosts/acrobat/text/poppler_file.h"
 
 namespace foliant::hosts::acrobat::text {
 
@@ -20,7 +20,7 @@ class TextReader {
 
     int page_count() const noexcept;
 
-    /// The text of a page, counted from 0. Throws what PopplerFile::read does.
+    /// The text of a page, counted from 0. Throws what PageSource::read does.
     std::shared_ptr<const PageText> page(int number);
 
   private:
@@ -28,7 +28,7 @@ class TextReader {
 
     Bytes bytes_;
     std::string password_;
-    PopplerFile file_;
+    std::unique_ptr<PageSource> file_;
     int page_count_;
     int last_ = -1;
     std::shared_ptr<const PageText> last_text_;

@@ -1,4 +1,4 @@
-#include "hosts/acrobat/text/poppler_words.h"
+#include "hosts/acrobat/poppler/poppler_words.h"
 
 #include <TextOutputDev.h>
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "hosts/acrobat/text/poppler_file.h"
+#include "hosts/acrobat/poppler/poppler_file.h"
 
 #include <GlobalParams.h>
 #include <PDFDoc.h>
@@ -10,7 +10,7 @@
 #include <optional>
 #include <utility>
 
-#include "hosts/acrobat/text/poppler_words.h"
+#include "hosts/acrobat/poppler/poppler_words.h"
 
 namespace foliant::hosts::acrobat::text {
 
@@ -126,8 +126,6 @@ PopplerFile::PopplerFile(Bytes bytes, const std::string& password) {
     throw Unreadable("it is no PDF, or a damaged one");
 }
 
-PopplerFile::PopplerFile(PopplerFile&&) noexcept = default;
-PopplerFile& PopplerFile::operator=(PopplerFile&&) noexcept = default;
 PopplerFile::~PopplerFile() = default;
 
 int PopplerFile::page_count() const {
@@ -147,6 +145,10 @@ PageText PopplerFile::read(int page) {
         engine.collect(engine.arranged, page, most_letters);
     }
     return arranged_text(engine.arranged.getFlows(), engine.arranged.from_page());
+}
+
+std::unique_ptr<PageSource> open_pages(const Bytes& bytes, const std::string& password) {
+    return std::make_unique<PopplerFile>(bytes, password);
 }
 
 }  // namespace foliant::hosts::acrobat::text

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -26,24 +25,21 @@ struct WrongPassword : Unreadable {
     WrongPassword() : Unreadable("it is protected with another password") {}
 };
 
-/// A PDF file as poppler has it open. For one thread; several may have the same bytes open.
-class PopplerFile {
+/// A PDF file that is open for its text. For one thread; several may have the same bytes open.
+class PageSource {
   public:
-    /// `password` opens an encrypted file, as its user or its owner. Throws WrongPassword, or Unreadable.
-    PopplerFile(Bytes bytes, const std::string& password);
-    PopplerFile(PopplerFile&&) noexcept;
-    PopplerFile& operator=(PopplerFile&&) noexcept;
-    ~PopplerFile();
+    virtual ~PageSource() = default;
 
-    int page_count() const;
+    virtual int page_count() const = 0;
 
     /// The text of a page, counted from 0; empty for a page that is damaged. Throws Unreadable for one that
     /// holds more than any page does.
-    PageText read(int page);
-
-  private:
-    struct Engine;
-    std::unique_ptr<Engine> engine_;
+    virtual PageText read(int page) = 0;
 };
+
+/// Opens a file with the engine that reads text, which is no part of this room: whoever links the room says
+/// where it is. `password` opens an encrypted file, as its user or its owner. Throws WrongPassword, or
+/// Unreadable.
+std::unique_ptr<PageSource> open_pages(const Bytes& bytes, const std::string& password);
 
 }  // namespace foliant::hosts::acrobat::text
