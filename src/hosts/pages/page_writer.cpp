@@ -37,14 +37,6 @@ PageWriter::PageWriter(const Paper& paper, const About& about, Sink sink)
     set_for_paper(context_.get());
 }
 
-PageWriter::~PageWriter() {
-    if (surface_ == nullptr) return;
-    sink_ = [](std::string_view) {};  // ending a surface completes its file
-    context_.reset();
-    canvas_.reset();
-    surface_.reset();
-}
-
 cairo_status_t PageWriter::take(void* writer, const unsigned char* bytes, unsigned count) {
     auto& self = *static_cast<PageWriter*>(writer);
     try {

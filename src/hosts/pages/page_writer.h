@@ -35,7 +35,6 @@ class PageWriter {
     PageWriter(const Paper& paper, const About& about, Sink sink);
     PageWriter(const PageWriter&) = delete;
     PageWriter& operator=(const PageWriter&) = delete;
-    ~PageWriter();
 
     /// Begins a page, also the first one. What was drawn before is on the page before.
     void start_page();
@@ -54,7 +53,8 @@ class PageWriter {
     void show_line(PangoLayoutLine* line, double left, double baseline);
 
     /// Completes the file: nothing can be drawn afterwards. Throws what the sink does, bad_alloc, and runtime_error
-    /// with cairo's reason. A writer without it leaves half a file.
+    /// with cairo's reason. Without it, half a file
+    /// has gone to the sink, which may still be called when the writer goes.
     void finish();
 
   private:

@@ -77,19 +77,35 @@ TEST_F(PageWriterTest, ATextCanBeMeasuredBeforeThereIsAPage) {
     EXPECT_LT(ten / PANGO_SCALE, 80);
 }
 
+/// More than a writer keeps for itself, whatever it does to make it less.
+void draw_much(PageWriter& writer) {
+    unsigned place = 1;
+    const auto any = [&] {
+        place = place * 1103515245U + 12345U;
+        return (place >> 8U) % 10007U / 50.0;
+    };
+    for (int i = 0; i < 20'000; ++i) {
+        cairo_line_to(writer.canvas(), any(), any());
+    }
+    cairo_stroke(writer.canvas());
+}
+
 TEST(PageWriter, ThrowsWhatItsSinkThrows) {
     PageWriter writer(small, {}, [](std::string_view) { throw std::length_error("full"); });
     writer.start_page();
+    draw_much(writer);
+    EXPECT_THROW(writer.start_page(), std::length_error) << "as soon as it is known";
     EXPECT_THROW(writer.finish(), std::length_error);
 }
 
-TEST(PageWriter, OneThatIsNotFinishedLeavesItsSinkAlone) {
-    bool is_gone = false;
-    {
-        PageWriter writer(small, {}, [&](std::string_view) { EXPECT_FALSE(is_gone); });
-        writer.start_page();
-        is_gone = true;
-    }
+TEST(PageWriter, HandsOverWhatIsDoneBeforeItIsFinished) {
+    std::size_t bytes = 0;
+    PageWriter writer(small, {}, [&](std::string_view piece) { bytes += piece.size(); });
+    writer.start_page();
+    draw_much(writer);
+    EXPECT_EQ(bytes, 0U);
+    writer.start_page();
+    EXPECT_GT(bytes, 50'000U);
 }
 
 TEST(UsualPaper, IsThatOfTheCountry) {
