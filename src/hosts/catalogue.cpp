@@ -23,6 +23,7 @@ constexpr std::array autocad_classes{registered::autocad};
 constexpr std::array access_classes{registered::access};
 constexpr std::array crystal_classes{registered::crystal_reports};
 constexpr std::array transfer_classes{registered::transfer_control};
+constexpr std::array notepad_programs{registered::notepad};
 constexpr std::span<const std::string_view> no_classes;
 
 constexpr std::array<Host, 13> hosts{{
@@ -45,7 +46,7 @@ constexpr std::array<Host, 13> hosts{{
          "converts, or as a workbook, which CreatePDFfromExcel does."},
     {"Web capture", no_classes, "Chromium", "web", "chromium"},
     {"Internet Transfer control", transfer_classes, "libcurl", "transfer", "libcurl4", true},
-    {"Notepad", no_classes, "plain text printing", "", ""},
+    {"Notepad", notepad_programs, "Pango and cairo", "notepad", "libpangocairo-1.0-0", true},
 }};
 
 }  // namespace

@@ -9,7 +9,8 @@ namespace foliant::hosts {
 struct Host {
     std::string_view name;  ///< Of the program it stands in for.
     std::span<const std::string_view>
-        classes;               ///< ProgIDs and class identifiers, as they are officially spelt.
+        classes;  ///< ProgIDs and class identifiers, as they are officially spelt; of a host that is
+                  ///< no automation server, the name that command lines start it by.
     std::string_view engine;   ///< What does the work; "" when there is no engine for it.
     std::string_view module;   ///< File name without ".so" of its module; "" in a version without it.
     std::string_view package;  ///< The Debian package that brings the engine; "" when there is none.

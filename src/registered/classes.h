@@ -29,4 +29,7 @@ inline constexpr std::string_view access = "Access.Application";
 inline constexpr std::string_view crystal_reports = "crystal.crpe.application";
 inline constexpr std::string_view transfer_control = "InetCtls.Inet";
 
+/// A program that is started by its name, and no class.
+inline constexpr std::string_view notepad = "notepad.exe";
+
 }  // namespace foliant::registered

@@ -1,6 +1,5 @@
 #include "hosts/pages/page_writer.h"
 
-#include <cairo-pdf.h>
 #include <new>
 #include <pango/pangocairo.h>
 #include <stdexcept>
@@ -29,12 +28,19 @@ void set_for_paper(PangoContext* context) {
 PageWriter::PageWriter(const Paper& paper, const About& about, Sink sink)
     : sink_(std::move(sink)),
       surface_(cairo_pdf_surface_create_for_stream(take, this, paper.width, paper.height)) {
-    cairo_pdf_surface_set_metadata(surface_.get(), CAIRO_PDF_METADATA_TITLE, about.title.c_str());
-    cairo_pdf_surface_set_metadata(surface_.get(), CAIRO_PDF_METADATA_CREATOR, about.creator.c_str());
+    set(CAIRO_PDF_METADATA_TITLE, about.title);
+    set(CAIRO_PDF_METADATA_CREATOR, about.creator);
     canvas_.reset(cairo_create(surface_.get()));
     cairo_set_line_width(canvas_.get(), 1);
     context_.reset(pango_cairo_create_context(canvas_.get()));
     set_for_paper(context_.get());
+}
+
+/// A file's name need not be UTF-8, but what cairo is told has to be.
+void PageWriter::set(cairo_pdf_metadata_t fact, const std::string& value) {
+    const std::unique_ptr<char, decltype(&g_free)> text(
+        g_utf8_make_valid(value.data(), static_cast<gssize>(value.size())), g_free);
+    cairo_pdf_surface_set_metadata(surface_.get(), fact, text.get());
 }
 
 cairo_status_t PageWriter::take(void* writer, const unsigned char* bytes, unsigned count) {

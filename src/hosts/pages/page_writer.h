@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cairo.h>
+#include <cairo-pdf.h>
 #include <exception>
 #include <functional>
 #include <memory>
@@ -19,7 +19,7 @@ struct Unref {
 };
 using LayoutPtr = std::unique_ptr<PangoLayout, Unref>;
 
-/// What a document says of itself, UTF-8.
+/// What a document says of itself, in UTF-8; what is not becomes U+FFFD.
 struct About {
     std::string title;
     std::string creator;  ///< the program that it comes from: "Notepad"
@@ -59,6 +59,7 @@ class PageWriter {
 
   private:
     static cairo_status_t take(void* writer, const unsigned char* bytes, unsigned count);
+    void set(cairo_pdf_metadata_t fact, const std::string& value);
     void check();
     void flush();
 

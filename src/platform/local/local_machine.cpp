@@ -7,9 +7,12 @@
 #include <utility>
 
 #include "automation/error.h"
+#include "automation/text.h"
+#include "automation/value.h"
 #include "hosts/containment/containment.h"
 #include "hosts/web/capture.h"
 #include "hosts/web/capture_error.h"
+#include "registered/classes.h"
 #include "sender/command.h"
 
 namespace foliant::platform::local {
@@ -44,6 +47,15 @@ std::vector<fs::path> module_folders(const LocalOptions& options) {
     return HostModules::usual_folders(options.executable);
 }
 
+/// What follows `/p `, without the quotation marks around it; "" for anything else.
+std::string file_to_print(std::string_view tail) {
+    if (!tail.starts_with("/p ") && !tail.starts_with("/P ")) return {};
+    std::string_view file = automation::trim_blanks(tail.substr(3));
+    if (file.size() > 1 && file.starts_with('"') && file.ends_with('"'))
+        file = file.substr(1, file.size() - 2);
+    return std::string(file);
+}
+
 }  // namespace
 
 LocalMachine::LocalMachine(LocalOptions options)
@@ -58,6 +70,7 @@ LocalMachine::LocalMachine(LocalOptions options)
       printer_control_(printers_, store_, options_.on_trouble) {
     programs_.install((private_folder_.path() / "system" / sender_program).string(),
                       [this](std::string_view tail) { run_sender(tail); });
+    programs_.install(std::string(registered::notepad), [this](std::string_view tail) { run_notepad(tail); });
 }
 
 Platform LocalMachine::platform() {
@@ -87,6 +100,16 @@ void LocalMachine::run_sender(std::string_view tail) {
         // As a program, the sender has been started and ends at once; its caller never looks at how.
         if (options_.on_trouble) options_.on_trouble(error.what());
     }
+}
+
+/// Notepad is only there to print: what it shows nobody would see.
+void LocalMachine::run_notepad(std::string_view tail) {
+    const std::string file = file_to_print(tail);
+    if (file.empty())
+        throw automation::Error(automation::RuntimeError::invalid_procedure_call,
+                                "Notepad only prints here: notepad.exe /p \"FILE\".");
+    const automation::Value notepad(modules_.create(registered::notepad));
+    notepad.call("PrintFile", {file});
 }
 
 std::optional<std::vector<std::string>> LocalMachine::scratch_text(const std::string& path) const {

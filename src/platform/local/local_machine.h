@@ -108,6 +108,7 @@ class LocalMachine : public hosts::Machine {
   private:
     std::filesystem::path make_system_folder();
     void run_sender(std::string_view tail);
+    void run_notepad(std::string_view tail);
 
     LocalOptions options_;
     std::function<void(std::string_view, int)> on_progress_;

@@ -147,6 +147,18 @@ TEST_F(LocalMachineTest, AnUnknownProgramIsNamedWithoutItsArguments) {
     }
 }
 
+TEST_F(LocalMachineTest, NotepadIsThereToPrintAndForNothingElse) {
+    for (const char* line :
+         {"notepad.exe", "notepad.exe /p", "notepad.exe /p \"\"", "notepad.exe notes.txt"}) {
+        try {
+            ports.programs.start(line, WindowStyle::hidden);
+            FAIL() << line;
+        } catch (const automation::Error& error) {
+            EXPECT_EQ(error.description(), "Notepad only prints here: notepad.exe /p \"FILE\".");
+        }
+    }
+}
+
 TEST_F(LocalMachineTest, AProgramThatIsInstalledLaterStarts) {
     std::string ran;
     machine.programs().install("notepad.exe", [&](std::string_view tail) { ran = std::string(tail) + "|"; });

@@ -9,8 +9,8 @@
 #include "hosts/office/engine/content.h"
 #include "hosts/office/engine/file_stream.h"
 #include "hosts/office/engine/uno_support.h"
-#include "hosts/office/word/text_encoding.h"
 #include "hosts/office/word/word_error.h"
+#include "hosts/text_encoding.h"
 
 namespace foliant::hosts::office {
 
@@ -84,14 +84,20 @@ std::optional<ImportFilter> old_format_filter(std::string_view start, const Docu
     return ImportFilter{filter, ""};
 }
 
+/// As LibreOffice's import of texts calls it.
+std::string code_page_name(int code_page) {
+    constexpr int western_european = 1252;
+    return code_page == western_european ? "ANSI" : "MS_" + std::to_string(code_page);
+}
+
 ImportFilter plain_text(std::string_view bytes) {
     const std::string filter(plain_text_filter);
     if (is_utf16(bytes)) return {filter, "UNICODE,LF"};
-    const std::string_view encoding = is_utf8(bytes) ? "UTF8" : text_encoding(character_locale());
+    const std::string encoding = is_utf8(bytes) ? "UTF8" : code_page_name(text_code_page(character_locale()));
     // "LF" takes a carriage return before it as well, and one that stands alone for nothing.
     const bool old_mac =
         bytes.find('\n') == std::string_view::npos && bytes.find('\r') != std::string_view::npos;
-    return {filter, std::string(encoding) + (old_mac ? ",CR" : ",LF")};
+    return {filter, encoding + (old_mac ? ",CR" : ",LF")};
 }
 
 ImportFilter markup_or_text_filter(const std::filesystem::path& path, std::string_view bytes) {

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string_view>
+
+namespace foliant::hosts {
+
+/// The code page of Windows' plain texts in the language of that locale ("ru_RU.UTF-8"): 1251. 1252, Western
+/// European, for a language without one of its own.
+int text_code_page(std::string_view locale);
+
+/// The name of the locale that this process's user has chosen for characters, "" when there is none.
+std::string_view character_locale();
+
+}  // namespace foliant::hosts

@@ -1,0 +1,92 @@
+#include "hosts/notepad/text.h"
+
+#include <gtest/gtest.h>
+
+namespace foliant::hosts::notepad {
+namespace {
+
+using namespace std::string_view_literals;
+
+std::string western(std::string_view file) {
+    return text_of(file, 1252);
+}
+
+TEST(TextFile, IsUtf8WhereAllOfItIs) {
+    EXPECT_EQ(western("Łódź, Москва"), "Łódź, Москва");
+    EXPECT_EQ(western("\xEF\xBB\xBFŁódź"), "Łódź");
+    EXPECT_EQ(western("Łódź\0Москва"sv), "Łódź Москва");
+}
+
+TEST(TextFile, IsUtf16ByItsMarkInBothByteOrders) {
+    EXPECT_EQ(western("\xFF\xFE\x41\x01\xF3\x00\x0D\x00\x0A\x00z\x00"sv), "Łó\r\nz");
+    EXPECT_EQ(western("\xFE\xFF\x01\x41\x00\xF3\x00\x0D\x00\x0A\x00z"sv), "Łó\r\nz");
+}
+
+TEST(TextFile, IsUtf16WithoutAMarkWhereEveryOtherByteIsZero) {
+    EXPECT_EQ(western("a\0b\0c\0"sv), "abc");
+    EXPECT_EQ(western("\0a\0b\0c"sv), "abc");
+    EXPECT_EQ(western("a\0b\0c"sv), "a b c") << "half a character is left";
+}
+
+TEST(TextFile, IsInTheCodePageOtherwise) {
+    EXPECT_EQ(western("Gr\xF6\xDF"
+                      "e 5 \x80"),
+              "Größe 5 €");
+    EXPECT_EQ(text_of("\xCC\xEE\xF1\xEA\xE2\xE0", 1251), "Москва");
+    EXPECT_EQ(text_of("\x93\xFA\x96\x7B", 932), "日本");
+}
+
+TEST(TextFile, SaysWhereItCannotBeUnderstood) {
+    EXPECT_EQ(western("a\x81z"), "a\uFFFDz");
+    EXPECT_EQ(western("\xEF\xBB\xBF"
+                      "a\xFFz"),
+              "a\uFFFDz");
+    EXPECT_EQ(western("\xFF\xFE\x00\xD8z\x00"sv), "\uFFFDz") << "half a pair";
+    EXPECT_EQ(western("\xFF\xFEz\x00q"sv), "z\uFFFD") << "half a character";
+    EXPECT_EQ(text_of("a\x93", 932), "a\uFFFD");
+}
+
+TEST(TextFile, HasBlanksForControlCharacters) {
+    EXPECT_EQ(western("a\tb\r\n\fc"), "a\tb\r\n\fc");
+    EXPECT_EQ(western("a\0\x01\x1B\x7Fz"sv), "a    z");
+    EXPECT_EQ(western("a\u0085z"), "a\u00A0z");
+    EXPECT_EQ(western("a\u00A0é"), "a\u00A0é");
+}
+
+TEST(TextFile, MayBeEmpty) {
+    EXPECT_EQ(western(""), "");
+    EXPECT_EQ(western("\xEF\xBB\xBF"), "");
+    EXPECT_EQ(western("\xFF\xFE"), "");
+}
+
+TEST(TextFile, LongerThanOnePieceIsWhole) {
+    std::string file;
+    for (int i = 0; i < 50'000; ++i)
+        file += "\xE9";
+    EXPECT_EQ(western(file).size(), 100'000U);
+    EXPECT_EQ(western(file).substr(65'530, 10), "ééééé");
+}
+
+TEST(ForPrograms, IsWhatHoldsControlCharactersOfManyKinds) {
+    std::string noise;
+    for (int i = 0; i < 4096; ++i)
+        noise += static_cast<char>(i * 7);
+    EXPECT_TRUE(is_for_programs(noise));
+    EXPECT_TRUE(
+        is_for_programs("\x7F"
+                        "ELF\x02\x01\x01\x00\x03\x04\x05\x06 and so on"sv));
+}
+
+TEST(ForPrograms, IsNoTextWithZerosSeparatorsOrEscapes) {
+    EXPECT_FALSE(is_for_programs("log" + std::string(4000, '\0')));
+    EXPECT_FALSE(
+        is_for_programs("8=FIX.4.2\x01"
+                        "9=178\x01"
+                        "35=8\x01"));
+    EXPECT_FALSE(is_for_programs("\x1B[31mred\x1B[0m \b\b"));
+    EXPECT_FALSE(is_for_programs("\xFF\xFE\x01\x02\x03\x04\x05\x06"sv)) << "Chinese";
+    EXPECT_FALSE(is_for_programs(""));
+}
+
+}  // namespace
+}  // namespace foliant::hosts::notepad
