@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <fcntl.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <system_error>
@@ -113,18 +114,29 @@ int landlock_version() noexcept {
     return version > 0 ? static_cast<int>(version) : 0;
 }
 
-void restrict_files(const Policy& policy, int version) {
-    const FileDescriptor ruleset = make_ruleset(policy, version);
+FileDescriptor prepare_files(const Policy& policy, int version) {
+    if (version == 0) return {};
+    FileDescriptor ruleset = make_ruleset(policy, version);
+    const std::uint64_t changing = policy.may_make_sockets ? writing | make_sock | make_sym : writing;
     for (const auto& path : policy.may_read)
         allow(ruleset, path, reading, version);
     for (const auto& path : policy.may_write)
-        allow(ruleset, path, writing, version);
+        allow(ruleset, path, changing, version);
     for (const auto& path : policy.may_start)
         allow(ruleset, path, starting, version);
     if (!policy.may_start.empty())
         for (const char* loader : loaders)
             allow(ruleset, loader, starting, version);
-    if (::syscall(restrict_self_call, ruleset.get(), 0) != 0) fail("cannot restrict files");
+    return ruleset;
+}
+
+bool restrict_to(const FileDescriptor& prepared) noexcept {
+    return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
+           (!prepared || ::syscall(restrict_self_call, prepared.get(), 0) == 0);
+}
+
+void restrict_files(const Policy& policy, int version) {
+    if (!restrict_to(prepare_files(policy, version))) fail("cannot restrict files");
 }
 
 }  // namespace foliant::hosts::containment

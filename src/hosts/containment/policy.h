@@ -29,8 +29,9 @@ struct Policy {
     std::vector<std::filesystem::path> may_write;
     /// Programs that may be started, under this very policy. Empty: no other process can be made at all.
     std::vector<std::filesystem::path> may_start;
-    bool may_make_threads = true;  ///< where false, the process stays at the one thread that it has
-    bool may_connect = false;      ///< to anybody, by any kind of socket
+    bool may_make_sockets = false;  ///< and symbolic links, where it may write
+    bool may_make_threads = true;   ///< where false, the process stays at the one thread that it has
+    bool may_connect = false;       ///< to anybody, by any kind of socket
     Limits limits;
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <cstdlib>
 #include <filesystem>
 #include <string_view>
 
@@ -34,7 +35,50 @@ std::string scheme_of(const std::string& address) {
     return scheme;
 }
 
+int value_of(char digit) {
+    if (std::isdigit(static_cast<unsigned char>(digit)) != 0) return digit - '0';
+    return std::tolower(static_cast<unsigned char>(digit)) - 'a' + 10;
+}
+
+/// With the bytes that were written out as what they are.
+std::string unescaped(std::string_view text) {
+    std::string bytes;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto is_digit = [&](std::size_t at) {
+            return at < text.size() && std::isxdigit(static_cast<unsigned char>(text[at])) != 0;
+        };
+        if (text[i] == '%' && is_digit(i + 1) && is_digit(i + 2)) {
+            bytes += static_cast<char>(value_of(text[i + 1]) * 16 + value_of(text[i + 2]));
+            i += 2;
+        } else {
+            bytes += text[i];
+        }
+    }
+    return bytes;
+}
+
+bool is_below(const std::filesystem::path& path, const std::filesystem::path& folder) {
+    return std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first == folder.end();
+}
+
 }  // namespace
+
+std::vector<std::filesystem::path> files_of(const std::string& address) {
+    constexpr std::size_t scheme_length = 7;  // of "file://"
+    if (scheme_of(address) != "file") return {};
+    const std::size_t begin = address.find('/', scheme_length);  // behind the name of a machine
+    if (begin == std::string::npos) return {};
+    const std::string path =
+        unescaped(std::string_view(address).substr(begin, address.find_first_of("?#", begin) - begin));
+    std::error_code ignored;
+    const std::filesystem::path file = std::filesystem::weakly_canonical(path, ignored);
+    if (file.empty()) return {};
+    const std::filesystem::path folder = file.parent_path();
+    const char* const home = std::getenv("HOME");
+    if (home != nullptr && !is_below(std::filesystem::weakly_canonical(home, ignored), folder))
+        return {file, folder};
+    return {file, folder / (file.stem().string() + "_files")};
+}
 
 std::string full_address(const std::string& typed) {
     constexpr std::array<std::string_view, 3> known{"http", "https", "file"};

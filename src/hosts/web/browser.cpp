@@ -4,6 +4,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <fcntl.h>
 #include <string_view>
 #include <sys/prctl.h>
@@ -12,6 +13,9 @@
 #include <unistd.h>
 #include <utility>
 #include <vector>
+
+#include "hosts/containment/landlock.h"
+#include "hosts/containment/usual_files.h"
 
 namespace foliant::hosts::web {
 
@@ -71,6 +75,57 @@ std::vector<std::string> environment(const std::filesystem::path& profile) {
     return variables;
 }
 
+/// The certificates that the user has said to trust.
+containment::Paths certificates_of_the_user() {
+    const char* const home = std::getenv("HOME");
+    if (home == nullptr) return {};
+    return {std::filesystem::path(home) / ".pki/nssdb",
+            std::filesystem::path(home) / ".local/share/pki/nssdb"};
+}
+
+/// Its own sandbox needs what our filter of system calls refuses, and is the stricter one for what comes from
+/// the network.
+FileDescriptor prepare_files(const std::filesystem::path& profile, const containment::Paths& shown) {
+    using namespace containment;
+    const Paths system{"/usr/bin",
+                       "/usr/lib/chromium",
+                       "/usr/share",
+                       "/etc/chromium",
+                       "/etc/chromium.d",
+                       "/opt/google/chrome",
+                       "/etc/opt/chrome",
+                       "/etc/hosts",
+                       "/etc/resolv.conf",
+                       "/etc/nsswitch.conf",
+                       "/etc/host.conf",
+                       "/etc/gai.conf",
+                       "/etc/services",
+                       "/run/systemd/resolve",
+                       "/etc/ssl/certs",
+                       "/etc/ssl/openssl.cnf",
+                       "/etc/ca-certificates",
+                       "/etc/pki",
+                       "/etc/passwd",
+                       "/etc/group",
+                       "/etc/machine-id",
+                       "/etc/alternatives",
+                       "/etc/debian_version",
+                       "/sys/devices",
+                       "/proc"};
+    // Its sandbox says in its own processes' folders there who they are; an administrator, for whom it has none,
+    // could change the system there.
+    const Paths own = ::geteuid() == 0 ? Paths{} : Paths{"/proc"};
+    return containment::prepare_files(
+        {.may_read = system_libraries() + locales() + fonts() + empty_devices() + system +
+                     certificates_of_the_user() + shown,
+         .may_write = own + Paths{profile, "/dev/null", "/dev/shm"},
+         .may_start = {"/usr/bin", "/bin", "/usr/lib/chromium", "/opt/google/chrome"},
+         .may_make_sockets = true,
+         .may_connect = true,
+         .limits = {}},
+        landlock_version());
+}
+
 /// As system calls take them, with a null at the end.
 std::vector<char*> as_words(std::vector<std::string>& texts) {
     std::vector<char*> words;
@@ -82,9 +137,9 @@ std::vector<char*> as_words(std::vector<std::string>& texts) {
 }
 
 [[noreturn]] void run(char* const* words, char* const* variables, int commands, int answers,
-                      pid_t parent) noexcept {
+                      const FileDescriptor& files, pid_t parent) noexcept {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (::getppid() != parent) ::_exit(1);
+    if (::getppid() != parent || !containment::restrict_to(files)) ::_exit(1);
     sigset_t none;
     sigemptyset(&none);
     ::sigprocmask(SIG_SETMASK, &none, nullptr);
@@ -109,17 +164,19 @@ std::optional<std::filesystem::path> find_browser() {
     return found == places.end() ? std::nullopt : std::optional<std::filesystem::path>(*found);
 }
 
-Browser::Browser(const std::filesystem::path& program, const std::filesystem::path& profile) {
+Browser::Browser(const std::filesystem::path& program, const std::filesystem::path& profile,
+                 const std::vector<std::filesystem::path>& shown) {
     auto [commands, input] = make_pipe();
     auto [output, answers] = make_pipe();
     std::vector<std::string> texts = arguments(program, profile);
     std::vector<std::string> variables = environment(profile);
     const std::vector<char*> words = as_words(texts);
     const std::vector<char*> variable_words = as_words(variables);
+    const FileDescriptor files = prepare_files(profile, shown);
     const pid_t parent = ::getpid();
     process_ = ::fork();
     if (process_ < 0) fail("cannot start a process");
-    if (process_ == 0) run(words.data(), variable_words.data(), commands.get(), answers.get(), parent);
+    if (process_ == 0) run(words.data(), variable_words.data(), commands.get(), answers.get(), files, parent);
     input_ = std::move(input);
     output_ = std::move(output);
 }

@@ -141,7 +141,7 @@ void capture_page(const std::string& address, const std::filesystem::path& pdf,
     const auto program = find_browser();
     if (!program) throw NoBrowser("there is no browser that captures it. Install the package chromium");
     const ProfileFolder profile(folder / "browser");
-    Browser browser(*program, profile.path());
+    Browser browser(*program, profile.path(), files_of(full));
     try {
         PageCapture capture(browser, limits);
         capture.load(full);

@@ -92,6 +92,13 @@ TEST_F(Files, AreWrittenNowhereElse) {
     EXPECT_EQ(ground.read("secret") + ground.read("document"), "secretdocument");
 }
 
+TEST_F(Files, AreLinkedWhereThePolicySaysSo) {
+    const auto link = [&] { return outcome(symlink("file", (ground / "work/link").c_str())); };
+    EXPECT_EQ(contained(policy, link), "EACCES");
+    policy.may_make_sockets = true;
+    EXPECT_EQ(contained(policy, link), "done");
+}
+
 TEST_F(Files, AreNotShortened) {
     EXPECT_NE(contained(policy, [&] { return outcome(truncate((ground / "document").c_str(), 0)); }), "done");
     EXPECT_EQ(reading(ground / "secret"), "EACCES");

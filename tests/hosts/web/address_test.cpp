@@ -1,5 +1,6 @@
 #include "hosts/web/address.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 #include "hosts/web/base64.h"
@@ -34,6 +35,17 @@ TEST(Address, OtherSchemesAreRefused) {
     EXPECT_EQ(refusal("javascript:alert(1)"),
               "only http, https and file addresses are captured, not javascript");
     EXPECT_EQ(refusal(" "), "there is no address");
+}
+
+TEST(Address, OfAFileABrowserMaySeeItsFolderButNoFolderThatHoldsTheHome) {
+    using Paths = std::vector<std::filesystem::path>;
+    EXPECT_EQ(files_of("http://a.example/x"), Paths());
+    EXPECT_EQ(files_of("file:///no/such%20place/a.html?b#c"),
+              (Paths{"/no/such place/a.html", "/no/such place"}));
+    EXPECT_EQ(files_of("file://localhost/no/a.html"), (Paths{"/no/a.html", "/no"}));
+    const std::filesystem::path home = std::getenv("HOME");
+    EXPECT_EQ(files_of("file://" + (home / "a.html").string()), (Paths{home / "a.html", home / "a_files"}));
+    EXPECT_EQ(files_of("file:///a.html"), (Paths{"/a.html", "/a_files"}));
 }
 
 TEST(Base64, StandsForBytes) {

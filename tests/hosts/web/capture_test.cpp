@@ -19,13 +19,15 @@ using std::chrono::milliseconds;
 /// Pages on a port of this machine.
 class PageServer {
   public:
-    PageServer() {
+    /// By https where a certificate is given, a file with its key.
+    explicit PageServer(const std::string& certificate = "") : is_secure_(!certificate.empty()) {
         int ends[2];
         if (::pipe(ends) != 0) std::abort();
         process_ = ::fork();
         if (process_ == 0) {
             ::dup2(ends[1], STDOUT_FILENO);
-            ::execl("/usr/bin/python3", "python3", "-B", PAGE_SERVER, nullptr);
+            ::execl("/usr/bin/python3", "python3", "-B", PAGE_SERVER,
+                    certificate.empty() ? nullptr : certificate.c_str(), nullptr);
             ::_exit(127);
         }
         ::close(ends[1]);
@@ -41,9 +43,12 @@ class PageServer {
         ::waitpid(process_, nullptr, 0);
     }
 
-    std::string address(const std::string& page) const { return "http://127.0.0.1:" + port_ + page; }
+    std::string address(const std::string& page) const {
+        return (is_secure_ ? "https" : "http") + ("://127.0.0.1:" + port_ + page);
+    }
 
   private:
+    bool is_secure_;
     pid_t process_ = 0;
     std::string port_;
 };
@@ -86,6 +91,19 @@ TEST_F(Capture, PagesComeByHttpAndFromFilesAndThroughRedirections) {
     EXPECT_EQ(text(), "from a file\n\n\f");
 }
 
+TEST_F(Capture, APageFromADiskShowsWhatLiesBesideItAndNoOtherFile) {
+    REQUIRE_BROWSER();
+    const std::filesystem::path site = folder / "site";
+    std::filesystem::create_directories(site / "parts");
+    tests::write_file(site / "parts" / "near.html", "beside");
+    folder.write("far.html", "elsewhere");
+    tests::write_file(site / "page.html",
+                      "<iframe src='parts/near.html'></iframe><iframe src='../far.html'></iframe>");
+    EXPECT_EQ(capture((site / "page.html").string()), "");
+    EXPECT_NE(text().find("beside"), std::string::npos);
+    EXPECT_EQ(text().find("elsewhere"), std::string::npos) << text();
+}
+
 TEST_F(Capture, NothingOfTheBrowserIsLeft) {
     REQUIRE_BROWSER();
     EXPECT_EQ(capture(folder.write("a.html", "<h1>a</h1>").string()), "");
@@ -122,6 +140,47 @@ TEST_F(Capture, APageThatNeverFinishesIsCapturedAsFarAsItCame) {
     const PageServer server;
     EXPECT_EQ(capture(server.address("/half"), milliseconds(6'000)), "");
     EXPECT_EQ(text(), "half\n\n\f");
+}
+
+/// An authority that nobody knows, a certificate of it for this machine, and a home whose user may come to trust it.
+class SecureCapture : public Capture {
+  protected:
+    SecureCapture() {
+        run("openssl req -x509 -newkey rsa:2048 -nodes -days 2 -subj '/CN=Authority' -keyout ca.key -out ca.pem");
+        run("openssl req -newkey rsa:2048 -nodes -subj '/CN=here' -keyout here.key -out here.request");
+        folder.write("here.names", "subjectAltName=IP:127.0.0.1\n");
+        run("openssl x509 -req -in here.request -CA ca.pem -CAkey ca.key -CAcreateserial -days 2 "
+            "-extfile here.names -out here.pem");
+        run("cat here.key >> here.pem");
+        ::setenv("HOME", folder.path().c_str(), 1);
+    }
+    ~SecureCapture() override { ::setenv("HOME", home_.c_str(), 1); }
+
+    /// Whether a command in the folder went well.
+    bool run(const std::string& command) const {
+        return std::system(
+                   ("cd '" + folder.path().string() + "' && { " + command + "; } 2>>errors").c_str()) == 0;
+    }
+
+  private:
+    std::string home_ = std::getenv("HOME");
+};
+
+TEST_F(SecureCapture, APageOfAServerThatNobodyVouchesForIsNotCaptured) {
+    REQUIRE_BROWSER();
+    const PageServer server((folder / "here.pem").string());
+    EXPECT_EQ(capture(server.address("/page")), "the page cannot be had (net::ERR_CERT_AUTHORITY_INVALID)");
+    EXPECT_FALSE(std::filesystem::exists(pdf));
+}
+
+TEST_F(SecureCapture, APageOfAServerThatTheUserTrustsIs) {
+    REQUIRE_BROWSER();
+    if (!run("mkdir -p .pki/nssdb && certutil -d sql:.pki/nssdb -N --empty-password && "
+             "certutil -d sql:.pki/nssdb -A -t C,, -n authority -i ca.pem"))
+        GTEST_SKIP() << "certutil is not installed. Install the package libnss3-tools.";
+    const PageServer server((folder / "here.pem").string());
+    EXPECT_EQ(capture(server.address("/moved")), "");
+    EXPECT_EQ(text(), "arrived\n\n\f");
 }
 
 TEST_F(Capture, APageThatDoesNotComeIsToldApart) {

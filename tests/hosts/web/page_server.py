@@ -1,7 +1,13 @@
 #!/usr/bin/python3 -B
-"""Serves web pages on a port of this machine, which it prints first, until it is ended."""
+"""Serves web pages on a port of this machine, which it prints first, until it is ended.
+
+    page_server.py                by http
+    page_server.py CERTIFICATE    by https, with that certificate and the key behind it
+"""
 
 import http.server
+import ssl
+import sys
 import time
 
 PAGES = {
@@ -33,5 +39,9 @@ class Pages(http.server.BaseHTTPRequestHandler):
 
 
 server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Pages)
+if len(sys.argv) > 1:
+    context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
+    context.load_cert_chain(sys.argv[1])
+    server.socket = context.wrap_socket(server.socket, server_side=True)
 print(server.server_port, flush=True)
 server.serve_forever()
