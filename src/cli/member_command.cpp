@@ -33,11 +33,18 @@ const std::map<std::string, std::int32_t>& enumeration_names(ValueType type) {
     return type == ValueType::align_type ? alignments : readings;
 }
 
+bool to_flag(const std::string& text) {
+    const std::string word = automation::to_lower(text);
+    if (word == "yes" || word == "on") return true;
+    if (word == "no" || word == "off") return false;
+    return automation::to_bool(text);
+}
+
 /// The text as a value of the parameter's type; raises an automation error when it has none.
 Value typed(ValueType type, const std::string& text) {
     switch (type) {
         case ValueType::boolean:
-            return automation::to_bool(text);
+            return to_flag(text);
         case ValueType::integer:
             return automation::to_int16(text);
         case ValueType::long_number:
@@ -103,6 +110,11 @@ bool is_list(const core::Member& member, const Parameter& parameter) {
     return core::is_list(core::parameter_role(member, parameter));
 }
 
+/// Of what type a word of the command line has to be.
+ValueType element_type(const Parameter& parameter, ParameterRole role) {
+    return role == ParameterRole::parallel_flags ? ValueType::boolean : parameter.type;
+}
+
 }  // namespace
 
 MemberCommand::MemberCommand(CLI::App& command, const core::Member& member) : member_(member) {
@@ -133,10 +145,12 @@ void MemberCommand::add_parameter(CLI::App& command, const Parameter& parameter,
                                                : CLI::MultiOptionPolicy::Throw);
     }
     given.option->ignore_case();
-    if (parameter.type != ValueType::string && parameter.type != ValueType::variant) {
-        given.option->check(type_check(parameter.type));
+    const ParameterRole role = core::parameter_role(member_, parameter);
+    if (const ValueType type = element_type(parameter, role);
+        type != ValueType::string && type != ValueType::variant) {
+        given.option->check(type_check(type));
     }
-    if (core::parameter_role(member_, parameter) == ParameterRole::password) {
+    if (role == ParameterRole::password) {
         add_password_sources(command, parameter, given);
     } else if (!parameter.optional) {
         given.option->required();
@@ -158,14 +172,38 @@ bool MemberCommand::is_given(const Given& given) const {
 
 Value MemberCommand::value_of(const Parameter& parameter, const Given& given) const {
     if (!is_list(member_, parameter)) return typed(parameter.type, given.texts.back());
+    const ValueType type = element_type(parameter, core::parameter_role(member_, parameter));
     automation::Array array;
     for (const std::string& text : given.texts)
-        array.items.emplace_back(text);
+        array.items.push_back(typed(type, text));
     return array;
+}
+
+/// The member would find out when Excel and the workbook are open, and say "Type mismatch" or "Subscript out
+/// of range".
+void MemberCommand::check_parallel_lists() const {
+    std::string first;
+    std::size_t length = 0;
+    for (const Parameter& parameter : member_.parameters()) {
+        const ParameterRole role = core::parameter_role(member_, parameter);
+        if (!core::is_list(role)) continue;
+        const std::size_t count = given_.at(parameter.name)->texts.size();
+        if (!core::is_parallel_list(role)) {
+            first = option_name(parameter.name);
+            length = count;
+            continue;
+        }
+        const bool can_be_left_out = parameter.optional && role != ParameterRole::parallel_flags;
+        if (count == length || (count == 0 && can_be_left_out)) continue;
+        throw CLI::ValidationError("--" + option_name(parameter.name),
+                                   "needs a value for each of --" + first + ": " + std::to_string(length) +
+                                       ", and " + std::to_string(count) + " given");
+    }
 }
 
 automation::Arguments MemberCommand::arguments(const AskPassword& ask_password,
                                                const Deadline& deadline) const {
+    check_parallel_lists();
     automation::Arguments arguments;
     for (const Parameter& parameter : member_.parameters()) {
         if (is_made_by_the_command(parameter)) continue;

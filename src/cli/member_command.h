@@ -35,6 +35,7 @@ class MemberCommand {
     void add_password_sources(CLI::App& command, const core::Parameter& parameter, Given& given);
     automation::Value value_of(const core::Parameter& parameter, const Given& given) const;
     bool is_given(const Given& given) const;
+    void check_parallel_lists() const;
 
     const core::Member& member_;
     std::map<std::string_view, std::unique_ptr<Given>> given_;

@@ -9,6 +9,7 @@
 #include "cli/exit_codes.h"
 #include "cli/request.h"
 #include "core/members.h"
+#include "core/parameter_help.h"
 
 namespace foliant::cli {
 namespace {
@@ -80,6 +81,35 @@ TEST(CommandLine, ListsTakeAllThatIsLeft) {
     EXPECT_EQ(outcome_of({"CreatePDFfromMultiPS", "book.pdf", "a.ps", "b c.ps", "--show-window"}),
               "CreatePDFfromMultiPS(strPDFFile:=\"book.pdf\", varPSFiles:=(0 To 1){\"a.ps\", \"b c.ps\"}, "
               "blnShowWindow:=True)");
+}
+
+TEST(CommandLine, ListsThatRunBesideAnotherAreAsLongAndFlagsInThemAreWords) {
+    const std::vector<std::string> two_sheets{"CreatePDFfromMultiExcel2",
+                                              "a.pdf",
+                                              "b.xlsx",
+                                              "--excel-worksheets",
+                                              "Sum",
+                                              "2",
+                                              "--ranges",
+                                              "A:C",
+                                              "A1:B2"};
+    const auto outcome_with = [&](std::vector<std::string> more) {
+        more.insert(more.begin(), two_sheets.begin(), two_sheets.end());
+        return outcome_of(more);
+    };
+    const std::string where = "\nSee 'foliant CreatePDFfromMultiExcel2 --help'.\n";
+
+    EXPECT_EQ(outcome_with({"--landscape", "yes", "False"}),
+              "CreatePDFfromMultiExcel2(strPDFFile:=\"a.pdf\", strExcelWorkbook:=\"b.xlsx\", "
+              "varExcelWorksheets:=(0 To 1){\"Sum\", \"2\"}, varRanges:=(0 To 1){\"A:C\", \"A1:B2\"}, "
+              "varLandscape:=(0 To 1){True, False})");
+    EXPECT_EQ(outcome_with({}),
+              "2 foliant: --landscape: needs a value for each of --excel-worksheets: 2, and 0 given" + where);
+    EXPECT_EQ(outcome_with({"--landscape", "no", "no", "--first-page-number", "7"}),
+              "2 foliant: --first-page-number: needs a value for each of --excel-worksheets: 2, and 1 given" +
+                  where);
+    EXPECT_EQ(outcome_with({"--landscape", "no", "sideways"}),
+              "2 foliant: --landscape: 'sideways' is not true or false" + where);
 }
 
 TEST(CommandLine, NamesThatBeginWithADashStandBehindTwoDashes) {
@@ -294,9 +324,10 @@ TEST(CommandLine, EveryMemberHasASubCommandThatParsesItsRequiredParameters) {
         if (member.kind != core::MemberKind::method) continue;
         std::vector<std::string> words{std::string(member.name)};
         for (const core::Parameter& parameter : member.parameters()) {
-            if (!parameter.optional && parameter.type != core::ValueType::object) {
+            const bool flags = core::parameter_role(member, parameter) == core::ParameterRole::parallel_flags;
+            if (flags || (!parameter.optional && parameter.type != core::ValueType::object)) {
                 words.push_back("--" + std::string(parameter.name));
-                words.push_back("value");
+                words.push_back(flags ? "yes" : "value");
             }
         }
         const Parsed parsed = parse_words(words);
