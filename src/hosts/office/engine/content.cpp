@@ -5,6 +5,7 @@
 #include <com/sun/star/io/XInputStream.hpp>
 #include <com/sun/star/lang/XMultiComponentFactory.hpp>
 #include <cstring>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "hosts/office/engine/file_stream.h"
@@ -37,6 +38,22 @@ Streams open_container(const DocumentFile& file, std::string_view service, const
             UNO_QUERY};
 }
 
+/// Up to `wanted` bytes.
+std::string read_from_start(const DocumentFile& file, std::size_t wanted, const Application& application) {
+    std::string bytes(wanted, '\0');
+    std::size_t size = 0;
+    while (size < wanted) {
+        const ssize_t got =
+            ::pread(file.descriptor.get(), &bytes[size], wanted - size, static_cast<off_t>(size));
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) throw damaged(file.path, std::strerror(errno), application);
+        if (got == 0) break;
+        size += static_cast<std::size_t>(got);
+    }
+    bytes.resize(size);
+    return bytes;
+}
+
 }  // namespace
 
 automation::Error damaged(const std::filesystem::path& path, std::string_view reason,
@@ -55,12 +72,16 @@ automation::Error not_a_document(const std::filesystem::path& path, std::string_
 }
 
 std::string sample(const DocumentFile& file, const Application& application) {
-    std::string bytes(sample_size, '\0');
-    const ssize_t size = ::pread(file.descriptor.get(), bytes.data(), bytes.size(), 0);
-    if (size < 0) throw damaged(file.path, std::strerror(errno), application);
-    if (size == 0) throw damaged(file.path, "it is empty (0 bytes)", application);
-    bytes.resize(static_cast<std::size_t>(size));
+    std::string bytes = read_from_start(file, sample_size, application);
+    if (bytes.empty()) throw damaged(file.path, "it is empty (0 bytes)", application);
     return bytes;
+}
+
+std::string whole_content(const DocumentFile& file, const Application& application) {
+    struct stat status {};
+    if (::fstat(file.descriptor.get(), &status) != 0)
+        throw damaged(file.path, std::strerror(errno), application);
+    return read_from_start(file, static_cast<std::size_t>(status.st_size), application);
 }
 
 PackageContent package_content(const DocumentFile& file, const Office& office,

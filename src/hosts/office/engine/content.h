@@ -27,6 +27,9 @@ constexpr std::size_t sample_size = 65536;  // bytes
 /// The first bytes of the file. Raises `damaged` when there is nothing to read.
 std::string sample(const DocumentFile& file, const Application& application);
 
+/// All of it. Raises `damaged` when it cannot be read.
+std::string whole_content(const DocumentFile& file, const Application& application);
+
 inline bool is_package(std::string_view sample) {
     return sample.starts_with("PK\x03\x04");
 }

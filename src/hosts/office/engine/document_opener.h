@@ -10,7 +10,8 @@
 namespace foliant::hosts::office {
 
 /// Finds out how an application reads what a file holds; raises an error of the application when it does not.
-using ChooseFilter = std::function<ImportFilter(const DocumentFile&, const Office&)>;
+/// It may put another open file in the place of the document's, for the filter to read.
+using ChooseFilter = std::function<ImportFilter(DocumentFile&, const Office&)>;
 
 /// Opens a document, whose file `machine` opens, and starts LibreOffice before the first one (see
 /// load_document for what is promised). Raises, as errors of `application`, what `choose` and load_document

@@ -3,12 +3,17 @@
 #include <com/sun/star/container/XNameAccess.hpp>
 #include <com/sun/star/document/XTypeDetection.hpp>
 #include <com/sun/star/lang/XMultiComponentFactory.hpp>
+#include <cstring>
 #include <optional>
 #include <set>
+#include <sys/mman.h>
+#include <unistd.h>
+#include <utility>
 
 #include "hosts/office/engine/content.h"
 #include "hosts/office/engine/file_stream.h"
 #include "hosts/office/engine/uno_support.h"
+#include "hosts/office/word/text_lines.h"
 #include "hosts/office/word/word_error.h"
 #include "hosts/text_encoding.h"
 
@@ -90,17 +95,39 @@ std::string code_page_name(int code_page) {
     return code_page == western_european ? "ANSI" : "MS_" + std::to_string(code_page);
 }
 
-ImportFilter plain_text(std::string_view bytes) {
-    const std::string filter(plain_text_filter);
-    if (is_utf16(bytes)) return {filter, "UNICODE,LF"};
-    const std::string encoding = is_utf8(bytes) ? "UTF8" : code_page_name(text_code_page(character_locale()));
-    // "LF" takes a carriage return before it as well, and one that stands alone for nothing.
+LineForm line_form(std::string_view sample) {
+    using Unit = LineForm::Unit;
+    if (is_utf16(sample))
+        return {sample[0] == '\xFF' ? Unit::utf16_little_endian : Unit::utf16_big_endian, '\n'};
     const bool old_mac =
-        bytes.find('\n') == std::string_view::npos && bytes.find('\r') != std::string_view::npos;
-    return {filter, encoding + (old_mac ? ",CR" : ",LF")};
+        sample.find('\n') == std::string_view::npos && sample.find('\r') != std::string_view::npos;
+    return {Unit::byte, old_mac ? '\r' : '\n'};
 }
 
-ImportFilter markup_or_text_filter(const std::filesystem::path& path, std::string_view bytes) {
+/// An open file that exists in memory only.
+posix::FileDescriptor file_of(std::string_view content) {
+    posix::FileDescriptor file(::memfd_create("text", MFD_CLOEXEC));
+    while (file && !content.empty()) {
+        const ssize_t written = ::write(file.get(), content.data(), content.size());
+        if (written < 0) return {};
+        content.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return file;
+}
+
+ImportFilter plain_text(DocumentFile& file, std::string_view sample) {
+    posix::FileDescriptor joined =
+        file_of(with_lines_joined(whole_content(file, microsoft_word), line_form(sample)));
+    if (!joined) throw damaged(file.path, std::strerror(errno), microsoft_word);
+    file.descriptor = std::move(joined);
+    const std::string encoding = is_utf16(sample)  ? "UNICODE"
+                                 : is_utf8(sample) ? "UTF8"
+                                                   : code_page_name(text_code_page(character_locale()));
+    return {std::string(plain_text_filter), encoding + ",CR"};
+}
+
+ImportFilter markup_or_text_filter(DocumentFile& file, std::string_view bytes) {
+    const std::filesystem::path& path = file.path;
     const std::string extension = extension_of(path);
     const std::string_view start = skip_start(bytes);
     const bool xml = starts_with_any_case(start, "<?xml");
@@ -117,12 +144,12 @@ ImportFilter markup_or_text_filter(const std::filesystem::path& path, std::strin
     const bool markup = starts_with_any_case(start, "<!doctype html") || starts_with_any_case(start, "<html");
     if (markup || extension == ".html" || extension == ".htm" || extension == ".xhtml")
         return {"HTML (StarWriter)", ""};
-    return plain_text(bytes);
+    return plain_text(file, bytes);
 }
 
 }  // namespace
 
-ImportFilter import_filter(const DocumentFile& file, const Office& office) {
+ImportFilter import_filter(DocumentFile& file, const Office& office) {
     const std::string bytes = sample(file, microsoft_word);
     const std::string_view start(bytes);
     if (is_package(start)) return package_filter(file, office);
@@ -137,7 +164,7 @@ ImportFilter import_filter(const DocumentFile& file, const Office& office) {
         if (const auto filter = old_format_filter(start, file, office.context)) return *filter;
         throw no_text_document(file.path, "its content is of no known kind");
     }
-    return markup_or_text_filter(file.path, start);
+    return markup_or_text_filter(file, start);
 }
 
 }  // namespace foliant::hosts::office
