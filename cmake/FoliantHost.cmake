@@ -2,29 +2,29 @@
 
 set(FOLIANT_HOSTS_FOLDER ${CMAKE_BINARY_DIR}/hosts)
 
-# foliant_host(NAME ROOM room FOLDERS folders... EXCEPT sources... LINKS targets... RUN_PATH folders... MODULE sources...):
-# the room foliant_NAME, or foliant_ROOM where another room has that name, of the sources that foliant_room would take,
-# and the module of host_module.cpp, and of what is named MODULE, over it. RUN_PATH is where the engine's libraries lie,
-# when that is not where every program finds them. Links to UNO, to an engine ... are for the room alone.
+# foliant_host(NAME ROOM room FOLDERS folders... EXCEPT sources... LINKS targets... RUN_PATH folders...): the room
+# foliant_NAME, or foliant_ROOM where another room has that name, of the sources that foliant_room would take, and the
+# module of host_module.cpp over it. RUN_PATH is where the engine's libraries lie, when that is not where every program
+# finds them. Links to UNO, to an engine ... are for the room alone.
 function(foliant_host name)
-  cmake_parse_arguments(host "" "ROOM" "FOLDERS;EXCEPT;LINKS;RUN_PATH;MODULE" ${ARGN})
+  cmake_parse_arguments(host "" "ROOM" "FOLDERS;EXCEPT;LINKS;RUN_PATH" ${ARGN})
   if(NOT host_ROOM)
     set(host_ROOM ${name})
   endif()
-  foliant_room(${host_ROOM} FOLDERS ${host_FOLDERS} EXCEPT host_module.cpp ${host_EXCEPT} ${host_MODULE})
+  foliant_room(${host_ROOM} FOLDERS ${host_FOLDERS} EXCEPT host_module.cpp ${host_EXCEPT})
   target_link_libraries(foliant_${host_ROOM} PRIVATE ${host_LINKS} PUBLIC ${CMAKE_DL_LIBS})
 
-  foliant_hosts_library(foliant_host_${name} ${name} host_module.cpp ${host_MODULE})
+  foliant_hosts_library(foliant_host_${name} ${name} host_module.cpp)
   target_link_libraries(foliant_host_${name} PRIVATE foliant_${host_ROOM})
   foliant_run_path(foliant_host_${name} ${host_RUN_PATH})
   set_property(GLOBAL APPEND PROPERTY FOLIANT_HOSTS ${name})
 endfunction()
 
-# foliant_host_part(HOST PART SOURCE source LINKS targets...): the library hosts/HOST-PART.so, which the module of the host
-# loads when it is needed (src/hosts/module_part.h), of the source that exports its function.
+# foliant_host_part(HOST PART SOURCES sources... LINKS targets...): the library hosts/HOST-PART.so, which the module of
+# the host loads when it is needed (src/hosts/module_part.h), of the sources, one of which exports its function.
 function(foliant_host_part host part)
-  cmake_parse_arguments(part "" "SOURCE" "LINKS" ${ARGN})
-  foliant_hosts_library(foliant_host_${host}_${part} ${host}-${part} ${part_SOURCE})
+  cmake_parse_arguments(part "" "" "SOURCES;LINKS" ${ARGN})
+  foliant_hosts_library(foliant_host_${host}_${part} ${host}-${part} ${part_SOURCES})
   target_link_libraries(foliant_host_${host}_${part} PRIVATE ${part_LINKS})
   foliant_run_path(foliant_host_${host}_${part})
   add_dependencies(foliant_host_${host} foliant_host_${host}_${part})

@@ -35,12 +35,24 @@ automation::Error cannot_open(const std::string& path, const std::error_code& co
     }
 }
 
-using FilePtr = std::shared_ptr<const structure::MappedFile>;
+using FilePtr = std::shared_ptr<const MappedFile>;
+
+/// A file that was handed out before it was to be opened here.
+struct HandedOut {
+    std::string path;
+    posix::FileDescriptor file;
+};
+HandedOut handed_out;
+
+posix::FileDescriptor open_file(Machine& machine, const std::string& path) {
+    HandedOut before = std::exchange(handed_out, {});
+    if (before.file && before.path == path) return std::move(before.file);
+    return machine.open_document(path, DocumentAccess::open_file).descriptor;
+}
 
 FilePtr map(Machine& machine, const std::string& path) {
     try {
-        const DocumentFile file = machine.open_document(path, DocumentAccess::open_file);
-        return std::make_shared<const structure::MappedFile>(file.descriptor.get());
+        return std::make_shared<const MappedFile>(open_file(machine, path).get());
     } catch (const std::system_error& failure) {
         throw cannot_open(path, failure.code());
     }
@@ -75,9 +87,13 @@ DocumentPtr Document::open(Machine& machine, const std::string& path, const std:
     }
 }
 
+void Document::take_over(const std::string& path, posix::FileDescriptor file) {
+    handed_out = {path, std::move(file)};
+}
+
 DocumentPtr Document::of_file(Machine& machine, int descriptor, const std::string& what) {
     try {
-        const auto file = std::make_shared<const structure::MappedFile>(descriptor);
+        const auto file = std::make_shared<const MappedFile>(descriptor);
         return DocumentPtr(new Document(machine, "", "", structure::Pdf::open(file, "")));
     } catch (const std::runtime_error& reason) {
         throw document_error(what + " cannot be opened: " + reason.what() + ".");

@@ -22,6 +22,9 @@ class Document {
     static std::shared_ptr<Document> open(Machine& machine, const std::string& path,
                                           const std::string& password);
 
+    /// The file that is opened next under that path is this one, which the machine has handed out already.
+    static void take_over(const std::string& path, posix::FileDescriptor file);
+
     /// A PDF without a name of its own, from an open file. Raises an automation error that says `what` it is.
     static std::shared_ptr<Document> of_file(Machine& machine, int descriptor, const std::string& what);
 

@@ -35,8 +35,8 @@ text::Bytes current_bytes(structure::Pdf& pdf) {
 DocumentText::DocumentText(std::unique_ptr<TextReader> reader, std::size_t most_bytes)
     : reader_(std::move(reader)), finder_(*reader_, most_bytes) {}
 
-DocumentText::DocumentText(const std::shared_ptr<const structure::MappedFile>& file,
-                           const std::string& password, std::size_t most_bytes)
+DocumentText::DocumentText(const std::shared_ptr<const MappedFile>& file, const std::string& password,
+                           std::size_t most_bytes)
     : DocumentText(open({file->bytes(), file}, password), most_bytes) {}
 
 DocumentText::DocumentText(structure::Pdf& pdf, std::size_t most_bytes)

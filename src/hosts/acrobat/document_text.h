@@ -15,7 +15,7 @@ namespace foliant::hosts::acrobat {
 class DocumentText {
   public:
     /// Of a file that `password` opens. Throws text::Unreadable.
-    DocumentText(const std::shared_ptr<const structure::MappedFile>& file, const std::string& password,
+    DocumentText(const std::shared_ptr<const MappedFile>& file, const std::string& password,
                  std::size_t most_bytes);
 
     /// Of a document that was made or changed here. Throws text::Unreadable.

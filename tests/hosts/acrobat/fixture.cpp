@@ -8,7 +8,7 @@ using automation::Value;
 
 std::shared_ptr<structure::Pdf> read_pdf(const std::filesystem::path& path, const std::string& password) {
     const DocumentFile file = open_document_file(path);
-    return structure::Pdf::open(std::make_shared<structure::MappedFile>(file.descriptor.get()), password);
+    return structure::Pdf::open(std::make_shared<MappedFile>(file.descriptor.get()), password);
 }
 
 std::vector<std::string> texts(structure::Pdf& pdf) {

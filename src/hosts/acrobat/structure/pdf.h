@@ -10,9 +10,9 @@
 #include <utility>
 #include <vector>
 
-#include "hosts/acrobat/structure/mapped_file.h"
 #include "hosts/acrobat/structure/page_list.h"
 #include "hosts/acrobat/structure/protection.h"
+#include "hosts/mapped_file.h"
 
 /// PDF files as qpdf has them, without automation: opened, counted, changed and written.
 ///

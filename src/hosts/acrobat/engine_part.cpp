@@ -5,12 +5,11 @@
 #include "hosts/acrobat/acrobat_error.h"
 #include "hosts/acrobat/application.h"
 #include "hosts/acrobat/av_document.h"
-#include "hosts/acrobat/parts.h"
+#include "hosts/acrobat/document.h"
+#include "hosts/acrobat/front/engine.h"
 #include "hosts/acrobat/pd_bookmark.h"
 #include "hosts/acrobat/pd_document.h"
 #include "hosts/acrobat/rectangle.h"
-#include "hosts/containment/usual_files.h"
-#include "hosts/module.h"
 #include "registered/classes.h"
 
 namespace foliant::hosts::acrobat {
@@ -28,21 +27,12 @@ automation::ObjectPtr create(std::string_view class_name, Machine& machine) {
                         "qpdf stands in for no class " + std::string(class_name) + ".");
 }
 
-/// Documents come as open files. Fonts and character maps are for reading text.
-containment::Policy policy(const std::filesystem::path& folder) {
-    using namespace containment;
-    return {.may_read = system_libraries() + fonts() + locales() + Paths{"/usr/share/poppler"} +
-                        empty_devices() + files_of_parts(),
-            .may_write = {folder, "/dev/null"},
-            .may_start = {},
-            .limits = {}};
+const front::Engine& engine() {
+    static constexpr front::Engine is = {[] { return QPDF::QPDFVersion(); }, create, Document::take_over};
+    return is;
 }
-
-constexpr Module module = {[] { return QPDF::QPDFVersion(); }, create, policy};
 
 }  // namespace
 }  // namespace foliant::hosts::acrobat
 
-extern "C" __attribute__((visibility("default"))) const foliant::hosts::Module* foliant_host_module() {
-    return &foliant::hosts::acrobat::module;
-}
+extern "C" __attribute__((visibility("default"))) const auto foliant_part = &foliant::hosts::acrobat::engine;

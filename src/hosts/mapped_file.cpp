@@ -1,11 +1,11 @@
-#include "hosts/acrobat/structure/mapped_file.h"
+#include "hosts/mapped_file.h"
 
 #include <cerrno>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <system_error>
 
-namespace foliant::hosts::acrobat::structure {
+namespace foliant::hosts {
 
 MappedFile::MappedFile(int descriptor) {
     struct stat status {};
@@ -21,4 +21,4 @@ MappedFile::~MappedFile() {
     if (data_ != nullptr) ::munmap(const_cast<char*>(data_), size_);
 }
 
-}  // namespace foliant::hosts::acrobat::structure
+}  // namespace foliant::hosts

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace foliant::hosts::acrobat::structure {
+namespace foliant::hosts {
 
 /// The bytes of a file, read as they are needed. They stay those of the file that was open, whatever gets its
 /// name later.
@@ -22,4 +22,4 @@ class MappedFile {
     std::size_t size_ = 0;
 };
 
-}  // namespace foliant::hosts::acrobat::structure
+}  // namespace foliant::hosts

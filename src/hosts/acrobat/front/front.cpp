@@ -1,0 +1,37 @@
+#include "hosts/acrobat/front/front.h"
+
+#include "automation/text.h"
+#include "hosts/acrobat/front/stand_in.h"
+#include "registered/classes.h"
+
+namespace foliant::hosts::acrobat::front {
+
+automation::ObjectPtr Front::create(std::string_view class_name) {
+    const auto is = [&](std::string_view name) { return automation::equal_ignoring_case(class_name, name); };
+    if (!is_awake()) {
+        const std::shared_ptr<Front> self = shared_from_this();
+        if (is(registered::acrobat)) return keep(std::make_shared<Application>(self));
+        if (is(registered::acrobat_viewer)) return keep(std::make_shared<Viewer>(self));
+        if (is(registered::acrobat_document)) return keep(std::make_shared<Document>(self));
+    }
+    return wake().create(class_name, machine_);
+}
+
+const Engine& Front::wake() {
+    if (engine_ != nullptr) return *engine_;
+    engine_ = &load_();
+    // Windows come up in the order in which they were opened.
+    for (const auto& shown : shown_)
+        if (const auto viewer = shown.lock(); viewer && viewer->file()) viewer->real();
+    for (const auto& kept : objects_)
+        if (const auto object = kept.lock()) object->real();
+    return *engine_;
+}
+
+void Front::close_all() noexcept {
+    for (const auto& shown : shown_)
+        if (const auto viewer = shown.lock()) viewer->close();
+    shown_.clear();
+}
+
+}  // namespace foliant::hosts::acrobat::front

@@ -1,0 +1,40 @@
+#include "hosts/acrobat/front/front.h"
+#include "hosts/acrobat/front/parts.h"
+#include "hosts/containment/usual_files.h"
+#include "hosts/module.h"
+
+namespace foliant::hosts::acrobat::front {
+namespace {
+
+const Engine& load_engine() {
+    return load<const Engine&()>(engine_part)();
+}
+
+automation::ObjectPtr create(std::string_view class_name, Machine& machine) {
+    static std::weak_ptr<Front> last;
+    std::shared_ptr<Front> front = last.lock();
+    if (!front || &front->machine() != &machine) {
+        front = std::make_shared<Front>(machine, load_engine);
+        last = front;
+    }
+    return front->create(class_name);
+}
+
+/// Documents come as open files. Fonts and character maps are for reading text.
+containment::Policy policy(const std::filesystem::path& folder) {
+    using namespace containment;
+    return {.may_read = system_libraries() + fonts() + locales() + Paths{"/usr/share/poppler"} +
+                        empty_devices() + files_of_parts(),
+            .may_write = {folder, "/dev/null"},
+            .may_start = {},
+            .limits = {}};
+}
+
+constexpr Module module = {[] { return load_engine().version(); }, create, policy};
+
+}  // namespace
+}  // namespace foliant::hosts::acrobat::front
+
+extern "C" __attribute__((visibility("default"))) const foliant::hosts::Module* foliant_host_module() {
+    return &foliant::hosts::acrobat::front::module;
+}

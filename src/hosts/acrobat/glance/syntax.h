@@ -1,0 +1,78 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+/// The number of pages of a PDF, read without an engine: loading one takes longer than all the rest of such a call.
+///
+/// What is read here is the plain file, as programs write it: every table of objects is whole, and every object
+/// stands where the table says. Anything else, damaged, encrypted or merely odd, is a Doubt, and the engine's to
+/// judge, so that no file gets another answer than the engine's.
+namespace foliant::hosts::acrobat::glance {
+
+/// Thrown where a file is not as plain as what is read here.
+struct Doubt {};
+
+inline void require(bool plain) {
+    if (!plain) throw Doubt();
+}
+
+enum class Kind { null, integer, reference, name, array, dictionary, other };
+
+/// An object as it stands in the file.
+struct Value {
+    Kind kind = Kind::null;
+    std::string_view text{};      ///< all of it, with its brackets
+    std::int64_t number = 0;      ///< of an integer, or the object that a reference leads to
+    std::int64_t generation = 0;  ///< that a reference names
+};
+
+/// A place in a text that is read forwards. Everything throws Doubt where something else stands there.
+class Cursor {
+  public:
+    explicit Cursor(std::string_view text, std::size_t at = 0) : text_(text), at_(at) {
+        require(at <= text.size());
+    }
+
+    std::size_t position() const noexcept { return at_; }
+    std::string_view rest() const noexcept { return text_.substr(at_); }
+
+    void skip_space();
+    /// What is left of it is ignored; "obj", "endobj".
+    void expect(std::string_view word);
+    bool skip(std::string_view word);
+    /// A number without sign, behind any space.
+    std::int64_t integer();
+    /// The next object, behind any space.
+    Value value();
+
+  private:
+    char here() const noexcept { return at_ < text_.size() ? text_[at_] : '\0'; }
+    Value number_or_reference();
+    Value collection(std::string_view end, Kind kind, int depth);
+    Value value(int depth);
+    void skip_regular();
+    void skip_text();
+    void skip_hexadecimal();
+    Value since(std::size_t begin, Kind kind) const { return {kind, text_.substr(begin, at_ - begin)}; }
+
+    std::string_view text_;
+    std::size_t at_;
+};
+
+/// The value of a dictionary's entry; null for none.
+Value entry(const Value& dictionary, std::string_view key);
+
+/// Goes through the items of an array.
+class Items {
+  public:
+    explicit Items(const Value& array);
+    /// Whether there is one more, which `value` is then.
+    bool next(Value& value);
+
+  private:
+    Cursor cursor_;
+};
+
+}  // namespace foliant::hosts::acrobat::glance
