@@ -34,7 +34,7 @@ constexpr std::array<Host, 13> hosts{{
     {"PowerPoint", powerpoint_classes, "LibreOffice Impress", "office", "libreoffice-impress-nogui", true},
     {"Visio", visio_classes, "LibreOffice Draw", "office", "libreoffice-draw-nogui", true},
     {"PDFMaker", pdfmaker_classes, "LibreOffice Writer", "", ""},
-    {"AutoCAD", autocad_classes, "LibreOffice Draw", "", ""},
+    {"AutoCAD", autocad_classes, "cairo and Pango", "autocad", "libpangocairo-1.0-0", true},
     {"Access", access_classes, "mdbtools", "", ""},
     {.name = "Crystal Reports",
      .classes = crystal_classes,
