@@ -19,12 +19,16 @@ namespace {
 
 constexpr int cannot_read = 3;
 
-/// What Node.js is to do: the module's own files are in memory.
+/// What Node.js is to do: the module's own files are in memory. That says in its bytes that it may grow to 4 GiB,
+/// which are reserved as far as the limits go, and nothing is left for others; 1.25 GiB will do.
 constexpr const char* script = R"js(
 import fs from 'node:fs';
 const [library, input, output] = process.argv.slice(1);
+const wasmBinary = fs.readFileSync(new URL('libredwg-web.wasm', library));
+const limits = wasmBinary.indexOf(Buffer.from([5, 8, 1, 1, 0x80, 0x80, 1, 0x80, 0x80, 4]));
+if (limits > 0 && limits < 100_000) wasmBinary.set([0x80, 0xA0, 1], limits + 7);
 const { default: createModule } = await import(library);
-const module = await createModule({ print() {}, printErr() {} });
+const module = await createModule({ wasmBinary, print() {}, printErr() {} });
 module.FS.writeFile('in.dwg', fs.readFileSync(input));
 let problem = 0;
 try {
@@ -96,6 +100,7 @@ std::string read_dwg(const DwgReader& reader, const std::filesystem::path& dwg,
     std::vector<std::string> texts{reader.program,
                                    "--disable-wasm-trap-handler",
                                    "--max-old-space-size=512",
+                                   "--v8-pool-size=2",
                                    "--input-type=module",
                                    "--eval",
                                    script,
@@ -103,8 +108,8 @@ std::string read_dwg(const DwgReader& reader, const std::filesystem::path& dwg,
                                    "file://" + reader.library.string(),
                                    dwg,
                                    output};
-    std::vector<std::string> variables{"HOME=" + folder.string(), "TMPDIR=" + folder.string(),
-                                       "LANG=C.UTF-8"};
+    std::vector<std::string> variables{"HOME=" + folder.string(), "TMPDIR=" + folder.string(), "LANG=C.UTF-8",
+                                       "MALLOC_ARENA_MAX=2"};
     const std::vector<char*> words = as_words(texts);
     const std::vector<char*> variable_words = as_words(variables);
     const pid_t parent = ::getpid();
