@@ -33,7 +33,7 @@ std::string NamedObjects::name_for(const std::string& wanted, const Insertion& i
 }
 
 void NamedObjects::add(const std::string& name, QPDFObjectHandle object) {
-    names_[name] = std::move(object);
+    names_[name] = object;
     is_changed_ = true;
 }
 

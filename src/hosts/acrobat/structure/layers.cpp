@@ -12,6 +12,7 @@ namespace {
 std::vector<QPDFObjectHandle> copies_of(const std::vector<QPDFObjectHandle>& originals,
                                         ObjectCopier& copier) {
     std::vector<QPDFObjectHandle> copies;
+    copies.reserve(originals.size());
     for (const QPDFObjectHandle& original : originals)
         copies.push_back(copier.copy(original));
     return copies;

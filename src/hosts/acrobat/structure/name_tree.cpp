@@ -17,7 +17,7 @@ constexpr std::size_t leaf_size = 64;  // entries, or children, of a node
 void walk(QPDFObjectHandle root, const std::string& key,
           const std::function<void(QPDFObjectHandle, QPDFObjectHandle)>& tell) {
     std::set<QPDFObjGen> seen;
-    std::vector<QPDFObjectHandle> waiting{std::move(root)};
+    std::vector<QPDFObjectHandle> waiting{root};
     while (!waiting.empty()) {
         QPDFObjectHandle node = waiting.back();
         waiting.pop_back();
@@ -97,7 +97,7 @@ QPDFObjectHandle write_tree(QPDF& pdf, const std::string& key, const Entries& en
 
 Names read_name_tree(QPDFObjectHandle root) {
     Names names;
-    walk(std::move(root), "/Names", [&](QPDFObjectHandle name, QPDFObjectHandle value) {
+    walk(root, "/Names", [&](QPDFObjectHandle name, QPDFObjectHandle value) {
         if (name.isString()) names.emplace(name.getStringValue(), value);
     });
     return names;
@@ -105,7 +105,7 @@ Names read_name_tree(QPDFObjectHandle root) {
 
 Numbers read_number_tree(QPDFObjectHandle root) {
     Numbers numbers;
-    walk(std::move(root), "/Nums", [&](QPDFObjectHandle number, QPDFObjectHandle value) {
+    walk(root, "/Nums", [&](QPDFObjectHandle number, QPDFObjectHandle value) {
         if (number.isInteger()) numbers.emplace(number.getIntValue(), value);
     });
     return numbers;

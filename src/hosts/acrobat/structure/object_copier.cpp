@@ -32,7 +32,7 @@ bool is_structure_number(const std::string& key) {
 }  // namespace
 
 void ObjectCopier::stand_in(QPDFObjectHandle original, QPDFObjectHandle copy) {
-    copies_[key_of(original)] = std::move(copy);
+    copies_[key_of(original)] = copy;
 }
 
 bool ObjectCopier::has_copy(QPDFObjectHandle original) const {

@@ -48,8 +48,8 @@ class ObjectCopier {
     QPDFObjectHandle copy_indirect(QPDFObjectHandle original);
     QPDFObjectHandle copy_direct(QPDFObjectHandle original);
     QPDFObjectHandle copy_entry(QPDFObjectHandle dictionary, const std::string& key, QPDFObjectHandle value);
-    void fill(QPDFObjectHandle original, QPDFObjectHandle copy);
-    void fill_stream(QPDFObjectHandle original, QPDFObjectHandle copy);
+    void fill(QPDFObjectHandle original, QPDFObjectHandle copied);
+    void fill_stream(QPDFObjectHandle original, QPDFObjectHandle copied);
 
     Pdf& source_;
     Pdf& target_;
