@@ -4,7 +4,7 @@
 
 namespace foliant::hosts {
 
-posix::FileDescriptor Machine::capture_page(const std::string& address) {
+CapturedPage Machine::capture_page(const std::string& address) {
     throw automation::Error(automation::RuntimeError::action_not_supported,
                             address + " cannot be captured: there is no browser here.");
 }

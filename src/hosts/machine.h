@@ -53,6 +53,12 @@ struct FoundText {
     std::string context;  ///< the line that it stands in; a long one is cut
 };
 
+/// A page of the web that was captured.
+struct CapturedPage {
+    posix::FileDescriptor pdf;  ///< open for reading
+    std::string errors;         ///< what it came without, a sentence; "" where it is whole
+};
+
 /// What a host may allocate where nobody says otherwise, in bytes: several times what large documents take.
 inline constexpr std::uint64_t usual_memory_limit = std::uint64_t{2} << 30U;
 
@@ -129,9 +135,8 @@ class Machine {
     /// nothing. What was said before does not count any more.
     virtual void leave_open(const std::optional<LeftOpen>& /*document*/) {}
 
-    /// A page of the web, as a PDF file that is open for reading. Raises an automation error that says why there
-    /// is none.
-    virtual posix::FileDescriptor capture_page(const std::string& address);
+    /// A page of the web, as a PDF. Raises an automation error that says why there is none.
+    virtual CapturedPage capture_page(const std::string& address);
 
     /// A text value of the user's settings store, under a key of HKEY_CURRENT_USER such as
     /// "Software\\Adobe\\Acrobat Distiller\\6.0\\Security"; nothing when it is not there.

@@ -1,6 +1,7 @@
 #include "hosts/acrobat/web_capture.h"
 
 #include <string>
+#include <utility>
 
 #include "automation/error.h"
 
@@ -21,10 +22,10 @@ std::optional<std::string> ask_for_address(Machine& machine) {
     return dialog.controls.front().text;
 }
 
-/// Waits for nobody who is not there: what went wrong is raised in any case.
-void tell_failure(Machine& machine) {
+/// Waits for nobody who is not there: what went wrong is raised or told in any case.
+void show_notice(Machine& machine, std::string caption) {
     Dialog dialog;
-    dialog.caption = "Error: Nothing Done";
+    dialog.caption = std::move(caption);
     dialog.controls = {{.window_class = "Button", .caption = "OK", .is_default = true}};
     try {
         machine.show(dialog);
@@ -32,11 +33,11 @@ void tell_failure(Machine& machine) {
     }
 }
 
-posix::FileDescriptor capture(Machine& machine, const std::string& address) {
+CapturedPage capture(Machine& machine, const std::string& address) {
     try {
         return machine.capture_page(address);
     } catch (const Error&) {
-        tell_failure(machine);
+        show_notice(machine, "Error: Nothing Done");
         throw;
     }
 }
@@ -46,8 +47,12 @@ posix::FileDescriptor capture(Machine& machine, const std::string& address) {
 bool capture_page_by_dialog(Program& program) {
     const auto address = ask_for_address(program.machine);
     if (!address) return false;
-    const posix::FileDescriptor page = capture(program.machine, *address);
-    program.show(Document::of_file(program.machine, page.get(), *address));
+    const CapturedPage page = capture(program.machine, *address);
+    program.show(Document::of_file(program.machine, page.pdf.get(), *address));
+    if (!page.errors.empty()) {
+        program.machine.tell_failure(page.errors);
+        show_notice(program.machine, "There were errors");
+    }
     program.machine.open_window("Adobe Acrobat - [" + *address + "/]", {});
     return true;
 }

@@ -25,7 +25,7 @@ enum class MachineCall : std::uint8_t {
     open_window,      ///< caption; the window
     close_window,     ///< the window
     leave_open,       ///< whether there is a document; its path, the page, the file to read aloud
-    capture_page,     ///< address; the file
+    capture_page,     ///< address; the file, and what it came without
     show_progress,    ///< what is being done, per cent
     tell_failure,     ///< a sentence
 };

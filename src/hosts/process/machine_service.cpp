@@ -203,7 +203,8 @@ void MachineService::close_window(Reader& arguments) {
 /// Only what was typed into its dialogs is captured: a host cannot go where it likes.
 void MachineService::capture_page(Reader& arguments, Writer& result) {
     const std::string address = named_path(arguments);
-    result.attach(machine_.capture_page(address));
+    CapturedPage page = machine_.capture_page(address);
+    result.put(std::string_view(page.errors)).attach(std::move(page.pdf));
 }
 
 /// Only documents that were named to the host are shown, and only what it has made itself is read aloud.

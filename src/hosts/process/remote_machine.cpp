@@ -172,9 +172,11 @@ void RemoteMachine::close_window(HostWindow window) {
     peer_->call(request(MachineCall::close_window).put(static_cast<WindowNumber>(window)));
 }
 
-FileDescriptor RemoteMachine::capture_page(const std::string& address) {
+CapturedPage RemoteMachine::capture_page(const std::string& address) {
     Reader result = peer_->call(request(MachineCall::capture_page).put(std::string_view(address)));
-    FileDescriptor page = result.descriptor();
+    CapturedPage page;
+    page.errors = result.text();
+    page.pdf = result.descriptor();
     if (contain_) std::exchange(contain_, nullptr)({});  // it is a document like any other
     return page;
 }

@@ -48,7 +48,7 @@ class RemoteMachine : public Machine {
     void show(Dialog& dialog) override;
     HostWindow open_window(std::string caption, std::function<void()> on_close) override;
     void close_window(HostWindow window) override;
-    posix::FileDescriptor capture_page(const std::string& address) override;
+    CapturedPage capture_page(const std::string& address) override;
     void leave_open(const std::optional<LeftOpen>& document) override;
     /// Nothing: the store holds passwords, which a process that reads documents is better without.
     std::optional<std::string> setting(std::string_view key, std::string_view value) const override;

@@ -1,5 +1,7 @@
 #include "hosts/web/capture.h"
 
+#include <algorithm>
+#include <array>
 #include <fstream>
 #include <map>
 #include <nlohmann/json.hpp>
@@ -55,7 +57,8 @@ class PageCapture {
         if (const std::string problem = begun.value("errorText", std::string()); !problem.empty())
             throw CaptureError("the page cannot be had (" + problem + ")");
         loader_ = begun.value("loaderId", std::string());
-        if (!is_loaded_in_time()) tools_.send("Page.stopLoading", json::object());
+        is_whole_ = is_loaded_in_time();
+        if (!is_whole_) tools_.send("Page.stopLoading", json::object());
         if (const auto status = statuses_.find(loader_); status != statuses_.end() && status->second >= 400)
             throw CaptureError("the server answers with " + std::to_string(status->second));
     }
@@ -72,6 +75,17 @@ class PageCapture {
             if (part.value("eof", true)) break;
         }
         if (!out.flush()) throw CaptureError("its PDF cannot be written: the disk may be full");
+    }
+
+    /// What the page is captured without, as the end of a sentence; "" where it is whole.
+    std::string missing() const {
+        if (!is_whole_) return "as far as it had come in time";
+        if (missing_count_ == 0) return "";
+        const std::string others = missing_count_ == 1
+                                       ? ""
+                                       : " and " + std::to_string(missing_count_ - 1) +
+                                             (missing_count_ == 2 ? " other part" : " other parts");
+        return "without " + first_missing_ + others;
     }
 
   private:
@@ -121,22 +135,47 @@ class PageCapture {
     void note(const std::string& name, const json& facts) {
         if (name == "Page.javascriptDialogOpening") {
             tools_.send("Page.handleJavaScriptDialog", {{"accept", true}});  // nobody is there
-        } else if (name == "Network.responseReceived" && facts.value("type", std::string()) == "Document") {
-            statuses_[facts.value("loaderId", std::string())] = facts.at("response").value("status", 0);
+        } else if (name == "Network.requestWillBeSent") {
+            if (requests_.size() < most_requests)
+                requests_[facts.at("requestId")] = facts.at("request").at("url");
+        } else if (name == "Network.responseReceived") {
+            const int status = facts.at("response").value("status", 0);
+            if (facts.value("type", std::string()) == "Document")
+                statuses_[facts.value("loaderId", std::string())] = status;
+            if (status >= 400) note_missing(facts, std::to_string(status));
+        } else if (name == "Network.loadingFailed" && !facts.value("canceled", false)) {
+            note_missing(facts, facts.value("errorText", std::string("no answer")));
         }
     }
+
+    /// A part of the page that shows on paper. What a page wants besides is its own matter.
+    void note_missing(const json& facts, const std::string& why) {
+        constexpr std::array shown{"Document", "Image", "Stylesheet", "Font"};
+        constexpr std::size_t longest = 200;
+        if (std::ranges::find(shown, facts.value("type", std::string())) == shown.end()) return;
+        if (missing_count_++ > 0) return;
+        const auto request = requests_.find(facts.at("requestId"));
+        const std::string address = request == requests_.end() ? "a part" : request->second;
+        first_missing_ = address.substr(0, longest) + " (" + why + ")";
+    }
+
+    static constexpr std::size_t most_requests = 10'000;
 
     DevTools tools_;
     Deadline loaded_by_;
     Deadline done_by_;
     std::string loader_;
-    std::map<std::string, int> statuses_;  ///< what the server has answered, by the load that asked
+    std::map<std::string, int> statuses_;          ///< what the server has answered, by the load that asked
+    std::map<std::string, std::string> requests_;  ///< addresses, by the browser's names for requests
+    bool is_whole_ = true;
+    std::size_t missing_count_ = 0;
+    std::string first_missing_;
 };
 
 }  // namespace
 
-void capture_page(const std::string& address, const std::filesystem::path& pdf,
-                  const std::filesystem::path& folder, const CaptureLimits& limits) {
+std::string capture_page(const std::string& address, const std::filesystem::path& pdf,
+                         const std::filesystem::path& folder, const CaptureLimits& limits) {
     const std::string full = full_address(address);
     const auto program = find_browser();
     if (!program) throw NoBrowser("there is no browser that captures it. Install the package chromium");
@@ -146,6 +185,7 @@ void capture_page(const std::string& address, const std::filesystem::path& pdf,
         PageCapture capture(browser, limits);
         capture.load(full);
         capture.print(pdf);
+        return capture.missing();
     } catch (const json::exception&) {
         throw CaptureError("the browser says what cannot be understood");
     }

@@ -16,8 +16,9 @@ struct CaptureLimits {
 
 /// Writes a web page to `pdf`, a new file, as the browser prints it: with backgrounds, on the paper that the
 /// page asks for, else on Letter. Redirections are followed. `folder` is for the browser's files, which are gone
-/// afterwards. Throws CaptureError when there is no such page, NoBrowser, and std::system_error.
-void capture_page(const std::string& address, const std::filesystem::path& pdf,
-                  const std::filesystem::path& folder, const CaptureLimits& limits = {});
+/// afterwards. Returns what it came without, as the end of a sentence ("without http://a.example/b.png (404) and 2
+/// other parts"); "" where it is whole. Throws CaptureError when there is no such page, NoBrowser, and std::system_error.
+std::string capture_page(const std::string& address, const std::filesystem::path& pdf,
+                         const std::filesystem::path& folder, const CaptureLimits& limits = {});
 
 }  // namespace foliant::hosts::web

@@ -138,20 +138,22 @@ void LocalMachine::close_window(hosts::HostWindow window) {
     desktop_.close_window(window);
 }
 
-posix::FileDescriptor LocalMachine::capture_page(const std::string& address) {
+hosts::CapturedPage LocalMachine::capture_page(const std::string& address) {
     constexpr auto failure_of_acrobat = static_cast<std::int32_t>(0x80004005U);
     const fs::path pdf = private_folder_.path() / "captured-page.pdf";
     const std::string what = address + " cannot be captured: ";
+    hosts::CapturedPage page;
     try {
-        hosts::web::capture_page(address, pdf, private_folder_.path());
+        const std::string missing = hosts::web::capture_page(address, pdf, private_folder_.path());
+        if (!missing.empty()) page.errors = address + " was captured " + missing + ".";
     } catch (const hosts::web::NoBrowser& reason) {
         throw automation::Error(automation::RuntimeError::cannot_create_object, what + reason.what() + ".");
     } catch (const std::runtime_error& reason) {
         throw automation::Error(failure_of_acrobat, "Adobe Acrobat", what + reason.what() + ".");
     }
-    posix::FileDescriptor file(::open(pdf.c_str(), O_RDONLY | O_CLOEXEC));
+    page.pdf = posix::FileDescriptor(::open(pdf.c_str(), O_RDONLY | O_CLOEXEC));
     fs::remove(pdf);
-    return file;
+    return page;
 }
 
 std::optional<std::string> LocalMachine::setting(std::string_view key, std::string_view value) const {

@@ -101,7 +101,7 @@ class LocalMachine : public hosts::Machine {
     void show(hosts::Dialog& dialog) override;
     hosts::HostWindow open_window(std::string caption, std::function<void()> on_close) override;
     void close_window(hosts::HostWindow window) override;
-    posix::FileDescriptor capture_page(const std::string& address) override;
+    hosts::CapturedPage capture_page(const std::string& address) override;
     void leave_open(const std::optional<hosts::LeftOpen>& document) override { left_open_ = document; }
     std::optional<std::string> setting(std::string_view key, std::string_view value) const override;
 

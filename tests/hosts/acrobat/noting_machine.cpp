@@ -39,12 +39,12 @@ void NotingMachine::leave_open(const std::optional<LeftOpen>& document) {
     read_aloud = tests::read_file(document->speech);
 }
 
-posix::FileDescriptor NotingMachine::capture_page(const std::string& address) {
+CapturedPage NotingMachine::capture_page(const std::string& address) {
     notes.push_back("capture " + address);
     if (web_page.empty())
         throw automation::Error(automation::RuntimeError::invalid_procedure_call,
                                 address + " cannot be captured: there is none.");
-    return posix::FileDescriptor(::open(web_page.c_str(), O_RDONLY | O_CLOEXEC));
+    return {posix::FileDescriptor(::open(web_page.c_str(), O_RDONLY | O_CLOEXEC)), web_page_errors};
 }
 
 void NotingMachine::print(std::string_view queue, const std::filesystem::path& pdf, std::string_view title) {

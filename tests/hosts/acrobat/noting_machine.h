@@ -23,7 +23,7 @@ class NotingMachine : public Machine {
         return 1;
     }
     void close_window(HostWindow) override {}
-    posix::FileDescriptor capture_page(const std::string& address) override;
+    CapturedPage capture_page(const std::string& address) override;
     void leave_open(const std::optional<LeftOpen>& document) override;
     std::optional<std::string> setting(std::string_view, std::string_view) const override { return {}; }
 
@@ -47,6 +47,7 @@ class NotingMachine : public Machine {
     std::string printer = "Adobe PDF";   ///< the default one
     std::string printed;                 ///< what was printed last, as a file
     std::string web_page;                ///< the PDF that every captured page is; "" where none can be had
+    std::string web_page_errors;         ///< what it came without
     std::string read_aloud;              ///< the text
     std::vector<FoundText> places;       ///< that hosts have told of
     bool wants_every_place = false;

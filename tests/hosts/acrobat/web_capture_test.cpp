@@ -24,6 +24,17 @@ TEST_F(WebCapture, ThePageIsShownUnderItsAddress) {
     EXPECT_EQ(viewer.call("GetPDDoc").call("GetNumPages"), Value(std::int32_t{3}));
 }
 
+TEST_F(WebCapture, APageThatIsNotWholeIsShownAndSaysSo) {
+    machine.web_page = write("captured.pdf", pages(1).file());
+    machine.web_page_errors = "www.example.org was captured without a picture.";
+    machine.answers = {"www.example.org", "dismissed"};
+    EXPECT_EQ(capture(), Value(true));
+    EXPECT_EQ(machine.notes,
+              (Names{"dialog Create PDF from Web Page", "capture www.example.org", "dialog There were errors",
+                     "window Adobe Acrobat - [www.example.org/]"}));
+    EXPECT_EQ(machine.failures, Names{"www.example.org was captured without a picture."});
+}
+
 TEST_F(WebCapture, ACancelledDialogCapturesNothing) {
     machine.answers = {"cancel"};
     EXPECT_EQ(capture(), Value(false));

@@ -62,7 +62,8 @@ class Capture : public testing::Test {
     /// What is wrong with a page; "" when it was captured.
     std::string capture(const std::string& address, milliseconds load = milliseconds(60'000)) {
         try {
-            capture_page(address, pdf, folder.path(), {.load = load, .all = load + milliseconds(30'000)});
+            missing =
+                capture_page(address, pdf, folder.path(), {.load = load, .all = load + milliseconds(30'000)});
             return "";
         } catch (const CaptureError& error) {
             return error.what();
@@ -76,6 +77,7 @@ class Capture : public testing::Test {
     }
     std::string text() const { return output_of("pdftotext '" + pdf.string() + "' -"); }
 
+    std::string missing;  ///< what a page was captured without
     const tests::ScratchFolder folder;
     const std::filesystem::path pdf = folder / "page.pdf";
 };
@@ -140,6 +142,17 @@ TEST_F(Capture, APageThatNeverFinishesIsCapturedAsFarAsItCame) {
     const PageServer server;
     EXPECT_EQ(capture(server.address("/half"), milliseconds(6'000)), "");
     EXPECT_EQ(text(), "half\n\n\f");
+    EXPECT_EQ(missing, "as far as it had come in time");
+}
+
+TEST_F(Capture, PartsThatDoNotComeAreToldAsFarAsTheyWouldShow) {
+    REQUIRE_BROWSER();
+    const PageServer server;
+    EXPECT_EQ(capture(server.address("/poor")), "");
+    EXPECT_EQ(text(), "poor\n\n\f");
+    EXPECT_EQ(missing, "without " + server.address("/none.css") + " (404) and 1 other part");
+    EXPECT_EQ(capture(server.address("/page")), "");
+    EXPECT_EQ(missing, "");
 }
 
 /// An authority that nobody knows, a certificate of it for this machine, and a home whose user may come to trust it.

@@ -16,6 +16,7 @@ PAGES = {
     "/goes-on": "<script>location = '/page'</script>",
     "/small": "<style>@page { size: 300pt 400pt }</style><h1>small</h1>",
     "/coloured": "<body style='background: red'><h1>red</h1>",
+    "/poor": "<link rel='stylesheet' href='/none.css'><h1>poor</h1><img src='/none.png'><script src='/none.js'></script>",
     "/half": "<h1>half</h1><img src='/never'>",
 }
 
