@@ -147,6 +147,38 @@ def write_tiffs(rgb):
     save("pages.tif", rgb, save_all=True, append_images=pages)
 
 
+def write_wide_tiff(name, grey, bits, pack):
+    """Grey samples of more bits than usual, uncompressed."""
+    width, height = grey.size
+    data = b"".join(pack(grey.crop((0, y, width, y + 1)).tobytes()) for y in range(height))
+    fields = [(256, width), (257, height), (258, bits), (259, 1), (262, 1), (273, 0), (277, 1), (278, height),
+              (279, len(data))]
+    start = 8 + 2 + 12 * len(fields) + 4
+    table = b"".join(struct.pack("<HHII", tag, 4, 1, start if tag == 273 else value) for tag, value in fields)
+    (FOLDER / name).write_bytes(b"II*\0\x08\0\0\0" + struct.pack("<H", len(fields)) + table + bytes(4) + data)
+    keep(name, [grey])
+
+
+def pack_12_bits(row):
+    samples = [value * 4095 // 255 for value in row] + [0] * (len(row) % 2)
+    return b"".join((a << 12 | b).to_bytes(3, "big") for a, b in zip(samples[::2], samples[1::2]))[
+        :(len(row) * 3 + 1) // 2]
+
+
+def write_gif_on_screen(rgb):
+    """A picture on a larger screen: the sizes of the screen, and the picture's place, are put in afterwards."""
+    picture = rgb.crop((0, 0, 20, 15)).quantize(200)
+    save("part.gif", picture)
+    file = bytearray((FOLDER / "part.gif").read_bytes())
+    file[6:10] = struct.pack("<HH", 50, 40)
+    place = file.index(b"\x2c" + struct.pack("<HHHH", 0, 0, 20, 15))
+    file[place + 1:place + 5] = struct.pack("<HH", 8, 5)
+    (FOLDER / "part.gif").write_bytes(file)
+    screen = Image.new("RGB", (50, 40), "white")
+    screen.paste(picture.convert("RGB"), (8, 5))
+    keep("part.gif", [screen])
+
+
 def write_others(rgb):
     save("colours.bmp", rgb, dpi=(72, 72))
     save("palette.bmp", rgb.quantize(16), dpi=(72, 72))
@@ -168,6 +200,10 @@ def main():
     write_hollow_pngs()
     write_jpegs(rgb)
     write_tiffs(rgb)
+    write_wide_tiff("grey-12.tif", rgb.convert("L"), 12, pack_12_bits)
+    write_wide_tiff("grey-32.tif", rgb.convert("L"), 32,
+                    lambda row: b"".join(struct.pack("<I", value * 0x01010101) for value in row))
+    write_gif_on_screen(rgb)
     write_others(rgb)
 
 

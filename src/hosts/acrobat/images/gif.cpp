@@ -95,6 +95,20 @@ std::string compressed_rows(const Gif& gif, std::size_t width, std::size_t heigh
     return compressor.finish();
 }
 
+/// Pictures may be smaller than the screen that a GIF is made for. What they cover is at least as large.
+std::optional<Screen> screen_of(const GifFileType& gif) {
+    const GifImageDesc& image = gif.Image;
+    const auto extent = [](int screen, int start, int size) {
+        return static_cast<std::uint32_t>(std::max(screen, start + size));
+    };
+    const Screen screen{extent(gif.SWidth, image.Left, image.Width),
+                        extent(gif.SHeight, image.Top, image.Height), static_cast<std::uint32_t>(image.Left),
+                        static_cast<std::uint32_t>(image.Top)};
+    const bool is_covered = screen.width == static_cast<std::uint32_t>(image.Width) &&
+                            screen.height == static_cast<std::uint32_t>(image.Height);
+    return is_covered ? std::nullopt : std::optional(screen);
+}
+
 }  // namespace
 
 Picture read_gif(const Content& file) {
@@ -107,6 +121,7 @@ Picture read_gif(const Content& file) {
     const auto height = static_cast<std::size_t>(gif->Image.Height);
     require_reasonable_size(width, height, "GIF");
     Picture picture;
+    picture.screen = screen_of(*gif);
     Pixels& pixels = picture.pixels;
     pixels.width = static_cast<std::uint32_t>(width);
     pixels.height = static_cast<std::uint32_t>(height);

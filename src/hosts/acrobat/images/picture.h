@@ -46,9 +46,18 @@ struct Pixels {
     std::vector<std::string_view> pieces;  ///< the compressed data, in order
 };
 
+/// The screen that a picture is a part of, in its pixels; what is not covered stays blank.
+struct Screen {
+    std::uint32_t width = 0;
+    std::uint32_t height = 0;
+    std::uint32_t left = 0;  ///< of the picture on it
+    std::uint32_t top = 0;
+};
+
 /// What becomes one page.
 struct Picture {
     Pixels pixels;
+    std::optional<Screen> screen;   ///< nothing for a picture that covers all of it
     std::optional<Pixels> opacity;  ///< grey: black is seen through
     Resolution resolution;
     Orientation orientation = 1;

@@ -91,8 +91,9 @@ Resolution usable(Resolution resolution) {
 
 PageSize page_size(const Picture& picture) {
     const Resolution resolution = usable(picture.resolution);
-    PageSize size{picture.pixels.width * points_an_inch / resolution.across,
-                  picture.pixels.height * points_an_inch / resolution.down};
+    const std::uint32_t across = picture.screen ? picture.screen->width : picture.pixels.width;
+    const std::uint32_t down = picture.screen ? picture.screen->height : picture.pixels.height;
+    PageSize size{across * points_an_inch / resolution.across, down * points_an_inch / resolution.down};
     const double growth = std::max(1.0, smallest_page / std::min(size.width, size.height));
     size.unit = std::max(1.0, std::ceil(std::max(size.width, size.height) * growth / largest_page));
     size.width *= growth / size.unit;
@@ -120,11 +121,22 @@ bool is_mirrored(Orientation orientation) {
     return orientation == 2 || orientation == 4 || orientation == 5 || orientation == 7;
 }
 
+/// Where the picture is on its screen, which goes from 0 to 1 upwards.
+std::string place_of(const Picture& picture) {
+    if (!picture.screen) return {};
+    const auto [width, height, left, top] = *picture.screen;
+    const auto part = [](std::uint32_t pixels, std::uint32_t all) {
+        return QUtil::double_to_string(static_cast<double>(pixels) / all, 9);
+    };
+    return part(picture.pixels.width, width) + " 0 0 " + part(picture.pixels.height, height) + " " +
+           part(left, width) + " " + part(height - top - picture.pixels.height, height) + " cm ";
+}
+
 std::string content_of(const Picture& picture, const std::string& width, const std::string& height) {
     const std::string matrix = is_mirrored(picture.orientation)
                                    ? "-" + width + " 0 0 " + height + " " + width + " 0"
                                    : width + " 0 0 " + height + " 0 0";
-    return "q " + matrix + " cm /Image Do Q\n";
+    return "q " + matrix + " cm " + place_of(picture) + "/Image Do Q\n";
 }
 
 }  // namespace

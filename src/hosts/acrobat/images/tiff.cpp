@@ -31,6 +31,8 @@ struct Fields {
     bool is_tiled = false;
     bool is_one_piece = false;
 
+    /// What a PDF holds of a sample: 12 bits as 16 with the same meaning, of 32 the upper half.
+    unsigned stored_bits() const { return bits == 12 || bits == 32 ? 16 : bits; }
     int colours() const { return samples - extra_samples; }
     bool is_single_bits() const {
         return bits == 1 && samples == 1 && !is_tiled &&
@@ -189,8 +191,7 @@ bool fits_a_pdf(const Fields& fields) {
     if (fields.is_tiled || fields.format != SAMPLEFORMAT_UINT || fields.planes != PLANARCONFIG_CONTIG)
         return false;
     if (fields.extra_samples > 1 || (fields.extra_samples == 1 && fields.bits < 8)) return false;
-    if (fields.bits != 16 && fields.bits > 8) return false;
-    if (!std::has_single_bit(fields.bits)) return false;
+    if (!std::has_single_bit(fields.stored_bits()) || fields.bits > 32) return false;
     switch (fields.photometric) {
         case PHOTOMETRIC_MINISWHITE:
         case PHOTOMETRIC_MINISBLACK:
@@ -211,32 +212,69 @@ void swap_words(std::string& row) {
         std::swap(row[i], row[i + 1]);
 }
 
+/// Samples of 12 bits, one behind the other, as words, the upper byte first.
+std::string words_of_12_bits(const std::string& row, std::size_t samples) {
+    std::string words;
+    words.reserve(2 * samples);
+    const auto nibble = [&](std::size_t number) {
+        const auto byte = static_cast<unsigned char>(row[number / 2]);
+        return number % 2 == 0 ? byte >> 4U : byte & 0xFU;
+    };
+    for (std::size_t i = 0; i < samples; ++i) {
+        const unsigned sample = nibble(3 * i) << 8U | nibble(3 * i + 1) << 4U | nibble(3 * i + 2);
+        const unsigned word = sample << 4U | sample >> 8U;  // the largest stays the largest
+        words += {static_cast<char>(word >> 8U), static_cast<char>(word & 0xFFU)};
+    }
+    return words;
+}
+
+/// The upper halves of samples of 32 bits in this machine's order, the upper byte first.
+std::string upper_words(const std::string& row, std::size_t samples) {
+    std::string words;
+    words.reserve(2 * samples);
+    for (std::size_t i = 0; i < samples; ++i) {
+        std::uint32_t sample = 0;
+        std::memcpy(&sample, row.data() + i * sizeof sample, sizeof sample);
+        words += {static_cast<char>(sample >> 24U), static_cast<char>(sample >> 16U & 0xFFU)};
+    }
+    return words;
+}
+
+/// The next row as a PDF holds it.
+void read_row(const TiffMemory& tiff, const Fields& fields, std::uint32_t y, std::string& row) {
+    const std::size_t samples = std::size_t{fields.width} * fields.samples;
+    row.resize(static_cast<std::size_t>(::TIFFScanlineSize(tiff.get())));
+    tiff.require(row.size() * 8 >= samples * fields.bits &&
+                 ::TIFFReadScanline(tiff.get(), row.data(), y) == 1);
+    if (fields.bits == 12) row = words_of_12_bits(row, samples);
+    if (fields.bits == 32) row = upper_words(row, samples);
+    if (fields.bits == 16 && std::endian::native == std::endian::little) swap_words(row);
+}
+
 Row as_row(const std::string& bytes) {
     return {reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()};
 }
 
 std::string predicted(const Fields& fields, int components) {
     return "<< /Predictor 15 /Colors " + std::to_string(components) + " /BitsPerComponent " +
-           std::to_string(fields.bits) + " /Columns " + std::to_string(fields.width) + " >>";
+           std::to_string(fields.stored_bits()) + " /Columns " + std::to_string(fields.width) + " >>";
 }
 
 /// Parts colours from opacity, row by row.
 void deflate_samples(const TiffMemory& tiff, const Fields& fields, Picture& picture) {
     const int components = fields.colours();
     const bool is_flat = fields.bits < 8 || fields.photometric == PHOTOMETRIC_PALETTE;
-    const std::size_t sample = std::max<std::size_t>(1, fields.bits / 8);
+    const std::size_t sample = std::max<std::size_t>(1, fields.stored_bits() / 8);
     const std::size_t colour_size = sample * static_cast<std::size_t>(components);
     const std::size_t pixel_size = sample * fields.samples;
     RowCompressor colours(is_flat ? Prediction::none : Prediction::chosen, colour_size);
     RowCompressor opacity(Prediction::none, sample);
     const bool is_parted = fields.extra_samples > 0;
-    std::string row(static_cast<std::size_t>(::TIFFScanlineSize(tiff.get())), '\0');
+    std::string row;
     std::string colour_row(is_parted ? fields.width * colour_size : 0, '\0');
     std::string opacity_row(is_parted ? fields.width * sample : 0, '\0');
-    tiff.require(!is_parted || row.size() >= fields.width * pixel_size);
     for (std::uint32_t y = 0; y < fields.height; ++y) {
-        tiff.require(::TIFFReadScanline(tiff.get(), row.data(), y) == 1);
-        if (fields.bits == 16 && std::endian::native == std::endian::little) swap_words(row);
+        read_row(tiff, fields, y, row);
         for (std::size_t x = 0; is_parted && x < fields.width; ++x) {
             std::memcpy(colour_row.data() + x * colour_size, row.data() + x * pixel_size, colour_size);
             std::memcpy(opacity_row.data() + x * sample, row.data() + x * pixel_size + colour_size, sample);
@@ -244,12 +282,12 @@ void deflate_samples(const TiffMemory& tiff, const Fields& fields, Picture& pict
         colours.add(as_row(is_parted ? colour_row : row));
         if (fields.has_opacity()) opacity.add(as_row(opacity_row));
     }
-    picture.pixels = blank(fields, components, fields.bits);
+    picture.pixels = blank(fields, components, static_cast<int>(fields.stored_bits()));
     picture.pixels.filter = "/FlateDecode";
     if (!is_flat) picture.pixels.parameters = predicted(fields, components);
     hold(picture.pixels, colours.finish());
     if (!fields.has_opacity()) return;
-    picture.opacity = blank(fields, 1, fields.bits);
+    picture.opacity = blank(fields, 1, static_cast<int>(fields.stored_bits()));
     picture.opacity->filter = "/FlateDecode";
     hold(*picture.opacity, opacity.finish());
     if (fields.extra_kind != EXTRASAMPLE_ASSOCALPHA) return;
