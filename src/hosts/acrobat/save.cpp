@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "hosts/acrobat/acrobat_error.h"
+#include "hosts/acrobat/structure/append_changes.h"
 #include "hosts/acrobat/structure/information.h"
 #include "hosts/acrobat/structure/write_pdf.h"
 #include "hosts/write_failure.h"
@@ -12,6 +13,7 @@ namespace foliant::hosts::acrobat {
 
 namespace {
 
+constexpr std::int16_t incremental = 0;
 constexpr std::int16_t full = 1;
 constexpr std::int16_t linearised = 4;
 
@@ -22,6 +24,7 @@ void save(Document& document, std::int16_t flags, const std::string& path) {
         const std::unique_ptr<OutputFile> output = document.machine().make_output(path);
         with_file_named(document, [&](structure::Pdf& pdf) {
             structure::note_writing(pdf);
+            if (flags == incremental && structure::append_changes(pdf, *output)) return;
             const auto tell = [&](int percent) { document.show_progress("Saving", percent); };
             structure::write_pdf(pdf, {.is_linearised = (flags & linearised) != 0, .on_progress = tell},
                                  *output);

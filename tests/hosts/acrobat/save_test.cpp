@@ -1,5 +1,7 @@
 #include <chrono>
+#include <cstdlib>
 #include <gmock/gmock.h>
+#include <qpdf/QPDFWriter.hh>
 #include <thread>
 
 #include "hosts/acrobat/fixture.h"
@@ -65,6 +67,83 @@ TEST_F(Saving, AndInsertingTellPeopleWhoWait) {
     saved(document);
     EXPECT_EQ(machine.work_done.size(), 2U);
     EXPECT_TRUE(machine.work_done.back().starts_with("Saving")) << machine.work_done.back();
+}
+
+class SavingChanges : public Saving {
+  protected:
+    /// Adds a bookmark, and saves with flag 0 over the file; what the file was before.
+    std::string change(const std::string& path) {
+        const std::string before = read_file(path);
+        const Value document = new_document();
+        document.call("Open", {path});
+        const Value viewer = document.call("OpenAVDoc", {""});
+        application.call("MenuItemExecute", {"NewBookmark"});
+        document.call("SetInfo", {"Title", "Über"});
+        EXPECT_EQ(document.call("Save", {std::int16_t{0}, path}), Value(true));
+        viewer.call("Close", {true});
+        return before;
+    }
+
+    /// What a tool says of a file when it fails; "" for a sound one.
+    std::string complaint(const std::string& command, const std::string& path) const {
+        const std::string said = (folder / "said").string();
+        const int code = std::system((command + " '" + path + "' > '" + said + "' 2>&1").c_str());
+        return code == 0 ? "" : read_file(said);
+    }
+
+    void expect_appended(const std::string& path, const std::string& before) const {
+        EXPECT_TRUE(read_file(path).starts_with(before));
+        EXPECT_LT(read_file(path).size(), before.size() + 6000);
+        EXPECT_EQ(complaint("qpdf --check", path), "");
+        EXPECT_EQ(complaint("pdfinfo -struct-text", path), "");
+        EXPECT_EQ(complaint("gs -q -dBATCH -dNOPAUSE -sDEVICE=nullpage -dPDFSTOPONERROR", path), "");
+        const auto pdf = test::read_pdf(path);
+        EXPECT_FALSE(pdf->qpdf().anyWarnings());
+        EXPECT_THAT(texts(*pdf), testing::ElementsAre("page 1", "page 2"));
+        EXPECT_EQ(pdf->qpdf().getRoot().getKey("/Outlines").getKey("/First").getKey("/Title").getUTF8Value(),
+                  "Untitled");
+        EXPECT_EQ(structure::information(*pdf, "Title"), "Über");
+    }
+};
+
+TEST_F(SavingChanges, LeavesWhatWasThereAsItIs) {
+    const std::string path = write("a.pdf", pages(2).file());
+    expect_appended(path, change(path));
+}
+
+TEST_F(SavingChanges, GoesWithATableOfTheKindThatTheFileHas) {
+    const std::string path = (folder / "streams.pdf").string();
+    const auto pdf = test::read_pdf(write("a.pdf", pages(2).file()));
+    QPDFWriter writer(pdf->qpdf(), path.c_str());
+    writer.setObjectStreamMode(qpdf_o_generate);
+    writer.write();
+    expect_appended(path, change(path));
+    const std::string file = read_file(path);
+    EXPECT_EQ(file.find("trailer"), std::string::npos);
+}
+
+TEST_F(SavingChanges, CanBeRepeated) {
+    const std::string path = write("a.pdf", pages(2).file());
+    change(path);
+    const std::string before = change(path);
+    EXPECT_TRUE(read_file(path).starts_with(before));
+    EXPECT_EQ(complaint("qpdf --check", path), "");
+}
+
+TEST_F(SavingChanges, WritesAFileThatHadToBeMendedAnew) {
+    std::string content = pages(2).file();
+    content.replace(content.rfind("startxref"), 9, "startxxxx");
+    const std::string path = write("a.pdf", content);
+    change(path);
+    EXPECT_FALSE(read_file(path).starts_with(content));
+    EXPECT_EQ(complaint("qpdf --check", path), "");
+}
+
+TEST_F(Saving, LikeSearchingTellsPeopleWhoWait) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(250));
+    const Value viewer = document_on(pages(3).file()).call("OpenAVDoc", {""});
+    viewer.call("FindText", {"no such words", false, false, true});
+    EXPECT_THAT(machine.work_done, testing::ElementsAre("Searching document.pdf"));
 }
 
 TEST_F(Saving, WhereNothingCanBeWrittenFailsWithTheReason) {
