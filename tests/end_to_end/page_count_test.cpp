@@ -36,6 +36,29 @@ TEST_F(CountingPages, PrintsTheirNumber) {
     EXPECT_EQ(call.output, "2\n");
 }
 
+/// A few kilobytes that unpack to two gigabytes of objects.
+TEST_F(CountingPages, OfAnObjectStreamThatUnpacksWithoutEndKeepsToItsMemory) {
+    shop.run(
+        {"python3", "-c",
+         "import zlib\n"
+         "def pack(pieces):\n"
+         "    packer = zlib.compressobj(9)\n"
+         "    return b''.join([packer.compress(piece) for piece in pieces] + [packer.flush()])\n"
+         "inner = pack([b'1 0 2 9 '] + [b' ' * 2**20] * 2048)\n"
+         "data = pack([inner])\n"
+         "table = bytes([0, 0, 0, 0,  2, 0, 3, 0,  2, 0, 3, 1,  1, 0, 9, 0])\n"
+         "bomb = b'%PDF-1.5\\n3 0 obj <</Type/ObjStm/N 2/First 8/Filter[/FlateDecode/FlateDecode]/Length %d>>"
+         "stream\\n' % len(data) + data + b'\\nendstream endobj\\n'\n"
+         "start = len(bomb)\n"
+         "bomb += b'4 0 obj <</Type/XRef/W[1 2 1]/Size 4/Root 1 0 R/Length %d>>stream\\n' % len(table) + table\n"
+         "bomb += b'\\nendstream endobj\\nstartxref\\n%d\\n%%%%EOF\\n' % start\n"
+         "open('bomb.pdf', 'wb').write(bomb)"});
+    ASSERT_LT(shop.read("bomb.pdf").size(), 100'000U);
+    const Finished call = shop.foliant({"GetNumPagesPDF", "bomb.pdf", "--memory", "300M"});
+    EXPECT_EQ(call.exit_code, 125) << call.errors;
+    EXPECT_NE(call.errors.find("--memory"), std::string::npos) << call.errors;
+}
+
 TEST_F(CountingPages, OfAProtectedFileTakesAnyOfItsPasswords) {
     protect("a.pdf");
     for (const char* password : {"geheim ß", "owner"}) {

@@ -45,6 +45,24 @@ TEST_F(PdfText, GoesToATextFileLineByLine) {
               "\r\n");
 }
 
+/// What other engines write: LibreOffice, and cairo, each with fonts of its own making.
+TEST_F(PdfText, OfOtherEnginesIsReadAndFound) {
+    shop.write("b.fodt", R"(<?xml version="1.0" encoding="UTF-8"?><office:document
+xmlns:office="urn:oasis:names:tc:opendocument:xmlns:office:1.0" xmlns:text="urn:oasis:names:tc:opendocument:xmlns:text:1.0"
+office:mimetype="application/vnd.oasis.opendocument.text"><office:body><office:text>
+<text:p>An affluent office, naïve café</text:p><text:p>шесть слов</text:p></office:text></office:body></office:document>)");
+    shop.run({"soffice", "-env:UserInstallation=file://" + shop.path("profile").string(), "--headless",
+              "--convert-to", "pdf", "b.fodt"});
+    ASSERT_EQ(shop.run({"pdftocairo", "-pdf", "b.pdf", "c.pdf"}).exit_code, 0);
+    for (const std::string file : {"b.pdf", "c.pdf"}) {
+        const Finished call = shop.foliant({"CreateTextfileFromPDF", file, "b.txt"});
+        EXPECT_EQ(call.exit_code, 0) << call.errors;
+        EXPECT_EQ(shop.read("b.txt"), "An affluent office, naïve café\r\nшесть слов\r\n\r\n") << file;
+        EXPECT_EQ(find({file, "OFFICE, naive"}).exit_code, 1) << file;
+        EXPECT_EQ(find({file, "OFFICE, naïve"}).exit_code, 0) << file;
+    }
+}
+
 TEST_F(PdfText, TakesThePlaceOfATextFileThatIsThere) {
     shop.write("a.txt", "something else");
     EXPECT_EQ(shop.foliant({"CreateTextfileFromPDF", "a.pdf", "a.txt"}).exit_code, 0);

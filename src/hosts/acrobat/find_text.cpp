@@ -24,13 +24,15 @@ bool find_text(View& view, const text::Query& query, bool from_start) {
     Document& document = *view.document;
     text::Finder& finder = document.text().finder();
     return with_file_named(document, [&](structure::Pdf&) {
+        const int pages = document.text().pages().page_count();
+        const auto tell = [&](int page) { document.show_progress("Searching", page * 100 / pages); };
         const bool goes_on = view.found && !from_start;
-        auto hit = finder.find(query, goes_on ? view.found->behind : text::Position());
+        auto hit = finder.find(query, goes_on ? view.found->behind : text::Position(), tell);
         if (!hit) return false;
         view.found = hit;
         view.page = hit->page;
         while (hit && document.machine().found(told(*hit)))
-            hit = finder.find(query, hit->behind);
+            hit = finder.find(query, hit->behind, tell);
         return true;
     });
 }

@@ -1,6 +1,7 @@
 #include "hosts/acrobat/pd_document.h"
 
 #include <iterator>
+#include <string>
 #include <utility>
 
 #include "automation/coerce.h"
@@ -19,7 +20,21 @@ using automation::Error;
 using automation::RuntimeError;
 using automation::to_int32;
 using automation::to_text;
-using automation::Value;
+
+namespace {
+
+/// Acrobat says no more than False.
+bool refuses_pages(Document& source, Document& target) {
+    const bool is_given = source.pdf().may_give_pages();
+    if (is_given && target.pdf().may_gain_pages()) return false;
+    const std::string what = is_given ? "Pages cannot be inserted into " + target.name()
+                                      : "The pages of " + source.path() + " cannot be inserted";
+    source.machine().tell_failure(what +
+                                  ": whoever protected it allows that only with the owner's password.");
+    return true;
+}
+
+}  // namespace
 
 PdDocument::PdDocument(ProgramPtr program, DocumentPtr document)
     : LateBound(application_name), program_(std::move(program)), document_(std::move(document)) {
@@ -92,11 +107,12 @@ bool PdDocument::insert_pages(const Bound& given) {
     if (after < -1 || after >= there || first < 0 || count < 0 || first + std::int64_t{count} > coming)
         throw acrobat_error(RuntimeError::invalid_procedure_call,
                             "There are no such pages to insert, or to insert them after.");
+    if (refuses_pages(source->opened(), target)) return false;
     source->opened().show_progress("Inserting", -1);
     const bool with_bookmarks = automation::to_bool(given[4]);
     // What is damaged in the source shows while it is copied.
     with_file_named(source->opened(), [&](structure::Pdf& pdf) {
-        target.pdf().insert_pages(pdf, static_cast<std::size_t>(after + 1), static_cast<std::size_t>(first),
+        target.pdf().insert_pages(pdf, static_cast<std::size_t>(after) + 1, static_cast<std::size_t>(first),
                                   static_cast<std::size_t>(count), with_bookmarks);
     });
     target.note_change();

@@ -40,6 +40,76 @@ class Passwords : public AcrobatTest {
     }
 };
 
+class Restrictions : public Passwords {
+  protected:
+    /// Anybody opens it, and may assemble it, extract from it, and print it, or not.
+    std::string restricted(bool assembly, bool extraction, bool printing = true) const {
+        return protect([&](QPDFWriter& writer) {
+            writer.setR6EncryptionParameters("", "owner", true, extraction, assembly, true, true, true,
+                                             printing ? qpdf_r3p_full : qpdf_r3p_none, true);
+        });
+    }
+
+    /// Inserts all of one into the other; "2 pages" or "refused" with what was told.
+    std::string merge(const Value& target, const Value& source) {
+        const Value inserted =
+            target.call("InsertPages", {std::int32_t{-1}, source, std::int32_t{0}, std::int32_t{2}, true});
+        if (inserted == Value(false)) return "refused: " + machine.failures.back();
+        return std::to_string(*target.call("GetNumPages").if_holds<std::int32_t>()) + " pages";
+    }
+    Value opened(const std::string& path) {
+        const Value document = new_document();
+        document.call("Open", {path});
+        return document;
+    }
+};
+
+TEST_F(Restrictions, OfWhatIsProtectedAreKeptInInserting) {
+    const std::string path = (folder / "protected.pdf").string();
+    const auto into_new = [&] {
+        const Value target = new_document();
+        target.call("Create");
+        return merge(target, opened(path));
+    };
+    const std::string refusal = ": whoever protected it allows that only with the owner's password.";
+    restricted(true, true);
+    EXPECT_EQ(into_new(), "2 pages");
+    restricted(true, false);
+    EXPECT_EQ(into_new(), "refused: The pages of " + path + " cannot be inserted" + refusal);
+    restricted(false, true);
+    EXPECT_EQ(into_new(), "refused: The pages of " + path + " cannot be inserted" + refusal);
+    EXPECT_EQ(merge(opened(path), document_on(pages(2).file())),
+              "refused: Pages cannot be inserted into protected.pdf" + refusal);
+    restricted(true, false);
+    EXPECT_EQ(merge(opened(path), document_on(pages(2).file())), "4 pages");
+}
+
+TEST_F(Restrictions, DoNotBindWhoKnowsTheOwnersPassword) {
+    const std::string path = protect([](QPDFWriter& writer) {
+        writer.setR6EncryptionParameters("user", "owner", false, false, false, false, false, false,
+                                         qpdf_r3p_none, true);
+    });
+    for (const std::string password : {"user", "owner"}) {
+        machine.answers = {path, password};
+        execute("Open");
+        const Value viewer = application.call("GetActiveDoc");
+        const Value target = new_document();
+        target.call("Create");
+        EXPECT_EQ(merge(target, viewer.call("GetPDDoc")).substr(0, 7),
+                  password == "owner" ? "2 pages" : "refused");
+        const auto print = [&] {
+            viewer.call("PrintPagesSilent", {std::int32_t{0}, std::int32_t{0}, std::int16_t{2}, true, false});
+        };
+        machine.printer = "Paper";
+        EXPECT_EQ(failure(print),
+                  password == "owner"
+                      ? "no failure"
+                      : "70 protected.pdf may not be printed: whoever protected it allows that only "
+                        "with the owner's password.");
+        viewer.call("Close", {true});
+    }
+}
+
 TEST_F(Passwords, OfEveryKindAreTakenFromTheDialogs) {
     const std::vector<std::function<void(QPDFWriter&)>> kinds = {
         [](QPDFWriter& w) { w.setR2EncryptionParametersInsecure("user", "owner", true, true, true, true); },

@@ -48,6 +48,11 @@ class Pdf : public std::enable_shared_from_this<Pdf> {
     /// Its pages in their order, found when first asked for. Throws Unreadable.
     PageList& pages();
 
+    /// Whether pages may be put into it, and taken from it into another document: not where who protected it
+    /// keeps that to himself, unless it was opened with the owner's password.
+    bool may_gain_pages();
+    bool may_give_pages();
+
     /// Inserts pages of another document; see Assembly.
     void insert_pages(Pdf& source, std::size_t position, std::size_t first, std::size_t count,
                       bool with_bookmarks);

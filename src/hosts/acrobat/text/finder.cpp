@@ -48,12 +48,14 @@ std::size_t place_of(const Folded& page, std::size_t letter) {
 
 }  // namespace
 
-std::optional<Hit> Finder::find(const Query& query, Position from) {
+std::optional<Hit> Finder::find(const Query& query, Position from,
+                                const std::function<void(int page)>& on_page) {
     const Case letter_case = query.case_sensitive ? Case::kept : Case::ignored;
     const std::u32string sought = fold(query.text, letter_case);
     if (sought.find_first_not_of(U' ') == std::u32string::npos) return std::nullopt;
 
     for (; from.page < reader_.page_count(); from = {from.page + 1, 0}) {
+        if (on_page) on_page(from.page);
         const Page page = this->page(from.page, letter_case);
         const std::size_t start = from.letter == 0 ? 0 : place_of(*page.folded, from.letter);
         const auto part = text::find(*page.folded, sought, start, query.whole_words);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -41,9 +42,10 @@ class Finder {
     /// `reader` outlives this. `most_bytes` is how much of the text may stay in memory.
     Finder(TextReader& reader, std::size_t most_bytes) : reader_(reader), most_bytes_(most_bytes) {}
 
-    /// The first hit from a position on; nothing when there is none, and for a text of blanks only. Throws what
-    /// TextReader::page does.
-    std::optional<Hit> find(const Query& query, Position from = {});
+    /// The first hit from a position on; nothing when there is none, and for a text of blanks only. `on_page` is
+    /// told each page, from 0, before it is looked at. Throws what TextReader::page does.
+    std::optional<Hit> find(const Query& query, Position from = {},
+                            const std::function<void(int page)>& on_page = {});
 
   private:
     struct Page {
