@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <sstream>
 #include <stdexcept>
+#include <string_view>
 #include <windows.h>
 
 #include "platform/win32/text.h"
@@ -22,8 +23,9 @@ CallFile call_file(const std::string& name) {
         if (key == "makes") file.makes = value;
         if (key == "window") file.window = value;
         if (key == "early-bound") file.early_bound = value == "yes";
-        if (key == "alone") file.alone = value == "yes";
-        if (key == "in-process") file.in_process = value == "yes";
+        if (key == "client") file.client = value;
+        if (key == "alone") file.alone = value.substr(std::string_view("until ").size());
+        if (key == "apart") file.apart = value == "yes";
     }
     std::ostringstream rest;
     rest << lines.rdbuf();

@@ -15,9 +15,12 @@ namespace foliant::tests::clients {
 ///                                                        once that text is recorded; `window: at once`
 ///                                                        before
 ///     early-bound: yes                                   the early-bound client knows it
-///     in-process: yes                                    its hosts do not all learn which file it is about, and
-///                                                        in a process of their own could not tell clients apart
-///     alone: yes                                         it puts up dialogs: no two at a time
+///     client: vbscript                                   no other client makes it; the early-bound one is
+///                                                        "early-bound"
+///     apart: yes                                         its hosts do not all learn which file it is about: in a
+///                                                        process of their own they serve this call only
+///     alone: until TEXT                                  it puts up dialogs or windows: no two at a time, until
+///                                                        that text is recorded
 ///
 /// After an empty line comes what is recorded and said.
 struct CallFile {
@@ -25,9 +28,10 @@ struct CallFile {
     std::string call;
     std::string makes;
     std::string window;
+    std::string client;  ///< "" for all of them
+    std::string alone;   ///< the text after which others may begin
     bool early_bound = false;
-    bool alone = false;
-    bool in_process = false;
+    bool apart = false;
     std::string expected;
 };
 

@@ -178,7 +178,7 @@ std::string ClientRun::result() {
     std::string slashes = to_utf8(folder_);
     replace_all(slashes, "\\", "/");
     replace_all(text, slashes, "");
-    text = std::regex_replace(text, std::regex("\"[0-9]{1,8}\\.ps\""), "\"(digits).ps\"");
+    text = std::regex_replace(text, std::regex("\"[0-9]{1,8}\\.(ps|pdf)\""), "\"(digits).$1\"");
     if (!ended) text += "and does not end\n";
     if (ended && code != 0) text += "and ends with " + std::to_string(code) + "\n";
     return text;

@@ -38,6 +38,18 @@ class Text {
     BSTR text_;
 };
 
+HRESULT upload(Foliant::_BuildPDF& pdf, const std::string& folder) {
+    CLSID id{};
+    ComPointer<IDispatch> control;
+    CLSIDFromProgID(L"InetCtls.Inet", &id);
+    CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER, IID_IDispatch,
+                     control.put_void());
+    IDispatch* variable = control.get();
+    Text host("ftp.example.com"), reports("reports"), in_pdf(folder + "\\in.pdf"), there("out.pdf");
+    Text user("ann"), password("secret");
+    return pdf.UploadFile(&variable, &host, &reports, &in_pdf, &there, &user, &password);
+}
+
 HRESULT make_call(Foliant::_BuildPDF& pdf, const std::string& name, const std::string& folder,
                   Text& printer) {
     Text out_pdf(folder + "\\out.pdf"), out_ps(folder + "\\out.ps");
@@ -60,6 +72,17 @@ HRESULT make_call(Foliant::_BuildPDF& pdf, const std::string& name, const std::s
         *list = list_of_files("variants from 0", folder);
         return pdf.CreatePDFfromMultiPS(&out_pdf, list.get(), &printer, nullptr, nullptr, nullptr, nullptr);
     }
+    if (name == "powerpoint") {
+        long first = 2, last = 3;
+        return pdf.CreatePSfromPowerPoint(&out_ps, &in_doc, &first, &last, &yes, &printer);
+    }
+    if (name == "autocad") {
+        Variant layout;
+        layout->vt = VT_BSTR;
+        layout->bstrVal = Bstr("Layout1").release();
+        return pdf.CreatePDFfromAutoCAD(&out_pdf, &in_doc, layout.get(), Text("Old printer").get(), nullptr);
+    }
+    if (name == "transfer-up") return upload(pdf, folder);
     if (name != "word-and-printer") return E_INVALIDARG;
     return pdf.CreatePDFfromWord2(&out_pdf, &in_doc, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
                                   nullptr, nullptr, &printer, nullptr);

@@ -93,6 +93,38 @@ std::string sections(const std::string& text, const std::vector<int>& positions)
     return found;
 }
 
+/// An action that a host refuses, with a number and a text of its own kind.
+struct Refused {
+    std::string call;
+    int action;
+};
+
+std::string what_comes_of(const std::vector<Refused>& refused) {
+    std::deque<ClientRun> runs;
+    for (const auto& [call, action] : refused)
+        runs.emplace_back(Client::late_bound, call_file(call), "refused " + call, action);
+    std::string text;
+    for (std::size_t i = 0; i < runs.size(); ++i) {
+        const std::string since = since_failure(refused[i].action, runs[i].result());
+        text += "--- " + refused[i].call + since.substr(since.find('\n'));
+    }
+    return text;
+}
+
+TEST(FailingCalls, EndWithTheNumberAndTheTextOfTheHostThatRefuses) {
+    const std::vector<Refused> refused{{"powerpoint", 12}, {"visio", 5},   {"autocad", 6},
+                                       {"access", 9},      {"crystal", 4}, {"pdfmaker", 2}};
+    const std::vector<Refused> by_a_control{{"transfer-up", 6}};
+    {
+        const InstalledComponent component(Kind::in_process);
+        EXPECT_EQ(what_comes_of(refused), expected("failing/other-hosts.txt"));
+        EXPECT_EQ(what_comes_of(by_a_control), expected("failing/control.txt"));
+    }
+    InstalledComponent component(Kind::local);
+    EXPECT_EQ(what_comes_of(refused), expected("failing/other-hosts.txt"));
+    EXPECT_TRUE(component.hosts_end());
+}
+
 TEST(FailingCalls, LetGoOfEverythingInTheClientsProcess) {
     const InstalledComponent component(Kind::in_process);
     for (const Failing& failing : {word, distiller, secure_distiller}) {

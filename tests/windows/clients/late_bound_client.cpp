@@ -34,15 +34,18 @@ using foliant::tests::clients::Call;
 using foliant::tests::clients::CallingWindow;
 using foliant::tests::clients::connect;
 using foliant::tests::clients::list_of_files;
+using foliant::tests::clients::list_of_texts;
 using foliant::tests::clients::parse_call;
 using foliant::tests::clients::RecordingSink;
+using foliant::tests::clients::texts_of;
 
-ComPointer<IDispatch> create() {
+constexpr DWORD library_or_program = CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER;
+
+ComPointer<IDispatch> create(const wchar_t* name, DWORD context) {
     CLSID id{};
     ComPointer<IDispatch> object;
-    HRESULT result = CLSIDFromProgID(L"Foliant.BuildPDF", &id);
-    if (SUCCEEDED(result))
-        result = CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.put_void());
+    HRESULT result = CLSIDFromProgID(name, &id);
+    if (SUCCEEDED(result)) result = CoCreateInstance(id, nullptr, context, IID_IDispatch, object.put_void());
     if (FAILED(result)) std::printf("created with %08lX\n", static_cast<unsigned long>(result));
     return object;
 }
@@ -79,6 +82,11 @@ class Passed {
                 return value(std::atol(argument.text.c_str()));
             case Argument::Kind::variable:
                 return reference(VT_BSTR, &printer_->bstrVal);
+            case Argument::Kind::list:
+                *list_ = list_of_texts(texts_of(argument));
+                return reference(VT_VARIANT, list_.get());
+            case Argument::Kind::object:
+                return object(argument.text);
             case Argument::Kind::own:
                 break;
         }
@@ -91,6 +99,13 @@ class Passed {
         variant.vt = VT_BOOL;
         variant.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
         return variant;
+    }
+
+    /// A variable that holds the object, as the component's functions take it.
+    VARIANT object(const std::string& class_name) {
+        object_ = create(to_utf16(class_name).c_str(), library_or_program);
+        raw_object_ = object_.get();
+        return reference(VT_DISPATCH, &raw_object_);
     }
 
     VARIANT text(const std::string& utf8) { return value(texts_.emplace_back(utf8).get()); }
@@ -107,6 +122,8 @@ class Passed {
     std::deque<Bstr> texts_;
     Variant list_;
     Variant printer_;
+    ComPointer<IDispatch> object_;
+    IDispatch* raw_object_ = nullptr;
 };
 
 /// Has the window call back into the component while a member waits.
@@ -127,7 +144,7 @@ void tell(const Outcome& outcome) {
 }
 
 int run(const std::string& row, const std::string& folder, const std::string& when) {
-    const ComPointer<IDispatch> pdf = create();
+    const ComPointer<IDispatch> pdf = create(L"Foliant.BuildPDF", CLSCTX_INPROC_SERVER);
     if (!pdf) return 1;
     const auto sink = ComPointer<RecordingSink>::adopt(new RecordingSink);
     connect(*pdf.get(), *sink.get());

@@ -14,14 +14,23 @@ struct Language {
     char joins_texts;
     std::string_view truths[2];
     bool may_leave_out;
+    std::string_view list[2];  ///< what stands before and behind its elements
+    std::string_view makes;    ///< makes an object of a class
 };
-constexpr Language vbscript{'&', {"False", "True"}, true};
-constexpr Language jscript{'+', {"false", "true"}, false};
+constexpr Language vbscript{'&', {"False", "True"}, true, {"Array(", ")"}, "CreateObject"};
+constexpr Language jscript{'+', {"false", "true"}, false, {"[", "]"}, "new ActiveXObject"};
 
 const core::Member& member_of(const Call& call) {
     const auto dispid = core::find_dispid(call.member);
     if (!dispid) throw std::runtime_error("no member " + call.member);
     return *core::find_member(*dispid, automation::Access::call);
+}
+
+std::string list_of_texts(const Argument& argument, const Language& language) {
+    std::string texts;
+    for (const std::string& text : texts_of(argument))
+        texts += (texts.empty() ? "\"" : ", \"") + text + '"';
+    return std::string(language.list[0]) + texts + std::string(language.list[1]);
 }
 
 std::string written(const Argument& argument, const Language& language) {
@@ -32,6 +41,10 @@ std::string written(const Argument& argument, const Language& language) {
             return '"' + argument.text + '"';
         case Argument::Kind::truth:
             return std::string(language.truths[argument.text == "True" ? 1 : 0]);
+        case Argument::Kind::list:
+            return list_of_texts(argument, language);
+        case Argument::Kind::object:
+            return std::string(language.makes) + "(\"" + argument.text + "\")";
         default:
             return argument.text;
     }

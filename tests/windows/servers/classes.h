@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <ole2.h>
 #include <string_view>
@@ -28,6 +29,28 @@ inline constexpr Class classes[]{
      "Excel.Application"},
     {class_identifier(registered::event_bound_distiller), nullptr, "Distiller"},
     {class_identifier(registered::security_capable_distiller), nullptr, "SecureDistiller"},
+    {{0x91493441, 0x5A91, 0x11CF, {0x87, 0x00, 0x00, 0xAA, 0x00, 0x60, 0x26, 0x3B}},
+     L"Powerpoint.Application",
+     "Powerpoint.Application"},
+    {{0x00021A20, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}},
+     L"Visio.Application",
+     "Visio.Application"},
+    {{0x73A4C9C1, 0xD68D, 0x11D0, {0x98, 0xBF, 0x00, 0xA0, 0xC9, 0x0D, 0xC8, 0xD9}},
+     L"Access.Application",
+     "Access.Application"},
+    {{0x48E59293, 0x9880, 0x11CF, {0x97, 0x54, 0x00, 0xAA, 0x00, 0xC0, 0x09, 0x08}},
+     L"InetCtls.Inet",
+     "InetCtls.Inet"},
+    // Which identifier these have differs from version to version.
+    {{0x5D7A1E12, 0x3C52, 0x4E0B, {0x9A, 0x41, 0x6C, 0x1D, 0x20, 0x8F, 0x77, 0x03}},
+     L"AutoCAD.Application",
+     "AutoCAD.Application"},
+    {{0x5D7A1E13, 0x3C52, 0x4E0B, {0x9A, 0x41, 0x6C, 0x1D, 0x20, 0x8F, 0x77, 0x03}},
+     L"Crystal.CRPE.Application",
+     "Crystal.CRPE.Application"},
+    {{0x5D7A1E14, 0x3C52, 0x4E0B, {0x9A, 0x41, 0x6C, 0x1D, 0x20, 0x8F, 0x77, 0x03}},
+     L"AdobePDFMakerX.Word",
+     "AdobePDFMakerX.Word"},
     {{0x85DE1C45, 0x2C66, 0x101B, {0xB0, 0x2E, 0x04, 0x02, 0x1C, 0x00, 0x94, 0x02}},
      L"AcroExch.App",
      "AcroExch.App"},
@@ -50,12 +73,27 @@ constexpr const Class& class_of(std::string_view object) {
                          [&](const Class& recorded) { return recorded.object == object; });
 }
 
+/// What a host's caller sees of a call besides its result.
+enum class Does {
+    nothing,
+    prints,                 ///< to the file that an argument names, or where two dialogs of the printer say
+    prints_without_notice,  ///< the same, with a printer that has one dialog only
+    saves,
+    converts,
+    launches,        ///< another program, which shows a document in Acrobat
+    runs_menu_item,  ///< with its dialogs
+    exits,           ///< and leaves Acrobat's main window behind
+    transfers,       ///< in the background
+};
+
 /// A member of a class, and what it gives back.
 struct Member {
     std::string_view object;
     std::string_view name;  ///< matched as it is spelled
-    /// Another class, a text in quotation marks, "1" for that 16-bit number, or "" for nothing.
+    /// Another class, a text in quotation marks, "1" for that 16-bit number, "busy" for whether a transfer
+    /// goes on, or "" for nothing.
     std::string_view result;
+    Does does = Does::nothing;
 };
 
 inline constexpr Member members[]{
@@ -66,8 +104,17 @@ inline constexpr Member members[]{
     {"Word.Documents", "Open", "Word.Document"},
     {"Word.Document", "PageSetup", "Word.PageSetup"},
     {"Word.Document", "Sections", "Word.Section"},
-    {"Word.Document", "PrintOut", ""},
+    {"Word.Document", "PrintOut", "", Does::prints},
     {"Word.Document", "Close", ""},
+    {"Word.Document", "Content", "Word.Content"},
+    {"Word.Content", "Font", "Word.Font"},
+    {"Word.Font", "Name", ""},
+    {"Word.Font", "Bold", ""},
+    {"Word.Font", "Size", ""},
+    {"Word.Font", "Color", ""},
+    {"Word.Font", "Italic", ""},
+    {"Word.Font", "Underline", ""},
+    {"Word.Font", "Reset", ""},
     {"Word.PageSetup", "Orientation", ""},
     {"Word.Section", "Footers", "Word.Footer"},
     {"Word.Section", "Headers", "Word.Header"},
@@ -89,10 +136,57 @@ inline constexpr Member members[]{
     {"Excel.PageSetup", "CenterFooter", ""},
     {"Excel.PageSetup", "TopMargin", ""},
     {"Excel.PageSetup", "FirstPageNumber", ""},
-    {"Excel.Range", "PrintOut", ""},
-    {"AcroExch.App", "Exit", "1"},
+    {"Excel.Range", "PrintOut", "", Does::prints},
+    {"Powerpoint.Application", "Visible", ""},
+    {"Powerpoint.Application", "WindowState", ""},
+    {"Powerpoint.Application", "Presentations", "Powerpoint.Presentations"},
+    {"Powerpoint.Application", "Quit", ""},
+    {"Powerpoint.Presentations", "Open", "Powerpoint.Presentation"},
+    {"Powerpoint.Presentation", "PageSetup", "Powerpoint.PageSetup"},
+    {"Powerpoint.Presentation", "PrintOptions", "Powerpoint.PrintOptions"},
+    {"Powerpoint.Presentation", "PrintOut", "", Does::prints},
+    {"Powerpoint.Presentation", "Close", ""},
+    {"Powerpoint.PageSetup", "SlideOrientation", ""},
+    {"Powerpoint.PrintOptions", "ActivePrinter", "\"Office printer\""},
+    {"Visio.Application", "Documents", "Visio.Documents"},
+    {"Visio.Application", "Quit", ""},
+    {"Visio.Documents", "Open", "Visio.Document"},
+    {"Visio.Document", "Printer", ""},
+    {"Visio.Document", "Print", "", Does::prints},
+    {"Visio.Document", "Close", ""},
+    {"AutoCAD.Application", "Application", "AutoCAD.AcadApplication"},
+    {"AutoCAD.Application", "Quit", ""},
+    {"AutoCAD.AcadApplication", "Documents", "AutoCAD.Documents"},
+    {"AutoCAD.Documents", "Open", "AutoCAD.Document"},
+    {"AutoCAD.Document", "Layouts", "AutoCAD.Layout"},
+    {"AutoCAD.Document", "ActiveLayout", ""},
+    {"AutoCAD.Document", "Plot", "AutoCAD.Plot"},
+    {"AutoCAD.Document", "Close", ""},
+    {"AutoCAD.Plot", "PlotToDevice", "1", Does::prints_without_notice},
+    {"Access.Application", "Printers", "Access.Printers"},
+    {"Access.Application", "Printer", ""},
+    {"Access.Application", "OpenCurrentDatabase", ""},
+    {"Access.Application", "DoCmd", "Access.DoCmd"},
+    {"Access.Application", "CloseCurrentDatabase", ""},
+    {"Access.Application", "Quit", ""},
+    {"Access.Printers(1)", "DeviceName", "\"Office printer\""},
+    {"Access.Printers(2)", "DeviceName", "\"ADOBE PDF\""},
+    {"Access.DoCmd", "OpenReport", "", Does::prints_without_notice},
+    {"Access.DoCmd", "Close", ""},
+    {"Crystal.CRPE.Application", "OpenReport", "Crystal.Report"},
+    {"Crystal.CRPE.Application", "CanClose", "1"},
+    {"Crystal.Report", "SelectPrinter", ""},
+    {"Crystal.Report", "PrintOut", "", Does::prints_without_notice},
+    {"AdobePDFMakerX.Word", "LaunchDocument", "1", Does::launches},
+    {"InetCtls.Inet", "URL", ""},
+    {"InetCtls.Inet", "UserName", ""},
+    {"InetCtls.Inet", "Password", ""},
+    {"InetCtls.Inet", "Protocol", ""},
+    {"InetCtls.Inet", "Execute", "", Does::transfers},
+    {"InetCtls.Inet", "StillExecuting", "busy"},
+    {"AcroExch.App", "Exit", "1", Does::exits},
     {"AcroExch.App", "GetActiveDoc", "AcroExch.AVDoc"},
-    {"AcroExch.App", "MenuItemExecute", "1"},
+    {"AcroExch.App", "MenuItemExecute", "1", Does::runs_menu_item},
     {"AcroExch.App", "Show", "1"},
     {"AcroExch.AVDoc", "Open", "1"},
     {"AcroExch.AVDoc", "GetPDDoc", "AcroExch.PDDoc"},
@@ -109,7 +203,7 @@ inline constexpr Member members[]{
     {"AcroExch.PDDoc", "InsertPages", "1"},
     {"AcroExch.PDDoc", "Open", "1"},
     {"AcroExch.PDDoc", "OpenAVDoc", "AcroExch.AVDoc"},
-    {"AcroExch.PDDoc", "Save", "1"},
+    {"AcroExch.PDDoc", "Save", "1", Does::saves},
     {"AcroExch.PDDoc", "SetFlags", "1"},
     {"AcroExch.PDDoc", "SetInfo", "1"},
     {"AcroExch.PDPage", "GetSize", "AcroExch.Point"},
@@ -126,18 +220,50 @@ inline constexpr Member members[]{
     {"AcroExch.PDBookmark", "SetTitle", "1"},
     {"Distiller", "bShowWindow", ""},
     {"Distiller", "bSpoolJobs", ""},
-    {"Distiller", "FileToPDF", "1"},
+    {"Distiller", "FileToPDF", "1", Does::converts},
     {"SecureDistiller", "bShowWindow", ""},
     {"SecureDistiller", "bSpoolJobs", ""},
-    {"SecureDistiller", "FileToPDF2", "1"},
+    {"SecureDistiller", "FileToPDF2", "1", Does::converts},
+};
+
+/// A collection that gives its elements to those who ask for them one by one, and what it gives.
+struct Collection {
+    std::string_view object;
+    std::array<std::string_view, 2> elements;
+};
+
+inline constexpr Collection collections[]{
+    {"Access.Printers", {"Access.Printers(1)", "Access.Printers(2)"}},
 };
 
 /// Objects that a member makes anew each time. Their beginning and end are recorded, as a host's are.
-inline constexpr std::string_view made_objects[]{"Word.Document", "Excel.Workbook", "Excel.Worksheet"};
+inline constexpr std::string_view made_objects[]{
+    "Word.Document",  "Excel.Workbook",   "Excel.Worksheet", "Powerpoint.Presentation",
+    "Visio.Document", "AutoCAD.Document", "Crystal.Report"};
 
 constexpr bool is_made(std::string_view object) {
     return std::find(std::begin(made_objects), std::end(made_objects), object) != std::end(made_objects);
 }
+
+/// How a host says that it cannot do what it is asked.
+struct Refusal {
+    std::string_view host;  ///< its objects' names begin with this
+    WORD code;              ///< a number of its own, or 0 where `result` is one
+    HRESULT result;
+    const wchar_t* source;
+    const wchar_t* description;
+};
+
+inline constexpr Refusal refusals[]{
+    {"Powerpoint.", 0, static_cast<HRESULT>(0x80048240), L"Recorded slides", L"There is no such slide."},
+    {"Visio.", 0, static_cast<HRESULT>(0x86DB0425), L"Recorded drawings", L"The drawing cannot be printed."},
+    {"AutoCAD.", 0, static_cast<HRESULT>(0x80200051), L"Recorded plots", L"Key not found"},
+    {"Access.", 0, static_cast<HRESULT>(0x800A0837), L"Recorded reports", L"There is no such report."},
+    {"Crystal.", 20515, 0, L"Recorded reports", L"Error in formula."},
+    {"AdobePDFMakerX.", 0, E_FAIL, nullptr, nullptr},
+    {"InetCtls.", 35761, 0, L"Recorded control", L"Request timed out"},
+    {"", 0, static_cast<HRESULT>(0x800A03EC), L"Recorded host", L"The host cannot do that."},
+};
 
 /// Exists as long as a process of the recorded local server does.
 inline constexpr const wchar_t* server_mutex = L"Foliant recording server";

@@ -1,11 +1,18 @@
 // The recorded classes in a process of their own: a local server that ends a second after its last object has
-// gone and nobody wants it any more.
+// gone and nobody wants it any more. Under the name notepad.exe it is a Notepad that prints a file and ends.
 
+#include <algorithm>
+#include <cctype>
+#include <string>
+
+#include "platform/win32/text.h"
+#include "windows/servers/dialogs.h"
 #include "windows/servers/factory.h"
 #include "windows/servers/record.h"
 #include "windows/servers/recording_object.h"
 
 using namespace foliant::tests::servers;
+namespace platform = foliant::platform;
 
 namespace {
 
@@ -45,9 +52,26 @@ void serve_until_idle() {
     }
 }
 
+void print_as_notepad(const std::string& command) {
+    Scene scene;
+    scene.note(command + " prints on \"" + default_printer() + "\"");
+    print_to_pdf(scene, true);
+}
+
+bool is_notepad(std::string command) {
+    std::transform(command.begin(), command.end(), command.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return command.find("notepad.exe") != std::string::npos;
+}
+
 }  // namespace
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    if (const std::string command = platform::win32::to_utf8(std::wstring_view(GetCommandLineW()));
+        is_notepad(command)) {
+        print_as_notepad(command);
+        return 0;
+    }
     if (FAILED(CoInitialize(nullptr))) return 1;
     // Other clients than the one that happened to start it will come.
     SetEnvironmentVariableW(record_variable, nullptr);

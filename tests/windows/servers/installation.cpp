@@ -43,11 +43,41 @@ void register_event_names() {
     set(all_classes + L"CLSID\\" + braces(class_of("Distiller").id) + L"\\TypeLib", braces(events_library));
 }
 
+std::wstring in_system_folder(const wchar_t* name) {
+    std::array<wchar_t, MAX_PATH> folder{};
+    GetSystemDirectoryW(folder.data(), MAX_PATH);
+    return std::wstring(folder.data()) + L"\\" + name;
+}
+
+constexpr const wchar_t* wine_overrides = L"Software\\Wine\\DllOverrides";
+
+/// What is there stays as it is under another name: others may share the file. Wine has a Notepad of its own inside,
+/// which it takes unless it is told not to.
+void replace_notepad(const std::wstring& program) {
+    MoveFileW(program.c_str(), (program + L".set aside").c_str());
+    CopyFileW(built(RECORDING_EXE).c_str(), program.c_str(), FALSE);
+    RegSetKeyValueW(HKEY_CURRENT_USER, wine_overrides, L"notepad.exe", REG_SZ, L"native", sizeof L"native");
+}
+
+void put_back_notepad(const std::wstring& program) {
+    RegDeleteKeyValueW(HKEY_CURRENT_USER, wine_overrides, L"notepad.exe");
+    DeleteFileW(program.c_str());
+    MoveFileW((program + L".set aside").c_str(), program.c_str());
+}
+
+void set_printers() {
+    WriteProfileStringA("windows", "Device", "Office printer,winspool,Ne00:");
+    WriteProfileStringA("PrinterPorts", "Office printer", "winspool,Ne00:,15,45");
+    WriteProfileStringA("PrinterPorts", "Adobe PDF", "winspool,Ne01:,15,45");
+}
+
 }  // namespace
 
 Installation::Installation(Kind kind, bool with_event_names)
-    : wanted_(CreateMutexW(nullptr, FALSE, server_wanted)) {
+    : wanted_(CreateMutexW(nullptr, FALSE, server_wanted)), notepad_(in_system_folder(L"notepad.exe")) {
     DeleteFileW(record_path().c_str());
+    replace_notepad(notepad_);
+    set_printers();
     for (const Class& recorded : classes) {
         const std::wstring key = all_classes + L"CLSID\\" + braces(recorded.id);
         set(key, L"Recorded");
@@ -73,6 +103,7 @@ Installation::~Installation() {
     }
     remove(acrobat);
     remove(distiller);
+    put_back_notepad(notepad_);
     DeleteFileW(record_path().c_str());
 }
 

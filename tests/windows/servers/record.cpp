@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "platform/win32/com_pointer.h"
 #include "platform/win32/text.h"
 #include "platform/win32/variant.h"
 
@@ -39,6 +40,13 @@ std::string type_name(VARTYPE type) {
     }
 }
 
+/// An object that was handed out comes back as itself, also from a caller in another process.
+std::string name_of(IDispatch* object) {
+    using platform::win32::ComPointer;
+    const auto recorded = ComPointer<IDispatch>::share(object).as<RecordedObject>(recorded_object);
+    return recorded ? " " + recorded->recorded_name() : "";
+}
+
 std::string content(const VARIANT& variant) {
     switch (variant.vt) {
         case VT_I2:
@@ -49,6 +57,8 @@ std::string content(const VARIANT& variant) {
             return " " + std::to_string(variant.dblVal);
         case VT_BSTR:
             return " \"" + from_bstr(variant.bstrVal) + "\"";
+        case VT_DISPATCH:
+            return name_of(variant.pdispVal);
         case VT_BOOL:
             return variant.boolVal == VARIANT_FALSE ? " False" : " True";
         default:
@@ -85,6 +95,20 @@ void record(const std::wstring& folder, const std::string& line) {
 
 void record(const std::string& line) {
     record(record_folder(), line);
+}
+
+void make_file(const std::wstring& path) {
+    const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    DWORD written = 0;
+    WriteFile(file, "%made", 5, &written, nullptr);
+    CloseHandle(file);
+}
+
+std::string default_printer() {
+    std::array<char, MAX_PATH> device{};
+    GetProfileStringA("windows", "Device", "", device.data(), MAX_PATH);
+    const std::string text = device.data();
+    return text.substr(0, text.find(','));
 }
 
 std::string read_file(const std::wstring& path) {

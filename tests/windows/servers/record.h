@@ -20,10 +20,25 @@ std::wstring record_path(const std::wstring& folder);
 void record(const std::string& line);
 void record(const std::wstring& folder, const std::string& line);
 
+/// Makes a file with a few bytes in it.
+void make_file(const std::wstring& path);
+
+/// The name of the user's default printer.
+std::string default_printer();
+
 /// A file's bytes; "" when there is none.
 std::string read_file(const std::wstring& path);
 
-/// A variant with its exact type: `BSTR "a"`, `I2 4`, `BOOL True`, `missing`, `EMPTY`, `I2 by reference`.
+/// A recorded object as others of its process know it: its name, behind an identifier of its own that no other
+/// process can ask for.
+struct RecordedObject : IUnknown {
+    virtual const std::string& recorded_name() const = 0;
+};
+inline constexpr IID recorded_object{
+    0x5D7A1E15, 0x3C52, 0x4E0B, {0x9A, 0x41, 0x6C, 0x1D, 0x20, 0x8F, 0x77, 0x03}};
+
+/// A variant with its exact type: `BSTR "a"`, `I2 4`, `BOOL True`, `missing`, `EMPTY`, `I2 by reference`,
+/// `DISPATCH Word.Document`.
 std::string describe(const VARIANT& variant);
 
 }  // namespace foliant::tests::servers

@@ -4,12 +4,15 @@
 #include <new>
 #include <olectl.h>
 #include <sstream>
+#include <utility>
 
 #include "platform/win32/com_pointer.h"
 #include "platform/win32/text.h"
 #include "platform/win32/variant.h"
+#include "windows/servers/acrobat_window.h"
 #include "windows/servers/classes.h"
 #include "windows/servers/dialogs.h"
+#include "windows/servers/elements.h"
 #include "windows/servers/one_point.h"
 #include "windows/servers/record.h"
 
@@ -20,16 +23,8 @@ using platform::win32::to_utf8;
 
 namespace {
 
-/// Argument names get numbers from here on, as they come.
-constexpr DISPID first_argument = 1000;
-std::vector<std::string> argument_names;
-
-DISPID argument_id(const std::string& name) {
-    const auto known = std::find(argument_names.begin(), argument_names.end(), name);
-    const auto place = known - argument_names.begin();
-    if (known == argument_names.end()) argument_names.push_back(name);
-    return first_argument + static_cast<DISPID>(place);
-}
+/// What a caller asks of a collection whose elements it wants one by one.
+constexpr Member enumeration{"", "_NewEnum", ""};
 
 std::string flags_text(WORD flags) {
     std::string text;
@@ -43,11 +38,15 @@ std::string flags_text(WORD flags) {
     return text;
 }
 
-void make_file(const std::wstring& path) {
-    const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-    DWORD written = 0;
-    WriteFile(file, "%made", 5, &written, nullptr);
-    CloseHandle(file);
+/// "letter.pdf" for "C:\\In\\letter.doc".
+std::wstring pdf_name(const std::wstring& path) {
+    const std::wstring name = path.substr(path.rfind(L'\\') + 1);
+    return name.substr(0, name.find(L'.')) + L".pdf";
+}
+
+/// A file that is got is there: what a command that begins with GET names last.
+void transfer(const std::wstring& command) {
+    if (command.starts_with(L"GET ")) make_file(command.substr(command.rfind(L":\\") - 1));
 }
 
 bool has_type_library() {
@@ -59,17 +58,27 @@ bool has_type_library() {
     return found;
 }
 
+const Refusal& refusal_of(const std::string& object) {
+    return *std::find_if(std::begin(refusals), std::end(refusals),
+                         [&](const Refusal& refusal) { return object.starts_with(refusal.host); });
+}
+
+BSTR text_or_null(const wchar_t* text) {
+    return text == nullptr ? nullptr : SysAllocString(text);
+}
+
 /// Ends a call as a host does that cannot do it.
-HRESULT end_badly(Ending ending, EXCEPINFO* raised) {
+HRESULT end_badly(Ending ending, const Refusal& refusal, EXCEPINFO* raised) {
     if (ending == Ending::death) {
         before_death();
         TerminateProcess(GetCurrentProcess(), 1);
     }
     if (ending == Ending::bare_result || raised == nullptr) return E_ACCESSDENIED;
     *raised = {};
-    raised->scode = static_cast<HRESULT>(0x800A03EC);  // run-time error 1004
-    raised->bstrSource = SysAllocString(L"Recorded host");
-    raised->bstrDescription = SysAllocString(L"The host cannot do that.");
+    raised->wCode = refusal.code;
+    raised->scode = refusal.result;
+    raised->bstrSource = text_or_null(refusal.source);
+    raised->bstrDescription = text_or_null(refusal.description);
     return DISP_E_EXCEPTION;
 }
 
@@ -114,6 +123,7 @@ HRESULT RecordingObject::QueryInterface(REFIID id, void** out) {
     if (has_events && IsEqualIID(id, IID_IConnectionPointContainer))
         *out = static_cast<IConnectionPointContainer*>(this);
     if (has_events && IsEqualIID(id, IID_IConnectionPoint)) *out = static_cast<IConnectionPoint*>(this);
+    if (IsEqualIID(id, recorded_object)) *out = static_cast<RecordedObject*>(this);
     if (*out == nullptr) return E_NOINTERFACE;
     AddRef();
     return S_OK;
@@ -145,62 +155,94 @@ HRESULT RecordingObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID
     return row == std::end(members) ? DISP_E_UNKNOWNNAME : S_OK;
 }
 
-std::string RecordingObject::arguments_text(const DISPPARAMS& parameters) const {
-    std::string text;
-    const auto add = [&](const std::string& argument) { text += (text.empty() ? "" : ", ") + argument; };
-    for (UINT i = parameters.cArgs; i > parameters.cNamedArgs; --i)
-        add(describe(parameters.rgvarg[i - 1]));
-    for (UINT i = 0; i < parameters.cNamedArgs; ++i) {
-        const DISPID id = parameters.rgdispidNamedArgs[i];
-        const std::string value = describe(parameters.rgvarg[i]);
-        add(id == DISPID_PROPERTYPUT
-                ? value
-                : argument_names.at(static_cast<std::size_t>(id - first_argument)) + ":=" + value);
-    }
-    return text;
-}
-
 HRESULT RecordingObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                                 EXCEPINFO* raised, UINT*) {
-    const Member& member = members[id - 1];
-    if (member.name == "Open" || member.name.starts_with("FileToPDF"))
-        scene_->see(parameters->rgvarg[parameters->cArgs - 1].bstrVal);
-    const Ending ending = scene_->act(object_ + "." + std::string(member.name) + "(" +
-                                      arguments_text(*parameters) + ") " + flags_text(flags));
-    if (ending != Ending::good) return end_badly(ending, raised);
-    act(std::string(member.name), *parameters);
+    const bool is_enumeration = id == DISPID_NEWENUM;
+    if (is_enumeration && !collection()) return DISP_E_MEMBERNOTFOUND;
+    const Member& member = is_enumeration ? enumeration : members[id - 1];
+    const SentArguments sent(*parameters);
+    if (const std::wstring file = sent.file(); !file.empty()) scene_->see(file);
+    const Ending ending = scene_->act(object_ + "." + std::string(member.name) + "(" + sent.described() +
+                                      ") " + flags_text(flags));
+    if (ending != Ending::good) return end_badly(ending, refusal_of(object_), raised);
+    act(member.does, sent);
     if (result == nullptr) return S_OK;
-    if (member.result == "1") {
-        result->vt = VT_I2;
-        result->iVal = 1;
-    } else if (member.result.starts_with('"')) {
-        result->bstrVal = platform::win32::Bstr(member.result.substr(1, member.result.size() - 2)).release();
-        result->vt = VT_BSTR;
-    } else if (!member.result.empty()) {
-        result->pdispVal = new RecordingObject(std::string(member.result), scene_, false);
-        result->vt = VT_DISPATCH;
+    if (is_enumeration) {
+        result->punkVal = new_elements();
+        result->vt = VT_UNKNOWN;
+    } else {
+        put_result(member.result, *result);
     }
     return S_OK;
 }
 
-void RecordingObject::act(const std::string& member, const DISPPARAMS& parameters) {
-    if (member == "PrintOut") print(parameters);
-    if (member == "Save") make_file(parameters.rgvarg[0].bstrVal);
-    if (member.starts_with("FileToPDF"))
-        convert(parameters.rgvarg[parameters.cArgs - 1], parameters.rgvarg[parameters.cArgs - 2]);
+const Collection* RecordingObject::collection() const {
+    const auto* found = std::find_if(std::begin(collections), std::end(collections),
+                                     [&](const Collection& known) { return known.object == object_; });
+    return found == std::end(collections) ? nullptr : found;
 }
 
-void RecordingObject::print(const DISPPARAMS& parameters) {
-    for (UINT i = 0; i < parameters.cNamedArgs; ++i) {
-        const auto name = static_cast<std::size_t>(parameters.rgdispidNamedArgs[i] - first_argument);
-        for (const char* file : {"Outputfilename", "PrToFilename"})
-            if (argument_names.at(name) == file) return make_file(parameters.rgvarg[i].bstrVal);
+IUnknown* RecordingObject::new_elements() {
+    std::vector<Elements::Maker> makers;
+    for (const std::string_view element : collection()->elements)
+        makers.emplace_back(
+            [scene = scene_, element] { return new RecordingObject(std::string(element), scene, false); });
+    return new Elements(std::move(makers));
+}
+
+void RecordingObject::put_result(std::string_view told, VARIANT& result) {
+    if (told == "1") {
+        result.vt = VT_I2;
+        result.iVal = 1;
+    } else if (told == "busy") {
+        result.vt = VT_BOOL;
+        result.boolVal = std::exchange(busy_, false) ? VARIANT_TRUE : VARIANT_FALSE;
+    } else if (told.starts_with('"')) {
+        result.bstrVal = platform::win32::Bstr(told.substr(1, told.size() - 2)).release();
+        result.vt = VT_BSTR;
+    } else if (!told.empty()) {
+        result.pdispVal = new RecordingObject(std::string(told), scene_, false);
+        result.vt = VT_DISPATCH;
     }
-    const PrinterAnswers answers = ask_where_to_print();
-    scene_->note("dialog \"Save PDF File As\" ends with \"" + to_utf8(answers.file) + "\"");
-    scene_->note(std::string("dialog \"Adobe PDF - Security\" ends with ") +
-                 (answers.notice_closed ? "OK" : "Cancel"));
-    if (!answers.file.empty()) make_file(answers.file);
+}
+
+void RecordingObject::act(Does does, const SentArguments& sent) {
+    switch (does) {
+        case Does::nothing:
+            break;
+        case Does::prints:
+            print(sent, true);
+            break;
+        case Does::prints_without_notice:
+            print(sent, false);
+            break;
+        case Does::saves:
+            make_file(sent.file());
+            break;
+        case Does::converts:
+            convert(*sent.at(0), *sent.at(1));
+            break;
+        case Does::launches:
+            show_in_acrobat(pdf_name(sent.file()));
+            break;
+        case Does::runs_menu_item:
+            run_menu_item(*scene_, sent.text(0));
+            break;
+        case Does::exits:
+            empty_acrobat(scene_);
+            break;
+        case Does::transfers:
+            busy_ = true;
+            transfer(sent.text(1));
+            break;
+    }
+}
+
+void RecordingObject::print(const SentArguments& sent, bool with_notice) {
+    for (const char* name : {"Outputfilename", "PrToFilename", "PrintToFile"})
+        if (const VARIANT* file = sent.named(name); file != nullptr && file->vt == VT_BSTR)
+            return make_file(file->bstrVal);
+    print_to_pdf(*scene_, with_notice);
 }
 
 void RecordingObject::convert(const VARIANT& input, const VARIANT& output) {

@@ -14,6 +14,17 @@ std::wstring plan_path(const std::wstring& folder) {
     return folder + L"foliant-failure.txt";
 }
 
+std::wstring only_client_path() {
+    return record_folder() + L"foliant-only-client.txt";
+}
+
+void write_file(const std::wstring& path, const std::string& text) {
+    const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    DWORD written = 0;
+    WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+    CloseHandle(file);
+}
+
 bool exists(const std::wstring& path) {
     return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
@@ -34,7 +45,8 @@ int count_actions(const std::string& lines) {
 }  // namespace
 
 Scene::Scene() {
-    if (GetEnvironmentVariableW(record_variable, nullptr, 0) != 0) folder_ = record_folder();
+    const bool in_client = GetEnvironmentVariableW(record_variable, nullptr, 0) != 0;
+    folder_ = in_client ? record_folder() : platform::win32::to_utf16(read_file(only_client_path()));
 }
 
 Scene::~Scene() {
@@ -79,12 +91,15 @@ void Scene::write_held_lines() {
 void let_fail(const std::wstring& folder, int k, Ending ending) {
     DeleteFileW(plan_path(folder).c_str());
     if (ending == Ending::good) return;
-    const HANDLE file =
-        CreateFileW(plan_path(folder).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-    const std::string plan = std::to_string(k) + " " + std::to_string(static_cast<int>(ending));
-    DWORD written = 0;
-    WriteFile(file, plan.data(), static_cast<DWORD>(plan.size()), &written, nullptr);
-    CloseHandle(file);
+    write_file(plan_path(folder), std::to_string(k) + " " + std::to_string(static_cast<int>(ending)));
+}
+
+void serve_only(const std::wstring& folder) {
+    if (folder.empty()) {
+        DeleteFileW(only_client_path().c_str());
+    } else {
+        write_file(only_client_path(), platform::win32::to_utf8(folder));
+    }
 }
 
 }  // namespace foliant::tests::servers

@@ -18,8 +18,8 @@ enum class Ending {
 ///
 /// Every client has a folder with its record in it. A host inside the client's process finds it by the
 /// environment; one in a process of its own, which serves several clients at once, finds it by the first
-/// document that it is given, and holds its lines back until then. Without such a folder the record is the
-/// one that all processes share (record.h).
+/// document that it is given, and holds its lines back until then, unless it serves one client only (serve_only).
+/// Without such a folder the record is the one that all processes share (record.h).
 class Scene {
   public:
     Scene();
@@ -50,5 +50,9 @@ class Scene {
 /// Lets action number `k` of the client that has its record in `folder` fail, counted from 1; good stands for
 /// none.
 void let_fail(const std::wstring& folder, int k, Ending ending);
+
+/// Until it is called again, hosts in a process of their own take all that is done with them for the doing of
+/// the client that has its record in `folder`; "" for that of several, or none.
+void serve_only(const std::wstring& folder);
 
 }  // namespace foliant::tests::servers
