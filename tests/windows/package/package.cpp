@@ -9,7 +9,7 @@ namespace foliant::tests::package {
 
 namespace fs = std::filesystem;
 
-void Package::SetUp() {
+void Package::unpack() {
     const char* package = std::getenv("FOLIANT_PACKAGE");
     ASSERT_NE(package, nullptr) << "run it by scripts/in-own-prefix";
     // A server that has just been used may still hold the folder of the test before.

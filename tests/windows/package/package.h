@@ -16,10 +16,13 @@ struct Outcome {
 };
 
 /// The package as a user has it: extracted into a folder whose name is awkward to scripts, made anew for each
-/// test, and registered for nobody.
+/// test unless that says something else, and registered for nobody.
 class Package : public testing::Test {
   protected:
-    void SetUp() override;
+    void SetUp() override { unpack(); }
+
+    /// Extracts it anew.
+    static void unpack();
 
     static const std::filesystem::path& folder() { return folder_; }
 
