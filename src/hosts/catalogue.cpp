@@ -33,7 +33,7 @@ constexpr std::array<Host, 13> hosts{{
     {"Excel", excel_classes, "LibreOffice Calc", "office", "libreoffice-calc-nogui", true},
     {"PowerPoint", powerpoint_classes, "LibreOffice Impress", "office", "libreoffice-impress-nogui", true},
     {"Visio", visio_classes, "LibreOffice Draw", "office", "libreoffice-draw-nogui", true},
-    {"PDFMaker", pdfmaker_classes, "LibreOffice Writer", "", ""},
+    {"PDFMaker", pdfmaker_classes, "LibreOffice", "office", "libreoffice-writer-nogui", true},
     {"AutoCAD", autocad_classes, "cairo and Pango", "autocad", "libpangocairo-1.0-0", true},
     {"Access", access_classes, "mdbtools", "", ""},
     {.name = "Crystal Reports",

@@ -9,4 +9,9 @@ CapturedPage Machine::capture_page(const std::string& address) {
                             address + " cannot be captured: there is no browser here.");
 }
 
+void Machine::show_in_acrobat(const std::filesystem::path&, const std::string& name) {
+    throw automation::Error(automation::RuntimeError::action_not_supported,
+                            name + " cannot be shown: there is no Acrobat here.");
+}
+
 }  // namespace foliant::hosts

@@ -59,6 +59,12 @@ struct CapturedPage {
     std::string errors;         ///< what it came without, a sentence; "" where it is whole
 };
 
+/// A PDF that one host hands to another: an open file, and what it is called.
+struct HandedOver {
+    std::string name;
+    posix::FileDescriptor pdf;
+};
+
 /// What a host may allocate where nobody says otherwise, in bytes: several times what large documents take.
 inline constexpr std::uint64_t usual_memory_limit = std::uint64_t{2} << 30U;
 
@@ -134,6 +140,12 @@ class Machine {
     /// Says what the host shows its user at the moment, which stays open when the call is over; nothing for
     /// nothing. What was said before does not count any more.
     virtual void leave_open(const std::optional<LeftOpen>& /*document*/) {}
+
+    /// Has Acrobat show a PDF that this host has made in its private folder, under the name that its window bears.
+    /// The window is there when this returns; the file may be removed then. Raises an automation error.
+    virtual void show_in_acrobat(const std::filesystem::path& pdf, const std::string& name);
+    /// The PDF that another host has had Acrobat show last, for Acrobat itself, once; nothing where there is none.
+    virtual std::optional<HandedOver> take_handed_over() { return std::nullopt; }
 
     /// A page of the web, as a PDF. Raises an automation error that says why there is none.
     virtual CapturedPage capture_page(const std::string& address);

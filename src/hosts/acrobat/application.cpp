@@ -16,6 +16,7 @@ automation::ObjectPtr make_application(ProgramPtr program) {
         return true;
     });
     application->add_method("GetActiveDoc", {}, [program](const Bound&) {
+        program->show_handed_over();
         return automation::ObjectPtr(std::make_shared<AvDocument>(program, program->active_view()));
     });
     application->add_method("MenuItemExecute", {"szMenuItemName"}, [program](const Bound& given) {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "hosts/viewer.h"
+
 namespace foliant::hosts::acrobat {
 
 ProgramPtr Program::running_on(Machine& machine) {
@@ -22,6 +24,13 @@ ViewPtr Program::show(DocumentPtr document) {
     return views.back();
 }
 
+void Program::show_handed_over() {
+    const std::optional<HandedOver> document = machine.take_handed_over();
+    if (!document) return;
+    const ViewPtr view = show(Document::of_file(machine, document->pdf.get(), document->name));
+    view->window = machine.open_window(viewer_caption(document->name), {});
+}
+
 ViewPtr Program::active_view() const {
     return views.empty() ? nullptr : views.back();
 }
@@ -36,6 +45,7 @@ void Program::close(const ViewPtr& view) noexcept {
     std::erase(views, view);
     view->document.reset();
     try {
+        if (view->window != 0) machine.close_window(std::exchange(view->window, 0));
         tell_what_is_shown();
     } catch (...) {  // NOLINT(bugprone-empty-catch): without anybody to tell nothing stays open either
     }

@@ -17,6 +17,7 @@ struct View {
     DocumentPtr document;
     std::int32_t page = 0;                          ///< the one in view, from 0
     std::optional<text::Hit> found = std::nullopt;  ///< what the last search has found, which it shows
+    HostWindow window = 0;                          ///< 0 where nobody looks for it by its caption
 };
 using ViewPtr = std::shared_ptr<View>;
 
@@ -29,6 +30,8 @@ struct Program {
 
     /// Opens a window on a document, in front of the others.
     ViewPtr show(DocumentPtr document);
+    /// Opens a window on what another program has handed over to be shown, if there is anything.
+    void show_handed_over();
     /// The window in front; null without any.
     ViewPtr active_view() const;
     /// The document of that path that a window shows; null when none does.

@@ -7,6 +7,7 @@
 #include "hosts/office/draw/visio_application.h"
 #include "hosts/office/engine/installation.h"
 #include "hosts/office/excel/excel_application.h"
+#include "hosts/office/pdfmaker/pdfmaker.h"
 #include "hosts/office/powerpoint/powerpoint_application.h"
 #include "hosts/office/word/word_application.h"
 #include "hosts/office/word/word_error.h"
@@ -20,10 +21,10 @@ struct Maker {
     automation::ObjectPtr (*make)(Machine&);
 };
 
-constexpr std::array makers{Maker{registered::word, make_word_application},
-                            Maker{registered::excel, make_excel_application},
-                            Maker{registered::powerpoint, make_powerpoint_application},
-                            Maker{registered::visio, make_visio_application}};
+constexpr std::array makers{
+    Maker{registered::word, make_word_application}, Maker{registered::excel, make_excel_application},
+    Maker{registered::powerpoint, make_powerpoint_application},
+    Maker{registered::visio, make_visio_application}, Maker{registered::pdfmaker, make_pdfmaker}};
 
 automation::ObjectPtr create(std::string_view class_name, Machine& machine) {
     for (const Maker& maker : makers)

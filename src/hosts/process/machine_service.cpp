@@ -77,6 +77,10 @@ void MachineService::answer(Peer& peer, Reader& arguments, Writer& result) {
             return show_progress(arguments);
         case MachineCall::tell_failure:
             return tell_failure(arguments);
+        case MachineCall::show_in_acrobat:
+            return show_in_acrobat(arguments);
+        case MachineCall::take_handed_over:
+            return take_handed_over(result);
     }
     throw Garbled();
 }
@@ -150,6 +154,22 @@ void MachineService::tell_failure(Reader& arguments) {
     constexpr std::size_t longest = 8192;
     const std::string sentence = arguments.text();
     if (++failures_told_ <= most_failures) machine_.tell_failure(sentence.substr(0, longest));
+}
+
+/// Only what the host has made itself is handed on.
+void MachineService::show_in_acrobat(Reader& arguments) {
+    constexpr std::size_t longest = 255;
+    const std::filesystem::path pdf = arguments.text();
+    const std::string name = arguments.text();
+    if (name.size() > longest) throw Garbled();
+    if (!is_its_own(pdf)) refuse(pdf);
+    machine_.show_in_acrobat(pdf, name);
+}
+
+void MachineService::take_handed_over(Writer& result) {
+    std::optional<HandedOver> document = machine_.take_handed_over();
+    result.put(document.has_value());
+    if (document) result.put(std::string_view(document->name)).attach(std::move(document->pdf));
 }
 
 void MachineService::show(Peer& peer, Reader& arguments, Writer& result) {

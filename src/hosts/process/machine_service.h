@@ -41,6 +41,8 @@ class MachineService {
     void print(Reader& arguments);
     void show_progress(Reader& arguments);
     void tell_failure(Reader& arguments);
+    void show_in_acrobat(Reader& arguments);
+    void take_handed_over(Writer& result);
     void show(Peer& peer, Reader& arguments, Writer& result);
     void open_window(Peer& peer, Reader& arguments, Writer& result);
     void close_window(Reader& arguments);

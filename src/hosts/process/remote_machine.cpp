@@ -172,6 +172,18 @@ void RemoteMachine::close_window(HostWindow window) {
     peer_->call(request(MachineCall::close_window).put(static_cast<WindowNumber>(window)));
 }
 
+void RemoteMachine::show_in_acrobat(const std::filesystem::path& pdf, const std::string& name) {
+    peer_->call(request(MachineCall::show_in_acrobat).put(pdf.native()).put(std::string_view(name)));
+}
+
+std::optional<HandedOver> RemoteMachine::take_handed_over() {
+    Reader result = peer_->call(request(MachineCall::take_handed_over));
+    if (!result.truth()) return std::nullopt;
+    HandedOver document{.name = result.text(), .pdf = result.descriptor()};
+    be_contained();  // it is a document like any other
+    return document;
+}
+
 CapturedPage RemoteMachine::capture_page(const std::string& address) {
     Reader result = peer_->call(request(MachineCall::capture_page).put(std::string_view(address)));
     CapturedPage page;

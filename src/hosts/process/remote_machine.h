@@ -48,6 +48,8 @@ class RemoteMachine : public Machine {
     void show(Dialog& dialog) override;
     HostWindow open_window(std::string caption, std::function<void()> on_close) override;
     void close_window(HostWindow window) override;
+    void show_in_acrobat(const std::filesystem::path& pdf, const std::string& name) override;
+    std::optional<HandedOver> take_handed_over() override;
     CapturedPage capture_page(const std::string& address) override;
     void leave_open(const std::optional<LeftOpen>& document) override;
     /// Nothing: the store holds passwords, which a process that reads documents is better without.

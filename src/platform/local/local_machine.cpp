@@ -10,6 +10,7 @@
 #include "automation/text.h"
 #include "automation/value.h"
 #include "hosts/containment/containment.h"
+#include "hosts/viewer.h"
 #include "hosts/web/capture.h"
 #include "hosts/web/capture_error.h"
 #include "registered/classes.h"
@@ -136,6 +137,22 @@ hosts::HostWindow LocalMachine::open_window(std::string caption, std::function<v
 
 void LocalMachine::close_window(hosts::HostWindow window) {
     desktop_.close_window(window);
+}
+
+void LocalMachine::show_in_acrobat(const fs::path& pdf, const std::string& name) {
+    posix::FileDescriptor file(::open(pdf.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
+    if (!file)
+        throw automation::Error(automation::RuntimeError::file_not_found,
+                                name + " is not there to be shown.");
+    take_handed_over();
+    handed_over_ = hosts::HandedOver{name, std::move(file)};
+    handed_over_window_ = desktop_.open_window(hosts::viewer_caption(name), [this] { handed_over_.reset(); });
+}
+
+/// The window that was there for it is Acrobat's own from now on.
+std::optional<hosts::HandedOver> LocalMachine::take_handed_over() {
+    desktop_.close_window(std::exchange(handed_over_window_, 0));
+    return std::exchange(handed_over_, std::nullopt);
 }
 
 hosts::CapturedPage LocalMachine::capture_page(const std::string& address) {

@@ -101,6 +101,8 @@ class LocalMachine : public hosts::Machine {
     void show(hosts::Dialog& dialog) override;
     hosts::HostWindow open_window(std::string caption, std::function<void()> on_close) override;
     void close_window(hosts::HostWindow window) override;
+    void show_in_acrobat(const std::filesystem::path& pdf, const std::string& name) override;
+    std::optional<hosts::HandedOver> take_handed_over() override;
     hosts::CapturedPage capture_page(const std::string& address) override;
     void leave_open(const std::optional<hosts::LeftOpen>& document) override { left_open_ = document; }
     std::optional<std::string> setting(std::string_view key, std::string_view value) const override;
@@ -126,6 +128,8 @@ class LocalMachine : public hosts::Machine {
     HostModules modules_;
     LocalPrinterControl printer_control_;
     std::optional<hosts::LeftOpen> left_open_;
+    std::optional<hosts::HandedOver> handed_over_;
+    hosts::HostWindow handed_over_window_ = 0;
     std::vector<std::string> failures_told_;
 };
 

@@ -151,6 +151,20 @@ automation::ObjectPtr make_prober(std::string_view class_name, Machine& machine)
         machine.print("Office", path, "title");
         return {};
     });
+    prober->add_method("HandOn", {"Path", "Name"}, [&](const Bound& given) -> Value {
+        fs::path path = to_text(given[0]);
+        if (path.is_relative()) {
+            path = machine.private_folder() / path;
+            std::ofstream(path) << "made";
+        }
+        machine.show_in_acrobat(path, to_text(given[1]));
+        return {};
+    });
+    prober->add_method("Take", {}, [&](const Bound&) -> Value {
+        const auto document = machine.take_handed_over();
+        if (!document) return "nothing";
+        return document->name + ": " + content("/proc/self/fd/" + std::to_string(document->pdf.get()));
+    });
     prober->add_property("Process", [] { return Value(static_cast<std::int32_t>(::getpid())); });
     prober->add_property("Folder", [&] { return Value(machine.private_folder().string()); });
     return prober;
@@ -179,6 +193,10 @@ class ProbingMachine : public Machine {
         progress += std::string(doing) + " " + std::to_string(percent) + "\n";
     }
     void tell_failure(const std::string& sentence) override { failures.push_back(sentence); }
+    void show_in_acrobat(const fs::path& pdf, const std::string& name) override {
+        handed_over = HandedOver{name, posix::FileDescriptor(::open(pdf.c_str(), O_RDONLY | O_CLOEXEC))};
+    }
+    std::optional<HandedOver> take_handed_over() override { return std::exchange(handed_over, std::nullopt); }
     void show(Dialog& dialog) override {
         if (!typed.empty()) dialog.controls.at(0).text = typed;
         if (clicks) dialog.on_click(dialog, 7);
@@ -197,6 +215,7 @@ class ProbingMachine : public Machine {
     std::string printed;
     std::string progress;
     std::vector<std::string> failures;
+    std::optional<HandedOver> handed_over;
     std::string typed;
     bool clicks = false;
 
@@ -439,6 +458,23 @@ TEST_F(HostProcessTest, PrintsOnlyWhatItHasMade) {
     EXPECT_THROW(prober.call("Print", {to_text(prober.get("Folder")) + "/../../secret"}),
                  fs::filesystem_error);
     EXPECT_EQ(machine.printed, "Office: job, title");
+}
+
+TEST_F(HostProcessTest, HandsOnOnlyWhatItHasMade) {
+    const Value prober = contained();
+    prober.call("HandOn", {"made.pdf", "letter.pdf"});
+    ASSERT_TRUE(machine.handed_over.has_value());
+    EXPECT_EQ(machine.handed_over->name, "letter.pdf");
+    machine.handed_over.reset();
+    EXPECT_THROW(prober.call("HandOn", {path("secret"), "letter.pdf"}), fs::filesystem_error);
+    EXPECT_FALSE(machine.handed_over.has_value());
+}
+
+TEST_F(HostProcessTest, TakesWhatAnotherHostHandsToItOnce) {
+    const Value prober = contained();
+    machine.show_in_acrobat(path("letter"), "letter.pdf");
+    EXPECT_EQ(prober.call("Take"), Value("letter.pdf: words"));
+    EXPECT_EQ(prober.call("Take"), Value("nothing"));
 }
 
 TEST_F(HostProcessTest, HasAPrivateFolderInsideThatOfTheMachine) {

@@ -129,6 +129,25 @@ TEST_F(LocalMachineTest, AWindowIsThereUntilItsHostClosesIt) {
     EXPECT_NE(ports.windows.find_window("adobe acrobat - [a.pdf]"), 0);
 }
 
+TEST_F(LocalMachineTest, WhatAHostHandsToAcrobatHasAWindowUntilAcrobatTakesIt) {
+    const std::string pdf = folder.write("made.pdf", "%PDF-1.4");
+    machine.show_in_acrobat(pdf, "letter.pdf");
+    fs::remove(pdf);
+    EXPECT_NE(ports.windows.find_window("adobe acrobat - [LETTER.pdf]"), 0);
+    const auto taken = machine.take_handed_over();
+    ASSERT_TRUE(taken.has_value());
+    EXPECT_EQ(taken->name, "letter.pdf");
+    EXPECT_TRUE(taken->pdf);
+    EXPECT_EQ(ports.windows.find_window("adobe acrobat - [letter.pdf]"), 0) << "Acrobat opens its own";
+    EXPECT_FALSE(machine.take_handed_over().has_value());
+}
+
+TEST_F(LocalMachineTest, WhatIsClosedBeforeAcrobatTakesItIsGone) {
+    machine.show_in_acrobat(folder.write("made.pdf", "%PDF-1.4"), "letter.pdf");
+    ports.windows.close_window(ports.windows.find_window("adobe acrobat - [letter.pdf]"), "0");
+    EXPECT_FALSE(machine.take_handed_over().has_value());
+}
+
 TEST_F(LocalMachineTest, ASenderCommandThatCannotBeReadIsToldAndAnswersNothing) {
     const session::Session session(ports, events);
     const std::string sender = engines::system_folder(session) + "/quorixsend.exe";

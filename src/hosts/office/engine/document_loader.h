@@ -18,6 +18,8 @@ struct Passwords {
 struct ImportFilter {
     std::string name;
     std::string options;
+    /// Whose errors the document raises, and who exports it; null for whom it is opened.
+    const Application* application = nullptr;
 };
 
 /// Loads a document hidden. The file is only read: nothing is locked, and nothing is written beside it.

@@ -50,7 +50,9 @@ std::unique_ptr<LoadedDocument> open_in_office(Machine& machine, const std::file
     const CallGuard call(office.temporary_folder);
     const StandStill from_the_beginning;
     const ImportFilter filter = choose(file, office);
-    return load_document(office, std::move(file), filter, passwords, machine, application);
+    const Application& reader = filter.application == nullptr ? application : *filter.application;
+    require_office(reader);
+    return load_document(office, std::move(file), filter, passwords, machine, reader);
 }
 
 }  // namespace foliant::hosts::office

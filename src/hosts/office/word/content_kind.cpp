@@ -1,8 +1,5 @@
 #include "hosts/office/word/content_kind.h"
 
-#include <com/sun/star/container/XNameAccess.hpp>
-#include <com/sun/star/document/XTypeDetection.hpp>
-#include <com/sun/star/lang/XMultiComponentFactory.hpp>
 #include <cstring>
 #include <optional>
 #include <set>
@@ -11,8 +8,7 @@
 #include <utility>
 
 #include "hosts/office/engine/content.h"
-#include "hosts/office/engine/file_stream.h"
-#include "hosts/office/engine/uno_support.h"
+#include "hosts/office/engine/detected_kind.h"
 #include "hosts/office/word/text_lines.h"
 #include "hosts/office/word/word_error.h"
 #include "hosts/text_encoding.h"
@@ -20,12 +16,6 @@
 namespace foliant::hosts::office {
 
 namespace {
-
-using css::container::XNameAccess;
-using css::uno::Reference;
-using css::uno::UNO_QUERY_THROW;
-using css::uno::XComponentContext;
-using Context = Reference<XComponentContext>;
 
 automation::Error no_text_document(const std::filesystem::path& path, std::string_view reason) {
     return not_a_document(path, reason, microsoft_word);
@@ -49,44 +39,16 @@ ImportFilter compound_file_filter(const DocumentFile& file, const Office& office
     return {has("0Table") || has("1Table") ? "MS Word 97" : "MS WinWord 6.0", ""};
 }
 
-/// The properties of a type or a filter, as LibreOffice's registry of them holds them.
-std::string registry_property(const Reference<XNameAccess>& registry, const rtl::OUString& name,
-                              std::string_view property) {
-    css::uno::Sequence<css::beans::PropertyValue> properties;
-    registry->getByName(name) >>= properties;
-    rtl::OUString text;
-    for (sal_Int32 i = 0; i < properties.getLength(); ++i)
-        if (properties.getConstArray()[i].Name == to_uno(property))
-            properties.getConstArray()[i].Value >>= text;
-    return from_uno(text);
-}
-
 /// Word for Windows 1 and 2 and WordPerfect by their first bytes; Word for DOS and for the Mac, Write, Works
-/// ...: whatever else LibreOffice knows by its content to be a text document. The file's name is kept from
-/// it, which would make it see one in anything, and its opinion on WordPerfect is not asked: a version
-/// without a mark of its own is seen in noise.
+/// ...: whatever else LibreOffice knows by its content to be a text document.
 std::optional<ImportFilter> old_format_filter(std::string_view start, const DocumentFile& file,
-                                              const Context& office) {
+                                              const Office& office) {
     for (const std::string_view mark : {"\xDB\xA5", "\x9B\xA5", "\x9C\xA5"})
         if (start.starts_with(mark)) return ImportFilter{"MS WinWord 5", ""};
     if (start.starts_with("\xFFWPC")) return ImportFilter{"WordPerfect", ""};
-    const auto manager = office->getServiceManager();
-    const Reference<css::document::XTypeDetection> detection(
-        manager->createInstanceWithContext(to_uno("com.sun.star.document.TypeDetection"), office),
-        UNO_QUERY_THROW);
-    auto descriptor = uno_sequence<css::beans::PropertyValue>(
-        {uno_argument("URL", to_uno("private:stream")), uno_argument("InputStream", stream_of(file))});
-    const rtl::OUString type = detection->queryTypeByDescriptor(descriptor, true);
-    if (type.isEmpty()) return {};
-    const std::string filter =
-        registry_property(Reference<XNameAccess>(detection, UNO_QUERY_THROW), type, "PreferredFilter");
-    if (filter.empty() || filter.starts_with("Text") || filter == "WordPerfect") return {};
-    const Reference<XNameAccess> filters(
-        manager->createInstanceWithContext(to_uno("com.sun.star.document.FilterFactory"), office),
-        UNO_QUERY_THROW);
-    if (registry_property(filters, to_uno(filter), "DocumentService") != "com.sun.star.text.TextDocument")
-        return {};
-    return ImportFilter{filter, ""};
+    const auto kind = detect_kind(file, office);
+    if (!kind || kind->service != "com.sun.star.text.TextDocument") return {};
+    return ImportFilter{kind->filter, ""};
 }
 
 /// As LibreOffice's import of texts calls it.
@@ -161,7 +123,7 @@ ImportFilter import_filter(DocumentFile& file, const Office& office) {
         throw no_text_document(file.path, "it is a PostScript file, which CreatePDFfromPS converts");
     }
     if (!is_text(start)) {
-        if (const auto filter = old_format_filter(start, file, office.context)) return *filter;
+        if (const auto filter = old_format_filter(start, file, office)) return *filter;
         throw no_text_document(file.path, "its content is of no known kind");
     }
     return markup_or_text_filter(file, start);
