@@ -47,7 +47,7 @@ PlainFile::PlainFile(std::string_view bytes) : bytes_(bytes) {
     for (std::int64_t at = last_table(); at != 0;) {
         require(tables_.size() < most_tables && at > 0 && static_cast<std::uint64_t>(at) < bytes.size());
         Cursor cursor(bytes, static_cast<std::size_t>(at));
-        at = cursor.skip("xref") ? read_classic_table(cursor) : read_table_stream(at);
+        at = cursor.rest().starts_with("xref") ? read_classic_table(cursor) : read_table_stream(at);
     }
     require(entry(trailer_, "/Encrypt").kind == Kind::null);
 }
@@ -62,10 +62,8 @@ std::int64_t PlainFile::last_table() const {
 }
 
 std::int64_t PlainFile::take_trailer(const Value& dictionary) {
-    if (tables_.size() == 1) {
-        trailer_ = dictionary;
-        integer_of(entry(dictionary, "/Size"));
-    }
+    if (tables_.size() == 1) trailer_ = dictionary;
+    integer_of(entry(dictionary, "/Size"));
     // Tables of both kinds for the same objects are of writers who were careful, and of others who were not.
     require(entry(dictionary, "/XRefStm").kind == Kind::null);
     const Value previous = entry(dictionary, "/Prev");
@@ -75,6 +73,7 @@ std::int64_t PlainFile::take_trailer(const Value& dictionary) {
 }
 
 std::int64_t PlainFile::read_classic_table(Cursor cursor) {
+    cursor.expect("xref");
     Table table;
     for (cursor.skip_space(); !cursor.skip("trailer"); cursor.skip_space()) {
         Run run{.first = cursor.integer(), .count = cursor.integer()};
@@ -88,13 +87,16 @@ std::int64_t PlainFile::read_classic_table(Cursor cursor) {
         table.runs.push_back(run);
     }
     tables_.push_back(std::move(table));
-    return take_trailer(cursor.value());
+    const Value dictionary = cursor.value();
+    cursor.expect("startxref");
+    return take_trailer(dictionary);
 }
 
 std::int64_t PlainFile::read_table_stream(std::int64_t offset) {
     Cursor cursor(bytes_, static_cast<std::size_t>(offset));
     const std::int64_t number = cursor.integer();
     const Found stream = object_at(offset, number, cursor.integer());
+    table_objects_.push_back(number);
     require(entry(stream.value, "/Type").text == "/XRef");
     const Value length = entry(stream.value, "/Length");
     require(length.kind == Kind::integer);
@@ -153,6 +155,8 @@ Value PlainFile::resolved(const Value& value, int depth) {
 }
 
 PlainFile::Place PlainFile::place_of(std::int64_t number) const {
+    // A table bears a number like an object; an object of the same number is not to be told from it.
+    require(std::find(table_objects_.begin(), table_objects_.end(), number) == table_objects_.end());
     for (const Table& table : tables_) {
         const auto run = std::find_if(table.runs.begin(), table.runs.end(), [&](const Run& one) {
             return number >= one.first && number - one.first < one.count;
@@ -178,7 +182,7 @@ PlainFile::Place PlainFile::place_of(std::int64_t number) const {
 
 PlainFile::Found PlainFile::object_at(std::int64_t offset, std::int64_t number,
                                       std::int64_t generation) const {
-    require(offset > 0 && static_cast<std::uint64_t>(offset) < bytes_.size());
+    require(number > 0 && offset > 0 && static_cast<std::uint64_t>(offset) < bytes_.size());
     Cursor cursor(bytes_, static_cast<std::size_t>(offset));
     require(cursor.integer() == number && cursor.integer() == generation);
     cursor.expect("obj");

@@ -64,8 +64,9 @@ class PlainFile {
 
     std::string_view bytes_;
     Value trailer_;
-    std::vector<Table> tables_;          ///< the newest first
-    std::list<std::string> unpacked_{};  ///< streams, which values may lie in
+    std::vector<Table> tables_;                  ///< the newest first
+    std::vector<std::int64_t> table_objects_{};  ///< the numbers of those that are streams
+    std::list<std::string> unpacked_{};          ///< streams, which values may lie in
 };
 
 }  // namespace foliant::hosts::acrobat::glance

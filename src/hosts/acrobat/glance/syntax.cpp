@@ -41,10 +41,21 @@ bool Cursor::skip(std::string_view word) {
 void Cursor::expect(std::string_view word) {
     skip_space();
     require(skip(word));
+    require_end_of_word();
+}
+
+void Cursor::require_end_of_word() const {
+    require(is_space(here()) || is_delimiter(here()));
 }
 
 std::int64_t Cursor::integer() {
     skip_space();
+    const std::int64_t number = digits();
+    require_end_of_word();
+    return number;
+}
+
+std::int64_t Cursor::digits() {
     const std::size_t begin = at_;
     while (is_digit(here()))
         ++at_;
@@ -93,7 +104,7 @@ Value Cursor::value(int depth) {
 /// 7, 7.5 or 7 0 R.
 Value Cursor::number_or_reference() {
     const std::size_t begin = at_;
-    Value value{.kind = Kind::integer, .number = integer()};
+    Value value{.kind = Kind::integer, .number = digits()};
     if (here() == '.') {
         skip_regular();
         value = since(begin, Kind::other);
@@ -101,12 +112,15 @@ Value Cursor::number_or_reference() {
         return value;
     }
     const std::size_t end = at_;
-    require(is_space(here()) || is_delimiter(here()));
+    require_end_of_word();
     skip_space();
     if (is_digit(here())) {
-        const std::int64_t generation = integer();
+        const std::int64_t generation = digits();
+        const bool ends = is_space(here());
         skip_space();
-        if (skip("R") && (is_space(here()) || is_delimiter(here()))) {
+        if (skip("R")) {
+            require(ends);
+            require_end_of_word();
             value.kind = Kind::reference;
             value.generation = generation;
             value.text = text_.substr(begin, at_ - begin);

@@ -39,8 +39,9 @@ class Cursor {
     std::string_view rest() const noexcept { return text_.substr(at_); }
 
     void skip_space();
-    /// What is left of it is ignored; "obj", "endobj".
+    /// A word of its own, behind any space: "obj".
     void expect(std::string_view word);
+    /// Passes over what stands here, if it does.
     bool skip(std::string_view word);
     /// A number without sign, behind any space.
     std::int64_t integer();
@@ -49,6 +50,8 @@ class Cursor {
 
   private:
     char here() const noexcept { return at_ < text_.size() ? text_[at_] : '\0'; }
+    std::int64_t digits();
+    void require_end_of_word() const;
     Value number_or_reference();
     Value collection(std::string_view end, Kind kind, int depth);
     Value value(int depth);

@@ -77,6 +77,11 @@ TEST(GlancedPageCount, IsInDoubtAboutWhatIsNoPlainFile) {
     EXPECT_EQ(page_count(replaced(file, "20 0 obj", "21 0 obj")), doubt);
     EXPECT_EQ(page_count(replaced(file, "/Size 22", "/Size (x)")), doubt);
     EXPECT_EQ(page_count(replaced(file, "/Root 1 0 R", "/Root 1 1 R")), doubt);
+    EXPECT_EQ(page_count(replaced(file, "/Root 1 0 R", "/Root 1 00R")), doubt);
+    EXPECT_EQ(page_count(replaced(file, "/Root 1 0 R", "/Root 1 0 Rx")), doubt);
+    EXPECT_EQ(page_count(replaced(file, "20 0 obj\n", "20 0 objx")), doubt);
+    EXPECT_EQ(page_count(replaced(file, "xref\n0 1\n", "xrefs0 1\n")), doubt);
+    EXPECT_EQ(page_count(replaced(file, "startxref", "stream\nstartxref")), doubt);
     EXPECT_EQ(page_count(pages(2).add_to_trailer("/Encrypt << >>").file()), doubt);
     EXPECT_EQ(page_count(pages(2).add_to_trailer("/XRefStm 9").file()), doubt);
     EXPECT_EQ(page_count(pages(2).add_to_trailer("/Prev 99999999").file()), doubt);
@@ -196,6 +201,9 @@ TEST(GlancedPageCount, IsInDoubtAboutPackedObjectsThatAreDamaged) {
     EXPECT_EQ(
         page_count(Packed{.table = "/W [1 2 2] /Index [0 8]", .more_entries = std::string(5, '\3')}.file()),
         doubt);
+    EXPECT_EQ(page_count(replaced(Packed().file(), "6 0 obj", "0 0 obj")), doubt);
+    EXPECT_EQ(page_count(replaced(Packed().file(), "6 0 obj", "3 0 obj")), doubt);
+    EXPECT_EQ(page_count(replaced(Packed().file(), "/Size 7", "/Sise 7")), doubt);
     EXPECT_EQ(page_count(replaced(Packed().file(), "/Root 1 0 R", "/Root 1 1 R")), doubt);
     EXPECT_EQ(page_count(replaced(Packed().file(), "endstream", "endstreax")), doubt);
     EXPECT_EQ(page_count(replaced(Packed().file(), "/FlateDecode", "/LZWDecode  ")), doubt);
