@@ -40,6 +40,18 @@ class Passwords : public AcrobatTest {
     }
 };
 
+TEST_F(Passwords, OfAFileThatSaysNothingOfItsKeysLengthStayAsTheyAre) {
+    const std::string path = protect([](QPDFWriter& writer) {
+        writer.setR3EncryptionParametersInsecure("", "owner", true, true, true, true, true, true,
+                                                 qpdf_r3p_full);
+    });
+    std::string content = tests::read_file(path);
+    content.replace(content.find("/Length 128 /O"), 11, "/Length 0  ");
+    const Value document = new_document();
+    document.call("Open", {write("odd.pdf", content)});
+    EXPECT_THAT(test::texts(*saved(document)), ElementsAre("page 1", "page 2"));
+}
+
 class Restrictions : public Passwords {
   protected:
     /// Anybody opens it, and may assemble it, extract from it, and print it, or not.

@@ -29,7 +29,16 @@ void protect(QPDFWriter& writer, const Protection& protection) {
                                      true);
 }
 
+/// The writer believes what a file says of its key's length; the reader has found out.
+void mend_key_length(QPDF& pdf) {
+    QPDFObjectHandle encryption = pdf.getTrailer().getKey("/Encrypt");
+    if (!pdf.isEncrypted() || !encryption.isDictionary()) return;
+    const auto bits = static_cast<long long>(pdf.getEncryptionKey().size()) * 8;
+    encryption.replaceKey("/Length", QPDFObjectHandle::newInteger(bits));
+}
+
 void write(Pdf& pdf, const Writing& writing, Pipeline& pipeline) {
+    mend_key_length(pdf.qpdf());
     QPDFWriter writer(pdf.qpdf());
     writer.setOutputPipeline(&pipeline);
     writer.setMinimumPDFVersion(pdf.version());
