@@ -158,6 +158,20 @@ TEST_F(VisioHost, PrintsEveryPageInTheOrderOfTheLibrary) {
     EXPECT_EQ(pdf.text(2), "drawn on 2");
 }
 
+TEST_F(VisioHost, GivesEachPageItsOwnSize) {
+    const Value drawing = open("plan.vsdx");
+    drawing.set("Printer", "Adobe PDF");
+    machine.answer = (folder / "out.pdf").string();
+    drawing.call("Print");
+    const PdfReader pdf(machine.answer);
+    EXPECT_EQ(pdf.size(1), "612 x 792");
+    EXPECT_EQ(pdf.size(2), "720 x 360");
+    // Two inches above the lower edge of both, and as far from the left.
+    EXPECT_NEAR(pdf.place(1, "drawn").top, 792 - 144, 30);
+    EXPECT_NEAR(pdf.place(2, "drawn").top, 360 - 144, 30);
+    EXPECT_NEAR(pdf.place(2, "drawn").left, pdf.place(1, "drawn").left, 1);
+}
+
 TEST_F(VisioHost, PrintsOnItsOwnPrinterUntilItIsToldAnother) {
     const Value drawing = open("plan.vsdx");
     EXPECT_EQ(drawing.get("Printer"), Value("Office"));

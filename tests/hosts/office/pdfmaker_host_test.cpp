@@ -63,6 +63,7 @@ TEST_F(PdfMakerHost, ConvertsDocumentsOfEveryApplication) {
     EXPECT_NE(made_of(test::document("sales.xlsx")), "");
     EXPECT_EQ(made_of(test::document("slides.fodp")), "This is slide 1.");
     EXPECT_EQ(made_of(test::document("plan.vsdx")), "drawn on 1");
+    EXPECT_EQ(machine.shown().size(2), "720 x 360") << "of a drawing of pages in several sizes";
 }
 
 TEST_F(PdfMakerHost, TellsTextsTablesMarkupAndDrawingsApart) {

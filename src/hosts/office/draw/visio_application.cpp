@@ -4,6 +4,7 @@
 
 #include "automation/coerce.h"
 #include "hosts/late_bound.h"
+#include "hosts/office/draw/drawing.h"
 #include "hosts/office/draw/drawing_kind.h"
 #include "hosts/office/draw/visio_error.h"
 #include "hosts/office/engine/document_opener.h"
@@ -45,7 +46,7 @@ ObjectPtr make_drawings(const RunningPtr& running) {
     auto drawings = std::make_shared<LateBound>(microsoft_visio.name);
     drawings->add_property("Count", [running] { return running->open_documents(); });
     drawings->add_method("Open", {"FileName"}, [running](const Bound& arguments) {
-        auto drawing = std::make_shared<OfficeDocument>(
+        auto drawing = std::make_shared<Drawing>(
             open_in_office(running->machine(), to_text(arguments[0]), {}, microsoft_visio, drawing_filter));
         running->add(drawing);
         return make_drawing(running, drawing);

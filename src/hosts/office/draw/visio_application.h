@@ -12,7 +12,7 @@ namespace foliant::hosts::office {
 ///     Documents    Count, Open(FileName)
 ///     document     Printer, Print, Close
 ///
-/// Print prints every page, on paper that the largest of them fits on. Printer takes a printer's plain name. After Quit, which closes
+/// Print prints every page in its own size. Printer takes a printer's plain name. After Quit, which closes
 /// the drawings that are still open, every member but Quit raises 462. `machine` outlives the object. Raises 429
 /// when LibreOffice Draw is not there; it is started with the first drawing.
 automation::ObjectPtr make_visio_application(Machine& machine);

@@ -5,11 +5,11 @@
 
 #include "automation/coerce.h"
 #include "hosts/late_bound.h"
+#include "hosts/office/draw/drawing.h"
 #include "hosts/office/engine/document_opener.h"
 #include "hosts/office/engine/loaded_document.h"
 #include "hosts/office/engine/start.h"
 #include "hosts/office/pdfmaker/document_kind.h"
-#include "hosts/office/print/office_document.h"
 
 namespace foliant::hosts::office {
 
@@ -21,8 +21,9 @@ std::string pdf_name(const std::filesystem::path& document) {
     return name.substr(0, name.find('.') + 1) + "pdf";
 }
 
+/// Whatever it is: only Visio drawings have page sizes of which LibreOffice knows nothing.
 void launch(Machine& machine, const std::filesystem::path& path) {
-    OfficeDocument document(open_in_office(machine, path, {}, acrobat_pdfmaker, document_filter));
+    Drawing document(open_in_office(machine, path, {}, acrobat_pdfmaker, document_filter));
     const std::filesystem::path pdf = machine.private_folder() / "made.pdf";
     document.export_pdf("", pdf);
     machine.show_in_acrobat(pdf, pdf_name(path));

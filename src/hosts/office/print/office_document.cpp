@@ -64,10 +64,11 @@ std::string OfficeDocument::pdf(std::string_view pages, bool for_postscript) con
                                  ? std::string()
                                  : format_page_runs(parse_page_range(
                                        pages, page_count(), loaded().file.path.string(), application_));
-    return translated(loaded(), "print", [&] {
+    std::string bytes = translated(loaded(), "print", [&] {
         pause_.reset();
         return export_to_pdf(loaded(), runs, for_postscript ? PdfUse::postscript : PdfUse::document);
     });
+    return runs.empty() ? finished(std::move(bytes)) : bytes;
 }
 
 std::string OfficeDocument::postscript(std::string_view pages) const {

@@ -45,6 +45,9 @@ class OfficeDocument : public Printable {
   protected:
     const LoadedDocument& loaded() const;
 
+    /// What becomes of the PDF of all pages before anybody gets it: itself, where an application does not say more.
+    virtual std::string finished(std::string pdf) const { return pdf; }
+
     /// Holds the layout still until pages are counted or printed, so that all changes together cost one.
     void pause_layout();
 

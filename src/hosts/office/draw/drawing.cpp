@@ -1,0 +1,27 @@
+#include "hosts/office/draw/drawing.h"
+
+#include <exception>
+#include <new>
+#include <utility>
+
+#include "hosts/mapped_file.h"
+#include "hosts/office/draw/page_sizes.h"
+#include "hosts/office/engine/loaded_document.h"
+
+namespace foliant::hosts::office {
+
+std::string Drawing::finished(std::string pdf) const {
+    const Application& application = loaded().application;
+    try {
+        return with_page_sizes(std::move(pdf),
+                               visio_page_sizes(MappedFile(loaded().file.descriptor.get()).bytes()));
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& reason) {
+        throw application.error(application.command_failed, "Cannot print " + loaded().file.path.string() +
+                                                                ": its pages cannot be given their sizes (" +
+                                                                reason.what() + ").");
+    }
+}
+
+}  // namespace foliant::hosts::office
