@@ -9,6 +9,6 @@ namespace foliant::hosts::acrobat::glance {
 /// The number of pages of a PDF, as its page tree claims it: read from the table of objects and three or four of the
 /// objects, whatever the number. Nothing for a file that leaves any doubt about it (see syntax.h), or that claims what
 /// is not plausible.
-std::optional<std::int32_t> page_count(std::string_view file);
+std::optional<std::int32_t> page_count(std::string_view bytes);
 
 }  // namespace foliant::hosts::acrobat::glance
