@@ -38,7 +38,7 @@ containment::Policy policy(const std::filesystem::path& folder) {
     using namespace containment;
     const Paths office{office_folder(),         "/etc/libreoffice",    "/usr/share/libreoffice",
                        "/usr/share/liblangtag", "/usr/share/hunspell", "/usr/share/hyphen",
-                       "/usr/share/mythes"};
+                       "/usr/share/mythes",     "/etc/papersize"};
     return {.may_read = office + system_libraries() + fonts() + locales() + empty_devices(),
             .may_write = {folder, "/dev/null"},
             .may_start = {},

@@ -1,6 +1,8 @@
 // Text files in Word, as the members for text files set them up.
 
+#include <cstdlib>
 #include <gtest/gtest.h>
+#include <utility>
 
 #include "automation/object.h"
 #include "automation/value.h"
@@ -40,6 +42,23 @@ class TextHost : public testing::Test {
     Value word = host.create("Word.Application");
 };
 
+TEST(TextPaper, IsTheSystems) {
+    for (const auto& [paper, size] : {std::pair("letter", "612 x 792"), std::pair("a4", "595 x 842")}) {
+        const tests::ScratchFolder folder;
+        test::NotingMachine machine;
+        ::setenv("PAPERSIZE", paper, 1);
+        process::HostProcess host{{"Word", "LibreOffice Writer", test::office_module}, machine};
+        const Value word = host.create("Word.Application");
+        ::unsetenv("PAPERSIZE");
+        const Value document =
+            word.get("Documents").call("Open", {folder.write("notes.txt", "words").string()});
+        machine.answer = (folder / "out.pdf").string();
+        word.set("ActivePrinter", "Adobe PDF");
+        document.call("PrintOut");
+        EXPECT_EQ(PdfReader(folder / "out.pdf").size(1), size);
+    }
+}
+
 Value font_of(const Value& document) {
     return document.get("Content").get("Font");
 }
@@ -69,7 +88,7 @@ TEST_F(TextHost, BeginsAPageAtAFormFeed) {
 }
 
 TEST_F(TextHost, SetsTabsAndWrapsLinesThatAreTooLong) {
-    const PdfReader pdf = print(open("a\tb\n" + std::string(400, 'x') + " end\n"));
+    const PdfReader pdf = print(open("a\tb\n" + std::string(390, 'x') + " end\n"));
     EXPECT_GT(pdf.place(1, "b").left - pdf.place(1, "a").left, 30);
     EXPECT_GT(pdf.place(1, "end").top - pdf.place(1, "a").top, 40);
     EXPECT_GT(pdf.place(1, "end").left, pdf.place(1, "a").left);

@@ -1,7 +1,9 @@
 #include "hosts/office/engine/start.h"
 
+#include <com/sun/star/configuration/theDefaultProvider.hpp>
 #include <com/sun/star/container/XSet.hpp>
 #include <com/sun/star/ucb/UniversalContentBroker.hpp>
+#include <com/sun/star/util/XChangesBatch.hpp>
 #include <dlfcn.h>
 #include <new>
 #include <rtl/bootstrap.hxx>
@@ -13,6 +15,7 @@
 #include "hosts/office/engine/process_guard.h"
 #include "hosts/office/engine/profile.h"
 #include "hosts/office/engine/stand_still.h"
+#include "hosts/office/engine/system_paper.h"
 #include "hosts/office/engine/uno_support.h"
 
 namespace foliant::hosts::office {
@@ -63,6 +66,21 @@ void strip(const Context& context) {
     }
 }
 
+/// Gives documents that name no paper the system's. LibreOfficeKit has set LibreOffice up for the United States,
+/// whose paper is Letter. English of no country has the same dates and numbers, and A4.
+void use_paper_of_the_system(const Context& context) {
+    if (system_paper() == Paper::letter) return;
+    const auto provider = css::configuration::theDefaultProvider::get(context);
+    css::uno::Sequence<css::uno::Any> arguments(1);
+    arguments.getArray()[0] <<= uno_argument("nodepath", to_uno("/org.openoffice.Setup/L10N"));
+    const Reference<css::beans::XPropertySet> locales(
+        provider->createInstanceWithArguments(to_uno("com.sun.star.configuration.ConfigurationUpdateAccess"),
+                                              arguments),
+        css::uno::UNO_QUERY_THROW);
+    set_uno_property(locales, "ooSetupSystemLocale", to_uno("en"));
+    Reference<css::util::XChangesBatch>(locales, css::uno::UNO_QUERY_THROW)->commitChanges();
+}
+
 /// What LibreOffice 7.4 allocates at least until it has opened a document, in bytes.
 constexpr std::size_t needed_to_start = std::size_t{40} << 20U;
 
@@ -92,6 +110,7 @@ Context start_engine(const std::filesystem::path& private_folder, const Applicat
     if (!context.is()) throw Unusable("it has no component context");
     StandStill::prepare(library);
     strip(context);
+    use_paper_of_the_system(context);
     return context;
 }
 
