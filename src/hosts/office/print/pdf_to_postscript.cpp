@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include "hosts/office/print/pdf_marks.h"
+#include "hosts/office/print/text_runs.h"
 #include "hosts/office/print/unicode_maps.h"
 
 namespace foliant::hosts::office {
@@ -125,6 +126,15 @@ constexpr std::string_view name_procedure = R"(/foliantNames { % font-name {code
 } bind def
 )";
 
+/// poppler turns each character's advance by the matrix of the text before it shows a run, which takes longer than
+/// to show it. Most text stands upright, and has its advances already.
+constexpr std::string_view faster_show = R"(/foliantTurnedShow /xyshow2 load def
+/xyshow2 {
+  pdfTextMat aload pop pop pop 1 eq exch 0 eq and exch 0 eq and exch 1 eq and
+  { xyshow } { foliantTurnedShow } ifelse
+} bind def
+)";
+
 std::string font_names(std::string_view pdf) {
     std::ostringstream text;
     text << name_procedure;
@@ -186,7 +196,7 @@ std::string with_page_marks(std::string_view postscript, const std::vector<std::
 std::string with_marks_and_names(std::string_view postscript, std::string_view pdf, std::string_view title) {
     const PdfMarks marks = read_pdf_marks(pdf, title);
     std::string result = with_page_marks(postscript, marks.pages);
-    insert_before(result, "\n%%EndSetup", font_names(pdf) + marks.document);
+    insert_before(result, "\n%%EndSetup", std::string(faster_show) + font_names(pdf) + marks.document);
     insert_before(result, "\n%%LanguageLevel", title_comment(title));
     return result;
 }
@@ -194,7 +204,7 @@ std::string with_marks_and_names(std::string_view postscript, std::string_view p
 }  // namespace
 
 std::string pdf_to_postscript(std::string_view pdf, std::string_view title) {
-    const std::string postscript = with_sound_miter_limits(draw_pages(pdf));
+    const std::string postscript = with_whole_text_runs(with_sound_miter_limits(draw_pages(pdf)));
     try {
         return with_marks_and_names(postscript, pdf, title);
     } catch (const PostScriptFailure&) {
