@@ -110,6 +110,8 @@ class Machine {
     virtual bool is_pdf_printer(std::string_view name) const = 0;
     /// The user's default printer.
     virtual std::string default_printer() const = 0;
+    /// The names of all printers, the PDF printer first.
+    virtual std::vector<std::string> printer_names() const { return {default_printer()}; }
     /// Hands a finished PDF file to a printer that is not the PDF printer. Raises an automation error.
     virtual void print(std::string_view printer, const std::filesystem::path& pdf,
                        std::string_view title) = 0;

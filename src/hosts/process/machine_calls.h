@@ -19,6 +19,7 @@ enum class MachineCall : std::uint8_t {
     has_printer,       ///< name; truth
     is_pdf_printer,    ///< name; truth
     default_printer,   ///< its name
+    printer_names,     ///< how many; their names
     print,             ///< printer, path, title
     found,             ///< place; whether the next one is wanted
     show,              ///< dialog; the dialog as it was left

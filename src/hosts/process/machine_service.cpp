@@ -58,6 +58,8 @@ void MachineService::answer(Peer& peer, Reader& arguments, Writer& result) {
         case MachineCall::default_printer:
             result.put(std::string_view(machine_.default_printer()));
             return;
+        case MachineCall::printer_names:
+            return put_printer_names(result);
         case MachineCall::print:
             return print(arguments);
         case MachineCall::found:
@@ -124,6 +126,13 @@ void MachineService::commit_output(Reader& arguments) {
     const auto output = outputs_.extract(arguments.number<std::uint32_t>());
     if (output.empty()) throw Garbled();
     output.mapped()->commit();
+}
+
+void MachineService::put_printer_names(Writer& result) const {
+    const std::vector<std::string> names = machine_.printer_names();
+    result.put(static_cast<std::uint32_t>(names.size()));
+    for (const std::string& name : names)
+        result.put(std::string_view(name));
 }
 
 bool MachineService::is_its_own(const std::filesystem::path& file) const {

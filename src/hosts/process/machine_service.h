@@ -38,6 +38,7 @@ class MachineService {
     void open_document(Reader& arguments, Writer& result);
     void make_output(Reader& arguments, Writer& result);
     void commit_output(Reader& arguments);
+    void put_printer_names(Writer& result) const;
     void print(Reader& arguments);
     void show_progress(Reader& arguments);
     void tell_failure(Reader& arguments);

@@ -118,6 +118,14 @@ std::string RemoteMachine::default_printer() const {
     return peer_->call(request(MachineCall::default_printer)).text();
 }
 
+std::vector<std::string> RemoteMachine::printer_names() const {
+    Reader result = peer_->call(request(MachineCall::printer_names));
+    std::vector<std::string> names(result.count());
+    for (std::string& name : names)
+        name = result.text();
+    return names;
+}
+
 void RemoteMachine::print(std::string_view printer, const std::filesystem::path& pdf,
                           std::string_view title) {
     peer_->call(request(MachineCall::print).put(printer).put(pdf.native()).put(title));

@@ -41,6 +41,7 @@ class RemoteMachine : public Machine {
     bool has_printer(std::string_view name) const override;
     bool is_pdf_printer(std::string_view name) const override;
     std::string default_printer() const override;
+    std::vector<std::string> printer_names() const override;
     void print(std::string_view printer, const std::filesystem::path& pdf, std::string_view title) override;
     bool found(const FoundText& place) override;
     void show_progress(std::string_view doing, int percent) override;

@@ -58,9 +58,6 @@ class LocalMachine : public hosts::Machine {
     Desktop& desktop() { return desktop_; }
     LocalPrograms& programs() { return programs_; }
 
-    /// The names of all printers, the PDF printer first.
-    std::vector<std::string> printer_names() { return printers_.names(); }
-
     /// Every host with its engine, version and package; starts no engine.
     std::vector<HostStatus> host_states() { return modules_.list(); }
 
@@ -92,6 +89,7 @@ class LocalMachine : public hosts::Machine {
     bool has_printer(std::string_view name) const override { return printers_.has(name); }
     bool is_pdf_printer(std::string_view name) const override { return printers_.is_pdf_printer(name); }
     std::string default_printer() const override { return printers_.default_name(); }
+    std::vector<std::string> printer_names() const override { return printers_.names(); }
     void print(std::string_view printer, const std::filesystem::path& pdf, std::string_view title) override;
     void show_progress(std::string_view doing, int percent) override {
         if (on_progress_) on_progress_(doing, percent);

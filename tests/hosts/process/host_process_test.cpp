@@ -131,7 +131,7 @@ automation::ObjectPtr make_prober(std::string_view class_name, Machine& machine)
     });
     prober->add_method("Ask", {}, [&](const Bound&) -> Value {
         return machine.default_printer() + (machine.has_printer("Office") ? " has" : " has no") +
-               (machine.is_pdf_printer("Office") ? " pdf" : "") +
+               (machine.is_pdf_printer("Office") ? " pdf" : "") + " " + machine.printer_names().at(1) +
                (machine.setting("k", "v") ? " setting" : "");
     });
     prober->add_method("Progress", {"Doing", "Percent"}, [&](const Bound& given) -> Value {
@@ -186,6 +186,7 @@ class ProbingMachine : public Machine {
     bool has_printer(std::string_view name) const override { return name == "Office"; }
     bool is_pdf_printer(std::string_view name) const override { return name == "Office"; }
     std::string default_printer() const override { return "Office"; }
+    std::vector<std::string> printer_names() const override { return {"Adobe PDF", "Office"}; }
     void print(std::string_view printer, const fs::path& pdf, std::string_view title) override {
         printed += std::string(printer) + ": " + content(pdf) + ", " + std::string(title);
     }
@@ -361,7 +362,7 @@ TEST_F(HostProcessTest, StartsNoProcessOfItsOwn) {
 }
 
 TEST_F(HostProcessTest, AsksItsMachine) {
-    EXPECT_EQ(create().call("Ask"), Value("Office has pdf")) << "settings hold passwords";
+    EXPECT_EQ(create().call("Ask"), Value("Office has pdf Office")) << "settings hold passwords";
 }
 
 TEST_F(HostProcessTest, ShowsDialogsAndHearsOfClicks) {
