@@ -35,7 +35,7 @@ constexpr std::array<Host, 13> hosts{{
     {"Visio", visio_classes, "LibreOffice Draw", "office", "libreoffice-draw-nogui", true},
     {"PDFMaker", pdfmaker_classes, "LibreOffice", "office", "libreoffice-writer-nogui", true},
     {"AutoCAD", autocad_classes, "cairo and Pango", "autocad", "libpangocairo-1.0-0", true},
-    {"Access", access_classes, "mdbtools", "", ""},
+    {"Access", access_classes, "mdbtools", "access", "libmdb3", true},
     {.name = "Crystal Reports",
      .classes = crystal_classes,
      .engine = "",

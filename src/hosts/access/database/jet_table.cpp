@@ -1,0 +1,261 @@
+#include "hosts/access/database/jet_table.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstring>
+#include <memory>
+#include <string_view>
+
+#include "hosts/access/database/column_properties.h"
+#include "hosts/access/database/jet_file.h"
+
+namespace foliant::hosts::access {
+namespace {
+
+struct FreeText {
+    void operator()(char* text) const { g_free(text); }
+};
+using TextPtr = std::unique_ptr<char, FreeText>;
+
+struct FreeTable {
+    void operator()(MdbTableDef* table) const { mdb_free_tabledef(table); }
+};
+using TablePtr = std::unique_ptr<MdbTableDef, FreeTable>;
+
+Kind kind_of(const MdbColumn& column) {
+    switch (column.col_type) {
+        case MDB_BOOL:
+            return Kind::boolean;
+        case MDB_BYTE:
+        case MDB_INT:
+        case MDB_LONGINT:
+            return Kind::integer;
+        case MDB_MONEY:
+            return Kind::money;
+        case MDB_FLOAT:
+            return Kind::single;
+        case MDB_DOUBLE:
+            return Kind::real;
+        case MDB_NUMERIC:
+            return Kind::decimal;
+        case MDB_DATETIME:
+            return Kind::date;
+        case MDB_TEXT:
+        case MDB_REPID:
+            return Kind::text;
+        case MDB_MEMO:
+            return Kind::memo;
+        default:
+            return Kind::opaque;
+    }
+}
+
+Column describe(const MdbColumn& column, const std::string& table, const ColumnProperties& properties) {
+    Column described{.name = column.name, .kind = kind_of(column), .tables = {table}};
+    const auto own = properties.find(described.name);
+    if (own == properties.end()) return described;
+    const auto property = [&](const char* name) {
+        const auto found = own->second.find(name);
+        return found == own->second.end() ? std::string() : found->second;
+    };
+    described.caption = property("Caption");
+    described.format = property("Format");
+    described.has_formats = property("TextFormat") == "1";
+    constexpr int automatic = 255;
+    const std::string decimals = property("DecimalPlaces");
+    int number = automatic;
+    std::from_chars(decimals.data(), decimals.data() + decimals.size(), number);
+    if (number >= 0 && number < automatic) described.decimals = std::min(number, 15);
+    return described;
+}
+
+/// Reads the fields of the record that a table stands on.
+class Fields {
+  public:
+    Fields(MdbHandle* database, const std::string& table, Binary binary)
+        : database_(database), table_(table), binary_(binary) {}
+
+    Datum read(const MdbColumn& column) {
+        start_ = column.cur_value_start;
+        length_ = column.cur_value_len;
+        if (column.col_type == MDB_BOOL) return length_ == 0;  // what it says is whether it is missing
+        if (start_ == 0) return Null();
+        require(length_ >= 0 && start_ + length_ <= MDB_PGSIZE);
+        require(length_ >= fixed_size(column.col_type));
+        switch (column.col_type) {
+            case MDB_BYTE:
+                return std::int64_t{mdb_pg_get_byte(database_, start_)};
+            case MDB_INT:
+                return std::int64_t{static_cast<std::int16_t>(mdb_pg_get_int16(database_, start_))};
+            case MDB_LONGINT:
+                return std::int64_t{static_cast<std::int32_t>(mdb_pg_get_int32(database_, start_))};
+            case MDB_MONEY:
+                return money();
+            case MDB_FLOAT:
+                return double{mdb_pg_get_single(database_, start_)};
+            case MDB_DOUBLE:
+                return mdb_pg_get_double(database_, start_);
+            case MDB_NUMERIC:
+                return Decimal{
+                    TextPtr(mdb_numeric_to_string(database_, start_, column.col_scale, column.col_prec))
+                        .get()};
+            case MDB_DATETIME:
+                return date();
+            case MDB_TEXT:
+                return to_utf8(database_, {buffer() + start_, static_cast<std::size_t>(length_)});
+            case MDB_REPID:
+                return std::string(TextPtr(mdb_uuid_to_string(database_->pg_buf, start_)).get());
+            case MDB_MEMO:
+                return to_utf8(database_, long_value());
+            case MDB_OLE:
+                return binary_ == Binary::bytes ? Datum(long_value()) : Opaque{long_length()};
+            default:
+                if (binary_ == Binary::bytes)
+                    return std::string(buffer() + start_, static_cast<std::size_t>(length_));
+                return Opaque{static_cast<std::size_t>(length_)};
+        }
+    }
+
+  private:
+    static constexpr std::uint32_t is_here = 0x80000000;
+    static constexpr std::uint32_t is_in_one_row = 0x40000000;
+
+    static int fixed_size(int type) {
+        switch (type) {
+            case MDB_BYTE:
+                return 1;
+            case MDB_INT:
+                return 2;
+            case MDB_LONGINT:
+            case MDB_FLOAT:
+                return 4;
+            case MDB_MONEY:
+            case MDB_DOUBLE:
+            case MDB_DATETIME:
+                return 8;
+            case MDB_REPID:
+                return 16;
+            case MDB_NUMERIC:
+                return 17;
+            case MDB_MEMO:
+            case MDB_OLE:
+                return MDB_MEMO_OVERHEAD;
+            default:
+                return 0;
+        }
+    }
+
+    void require(bool is_sound) const {
+        if (!is_sound) throw DatabaseError("a record of the table \"" + table_ + "\" is damaged");
+    }
+
+    const char* buffer() const { return reinterpret_cast<const char*>(database_->pg_buf); }
+
+    std::uint32_t word(int offset) const {
+        return static_cast<std::uint32_t>(mdb_pg_get_int32(database_, start_ + offset));
+    }
+
+    Datum money() const {
+        return Money{static_cast<std::int64_t>((std::uint64_t{word(4)} << 32U) | word(0))};
+    }
+
+    /// From the year 100 to 9999; anything else was never a date.
+    Datum date() const {
+        const double days = mdb_pg_get_double(database_, start_);
+        require(days > -657435 && days < 2958466);
+        return Date{days};
+    }
+
+    std::size_t long_length() const {
+        if ((word(0) & is_here) != 0) return static_cast<std::size_t>(length_ - MDB_MEMO_OVERHEAD);
+        return word(0) & ~(is_here | is_in_one_row);
+    }
+
+    /// A long text, which lies in the record itself, in a row of its own, or in a chain of those.
+    std::string long_value() const {
+        const std::uint32_t first = word(0);
+        if ((first & is_here) != 0)
+            return {buffer() + start_ + MDB_MEMO_OVERHEAD,
+                    static_cast<std::size_t>(length_ - MDB_MEMO_OVERHEAD)};
+        const std::size_t wanted = long_length();
+        const std::size_t link = (first & is_in_one_row) != 0 ? 0 : 4;
+        std::string bytes;
+        std::uint32_t place = word(4);
+        while (place != 0 && bytes.size() < wanted) {
+            const std::string_view row = row_at(place);
+            require(row.size() > link);
+            bytes.append(row.substr(link));
+            if (link == 0) break;
+            std::uint32_t next = 0;
+            std::memcpy(&next, row.data(), sizeof next);  // little-endian, as this machine
+            place = next;
+        }
+        require(bytes.size() >= wanted);
+        bytes.resize(wanted);
+        return bytes;
+    }
+
+    std::string_view row_at(std::uint32_t place) const {
+        void* page = nullptr;
+        int offset = 0;
+        std::size_t size = 0;
+        require(mdb_find_pg_row(database_, static_cast<int>(place), &page, &offset, &size) == 0);
+        require(offset >= 0 && static_cast<std::size_t>(offset) + size <= MDB_PGSIZE);
+        return {static_cast<const char*>(page) + offset, size};
+    }
+
+    MdbHandle* database_;
+    const std::string& table_;
+    Binary binary_;
+    int start_ = 0;
+    int length_ = 0;
+};
+
+}  // namespace
+
+std::string to_utf8(MdbHandle* database, std::string_view raw) {
+    if (raw.empty()) return {};
+    std::string utf8(raw.size() * 4 + 8, '\0');
+    const int length = mdb_unicode2ascii(database, raw.data(), raw.size(), utf8.data(), utf8.size());
+    utf8.resize(static_cast<std::size_t>(std::max(length, 0)));
+    if (const std::size_t end = utf8.find('\0'); end != std::string::npos) utf8.resize(end);
+    return utf8;
+}
+
+Relation read_records(MdbHandle* database, const TablePlace& place, Binary binary) {
+    // Not the library's own list of tables: what is damaged in properties keeps that busy for ever.
+    MdbCatalogEntry entry{};
+    entry.mdb = database;
+    entry.object_type = MDB_TABLE;
+    entry.table_pg = place.page;
+    const TablePtr table(mdb_read_table(&entry));
+    if (!table || mdb_read_columns(table.get()) == nullptr || table->num_cols == 0)
+        throw DatabaseError("the table \"" + place.name + "\" is damaged");
+    const ColumnProperties properties = read_column_properties(
+        place.properties, [&](std::string_view raw) { return to_utf8(database, raw); });
+    Relation relation;
+    std::vector<const MdbColumn*> columns;
+    for (unsigned i = 0; i < table->num_cols; ++i) {
+        columns.push_back(static_cast<const MdbColumn*>(g_ptr_array_index(table->columns, i)));
+        relation.columns.push_back(describe(*columns.back(), place.name, properties));
+    }
+    Fields fields(database, place.name, binary);
+    mdb_rewind_table(table.get());
+    while (mdb_fetch_row(table.get()) != 0) {
+        Row& row = relation.rows.emplace_back();
+        row.reserve(columns.size());
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            row.push_back(fields.read(*columns[i]));
+            if (auto* text = std::get_if<std::string>(&row.back());
+                text != nullptr && relation.columns[i].has_formats)
+                *text = without_formats(*text);
+        }
+    }
+    if (relation.rows.size() < table->num_rows)
+        throw DatabaseError("of the " + std::to_string(table->num_rows) + " records of the table \"" +
+                            place.name + "\" only " + std::to_string(relation.rows.size()) + " can be read");
+    return relation;
+}
+
+}  // namespace foliant::hosts::access
