@@ -12,7 +12,7 @@ struct Host {
         classes;  ///< ProgIDs and class identifiers, as they are officially spelt; of a host that is
                   ///< no automation server, the name that command lines start it by.
     std::string_view engine;   ///< What does the work; "" when there is no engine for it.
-    std::string_view module;   ///< File name without ".so" of its module; "" in a version without it.
+    std::string_view module;   ///< File name without ".so" of its module; "" when there is no engine.
     std::string_view package;  ///< The Debian package that brings the engine; "" when there is none.
     /// Runs in a process of its own that the kernel contains, by the policy that its module states.
     bool contained = false;

@@ -17,7 +17,6 @@ using automation::RuntimeError;
 namespace {
 
 constexpr const char* entry_name = "foliant_host_module";
-constexpr std::string_view not_in_this_version = "It is not available in this version.";
 
 Error cannot_create(std::string_view host, const std::string& reason) {
     const std::string usual(automation::usual_description(RuntimeError::cannot_create_object));
@@ -41,7 +40,6 @@ std::string advice(const hosts::Host& host) {
 }
 
 std::string absence(const hosts::Host& host) {
-    if (!host.engine.empty()) return std::string(not_in_this_version);
     return "There is no engine that stands in for it." +
            (host.instead.empty() ? "" : " " + std::string(host.instead));
 }
