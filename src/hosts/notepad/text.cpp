@@ -34,9 +34,9 @@ std::array<std::size_t, 2> zeros(std::string_view bytes) {
 /// Texts hold zeros, but not in the middle of their characters.
 bool is_utf8(std::string_view file) {
     while (!file.empty()) {
-        const std::size_t zero = std::min(file.find('\0'), file.size());
-        if (g_utf8_validate_len(file.data(), zero, nullptr) == FALSE) return false;
-        file.remove_prefix(std::min(zero + 1, file.size()));
+        const std::string_view part = file.substr(0, file.find('\0'));
+        if (g_utf8_validate_len(part.data(), part.size(), nullptr) == FALSE) return false;
+        file.remove_prefix(std::min(part.size() + 1, file.size()));
     }
     return true;
 }
@@ -49,7 +49,7 @@ std::string_view without_mark(std::string_view file, std::string_view mark) {
 class Conversion {
   public:
     explicit Conversion(const char* encoding) : handle_(::iconv_open("UTF-8", encoding)) {
-        if (handle_.get() == iconv_t(-1)) {
+        if (handle_.get() == iconv_t(-1)) {  // NOLINT(performance-no-int-to-ptr): as the system has it
             handle_.release();  // NOLINT(bugprone-unused-return-value): there is nothing to close
             throw std::runtime_error(std::string("this machine cannot read texts in ") + encoding);
         }
