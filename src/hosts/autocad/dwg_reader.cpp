@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <sstream>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -18,6 +19,7 @@ namespace foliant::hosts::autocad {
 namespace {
 
 constexpr int cannot_read = 3;
+constexpr int unknown_option = 9;  // as Node.js says it
 
 /// What Node.js is to do: the module's own files are in memory. That says in its bytes that it may grow to 4 GiB,
 /// which are reserved as far as the limits go, and nothing is left for others; 1.25 GiB will do.
@@ -36,8 +38,24 @@ try {
 } catch {
     problem = -1;
 }
+// This version of LibreDWG writes the layers as if all of them were off.
+const layerType = 51;
+const hidden = [];
+try {
+    const { data } = module.dwg_read_file('in.dwg');
+    for (let i = 0; i < module.dwg_get_num_objects(data); ++i) {
+        const object = module.dwg_get_object(data, i);
+        if (module.dwg_object_get_fixedtype(object) !== layerType) continue;
+        const layer = module.dwg_object_to_object_tio(object);
+        const value = (name) => module.dwg_dynapi_entity_value(layer, name).data;
+        if (value('off')) hidden.push(value('name'));
+    }
+} catch {
+    problem = -1;
+}
 if (problem !== 0 || !module.FS.analyzePath('out.dxf').exists) process.exit(3);
 fs.writeFileSync(output, module.FS.readFile('out.dxf'));
+fs.writeFileSync(output + '.off', hidden.join('\n'));
 )js";
 
 /// As system calls take them, with a null at the end.
@@ -71,11 +89,21 @@ int wait_for(pid_t process) {
 
 void require_success(int status) {
     if (WIFEXITED(status) && WEXITSTATUS(status) == 0) return;
+    if (WIFEXITED(status) && WEXITSTATUS(status) == unknown_option)
+        throw DwgFailure("takes Node.js 20.15 or later to read");
     if (WIFEXITED(status) && WEXITSTATUS(status) == cannot_read)
         throw DwgFailure("is damaged, or of a release that LibreDWG cannot read");
     if (WIFSIGNALED(status) && (WTERMSIG(status) == SIGXCPU || WTERMSIG(status) == SIGKILL))
         throw DwgFailure("takes LibreDWG too long to read");
     throw DwgFailure("makes LibreDWG fail");
+}
+
+/// What is in a file, which goes.
+std::string taken(const std::filesystem::path& path) {
+    const posix::FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!file) throw DwgFailure("makes LibreDWG fail");
+    std::filesystem::remove(path);
+    return read_file(file.get());
 }
 
 }  // namespace
@@ -93,14 +121,16 @@ std::optional<DwgReader> find_dwg_reader() {
                      {FOLIANT_LIBREDWG, "/usr/share/nodejs", "/usr/lib/nodejs", "/etc/ssl/openssl.cnf"}};
 }
 
-std::string read_dwg(const DwgReader& reader, const std::filesystem::path& dwg,
-                     const std::filesystem::path& folder) {
+DwgContent read_dwg(const DwgReader& reader, const std::filesystem::path& dwg,
+                    const std::filesystem::path& folder) {
     const std::filesystem::path output = folder / "drawing.dxf";
-    // WebAssembly reserves more room than the limits allow, unless it is told to look at each access.
+    // WebAssembly reserves more room than the limits allow unless it is told to look at each access, and its
+    // best code, for a library of which a drawing needs a part, takes many times longer to make than to run.
     std::vector<std::string> texts{reader.program,
                                    "--disable-wasm-trap-handler",
+                                   "--liftoff-only",
+                                   "--wasm-lazy-compilation",
                                    "--max-old-space-size=512",
-                                   "--v8-pool-size=2",
                                    "--input-type=module",
                                    "--eval",
                                    script,
@@ -117,11 +147,11 @@ std::string read_dwg(const DwgReader& reader, const std::filesystem::path& dwg,
     if (process < 0) throw std::system_error(errno, std::generic_category(), "cannot start a process");
     if (process == 0) run(words.data(), variable_words.data(), parent);
     require_success(wait_for(process));
-    const posix::FileDescriptor file(::open(output.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!file) throw DwgFailure("makes LibreDWG fail");
-    std::string dxf = read_file(file.get());
-    std::filesystem::remove(output);
-    return dxf;
+    DwgContent content{.dxf = taken(output), .layers_off = {}};
+    std::istringstream names(taken(output.string() + ".off"));
+    for (std::string name; std::getline(names, name);)
+        content.layers_off.insert(folded(name));
+    return content;
 }
 
 }  // namespace foliant::hosts::autocad

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "hosts/autocad/drawing/drawing.h"
+
 namespace foliant::hosts::autocad {
 
 /// LibreDWG, which reads .dwg, as WebAssembly that Node.js runs.
@@ -24,9 +26,15 @@ class DwgFailure : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// The drawing as DXF. It runs in a process of its own, which may do what this one may and ends with it;
+/// A .dwg as LibreDWG gives it.
+struct DwgContent {
+    std::string dxf;
+    NameSet layers_off;  ///< of which the DXF does not tell
+};
+
+/// Reads a drawing. It runs in a process of its own, which may do what this one may and ends with it;
 /// temporary files go to `folder`. Throws DwgFailure, and std::system_error when there can be no process.
-std::string read_dwg(const DwgReader& reader, const std::filesystem::path& dwg,
-                     const std::filesystem::path& folder);
+DwgContent read_dwg(const DwgReader& reader, const std::filesystem::path& dwg,
+                    const std::filesystem::path& folder);
 
 }  // namespace foliant::hosts::autocad

@@ -49,7 +49,7 @@ std::string other_kind(std::string_view bytes) {
     return {};
 }
 
-std::string dxf_of_dwg(Machine& machine, const DocumentFile& file) {
+DwgContent content_of_dwg(Machine& machine, const DocumentFile& file) {
     constexpr const char* instead =
         " Have the program that it was drawn with save it as DXF, of any release from R12 to 2018.";
     const auto reader = find_dwg_reader();
@@ -58,8 +58,8 @@ std::string dxf_of_dwg(Machine& machine, const DocumentFile& file) {
             general_failure,
             cannot_open(file.path) +
                 "a .dwg takes LibreDWG and Node.js. Install the package nodejs and run "
-                "scripts/install-libredwg. Or have the program that it was drawn with save it as DXF, "
-                "of any release from R12 to 2018.");
+                "scripts/install-libredwg." +
+                instead);
     try {
         return read_dwg(*reader, file.place, machine.private_folder());
     } catch (const DwgFailure& failure) {
@@ -72,12 +72,16 @@ std::string dxf_of_dwg(Machine& machine, const DocumentFile& file) {
 std::shared_ptr<const OpenDrawing> open_drawing(Machine& machine, const std::string& path) {
     const DocumentFile file = open_file(machine, path);
     std::string bytes = read_file(file.descriptor.get());
-    if (is_dwg(bytes))
-        bytes = dxf_of_dwg(machine, file);
-    else if (const std::string kind = other_kind(bytes); !kind.empty())
+    std::optional<NameSet> layers_off;
+    if (is_dwg(bytes)) {
+        DwgContent content = content_of_dwg(machine, file);
+        bytes = std::move(content.dxf);
+        layers_off = std::move(content.layers_off);
+    } else if (const std::string kind = other_kind(bytes); !kind.empty()) {
         throw autocad_error(general_failure, cannot_open(file.path) + kind + ", and no drawing.");
+    }
     try {
-        return std::make_shared<OpenDrawing>(file.path, std::move(bytes));
+        return std::make_shared<OpenDrawing>(file.path, std::move(bytes), std::move(layers_off));
     } catch (const Unreadable& failure) {
         throw autocad_error(general_failure,
                             cannot_open(file.path) + "as a DXF file it " + failure.what() + ".");

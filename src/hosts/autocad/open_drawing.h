@@ -11,8 +11,8 @@ namespace foliant::hosts::autocad {
 
 /// A drawing that was opened.
 struct OpenDrawing {
-    OpenDrawing(std::filesystem::path file, std::string dxf)
-        : path(std::move(file)), drawing(std::move(dxf)) {}
+    OpenDrawing(std::filesystem::path file, std::string dxf, std::optional<NameSet> layers_off)
+        : path(std::move(file)), drawing(std::move(dxf), std::move(layers_off)) {}
 
     std::filesystem::path path;  ///< absolute
     Drawing drawing;

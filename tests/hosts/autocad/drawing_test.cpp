@@ -118,6 +118,14 @@ TEST(Drawing, PutsEntitiesOnTheLayoutThatTheyAreDrawnOn) {
     EXPECT_EQ(drawing.layouts()[2].content->entities[0].type, "TEXT");
 }
 
+TEST(Drawing, TakesTheWordOfWhoeverKnowsWhichLayersAreOff) {
+    const std::string text = DxfText{.tables = {"LAYER|2=Walls|62=-1", "LAYER|2=Doors|62=-2"}}.text();
+    EXPECT_FALSE(Drawing(text).layer("walls").is_shown);
+    const Drawing drawing(text, NameSet{"doors"});
+    EXPECT_TRUE(drawing.layer("Walls").is_shown);
+    EXPECT_FALSE(drawing.layer("Doors").is_shown);
+}
+
 TEST(Drawing, OfRelease12HasASheetWhenAnythingStandsOnIt) {
     DxfText text{.entities = {line}, .version = "AC1009"};
     EXPECT_THAT(layout_names(Drawing(text.text())), ElementsAre("Model"));

@@ -65,7 +65,8 @@ PlotSettings plot_settings(Tags tags) {
 
 }  // namespace
 
-Drawing::Drawing(std::string dxf) : file_(std::move(dxf)), decoder_("", "") {
+Drawing::Drawing(std::string dxf, std::optional<NameSet> layers_off)
+    : file_(std::move(dxf)), layers_off_(std::move(layers_off)), decoder_("", "") {
     read();
     settle_layouts();
 }
@@ -130,7 +131,8 @@ void Drawing::read_layer(Tags tags) {
     layer.is_frozen = (static_cast<unsigned>(tags.integer(70)) & frozen) != 0;
     const std::string name = folded(tags.text(2));
     // The points that dimensions are measured from are never plotted.
-    layer.is_shown = colour >= 0 && !layer.is_frozen && tags.integer(290, 1) != 0 && name != "defpoints";
+    const bool is_off = layers_off_ ? layers_off_->contains(folded(text(tags.text(2)))) : colour < 0;
+    layer.is_shown = !is_off && !layer.is_frozen && tags.integer(290, 1) != 0 && name != "defpoints";
     layer.handle = tags.text(5);
     layers_[name] = std::move(layer);
 }

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -80,11 +81,14 @@ struct Layout {
     const Block* content = nullptr;  ///< never null in a drawing's list
 };
 
+using NameSet = std::set<std::string>;
+
 /// A drawing as its DXF file has it. It is not changed once it was read.
 class Drawing {
   public:
-    /// Throws Unreadable.
-    explicit Drawing(std::string dxf);
+    /// `layers_off` has the names, as `folded` gives them, of the layers that are off, where the DXF does not
+    /// tell it right. Throws Unreadable.
+    explicit Drawing(std::string dxf, std::optional<NameSet> layers_off = std::nullopt);
     Drawing(const Drawing&) = delete;
     Drawing& operator=(const Drawing&) = delete;
 
@@ -116,6 +120,7 @@ class Drawing {
     Block& space(bool is_paper);
 
     TagFile file_;
+    std::optional<NameSet> layers_off_;
     TextDecoder decoder_;
     std::map<std::string_view, Tags, std::less<>> variables_;
     std::unordered_map<std::string, Layer> layers_;
