@@ -252,10 +252,12 @@ void paint_hatch(Painter& painter, const Entity& entity, const Context& context)
     const Context own = in_object(context, entity);
     Ink area = painter.fill_of(entity, context);
     if (const auto colour = gradient_of(entity.tags)) area.colour = *colour;
-    const bool is_solid = entity.tags.integer(70) == 1 || hatch.families.empty();
+    const bool is_solid = entity.tags.integer(70) == 1;
     if (is_solid || painter.canvas().only_measures()) return painter.fill(hatch.boundary, area, own);
     Ink line = painter.ink_of(entity, context);
     line.dashes.clear();
+    // A pattern that is only named: where it is can be shown.
+    if (hatch.families.empty()) return painter.stroke(hatch.boundary, line, own);
     draw_lines(painter, hatch, line, area, own);
 }
 

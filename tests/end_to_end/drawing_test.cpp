@@ -1,0 +1,53 @@
+// AutoCAD drawings, made here as text.
+
+#include <gtest/gtest.h>
+
+#include "end_to_end/command.h"
+
+namespace foliant::end_to_end {
+namespace {
+
+std::string text_on(const std::string& words, const std::string& more = "") {
+    return "0\nTEXT\n8\n0\n10\n0\n20\n0\n40\n5\n1\n" + words + "\n" + more;
+}
+
+class DrawingToPdf : public testing::Test {
+  protected:
+    void SetUp() override {
+        REQUIRE_HOST("AutoCAD");
+        REQUIRE_HOST("Acrobat");
+        shop.write("house.dxf", "0\nSECTION\n2\nENTITIES\n" + text_on("the model") +
+                                    text_on("the sheet", "67\n1\n") + "0\nENDSEC\n0\nEOF\n");
+    }
+    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
+
+    Workshop shop;
+};
+
+TEST_F(DrawingToPdf, OneLayoutOrSeveral) {
+    const Finished one = shop.foliant({"CreatePDFfromAutoCAD", "a.pdf", "house.dxf", "--layout", "layout1"});
+    EXPECT_EQ(one.exit_code, 0) << one.errors;
+    EXPECT_EQ(shop.pages("a.pdf"), 1);
+    EXPECT_NE(shop.text("a.pdf").find("the sheet"), std::string::npos);
+    const Finished both =
+        shop.foliant({"CreatePDFfromMultiAutoCAD", "b.pdf", "house.dxf", "--layouts", "1", "Model"});
+    EXPECT_EQ(both.exit_code, 0) << both.errors;
+    EXPECT_EQ(shop.pages("b.pdf"), 2);
+    const std::string text = shop.text("b.pdf");
+    EXPECT_LT(text.find("the sheet"), text.find("the model")) << text;
+}
+
+TEST_F(DrawingToPdf, LayoutsThatAreNotThereAreTold) {
+    for (const std::vector<std::string>& layout :
+         {std::vector<std::string>{}, std::vector<std::string>{"--layout", "Roof"}}) {
+        std::vector<std::string> words{"CreatePDFfromAutoCAD", "a.pdf", "house.dxf"};
+        words.insert(words.end(), layout.begin(), layout.end());
+        const Finished call = shop.foliant(words);
+        EXPECT_EQ(call.exit_code, 5) << call.errors;
+        EXPECT_NE(call.errors.find("0 \"Model\", 1 \"Layout1\""), std::string::npos) << call.errors;
+    }
+    EXPECT_EQ(shop.pages("a.pdf"), 0) << "there is no such file";
+}
+
+}  // namespace
+}  // namespace foliant::end_to_end
