@@ -54,12 +54,11 @@ DwgContent content_of_dwg(Machine& machine, const DocumentFile& file) {
         " Have the program that it was drawn with save it as DXF, of any release from R12 to 2018.";
     const auto reader = find_dwg_reader();
     if (!reader)
-        throw autocad_error(
-            general_failure,
-            cannot_open(file.path) +
-                "a .dwg takes LibreDWG and Node.js. Install the package nodejs and run "
-                "scripts/install-libredwg." +
-                instead);
+        throw autocad_error(general_failure,
+                            cannot_open(file.path) +
+                                "a .dwg takes LibreDWG and Node.js. Install the package nodejs and run "
+                                "scripts/install-libredwg." +
+                                instead);
     try {
         return read_dwg(*reader, file.place, machine.private_folder());
     } catch (const DwgFailure& failure) {
