@@ -14,7 +14,11 @@ automation::ObjectPtr Front::create(std::string_view class_name) {
         if (is(registered::acrobat_viewer)) return keep(std::make_shared<Viewer>(self));
         if (is(registered::acrobat_document)) return keep(std::make_shared<Document>(self));
     }
-    return wake().create(class_name, machine_);
+    const Engine& engine = wake();
+    // It is handed documents and windows, which are the engine's own only behind those that stand for them.
+    if (is(registered::acrobat_bookmark))
+        return std::make_shared<StandIn>(shared_from_this(), registered::acrobat_bookmark);
+    return engine.create(class_name, machine_);
 }
 
 const Engine& Front::wake() {
