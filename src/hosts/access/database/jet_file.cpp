@@ -22,8 +22,9 @@ constexpr std::size_t encryption_at = 0x299;
 std::string utf16_to_utf8(std::string_view bytes) {
     std::string text;
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-        const unsigned unit = static_cast<unsigned char>(bytes[i]) | static_cast<unsigned char>(bytes[i + 1])
-                                                                         << 8U;
+        const auto low = static_cast<unsigned char>(bytes[i]);
+        const auto high = static_cast<unsigned char>(bytes[i + 1]);
+        const unsigned unit = low + 256U * high;
         if (unit == 0) break;
         std::array<char, 6> utf8{};
         text.append(utf8.data(), static_cast<std::size_t>(g_unichar_to_utf8(unit, utf8.data())));
