@@ -36,7 +36,7 @@ TEST_F(CountingPages, PrintsTheirNumber) {
     EXPECT_EQ(call.output, "2\n");
 }
 
-/// A few kilobytes that unpack to two gigabytes of objects.
+/// A few kilobytes that unpack to half a gigabyte of objects.
 TEST_F(CountingPages, OfAnObjectStreamThatUnpacksWithoutEndKeepsToItsMemory) {
     shop.run(
         {"python3", "-c",
@@ -44,10 +44,10 @@ TEST_F(CountingPages, OfAnObjectStreamThatUnpacksWithoutEndKeepsToItsMemory) {
          "def pack(pieces):\n"
          "    packer = zlib.compressobj(9)\n"
          "    return b''.join([packer.compress(piece) for piece in pieces] + [packer.flush()])\n"
-         "inner = pack([b'1 0 2 9 '] + [b' ' * 2**20] * 2048)\n"
+         "inner = pack([b'1 0 2 9 '] + [b' ' * 2**20] * 512)\n"
          "data = pack([inner])\n"
          "table = bytes([0, 0, 0, 0,  2, 0, 3, 0,  2, 0, 3, 1,  1, 0, 9, 0])\n"
-         "bomb = b'%PDF-1.5\\n3 0 obj <</Type/ObjStm/N 2/First 8/Filter[/FlateDecode/FlateDecode]/Length %d>>"
+         "bomb = b'%%PDF-1.5\\n3 0 obj <</Type/ObjStm/N 2/First 8/Filter[/FlateDecode/FlateDecode]/Length %d>>"
          "stream\\n' % len(data) + data + b'\\nendstream endobj\\n'\n"
          "start = len(bomb)\n"
          "bomb += b'4 0 obj <</Type/XRef/W[1 2 1]/Size 4/Root 1 0 R/Length %d>>stream\\n' % len(table) + table\n"
