@@ -26,6 +26,17 @@ if(FOLIANT_SANITIZE)
   target_link_options(foliant_settings INTERFACE -fsanitize=address,undefined)
 endif()
 
+# A third of the time that a source takes to compile is the standard library's headers: they are compiled once. Sources
+# include what they use all the same; the linter reads each of them without this. Mingw gains a tenth: not worth it.
+if(NOT WIN32)
+  file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/standard_header.cpp CONTENT "// Owns the precompiled header of the rooms.\n")
+  add_library(foliant_standard_header STATIC ${CMAKE_BINARY_DIR}/standard_header.cpp)
+  target_link_libraries(foliant_standard_header PRIVATE foliant_settings)
+  target_precompile_headers(foliant_standard_header PRIVATE
+    <algorithm> <array> <chrono> <filesystem> <functional> <map> <memory> <optional> <set> <span> <string>
+    <string_view> <variant> <vector>)
+endif()
+
 # foliant_sources(RESULT FOLDERS folders... EXCEPT sources...): sets RESULT to the sources of the current folder, and of
 # those folders below it, but those excepted. A new file is found by the next build.
 function(foliant_sources result)
@@ -70,6 +81,13 @@ function(foliant_room name)
   endif()
   add_library(foliant_${name} STATIC ${room_SOURCES})
   target_link_libraries(foliant_${name} PUBLIC foliant_settings)
+  if(TARGET foliant_standard_header AND NOT TARGET foliant_test_header) # what tests share is not optimised
+    target_precompile_headers(foliant_${name} REUSE_FROM foliant_standard_header)
+    # The optimiser's guesses about the library's own code are hidden only while the compiler knows that it is the
+    # system's, which it forgets in a precompiled header.
+    target_compile_options(foliant_${name} PRIVATE -Wno-array-bounds -Wno-restrict -Wno-stringop-overflow
+                                                     -Wno-stringop-overread)
+  endif()
   foreach(known IN LISTS room_KNOWS)
     cmake_path(GET known FILENAME library)
     # A room may consist of headers only.
