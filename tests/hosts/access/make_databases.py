@@ -281,4 +281,5 @@ def main(folder):
             file.write(content)
 
 
-main(sys.argv[1])
+if __name__ == "__main__":
+    main(sys.argv[1])
