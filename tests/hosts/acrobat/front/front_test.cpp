@@ -101,6 +101,13 @@ TEST_F(FrontTest, LeavesAFileThatIsNotThereToTheEngine) {
     EXPECT_EQ(notes, (Notes{"create AcroExch.AVDoc", "AVDoc.Open " + path + " "}));
 }
 
+TEST_F(FrontTest, ABookmarkGetsTheEnginesOwnDocument) {
+    const Value document = create("AcroExch.PDDoc");
+    const Value bookmark = create("AcroExch.PDBookmark");
+    bookmark.call("GetByTitle", {document, "Untitled"});
+    EXPECT_EQ(notes.back(), "PDBookmark.GetByTitle PDDoc Untitled");
+}
+
 TEST_F(FrontTest, HandsOverWhatIsOpenInTheOrderOfOpening) {
     const Value application = create("AcroExch.App");
     const Value second = create("AcroExch.AVDoc");
