@@ -2,17 +2,21 @@
 
 set(FOLIANT_HOSTS_FOLDER ${CMAKE_BINARY_DIR}/hosts)
 
-# foliant_host(NAME ROOM room FOLDERS folders... EXCEPT sources... LINKS targets... RUN_PATH folders...): the room
-# foliant_NAME, or foliant_ROOM where another room has that name, of the sources that foliant_room would take, and the
+# foliant_host(NAME OWN_HEADER ROOM room FOLDERS folders... EXCEPT sources... LINKS targets... RUN_PATH folders...): the
+# room foliant_NAME, or foliant_ROOM where another room has that name, of the sources that foliant_room would take, and the
 # module of host_module.cpp over it. RUN_PATH is where the engine's libraries lie, when that is not where every program
-# finds them. Links to UNO, to an engine ... are for the room alone.
+# finds them. Links to UNO, to an engine ... are for the room alone. OWN_HEADER is for a room that defines what the
+# standard library's headers look at: it shares no precompiled header.
 function(foliant_host name)
-  cmake_parse_arguments(host "" "ROOM" "FOLDERS;EXCEPT;LINKS;RUN_PATH" ${ARGN})
+  cmake_parse_arguments(host "OWN_HEADER" "ROOM" "FOLDERS;EXCEPT;LINKS;RUN_PATH" ${ARGN})
   if(NOT host_ROOM)
     set(host_ROOM ${name})
   endif()
   foliant_room(${host_ROOM} FOLDERS ${host_FOLDERS} EXCEPT host_module.cpp ${host_EXCEPT})
   target_link_libraries(foliant_${host_ROOM} PRIVATE ${host_LINKS} PUBLIC ${CMAKE_DL_LIBS})
+  if(host_OWN_HEADER)
+    set_target_properties(foliant_${host_ROOM} PROPERTIES DISABLE_PRECOMPILE_HEADERS ON)
+  endif()
 
   foliant_hosts_library(foliant_host_${name} ${name} host_module.cpp)
   target_link_libraries(foliant_host_${name} PRIVATE foliant_${host_ROOM})

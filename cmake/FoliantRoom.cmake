@@ -28,13 +28,13 @@ endif()
 
 # A third of the time that a source takes to compile is the standard library's headers: they are compiled once. Sources
 # include what they use all the same; the linter reads each of them without this. Mingw gains a tenth: not worth it.
-set(FOLIANT_STANDARD_HEADERS <algorithm> <array> <chrono> <filesystem> <functional> <map> <memory> <optional> <set> <span>
-                             <string> <string_view> <variant> <vector>)
 if(NOT WIN32)
   file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/standard_header.cpp CONTENT "// Owns the precompiled header of the rooms.\n")
   add_library(foliant_standard_header STATIC ${CMAKE_BINARY_DIR}/standard_header.cpp)
   target_link_libraries(foliant_standard_header PRIVATE foliant_settings)
-  target_precompile_headers(foliant_standard_header PRIVATE ${FOLIANT_STANDARD_HEADERS})
+  target_precompile_headers(foliant_standard_header PRIVATE
+    <algorithm> <array> <chrono> <filesystem> <functional> <map> <memory> <optional> <set> <span> <string>
+    <string_view> <variant> <vector>)
 endif()
 
 # foliant_sources(RESULT FOLDERS folders... EXCEPT sources...): sets RESULT to the sources of the current folder, and of
