@@ -29,7 +29,7 @@ class Bytes {
     Number number() {
         Number value = 0;
         const std::string_view taken = take(sizeof value);
-        if (taken.size() == sizeof value) std::memcpy(&value, taken.data(), sizeof value);
+        if (taken.size() == sizeof value) std::memcpy(&value, &taken.front(), sizeof value);
         return value;
     }
 

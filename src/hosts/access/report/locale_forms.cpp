@@ -175,7 +175,8 @@ LocaleForms LocaleForms::of_process() {
         forms.currency = money.currency_symbol;
         forms.currency_precedes = money.p_cs_precedes == 1;
         forms.currency_has_space = money.p_sep_by_space != 0;
-        if (money.frac_digits != CHAR_MAX) forms.currency_decimals = money.frac_digits;
+        if (money.frac_digits != CHAR_MAX)
+            forms.currency_decimals = static_cast<unsigned char>(money.frac_digits);
     }
     if (!is_nobodys(std::setlocale(LC_MESSAGES, nullptr))) {
         forms.yes = word(::nl_langinfo(YESSTR), "Yes");

@@ -35,6 +35,7 @@ std::vector<double> squeezed(const Sizes& sizes, double available) {
     const double least = sizes.least_width();
     const double share = (available - least) / (sizes.natural_width() - least);
     std::vector<double> widths;
+    widths.reserve(sizes.natural.size());
     for (std::size_t i = 0; i < sizes.natural.size(); ++i)
         widths.push_back(sizes.least[i] + (sizes.natural[i] - sizes.least[i]) * share);
     return widths;

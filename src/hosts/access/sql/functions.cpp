@@ -271,7 +271,7 @@ Datum aggregate(std::string_view name, std::span<const Datum> values) {
     };
     if (name == "min") return **std::ranges::min_element(present, smaller);
     if (name == "max") return **std::ranges::max_element(present, smaller);
-    const Datum total = sum_of(present);
+    Datum total = sum_of(present);
     if (name == "sum") return total;
     const double mean = number(total, "Avg") / static_cast<double>(present.size());
     return is_money(total) ? money(mean) : Datum(mean);

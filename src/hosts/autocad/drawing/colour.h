@@ -36,7 +36,8 @@ constexpr Colour colour_of_index(int index) noexcept {
     constexpr std::array<double, 5> shades{1, 0.8, 0.6, 0.5, 0.3};
     const double strongest = shades[place % 10 / 2];
     const double weakest = index % 2 == 1 ? strongest / 2 : 0;
-    const double hue = (index / 10 - 1) / 4.0;  // from 0 to 6
+    const int step = index / 10 - 1;  // from 0 to 23
+    const double hue = step / 4.0;    // from 0 to 6
     const auto part = [&](double centre) {
         double distance = hue > centre ? hue - centre : centre - hue;
         if (distance > 3) distance = 6 - distance;

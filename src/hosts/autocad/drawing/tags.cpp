@@ -49,7 +49,7 @@ class BinaryReader {
     template <typename Number>
     bool take(Number& number) {
         if (rest_.size() < sizeof(number)) return false;
-        std::memcpy(&number, rest_.data(), sizeof(number));
+        std::memcpy(&number, &rest_.front(), sizeof(number));
         rest_.remove_prefix(sizeof(number));
         return true;
     }

@@ -52,7 +52,7 @@ bool is_ascii(std::string_view text) {
 }
 
 std::optional<std::string> converted(std::string_view text, std::string_view encoding) {
-    const iconv_t converter = ::iconv_open(unicode.data(), encoding.data());
+    const iconv_t converter = ::iconv_open(std::string(unicode).c_str(), std::string(encoding).c_str());
     if (converter == reinterpret_cast<iconv_t>(-1)) return std::nullopt;  // NOLINT: its own way to say no
     std::string result(text.size() * 4 + 4, '\0');
     char* in = const_cast<char*>(text.data());  // NOLINT: iconv does not write there

@@ -38,17 +38,17 @@ void paint_mesh(Painter& painter, const Entity& entity, const Context& context) 
         parts.size() < rows * columns)
         return;
     Path path;
-    const auto line = [&](std::size_t count, std::size_t first, std::size_t step, bool is_closed) {
-        for (std::size_t i = 0; i < count; ++i) {
-            const Point p = parts[first + i * step].tags.point(10);
+    const auto line = [&](std::size_t begin, std::size_t step, std::size_t vertices, bool is_closed) {
+        for (std::size_t i = 0; i < vertices; ++i) {
+            const Point p = parts[begin + i * step].tags.point(10);
             i == 0 ? path.move_to(p) : path.line_to(p);
         }
         if (is_closed) path.close();
     };
     for (std::size_t row = 0; row < rows; ++row)
-        line(columns, row * columns, 1, has_bit(flags, 32));
+        line(row * columns, 1, columns, has_bit(flags, 32));
     for (std::size_t column = 0; column < columns; ++column)
-        line(rows, column, columns, has_bit(flags, 1));
+        line(column, columns, rows, has_bit(flags, 1));
     painter.stroke(path, painter.ink_of(entity, context), context);
 }
 

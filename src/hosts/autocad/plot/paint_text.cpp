@@ -139,7 +139,8 @@ void paint_paragraphs(Painter& painter, const Entity& entity, const Context& con
     frame.place = {along, cross(normal, along), normal, tags.point(10)};
     frame.width = usable(tags.number(41), 0);
     frame.side = static_cast<TextSide>(attachment % 3);
-    frame.share_above = attachment / 3 / 2.0;
+    const int line = attachment / 3;  // above, middle, below
+    frame.share_above = line / 2.0;
     frame.spacing = usual_spacing * std::clamp(usable(tags.number(44, 1), 1), 0.25, 4.0);
     frame.has_background = has_bit(tags.integer(90), 3);
     draw_paragraphs(painter, parse_paragraphs(paragraphs_text(painter.drawing(), tags), look), look, frame,

@@ -92,7 +92,6 @@ class ParagraphParser {
         switch (code) {
             case 'P':
             case 'X':
-                return end_paragraph();
             case 'N':
                 return end_paragraph();
             case '~':
