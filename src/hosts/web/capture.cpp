@@ -139,23 +139,25 @@ class PageCapture {
             if (requests_.size() < most_requests)
                 requests_[facts.at("requestId")] = facts.at("request").at("url");
         } else if (name == "Network.responseReceived") {
-            const int status = facts.at("response").value("status", 0);
+            const json& response = facts.at("response");
+            const int status = response.value("status", 0);
             if (facts.value("type", std::string()) == "Document")
                 statuses_[facts.value("loaderId", std::string())] = status;
-            if (status >= 400) note_missing(facts, std::to_string(status));
+            if (status >= 400)
+                note_missing(facts, response.value("url", std::string("a part")), std::to_string(status));
         } else if (name == "Network.loadingFailed" && !facts.value("canceled", false)) {
-            note_missing(facts, facts.value("errorText", std::string("no answer")));
+            const auto request = requests_.find(facts.at("requestId"));
+            note_missing(facts, request == requests_.end() ? "a part" : request->second,
+                         facts.value("errorText", std::string("no answer")));
         }
     }
 
     /// A part of the page that shows on paper. What a page wants besides is its own matter.
-    void note_missing(const json& facts, const std::string& why) {
+    void note_missing(const json& facts, const std::string& address, const std::string& why) {
         constexpr std::array shown{"Document", "Image", "Stylesheet", "Font"};
         constexpr std::size_t longest = 200;
         if (std::ranges::find(shown, facts.value("type", std::string())) == shown.end()) return;
         if (missing_count_++ > 0) return;
-        const auto request = requests_.find(facts.at("requestId"));
-        const std::string address = request == requests_.end() ? "a part" : request->second;
         first_missing_ = address.substr(0, longest) + " (" + why + ")";
     }
 

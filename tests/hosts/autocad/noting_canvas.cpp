@@ -83,9 +83,3 @@ std::vector<std::string> drawn(const std::string& dxf, const std::string& layout
 }
 
 }  // namespace foliant::hosts::autocad::test
-
-// What fontconfig keeps until the process ends is no leak of ours.
-extern "C" const char* __lsan_default_suppressions();   // NOLINT: the sanitizer's own name
-extern "C" const char* __lsan_default_suppressions() {  // NOLINT
-    return "leak:libfontconfig\n";
-}
