@@ -101,17 +101,19 @@ class PageCapture {
     /// that goes on to another page by itself forgets the question, and is asked again.
     bool is_loaded_in_time() {
         constexpr const char* loaded =
-            "document.readyState == 'complete' || new Promise(done => addEventListener('load', done))";
+            "document.URL != 'about:blank' && (document.readyState == 'complete' || "
+            "new Promise(done => addEventListener('load', () => done(true))))";
         constexpr std::chrono::milliseconds pause{20};
         while (std::chrono::steady_clock::now() < loaded_by_) {
             try {
-                tools_.call("Runtime.evaluate", {{"expression", loaded}, {"awaitPromise", true}}, loaded_by_);
-                return true;
-            } catch (const CallRefused&) {
-                std::this_thread::sleep_for(pause);
+                const json answer = tools_.call("Runtime.evaluate",
+                                                {{"expression", loaded}, {"awaitPromise", true}}, loaded_by_);
+                if (answer.at("result").value("value", false)) return true;
+            } catch (const CallRefused&) {  // it has just gone on
             } catch (const NoAnswer&) {
                 break;
             }
+            std::this_thread::sleep_for(pause);
         }
         return false;
     }
