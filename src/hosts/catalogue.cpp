@@ -22,7 +22,7 @@ constexpr std::array pdfmaker_classes{registered::pdfmaker};
 constexpr std::array autocad_classes{registered::autocad};
 constexpr std::array access_classes{registered::access};
 constexpr std::array crystal_classes{registered::crystal_reports};
-constexpr std::array transfer_classes{registered::transfer_control};
+constexpr std::array transfer_classes{registered::transfer_control, page_fetcher};
 constexpr std::array notepad_programs{registered::notepad};
 constexpr std::span<const std::string_view> no_classes;
 

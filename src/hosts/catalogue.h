@@ -5,6 +5,9 @@
 
 namespace foliant::hosts {
 
+/// A class of no other product: what gets web pages for a machine without a browser (hosts/transfer/page_fetcher.h).
+inline constexpr std::string_view page_fetcher = "Foliant.PageFetcher";
+
 /// A host program that the library drives, and what stands in for it on a machine without Windows.
 struct Host {
     std::string_view name;  ///< Of the program it stands in for.

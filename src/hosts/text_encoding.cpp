@@ -48,4 +48,20 @@ std::string_view character_locale() {
     return {};
 }
 
+bool is_utf8(std::string_view text, bool breaks_off) {
+    std::size_t following = 0;
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (following > 0) {
+            if ((byte & 0xC0U) != 0x80U) return false;
+            --following;
+        } else if (byte >= 0xC2 && byte <= 0xF4) {
+            following = byte >= 0xF0 ? 3 : byte >= 0xE0 ? 2 : 1;
+        } else if (byte >= 0x80) {
+            return false;
+        }
+    }
+    return following == 0 || breaks_off;
+}
+
 }  // namespace foliant::hosts

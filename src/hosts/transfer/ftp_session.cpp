@@ -6,6 +6,7 @@
 #include <new>
 #include <utility>
 
+#include "hosts/transfer/curl_start.h"
 #include "hosts/transfer/inet_error.h"
 
 namespace foliant::hosts::transfer {
@@ -16,12 +17,6 @@ constexpr long connecting_seconds = 60;
 constexpr long silent_seconds = 120;
 constexpr long buffer_bytes = 512L * 1024;
 constexpr int went_to_folder = 257;  // the reply to PWD
-
-/// The library is set up once; that it cannot be is a lack of memory.
-void start_curl() {
-    static const CURLcode started = curl_global_init(CURL_GLOBAL_DEFAULT);
-    if (started != CURLE_OK) throw std::bad_alloc();
-}
 
 template <class Value>
 void set(CURL* handle, CURLoption option, Value value) {

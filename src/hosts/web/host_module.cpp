@@ -14,8 +14,10 @@ namespace {
 std::string version() {
     const auto program = find_browser();
     if (!program)
-        throw automation::Error(automation::RuntimeError::cannot_create_object,
-                                "Chromium is not installed. Install the package chromium to have it.");
+        throw automation::Error(
+            automation::RuntimeError::cannot_create_object,
+            "Chromium is not installed. Install the package chromium to have it; without it LibreOffice "
+            "captures pages, without their pictures.");
     const std::string command = program->string() + " --version 2>/dev/null";
     const std::unique_ptr<FILE, decltype(&::pclose)> output(::popen(command.c_str(), "r"), ::pclose);
     std::array<char, 200> line{};

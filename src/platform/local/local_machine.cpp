@@ -11,8 +11,11 @@
 #include "automation/value.h"
 #include "hosts/containment/containment.h"
 #include "hosts/viewer.h"
+#include "hosts/web/address.h"
+#include "hosts/web/browser.h"
 #include "hosts/web/capture.h"
 #include "hosts/web/capture_error.h"
+#include "platform/local/plain_capture.h"
 #include "registered/classes.h"
 #include "sender/command.h"
 
@@ -157,17 +160,25 @@ std::optional<hosts::HandedOver> LocalMachine::take_handed_over() {
 
 hosts::CapturedPage LocalMachine::capture_page(const std::string& address) {
     constexpr auto failure_of_acrobat = static_cast<std::int32_t>(0x80004005U);
-    const fs::path pdf = private_folder_.path() / "captured-page.pdf";
     const std::string what = address + " cannot be captured: ";
     hosts::CapturedPage page;
     try {
-        const std::string missing = hosts::web::capture_page(address, pdf, private_folder_.path());
-        if (!missing.empty()) page.errors = address + " was captured " + missing + ".";
+        page = hosts::web::find_browser()
+                   ? capture_in_browser(address)
+                   : capture_plainly(modules_, *this, hosts::web::full_address(address));
     } catch (const hosts::web::NoBrowser& reason) {
         throw automation::Error(automation::RuntimeError::cannot_create_object, what + reason.what() + ".");
     } catch (const std::runtime_error& reason) {
         throw automation::Error(failure_of_acrobat, "Adobe Acrobat", what + reason.what() + ".");
     }
+    if (!page.errors.empty()) page.errors = address + " was captured " + page.errors + ".";
+    return page;
+}
+
+hosts::CapturedPage LocalMachine::capture_in_browser(const std::string& address) {
+    const fs::path pdf = private_folder_.path() / "captured-page.pdf";
+    hosts::CapturedPage page;
+    page.errors = hosts::web::capture_page(address, pdf, private_folder_.path());
     page.pdf = posix::FileDescriptor(::open(pdf.c_str(), O_RDONLY | O_CLOEXEC));
     fs::remove(pdf);
     return page;

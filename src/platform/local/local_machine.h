@@ -107,6 +107,7 @@ class LocalMachine : public hosts::Machine {
 
   private:
     std::filesystem::path make_system_folder();
+    hosts::CapturedPage capture_in_browser(const std::string& address);
     void run_sender(std::string_view tail);
     void run_notepad(std::string_view tail);
 

@@ -1,58 +1,19 @@
 #include "hosts/web/capture.h"
 
-#include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include "hosts/web/browser.h"
 #include "hosts/web/capture_error.h"
+#include "hosts/web/page_server.h"
 #include "support/scratch_folder.h"
 
 namespace foliant::hosts::web {
 namespace {
 
 using std::chrono::milliseconds;
-
-/// Pages on a port of this machine.
-class PageServer {
-  public:
-    /// By https where a certificate is given, a file with its key.
-    explicit PageServer(const std::string& certificate = "") : is_secure_(!certificate.empty()) {
-        int ends[2];
-        if (::pipe(ends) != 0) std::abort();
-        process_ = ::fork();
-        if (process_ == 0) {
-            ::dup2(ends[1], STDOUT_FILENO);
-            ::execl("/usr/bin/python3", "python3", "-B", PAGE_SERVER,
-                    certificate.empty() ? nullptr : certificate.c_str(), nullptr);
-            ::_exit(127);
-        }
-        ::close(ends[1]);
-        char letter = 0;
-        while (::read(ends[0], &letter, 1) == 1 && letter != '\n')
-            port_ += letter;
-        ::close(ends[0]);
-    }
-    PageServer(const PageServer&) = delete;
-    PageServer& operator=(const PageServer&) = delete;
-    ~PageServer() {
-        ::kill(process_, SIGKILL);
-        ::waitpid(process_, nullptr, 0);
-    }
-
-    std::string address(const std::string& page) const {
-        return (is_secure_ ? "https" : "http") + ("://127.0.0.1:" + port_ + page);
-    }
-
-  private:
-    bool is_secure_;
-    pid_t process_ = 0;
-    std::string port_;
-};
 
 /// Chromium is large, and nothing else here needs it.
 #define REQUIRE_BROWSER() \

@@ -1,5 +1,6 @@
 #!/usr/bin/python3 -B
-"""Serves web pages on a port of this machine, which it prints first, until it is ended.
+"""Serves web pages on a port of this machine, which it prints first, until it is ended. What is asked for goes to
+standard error, a line each.
 
     page_server.py                by http
     page_server.py CERTIFICATE    by https, with that certificate and the key behind it
@@ -26,6 +27,7 @@ class Pages(http.server.BaseHTTPRequestHandler):
         pass
 
     def do_GET(self):
+        print(self.path, file=sys.stderr, flush=True)
         if self.path == "/never":
             time.sleep(60)
         if self.path == "/moved":

@@ -10,6 +10,7 @@
 
 #include "hosts/office/engine/file_stream.h"
 #include "hosts/office/engine/uno_support.h"
+#include "hosts/text_encoding.h"
 
 namespace foliant::hosts::office {
 
@@ -146,19 +147,7 @@ bool is_text(std::string_view sample) {
 }
 
 bool is_utf8(std::string_view sample) {
-    std::size_t following = 0;
-    for (const char character : sample) {
-        const auto byte = static_cast<unsigned char>(character);
-        if (following > 0) {
-            if ((byte & 0xC0U) != 0x80U) return false;
-            --following;
-        } else if (byte >= 0xC2 && byte <= 0xF4) {
-            following = byte >= 0xF0 ? 3 : byte >= 0xE0 ? 2 : 1;
-        } else if (byte >= 0x80) {
-            return false;
-        }
-    }
-    return following == 0 || sample.size() == sample_size;
+    return hosts::is_utf8(sample, sample.size() == sample_size);
 }
 
 }  // namespace foliant::hosts::office
