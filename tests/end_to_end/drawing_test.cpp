@@ -1,4 +1,4 @@
-// AutoCAD drawings, made here as text.
+// AutoCAD drawings: text that is made here, and a .dwg that make_house.c has made.
 
 #include <gtest/gtest.h>
 
@@ -9,6 +9,15 @@ namespace {
 
 std::string text_on(const std::string& words, const std::string& more = "") {
     return "0\nTEXT\n8\n0\n10\n0\n20\n0\n40\n5\n1\n" + words + "\n" + more;
+}
+
+/// Whether Node.js is there and not too old, and LibreDWG, which nobody has to have.
+bool can_read_dwg(const Workshop& shop) {
+    if (!std::filesystem::exists(std::filesystem::path(LIBREDWG) / "wasm" / "libredwg-web.js")) return false;
+    for (const char* node : {"/usr/local/bin/node", "/usr/bin/node", "/usr/bin/nodejs"})
+        if (std::filesystem::exists(node))
+            return shop.run({node, "--disable-wasm-trap-handler", "--eval", "0"}).exit_code == 0;
+    return false;
 }
 
 class DrawingToPdf : public testing::Test {
@@ -47,6 +56,23 @@ TEST_F(DrawingToPdf, LayoutsThatAreNotThereAreTold) {
         EXPECT_NE(call.errors.find("0 \"Model\", 1 \"Layout1\""), std::string::npos) << call.errors;
     }
     EXPECT_EQ(shop.pages("a.pdf"), 0) << "there is no such file";
+}
+
+TEST_F(DrawingToPdf, ADwgIsReadWhereThatCanBeAndRefusedWithWhatItTakesElsewhere) {
+    std::filesystem::copy_file(HOUSE_DWG, shop.path("real.dwg"));
+    const Finished call =
+        shop.foliant({"CreatePDFfromMultiAutoCAD", "a.pdf", "real.dwg", "--layouts", "Model", "1"});
+    if (!can_read_dwg(shop)) {
+        EXPECT_EQ(call.exit_code, 5);
+        EXPECT_NE(call.errors.find("takes Node.js 20.15 or later"), std::string::npos) << call.errors;
+        EXPECT_NE(call.errors.find("save it as DXF"), std::string::npos) << call.errors;
+        EXPECT_EQ(shop.pages("a.pdf"), 0) << "there is no such file";
+        return;
+    }
+    EXPECT_EQ(call.exit_code, 0) << call.errors;
+    EXPECT_EQ(shop.pages("a.pdf"), 2);
+    EXPECT_EQ(shop.text("a.pdf"), "the model\n\n\fthe sheet\n\n\f")
+        << "without what is on a layer that is off";
 }
 
 }  // namespace

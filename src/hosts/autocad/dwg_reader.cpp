@@ -87,10 +87,11 @@ int wait_for(pid_t process) {
     return status;
 }
 
-void require_success(int status) {
+void require_success(int status, const std::filesystem::path& program) {
     if (WIFEXITED(status) && WEXITSTATUS(status) == 0) return;
     if (WIFEXITED(status) && WEXITSTATUS(status) == unknown_option)
-        throw DwgFailure("takes Node.js 20.15 or later to read");
+        throw DwgFailure("takes Node.js 20.15 or later to read, and " + program.string() +
+                         " is older. Install a newer one as /usr/local/bin/node");
     if (WIFEXITED(status) && WEXITSTATUS(status) == cannot_read)
         throw DwgFailure("is damaged, or of a release that LibreDWG cannot read");
     if (WIFSIGNALED(status) && (WTERMSIG(status) == SIGXCPU || WTERMSIG(status) == SIGKILL))
@@ -109,7 +110,8 @@ std::string taken(const std::filesystem::path& path) {
 }  // namespace
 
 std::optional<DwgReader> find_dwg_reader() {
-    constexpr std::array places{"/usr/bin/node", "/usr/bin/nodejs", "/usr/local/bin/node"};
+    // One that was installed beside the system's is there because that is too old.
+    constexpr std::array places{"/usr/local/bin/node", "/usr/bin/node", "/usr/bin/nodejs"};
     const auto program =
         std::ranges::find_if(places, [](const char* place) { return ::access(place, X_OK) == 0; });
     const std::filesystem::path library =
@@ -146,7 +148,7 @@ DwgContent read_dwg(const DwgReader& reader, const std::filesystem::path& dwg,
     const pid_t process = ::fork();
     if (process < 0) throw std::system_error(errno, std::generic_category(), "cannot start a process");
     if (process == 0) run(words.data(), variable_words.data(), parent);
-    require_success(wait_for(process));
+    require_success(wait_for(process), reader.program);
     DwgContent content{.dxf = taken(output), .layers_off = {}};
     std::istringstream names(taken(output.string() + ".off"));
     for (std::string name; std::getline(names, name);)

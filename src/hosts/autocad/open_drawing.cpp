@@ -56,8 +56,8 @@ DwgContent content_of_dwg(Machine& machine, const DocumentFile& file) {
     if (!reader)
         throw autocad_error(general_failure,
                             cannot_open(file.path) +
-                                "a .dwg takes LibreDWG and Node.js. Install the package nodejs and run "
-                                "scripts/install-libredwg." +
+                                "a .dwg takes Node.js 20.15 or later, as /usr/local/bin/node or "
+                                "/usr/bin/node, and LibreDWG, which scripts/install-libredwg brings." +
                                 instead);
     try {
         return read_dwg(*reader, file.place, machine.private_folder());
