@@ -155,9 +155,11 @@ Report Program::make_report(const std::string& name, const std::string& filter,
             throw access_error(report_not_found, "There is no query \"" + filter + "\" in " + path_.string() +
                                                      " to be used as a filter." +
                                                      list_of("queries", database_->objects().queries));
-        with_condition_named("filter", filter, [&] { apply_filter(report.records, *query, filter); });
+        with_condition_named("filter", filter,
+                             [&] { apply_filter(*database_, report.records, *query, filter); });
     }
-    with_condition_named("condition", condition, [&] { keep_where(report.records, condition); });
+    with_condition_named("condition", condition,
+                         [&] { keep_where(report.records, condition, queries_on(*database_)); });
     return report;
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "hosts/access/sql/dates.h"
 #include "hosts/access/sql/expression.h"
 #include "hosts/access/sql/query.h"
 
@@ -57,6 +58,10 @@ TEST_P(ConditionTest, IsTrueFalseOrUnknown) {
 }
 
 const Datum unknown = Null();
+
+Datum n(std::int64_t number) {
+    return number;
+}
 
 INSTANTIATE_TEST_SUITE_P(
     Comparisons, ConditionTest,
@@ -134,7 +139,31 @@ INSTANTIATE_TEST_SUITE_P(
         Condition{"Trim(' a ')", std::string("a")}, Condition{"CLng(2.5)", std::int64_t{2}},
         Condition{"Abs(-3)", std::int64_t{3}}));
 
+INSTANTIATE_TEST_SUITE_P(
+    DatesInParts, ConditionTest,
+    testing::Values(
+        Condition{"DatePart('yyyy', [Order Date])", n(1996)},
+        Condition{"'Qtr ' & DatePart(\"q\", [Order Date], 1, 0)", std::string("Qtr 3")},
+        Condition{"DatePart('y', #12/31/1996#)", n(366)}, Condition{"DatePart('w', [Order Date])", n(5)},
+        Condition{"DatePart('w', [Order Date], 2)", n(4)}, Condition{"DatePart('ww', #1/6/1996#)", n(1)},
+        Condition{"DatePart('ww', #1/7/1996#)", n(2)}, Condition{"DatePart('h', [Order Date])", n(10)},
+        Condition{"DatePart('m', Region)", unknown},
+        Condition{"DateAdd('m', 1, #1/31/1996#) = #2/29/1996#", true},
+        Condition{"DateAdd('yyyy', -1, #2/29/1996#) = #2/28/1995#", true},
+        Condition{"DateAdd('ww', 2, #1/1/1996#) = #1/15/1996#", true},
+        Condition{"DateAdd('h', 20, [Order Date]) = #7/5/1996 6:00#", true},
+        Condition{"DateDiff('yyyy', #12/31/1995#, #1/1/1996#)", n(1)},
+        Condition{"DateDiff('q', #1/1/1996#, #3/31/1996#)", n(0)},
+        Condition{"DateDiff('m', #3/1/1996#, #1/31/1996#)", n(-2)},
+        Condition{"DateDiff('d', #1/1/1996#, #1/1/1997#)", n(366)},
+        Condition{"DateDiff('ww', #1/6/1996#, #1/7/1996#)", n(1)},
+        Condition{"DateDiff('n', #9:59#, #10:01#)", n(2)},
+        Condition{"Switch(Id = 6, 'six', Id = 7, 'seven', True, 'more')", std::string("seven")},
+        Condition{"Switch(Id = 6, 'six')", unknown}));
+
 TEST(ConditionProblems, NameThePieceThatIsNotUnderstood) {
+    EXPECT_EQ(problem("DatePart('x', [Order Date])"),
+              "\"x\" is no interval of dates (yyyy, q, m, ww, d, h, n, s are some)");
     EXPECT_EQ(
         problem("Town = 'Berlin'"),
         "there is no column [Town], and nobody to ask for a parameter of that name. The columns are [Id], [City], "
@@ -146,20 +175,18 @@ TEST(ConditionProblems, NameThePieceThatIsNotUnderstood) {
     EXPECT_EQ(problem("Id = 'x"), "a text has no closing quote, at <'x> in <Id = 'x>");
     EXPECT_EQ(problem("[Id = 1"), "a [ has no ], at <[Id = 1> in <[Id = 1>");
     EXPECT_EQ(problem("(Id = 1"), "a \")\" is missing, at the end of <(Id = 1>");
-    EXPECT_EQ(problem("Id ; 1"), "a sign is not understood, at <; 1> in <Id ; 1>");
+    EXPECT_EQ(problem("Id ~ 1"), "a sign is not understood, at <~ 1> in <Id ~ 1>");
     EXPECT_EQ(problem("Soundex(Id) = 1"), "the function \"soundex\" is not known here");
     EXPECT_EQ(problem("Left('x') = 1"), "\"left\" is not called with 1 arguments");
     EXPECT_EQ(problem("Sum(Id) > 1"), "\"sum\" of many records has no place in a condition");
-    EXPECT_EQ(problem("Id In (Select 1)"),
-              "a query inside a condition is not understood here, at <Select 1)> in <Id In (Select 1)>");
+    EXPECT_EQ(problem("Id In (Select 1)"), "the query in parentheses <Select 1> has no place here");
     EXPECT_EQ(
         problem("Id = #13/13/1996#"),
         "this is no date (write month/day/year or year-month-day), at <#13/13/1996#> in <Id = #13/13/1996#>");
     EXPECT_EQ(problem("Id Not 7"), "after \"Not\" Like, Between or In is missing, at <7> in <Id Not 7>");
     EXPECT_EQ(
         problem("Forms!Orders!Id = 1"),
-        "\"Forms.Orders\" with more behind it, such as a field of a form, is not understood here, at <!Id = 1> in "
-        "<Forms!Orders!Id = 1>");
+        "it asks for a field of \"Orders\", which only Access can show, at <!Id = 1> in <Forms!Orders!Id = 1>");
 }
 
 TEST(ConditionProblems, WhatCannotBeComparedOrWorkedOutIsNoSilentFalse) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "hosts/access/database/column_properties.h"
+#include "hosts/access/sql/dates.h"
 
 namespace foliant::hosts::access {
 namespace {

@@ -4,6 +4,7 @@
 
 #include "hosts/access/report/locale_forms.h"
 #include "hosts/access/report/table_plan.h"
+#include "hosts/access/sql/dates.h"
 
 namespace foliant::hosts::access {
 namespace {

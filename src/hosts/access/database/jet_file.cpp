@@ -78,6 +78,7 @@ enum Piece : std::size_t { attribute, expression, flag, name1, name2, object_id,
 
 enum Attribute : std::int64_t {
     query_type = 1,
+    parameter = 2,
     options = 3,
     source = 5,
     output = 6,
@@ -131,6 +132,13 @@ StoredQuery::Kind kind_of(std::int64_t type) {
     }
 }
 
+using Role = StoredQuery::Output::Role;
+
+/// In a crosstab; elsewhere the flag is 0.
+Role role_of(std::int64_t flag) {
+    return (flag & 0x01) != 0 ? Role::above : (flag & 0x02) != 0 ? Role::beside : Role::shown;
+}
+
 void add_options(StoredQuery& query, const Row& row) {
     const std::int64_t flags = whole(row, flag);
     query.has_all_columns = (flags & 0x01) != 0;
@@ -146,14 +154,17 @@ void add_piece(StoredQuery& query, const Row& row) {
         case Attribute::query_type:
             query.kind = kind_of(whole(row, flag));
             break;
+        case Attribute::parameter:
+            query.parameters.push_back(text(row, name1));
+            break;
         case Attribute::options:
             add_options(query, row);
             break;
         case Attribute::source:
-            query.sources.push_back({text(row, name1), text(row, name2)});
+            query.sources.push_back({text(row, name1), text(row, name2), text(row, expression)});
             break;
         case Attribute::output:
-            query.outputs.push_back({text(row, expression), text(row, name1)});
+            query.outputs.push_back({text(row, expression), text(row, name1), role_of(whole(row, flag))});
             break;
         case Attribute::join: {
             const std::int64_t kind = whole(row, flag);
@@ -167,7 +178,7 @@ void add_piece(StoredQuery& query, const Row& row) {
             query.where = text(row, expression);
             break;
         case Attribute::group:
-            query.groups.push_back(text(row, expression));
+            if (role_of(whole(row, flag)) != Role::above) query.groups.push_back(text(row, expression));
             break;
         case Attribute::having:
             query.having = text(row, expression);

@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "automation/text.h"
+#include "hosts/access/sql/dates.h"
 
 namespace foliant::hosts::access {
 namespace {

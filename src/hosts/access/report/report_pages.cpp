@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "hosts/access/report/table_plan.h"
+#include "hosts/access/sql/dates.h"
 
 namespace foliant::hosts::access {
 namespace {

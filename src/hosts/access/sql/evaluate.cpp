@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <set>
 
 #include "automation/text.h"
 #include "hosts/access/sql/expression.h"
@@ -188,9 +189,43 @@ Datum evaluate_function(const Expression& call, const Row& row, Group group) {
     return find_function(call.name)->apply(arguments);
 }
 
+ExpressionPtr constant(Datum value) {
+    return std::make_shared<Expression>(Expression{.value = std::move(value)});
+}
+
+Relation records_of(const Expression& query, const Scope& scope) {
+    const std::string named = "the query in parentheses <" + query.name + ">";
+    if (!scope.run) throw SqlError(named + " has no place here");
+    Relation records = scope.run(query.name);
+    if (records.columns.size() == 1) return records;
+    throw SqlError(named + " shows " + std::to_string(records.columns.size()) +
+                   " columns where there is room for one");
+}
+
+/// The one value that a query gives; Null where it gives none.
+ExpressionPtr bind_query(const Expression& query, const Scope& scope) {
+    Relation records = records_of(query, scope);
+    if (records.rows.size() > 1)
+        throw SqlError("the query in parentheses <" + query.name + "> gives " +
+                       std::to_string(records.rows.size()) + " records where there is room for one");
+    return constant(records.rows.empty() ? Datum(Null()) : std::move(records.rows.front().front()));
+}
+
+ExpressionPtr bind_in_query(const Expression& expression, const Scope& scope) {
+    auto list =
+        std::make_shared<Expression>(Expression{.kind = Part::in_list, .negated = expression.negated});
+    list->parts.push_back(bind_names(expression.parts.front(), scope));
+    const Relation records = records_of(expression, scope);
+    for (const Row& row : std::set<Row, LessRow>(records.rows.begin(), records.rows.end()))
+        list->parts.push_back(constant(row.front()));
+    return list;
+}
+
 }  // namespace
 
 ExpressionPtr bind_names(const ExpressionPtr& expression, const Scope& scope) {
+    if (expression->kind == Part::query) return bind_query(*expression, scope);
+    if (expression->kind == Part::in_query) return bind_in_query(*expression, scope);
     if (expression->kind == Part::column) return bind_column(expression, scope);
     if (expression->kind == Part::constant) require_constant(*expression, scope);
     if (expression->kind == Part::function) require_function(*expression, scope);
@@ -223,6 +258,9 @@ Datum evaluate(const Expression& expression, const Row& row, Group group) {
             return evaluate_in(expression, row, group);
         case Part::is_null:
             return is_null(evaluate(*expression.parts[0], row, group)) != expression.negated;
+        case Part::query:
+        case Part::in_query:
+            break;  // binding has put what they give in their place
     }
     return Null();
 }

@@ -2,59 +2,14 @@
 #include <array>
 #include <cmath>
 #include <ctime>
-#include <limits>
 
 #include "automation/text.h"
+#include "hosts/access/sql/calculate.h"
+#include "hosts/access/sql/dates.h"
 #include "hosts/access/sql/expression.h"
 
 namespace foliant::hosts::access {
 namespace {
-
-using Arguments = std::span<const Datum>;
-
-double number(const Datum& datum, const char* what = "a calculation") {
-    if (const auto value = number_in(datum)) return *value;
-    throw SqlError(std::string(what) + " needs a number, and gets \"" +
-                   text_of(datum).value_or("binary data") + "\"");
-}
-
-std::string text(const Datum& datum) {
-    auto value = text_of(datum);
-    if (!value) throw SqlError("binary data has no text");
-    return std::move(*value);
-}
-
-bool is_whole(const Datum& datum) {
-    return std::holds_alternative<std::int64_t>(datum) || std::holds_alternative<bool>(datum);
-}
-
-bool is_money(const Datum& datum) {
-    return std::holds_alternative<Money>(datum);
-}
-
-/// Rounds a half to the even neighbour, as Access does.
-double rounded(double value) {
-    return std::nearbyint(value);
-}
-
-Datum whole(double value) {
-    constexpr double limit = 9.2e18;
-    if (!(std::fabs(value) < limit)) throw SqlError("a number is too large");
-    return static_cast<std::int64_t>(value);
-}
-
-Datum money(double value) {
-    return Money{std::get<std::int64_t>(whole(rounded(value * 10000)))};
-}
-
-/// What a sum or a product of these two is: exact where both are.
-Datum as_kind_of(double value, const Datum& left, const Datum& right) {
-    const bool is_date = std::holds_alternative<Date>(left) != std::holds_alternative<Date>(right);
-    if (is_date) return Date{value};
-    if ((is_money(left) || is_whole(left)) && (is_money(right) || is_whole(right)))
-        return is_money(left) || is_money(right) ? money(value) : whole(value);
-    return value;
-}
 
 template <Datum (*apply)(const std::string&)>
 Datum of_text(Arguments given) {
@@ -176,6 +131,104 @@ Datum date_value(const std::string& written) {
     throw SqlError("\"" + written + "\" is no date");
 }
 
+/// The interval that DatePart and its like are told: "yyyy", "q", "m", "ww", "d", "h", "n", "s" ...
+std::string interval(const Datum& datum) {
+    return automation::to_lower(text(datum));
+}
+
+[[noreturn]] void fail_on_interval(const Datum& datum) {
+    throw SqlError("\"" + text(datum) + "\" is no interval of dates (yyyy, q, m, ww, d, h, n, s are some)");
+}
+
+double first_of_year(double date) {
+    return make_date(calendar_date({date}).year, 1, 1).days;
+}
+
+Datum date_part(Arguments given) {
+    if (is_null(given[1])) return Null();
+    const double date = number(given[1], "DatePart");
+    const double first_day = given.size() > 2 ? std::max(1.0, number(given[2])) : 1;  // 1 for Sunday
+    if (given.size() > 3 && number(given[3]) > 1)
+        throw SqlError("weeks that do not begin with the first of January are not counted here");
+    const CalendarDate parts = calendar_date({date});
+    const auto place_in_week = [&](int weekday) { return (weekday + 8 - static_cast<int>(first_day)) % 7; };
+    const auto day_of_year = static_cast<std::int64_t>(std::floor(date) - first_of_year(date));
+    const std::string part = interval(given[0]);
+    if (part == "yyyy") return parts.year;
+    if (part == "q") return std::int64_t{(parts.month - 1) / 3 + 1};
+    if (part == "m") return std::int64_t{parts.month};
+    if (part == "y") return day_of_year + 1;
+    if (part == "d") return std::int64_t{parts.day};
+    if (part == "w") return std::int64_t{place_in_week(parts.weekday) + 1};
+    if (part == "ww")
+        return (day_of_year + place_in_week(calendar_date({first_of_year(date)}).weekday)) / 7 + 1;
+    if (part == "h") return std::int64_t{parts.hour};
+    if (part == "n") return std::int64_t{parts.minute};
+    if (part == "s") return std::int64_t{parts.second};
+    fail_on_interval(given[0]);
+}
+
+/// The same day of a later month, or that month's last.
+Date months_later(double date, double months) {
+    const CalendarDate parts = calendar_date({date});
+    const auto month = parts.month + static_cast<std::int64_t>(months);
+    const auto last = calendar_date(make_date(parts.year, month + 1, 0)).day;
+    return make_date(parts.year, month, std::min(parts.day, last),
+                     parts.hour * 3600 + parts.minute * 60 + parts.second);
+}
+
+Datum date_add(Arguments given) {
+    if (is_null(given[1]) || is_null(given[2])) return Null();
+    const double count = std::trunc(number(given[1], "DateAdd"));
+    const double date = number(given[2], "DateAdd");
+    if (std::fabs(count) > 1e7) throw SqlError("a number is too large");
+    const std::string part = interval(given[0]);
+    if (part == "yyyy") return months_later(date, count * 12);
+    if (part == "q") return months_later(date, count * 3);
+    if (part == "m") return months_later(date, count);
+    if (part == "d" || part == "y" || part == "w") return Date{date + count};
+    if (part == "ww") return Date{date + count * 7};
+    if (part == "h") return Date{date + count / 24};
+    if (part == "n") return Date{date + count / 24 / 60};
+    if (part == "s") return Date{date + count / 24 / 3600};
+    fail_on_interval(given[0]);
+}
+
+/// How many beginnings of years, months, hours ... lie between two dates.
+Datum date_difference(Arguments given) {
+    if (is_null(given[1]) || is_null(given[2])) return Null();
+    const double from = number(given[1], "DateDiff");
+    const double to = number(given[2], "DateDiff");
+    const std::string part = interval(given[0]);
+    const auto months = [](double date) {
+        const CalendarDate parts = calendar_date({date});
+        return parts.year * 12 + parts.month - 1;
+    };
+    // A little over, as 10:00 may be kept as a hair less.
+    const auto units = [&](double a_day) {
+        constexpr double hair = 1e-6;
+        return whole(std::floor(to * a_day + hair) - std::floor(from * a_day + hair));
+    };
+    if (part == "yyyy") return months(to) / 12 - months(from) / 12;
+    if (part == "q") return months(to) / 3 - months(from) / 3;
+    if (part == "m") return months(to) - months(from);
+    if (part == "d" || part == "y") return units(1);
+    if (part == "w") return whole(std::trunc((std::floor(to) - std::floor(from)) / 7));
+    // Day 1, the last of 1899, was a Sunday.
+    if (part == "ww") return whole(std::floor((to - 1) / 7) - std::floor((from - 1) / 7));
+    if (part == "h") return units(24);
+    if (part == "n") return units(24 * 60);
+    if (part == "s") return units(24 * 3600);
+    fail_on_interval(given[0]);
+}
+
+/// The value behind the first condition that holds.
+Datum switched(Arguments given) {
+    for (std::size_t i = 0; i + 1 < given.size(); i += 2)
+        if (truth_of(given[i]).value_or(false)) return given[i + 1];
+    return Null();
+}
+
 struct Named {
     std::string_view name;
     Function function;
@@ -207,6 +260,10 @@ constexpr std::array functions{
                return Datum(make_date(std::llround(number(given[0])), std::llround(number(given[1])),
                                       std::llround(number(given[2]))));
            }}},
+    Named{"datepart", {2, 4, date_part}},
+    Named{"dateadd", {3, 3, date_add}},
+    Named{"datediff", {3, 3, date_difference}},
+    Named{"switch", {2, 40, switched}},
     Named{"datevalue", {1, 1, of_text<date_value>}},
     Named{"cdate",
           {1, 1,
@@ -236,72 +293,11 @@ constexpr std::array functions{
     Named{"round", {1, 2, round_to}},
 };
 
-constexpr std::array<std::string_view, 7> aggregates{"sum", "count", "avg", "min", "max", "first", "last"};
-
-Datum sum_of(std::span<const Datum* const> values) {
-    Datum total = *values.front();
-    for (const Datum* value : values.subspan(1))
-        total = calculate("+", total, *value);
-    return total;
-}
-
 }  // namespace
 
 const Function* find_function(std::string_view name) {
     const auto found = std::ranges::find(functions, name, &Named::name);
     return found == functions.end() ? nullptr : &found->function;
-}
-
-bool is_aggregate(std::string_view name) {
-    return std::ranges::find(aggregates, name) != aggregates.end();
-}
-
-Datum aggregate(std::string_view name, std::span<const Datum> values) {
-    if (name == "first" || name == "last") {
-        if (values.empty()) return Null();
-        return name == "first" ? values.front() : values.back();
-    }
-    std::vector<const Datum*> present;
-    for (const Datum& value : values)
-        if (!is_null(value)) present.push_back(&value);
-    if (name == "count") return static_cast<std::int64_t>(present.size());
-    if (present.empty()) return Null();
-    const auto smaller = [](const Datum* first, const Datum* second) {
-        return sort_order(*first, *second) < 0;
-    };
-    if (name == "min") return **std::ranges::min_element(present, smaller);
-    if (name == "max") return **std::ranges::max_element(present, smaller);
-    Datum total = sum_of(present);
-    if (name == "sum") return total;
-    const double mean = number(total, "Avg") / static_cast<double>(present.size());
-    return is_money(total) ? money(mean) : Datum(mean);
-}
-
-Datum calculate(std::string_view operation, const Datum& left, const Datum& right) {
-    if (is_null(left) || is_null(right)) return Null();
-    if (operation == "+" && std::holds_alternative<std::string>(left) &&
-        std::holds_alternative<std::string>(right))
-        return std::get<std::string>(left) + std::get<std::string>(right);
-    if (is_money(left) && is_money(right) && (operation == "+" || operation == "-")) {
-        const std::int64_t first = std::get<Money>(left).ten_thousandths;
-        const std::int64_t second = std::get<Money>(right).ten_thousandths;
-        std::int64_t result = 0;
-        if (operation == "+" ? __builtin_add_overflow(first, second, &result)
-                             : __builtin_sub_overflow(first, second, &result))
-            throw SqlError("an amount of money is too large");
-        return Money{result};
-    }
-    const double first = number(left);
-    const double second = number(right);
-    if (operation == "+") return as_kind_of(first + second, left, right);
-    if (operation == "-") return as_kind_of(first - second, left, right);
-    if (operation == "*") return as_kind_of(first * second, left, right);
-    if (operation == "^") return std::pow(first, second);
-    if (operation != "/" && rounded(second) == 0) throw SqlError("a division by zero");
-    if (operation == "mod") return whole(std::fmod(rounded(first), rounded(second)));
-    if (operation == "\\") return whole(std::trunc(rounded(first) / rounded(second)));
-    if (second == 0) throw SqlError("a division by zero");
-    return first / second;
 }
 
 }  // namespace foliant::hosts::access

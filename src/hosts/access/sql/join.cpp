@@ -53,13 +53,6 @@ void split(const ExpressionPtr& expression, std::size_t left_columns, Condition&
     condition.rest.push_back(expression);
 }
 
-struct LessKey {
-    bool operator()(const Row& left, const Row& right) const {
-        return std::ranges::lexicographical_compare(
-            left, right, [](const Datum& a, const Datum& b) { return sort_order(a, b) < 0; });
-    }
-};
-
 Row joined(const Row& left, const Row& right) {
     Row row;
     row.reserve(left.size() + right.size());
@@ -83,7 +76,7 @@ Relation combine(const Relation& left, const Relation& right, const std::string&
     if (!condition_text.empty())
         split(bind_names(parse_expression(condition_text), {.columns = result.columns}), left.columns.size(),
               condition);
-    std::map<Row, std::vector<const Row*>, LessKey> partners;
+    std::map<Row, std::vector<const Row*>, LessRow> partners;
     for (const Row& row : right.rows) {
         Row key;
         for (const auto& [ignored, column] : condition.equal)

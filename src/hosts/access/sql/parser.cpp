@@ -3,157 +3,12 @@
 #include <utility>
 
 #include "automation/text.h"
+#include "hosts/access/sql/dates.h"
 #include "hosts/access/sql/expression.h"
+#include "hosts/access/sql/tokens.h"
 
 namespace foliant::hosts::access {
 namespace {
-
-struct Token {
-    enum class Kind { end, name, quoted_name, text, date, number, symbol };
-    Kind kind = Kind::end;
-    std::string text{};   ///< without its quotes
-    std::string lower{};  ///< of names and symbols
-};
-
-bool is_letter(char character) {
-    const auto byte = static_cast<unsigned char>(character);
-    return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || byte == '_' || byte >= 0x80;
-}
-bool is_digit(char character) {
-    return character >= '0' && character <= '9';
-}
-
-class Tokens {
-  public:
-    explicit Tokens(std::string_view text) : text_(text) { advance(); }
-
-    const Token& now() const noexcept { return token_; }
-
-    Token take() {
-        Token taken = std::move(token_);
-        advance();
-        return taken;
-    }
-
-    bool is(std::string_view word) const noexcept {
-        return (token_.kind == Token::Kind::name || token_.kind == Token::Kind::symbol) &&
-               token_.lower == word;
-    }
-
-    bool take_if(std::string_view word) {
-        if (!is(word)) return false;
-        advance();
-        return true;
-    }
-
-    void expect(std::string_view word, const std::string& why) {
-        if (!take_if(word))
-            fail("a \"" + std::string(word) + "\" is missing" + (why.empty() ? "" : " " + why));
-    }
-
-    /// Says what is wrong, and where.
-    [[noreturn]] void fail(const std::string& problem) const {
-        const std::string_view rest = text_.substr(begin_);
-        throw SqlError(problem + (rest.empty() ? ", at the end of " + quoted(text_)
-                                               : ", at " + quoted(rest) + " in " + quoted(text_)));
-    }
-
-  private:
-    static std::string quoted(std::string_view text) { return "<" + std::string(text) + ">"; }
-
-    void advance() {
-        while (at_ < text_.size() && std::string_view(" \t\r\n").find(text_[at_]) != std::string_view::npos)
-            ++at_;
-        begin_ = at_;
-        token_ = {};
-        if (at_ == text_.size()) return;
-        const char first = text_[at_];
-        if (first == '[') return read_name_in_brackets();
-        if (first == '\'' || first == '"') return read_text(first);
-        if (first == '#') return read_date_text();
-        if (is_digit(first) || (first == '.' && at_ + 1 < text_.size() && is_digit(text_[at_ + 1])))
-            return read_number();
-        if (is_letter(first)) return read_name();
-        read_symbol();
-    }
-
-    void put(Token::Kind kind, std::size_t length) {
-        token_ = {kind, std::string(text_.substr(at_, length)), {}};
-        token_.lower = automation::to_lower(token_.text);
-        at_ += length;
-    }
-
-    void read_name_in_brackets() {
-        const std::size_t end = text_.find(']', at_);
-        if (end == std::string_view::npos) fail("a [ has no ]");
-        token_ = {Token::Kind::quoted_name, std::string(text_.substr(at_ + 1, end - at_ - 1)), {}};
-        at_ = end + 1;
-    }
-
-    void read_text(char quote) {
-        std::string content;
-        std::size_t i = at_ + 1;
-        for (; i < text_.size(); ++i) {
-            if (text_[i] == quote) {
-                if (i + 1 == text_.size() || text_[i + 1] != quote) break;
-                ++i;
-            }
-            content += text_[i];
-        }
-        if (i >= text_.size()) fail("a text has no closing quote");
-        token_ = {Token::Kind::text, std::move(content), {}};
-        at_ = i + 1;
-    }
-
-    void read_date_text() {
-        const std::size_t end = text_.find('#', at_ + 1);
-        if (end == std::string_view::npos) fail("a date has no closing #");
-        token_ = {Token::Kind::date, std::string(text_.substr(at_ + 1, end - at_ - 1)), {}};
-        at_ = end + 1;
-    }
-
-    void read_number() {
-        std::size_t end = at_;
-        const auto digits = [&] {
-            while (end < text_.size() && is_digit(text_[end]))
-                ++end;
-        };
-        digits();
-        if (end < text_.size() && text_[end] == '.') {
-            ++end;
-            digits();
-        }
-        if (end < text_.size() && (text_[end] == 'e' || text_[end] == 'E')) {
-            std::size_t exponent = end + 1;
-            if (exponent < text_.size() && (text_[exponent] == '+' || text_[exponent] == '-')) ++exponent;
-            if (exponent < text_.size() && is_digit(text_[exponent])) {
-                end = exponent;
-                digits();
-            }
-        }
-        put(Token::Kind::number, end - at_);
-    }
-
-    void read_name() {
-        std::size_t end = at_;
-        while (end < text_.size() && (is_letter(text_[end]) || is_digit(text_[end])))
-            ++end;
-        put(Token::Kind::name, end - at_);
-    }
-
-    void read_symbol() {
-        for (const std::string_view two : {"<>", "<=", ">="})
-            if (text_.substr(at_, 2) == two) return put(Token::Kind::symbol, 2);
-        if (std::string_view("=<>+-*/\\^&(),.!").find(text_[at_]) == std::string_view::npos)
-            fail("a sign is not understood");
-        put(Token::Kind::symbol, 1);
-    }
-
-    std::string_view text_;
-    std::size_t at_ = 0;
-    std::size_t begin_ = 0;  ///< of the token
-    Token token_;
-};
 
 ExpressionPtr make(Expression expression) {
     return std::make_shared<Expression>(std::move(expression));
@@ -252,7 +107,10 @@ class Parser {
 
     ExpressionPtr in_list(ExpressionPtr value) {
         tokens_.expect("(", "after \"In\"");
-        if (tokens_.is("select")) tokens_.fail("a query inside a condition is not understood here");
+        if (tokens_.is("select"))
+            return make({.kind = Expression::Kind::in_query,
+                         .name = tokens_.take_to_closing(),
+                         .parts = {std::move(value)}});
         ExpressionPtr list = make({.kind = Expression::Kind::in_list, .parts = {std::move(value)}});
         do {
             list->parts.push_back(joined());
@@ -285,7 +143,8 @@ class Parser {
         if (kind == Token::Kind::name || kind == Token::Kind::quoted_name) return named();
         if (tokens_.is("-") || tokens_.is("+")) return signed_value();
         if (!tokens_.take_if("(")) tokens_.fail("a value is missing");
-        if (tokens_.is("select")) tokens_.fail("a query inside a condition is not understood here");
+        if (tokens_.is("select"))
+            return make({.kind = Expression::Kind::query, .name = tokens_.take_to_closing()});
         ExpressionPtr inner = either();
         tokens_.expect(")", "");
         return inner;
@@ -332,15 +191,20 @@ class Parser {
             if (first.kind != Token::Kind::name && first.kind != Token::Kind::quoted_name)
                 tokens_.fail("behind \"" + table + "\" the name of a column is missing");
         }
-        if (tokens_.is(".") || tokens_.is("!"))
-            tokens_.fail("\"" + table + "." + first.text +
-                         "\" with more behind it, such as a field of a form, is not understood here");
+        if (tokens_.is(".") || tokens_.is("!")) {
+            const std::string around = automation::to_lower(table);
+            if (around == "forms" || around == "reports")
+                tokens_.fail("it asks for a field of \"" + first.text + "\", which only Access can show");
+            tokens_.fail("\"" + table + "." + first.text + "\" with more behind it is not understood here");
+        }
         return make(
             {.kind = Expression::Kind::column, .name = std::move(first.text), .table = std::move(table)});
     }
 
     ExpressionPtr function(const Token& name) {
         tokens_.expect("(", "");
+        if (tokens_.is("select"))
+            tokens_.fail("\"" + name.text + "\" of a query is not understood here (In and comparisons are)");
         ExpressionPtr call = make({.kind = Expression::Kind::function, .name = name.lower});
         if (tokens_.take_if(")")) return call;
         if (name.lower == "count" && tokens_.take_if("*")) {

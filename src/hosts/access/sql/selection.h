@@ -1,0 +1,22 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "hosts/access/sql/query.h"
+
+namespace foliant::hosts::access {
+
+/// Where a query takes its records from.
+struct Origins {
+    std::function<std::optional<Relation>(const std::string& name)> named;  ///< tables and queries
+    QueryRunner run;
+};
+
+/// What a selection or a crosstab gives; its columns bear the name besides those of their tables. Raises SqlError.
+Relation select(const Origins& origins, const StoredQuery& query, const std::string& name);
+
+bool is_blank(std::string_view text);
+
+}  // namespace foliant::hosts::access
