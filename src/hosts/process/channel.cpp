@@ -1,6 +1,6 @@
 #include "hosts/process/channel.h"
 
-#include <array>
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <sys/socket.h>
@@ -14,6 +14,7 @@ using posix::FileDescriptor;
 namespace {
 
 constexpr std::size_t most_descriptors = 4;
+constexpr std::size_t most_waiting_files = 64;         // whose messages were not read yet
 constexpr std::uint32_t longest_message = 64U << 20U;  // documents and outputs travel as open files
 
 using ControlPart = std::array<char, CMSG_SPACE(sizeof(int) * most_descriptors)>;
@@ -71,6 +72,18 @@ bool receive_all(int socket, char* target, std::size_t size) {
     return true;
 }
 
+/// In front of a message stands a number: its length in bytes, and above that how many files come with it.
+constexpr unsigned bits_of_length = 28;
+static_assert(longest_message < 1U << bits_of_length && most_descriptors < 1U << (32U - bits_of_length));
+
+void append(std::string& bytes, const Writer& message) {
+    const auto size = static_cast<std::uint32_t>(message.bytes().size());
+    const auto files = static_cast<std::uint32_t>(message.files().size());
+    const std::uint32_t front = size | files << bits_of_length;
+    bytes.append(reinterpret_cast<const char*>(&front), sizeof front);
+    bytes += message.bytes();
+}
+
 }  // namespace
 
 std::pair<Channel, Channel> Channel::pair() {
@@ -81,9 +94,8 @@ std::pair<Channel, Channel> Channel::pair() {
 }
 
 bool Channel::send(const Writer& message) {
-    const auto size = static_cast<std::uint32_t>(message.bytes().size());
-    std::string bytes(reinterpret_cast<const char*>(&size), sizeof size);
-    bytes += message.bytes();
+    std::string bytes = std::exchange(unsent_, {});
+    append(bytes, message);
     ControlPart control{};
     msghdr header{};
     attach(header, control, message.files());
@@ -101,22 +113,48 @@ bool Channel::send(const Writer& message) {
     return true;
 }
 
+void Channel::send_with_next(const Writer& message) {
+    append(unsent_, message);
+}
+
+/// Waits until so many bytes, which are no more than there is room for, have come.
+bool Channel::has_received(std::size_t size) {
+    if (end_ - begin_ >= size) return true;
+    std::copy(received_.begin() + begin_, received_.begin() + end_, received_.begin());
+    end_ -= std::exchange(begin_, 0);
+    while (end_ < size) {
+        ControlPart control{};
+        msghdr header{};
+        header.msg_control = control.data();
+        header.msg_controllen = control.size();
+        const ssize_t got =
+            receive_some(socket_.get(), received_.data() + end_, received_.size() - end_, header);
+        if (got == 0) return false;
+        end_ += static_cast<std::size_t>(got);
+        for (FileDescriptor& file : attached(header))
+            files_.push_back(std::move(file));
+        if (files_.size() > most_waiting_files) throw Garbled();
+    }
+    return true;
+}
+
 std::optional<Reader> Channel::receive() {
-    std::uint32_t size = 0;
-    auto* const start = reinterpret_cast<char*>(&size);
-    ControlPart control{};
-    msghdr header{};
-    header.msg_control = control.data();
-    header.msg_controllen = control.size();
-    const ssize_t got = receive_some(socket_.get(), start, sizeof size, header);
-    if (got == 0) return std::nullopt;
-    std::vector<FileDescriptor> descriptors = attached(header);
-    if (!receive_all(socket_.get(), start + got, sizeof size - static_cast<std::size_t>(got)))
-        return std::nullopt;
-    if (size > longest_message) throw Garbled();
+    std::uint32_t front = 0;
+    if (!has_received(sizeof front)) return std::nullopt;
+    std::memcpy(&front, received_.data() + begin_, sizeof front);
+    begin_ += sizeof front;
+    const std::uint32_t size = front & ((1U << bits_of_length) - 1);
+    const std::uint32_t count = front >> bits_of_length;
+    if (size > longest_message || count > files_.size()) throw Garbled();
+    std::vector<FileDescriptor> files;
+    for (; files.size() < count; files_.pop_front())
+        files.push_back(std::move(files_.front()));
     std::string bytes(size, '\0');
-    if (!receive_all(socket_.get(), bytes.data(), bytes.size())) return std::nullopt;
-    return Reader(std::move(bytes), std::move(descriptors));
+    const std::size_t there = std::min(bytes.size(), end_ - begin_);
+    bytes.replace(0, there, received_.data() + begin_, there);
+    begin_ += there;
+    if (!receive_all(socket_.get(), bytes.data() + there, bytes.size() - there)) return std::nullopt;
+    return Reader(std::move(bytes), std::move(files));
 }
 
 }  // namespace foliant::hosts::process

@@ -86,7 +86,7 @@ class Peer::Proxy : public automation::Object {
     Proxy(std::shared_ptr<Peer> peer, Handle handle) : peer_(std::move(peer)), handle_(handle) {}
     ~Proxy() override {
         peer_->proxies_.erase(handle_);
-        peer_->channel_.send(Writer().put(Message::release).put(handle_).put(received_));
+        peer_->channel_.send_with_next(Writer().put(Message::release).put(handle_).put(received_));
     }
 
     void was_received() noexcept { ++received_; }
