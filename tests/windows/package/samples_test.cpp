@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "core/members.h"
 #include "windows/package/package.h"
 #include "windows/servers/installation.h"
 #include "windows/servers/record.h"
@@ -204,6 +205,82 @@ TEST_F(FamilySamples, ReportsToPdf) {
                {"OpenReport(BSTR \"Monthly\", ", "OpenReport(BSTR \"Yearly\", "});
 }
 
+TEST_F(FamilySamples, OneLayoutOrReportToPdf) {
+    expect_pdf("drawing-to-pdf", "letter.docx out.pdf Model", {"AutoCAD.Document.Layouts(BSTR \"Model\")"});
+    expect_pdf("report-to-pdf", "letter.docx out.pdf Monthly", {"OpenReport(BSTR \"Monthly\", "});
+}
+
+/// Each waits for its printer: some kinds stand for all.
+TEST_F(FamilySamples, DocumentsToThePdfPrinter) {
+    for (const char* name : {"sales.xlsx", "deck.pptx"})
+        fs::copy(documents() / "letter.docx", documents() / name);
+    expect_pdf("print-to-pdf", "sales.xlsx out.pdf A1:F40 May June",
+               {"Worksheets(BSTR \"May\")", "Worksheets(BSTR \"June\")"});
+    expect_pdf("print-to-pdf", "deck.pptx out.pdf", {"Powerpoint.Presentation.PrintOut("});
+    const Outcome outcome = run_sample("vbscript\\print-to-pdf.vbs", "sales.xlsx out.pdf");
+    EXPECT_EQ(outcome.code, 1);
+    EXPECT_NE(outcome.output.find("Name a range and a worksheet."), std::string::npos) << outcome.output;
+}
+
+TEST_F(FamilySamples, DocumentsToPostscript) {
+    for (const char* name : {"sales.xlsx", "readme.txt"})
+        fs::copy(documents() / "letter.docx", documents() / name);
+    expect_pdf("to-postscript", "sales.xlsx out.pdf A1:B2 May",
+               {"Worksheets(BSTR \"May\")", "Range(BSTR \"A1:B2\")"});
+    expect_pdf("to-postscript", "readme.txt out.pdf", {"Word.Documents.Open(BSTR \"" + path("readme.txt")});
+}
+
+TEST_F(FamilySamples, ImagesToPdf) {
+    expect_pdf(
+        "images-to-pdf", "out.pdf cover.ps",
+        {"AcroExch.AVDoc.Open(BSTR \"" + path("cover.ps") + "\"", "SetInfo(BSTR \"Title\", BSTR \"cover\")"});
+    expect_pdf("images-to-pdf", "out.pdf cover.ps chapter.ps",
+               {"AcroExch.AVDoc.Open(BSTR \"" + path("chapter.ps") + "\"", "AcroExch.PDDoc.InsertPages("});
+}
+
+TEST_F(FamilySamples, PdfsOfAFolderToOne) {
+    expect_pdf("merge-folder", "out.pdf . *.ps",
+               {"AcroExch.PDDoc.Open(BSTR \"" + path("chapter.ps") + "\")", "AcroExch.PDDoc.InsertPages("});
+}
+
+TEST_F(FamilySamples, PdfsAreShownMarkedAndPrinted) {
+    const auto expect_call = [&](const std::string& call, const std::string& said, const std::string& asked) {
+        const Outcome outcome = run_sample("vbscript\\" + call.substr(0, call.find(' ')) + ".vbs",
+                                           call.substr(call.find(' ') + 1));
+        EXPECT_EQ(outcome.output, said + path("cover.ps") + "\n") << call;
+        EXPECT_EQ(outcome.code, 0) << call;
+        EXPECT_TRUE(recorded(asked)) << call << " has not asked for " << asked;
+    };
+    expect_call("find-in-pdf cover.ps 1", "Acrobat shows ", "AcroExch.App.Show(");
+    expect_call("find-in-pdf cover.ps bookmark Summary", "Acrobat shows ",
+                "GetByTitle(DISPATCH AcroExch.PDDoc, BSTR \"Summary\"");
+    expect_call("find-in-pdf cover.ps text profit", "Acrobat shows ", "FindText(BSTR \"profit\"");
+    expect_call("mark-pdf cover.ps Introduction", "Finished ", "FindText(BSTR \"Introduction\"");
+    expect_call("mark-pdf cover.ps First Second", "Finished ", "FindText(BSTR \"Second\"");
+    SetEnvironmentVariableW(L"PDF_PASSWORD", L"secret");
+    expect_call("mark-pdf cover.ps", "Finished ", "dialog \"Password Security - Settings\"");
+    SetEnvironmentVariableW(L"PDF_PASSWORD", nullptr);
+    expect_call("print-pdf cover.ps", "Printed ", "AcroExch.AVDoc.PrintPagesSilent(");
+}
+
+TEST_F(FamilySamples, SettingsAreTold) {
+    const Outcome outcome = run_sample("vbscript\\settings.vbs", "");
+    EXPECT_EQ(outcome.code, 0);
+    for (const char* told : {"PDF printer:     ", "Acrobat:         ", "Temporary files: C:\\"})
+        EXPECT_NE(outcome.output.find(told), std::string::npos) << outcome.output;
+}
+
+TEST_F(FamilySamples, TogetherShowEveryMember) {
+    std::string all;
+    for (const auto& entry : fs::recursive_directory_iterator(folder() / "samples"))
+        if (entry.is_regular_file()) {
+            std::ifstream file(entry.path());
+            all.append(std::istreambuf_iterator<char>(file), {});
+        }
+    for (const core::Member& member : core::members)
+        EXPECT_NE(all.find("." + std::string(member.name)), std::string::npos) << member.name;
+}
+
 TEST_F(FamilySamples, NoReportAtAllIsAnErrorThatSaysSo) {
     const Outcome outcome = run_sample("vbscript\\report-to-pdf.vbs", "letter.docx out.pdf");
     EXPECT_EQ(outcome.code, 1);
@@ -242,7 +319,8 @@ TEST_F(FamilySamples, WhatAHostRefusesIsAnErrorWithItsText) {
 
 TEST_F(FamilySamples, TooFewArgumentsPrintTheUsage) {
     for (const char* name : {"excel-to-pdf", "powerpoint-to-pdf", "text-to-pdf", "drawing-to-pdf",
-                             "report-to-pdf", "web-page-to-pdf", "any-to-pdf", "ftp-file"}) {
+                             "report-to-pdf", "web-page-to-pdf", "any-to-pdf", "ftp-file", "print-to-pdf",
+                             "to-postscript", "images-to-pdf", "merge-folder", "find-in-pdf"}) {
         const Outcome outcome = run_sample("vbscript\\" + std::string(name) + ".vbs", "one");
         EXPECT_EQ(outcome.code, 2);
         EXPECT_EQ(outcome.output.find("Usage: cscript //nologo " + std::string(name)), 0u) << outcome.output;

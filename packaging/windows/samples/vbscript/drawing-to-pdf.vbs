@@ -32,6 +32,8 @@ Set pdf = CreateObject("Foliant.BuildPDF")
 If Err.Number = 0 Then
     If IsVisio(source) Then
         pdf.CreatePDFfromVisio target, source
+    ElseIf UBound(layouts) = 0 Then
+        pdf.CreatePDFfromAutoCAD target, source, layouts(0)
     Else
         pdf.CreatePDFfromMultiAutoCAD target, source, layouts
     End If

@@ -27,7 +27,13 @@ Next
 
 On Error Resume Next
 Set pdf = CreateObject("Foliant.BuildPDF")
-If Err.Number = 0 Then pdf.CreatePDFfromMultiExcel target, source, sheets, ranges, , , , landscape
+If Err.Number = 0 Then
+    If UBound(sheets) = 0 Then
+        pdf.CreatePDFfromExcel target, source, sheets(0), ranges(0), , , , True
+    Else
+        pdf.CreatePDFfromMultiExcel target, source, sheets, ranges, , , , landscape
+    End If
+End If
 If Err.Number <> 0 Then
     WScript.Echo "Error " & Err.Number & " from " & Err.Source & ": " & Err.Description
     WScript.Quit 1

@@ -28,6 +28,8 @@ Set pdf = CreateObject("Foliant.BuildPDF")
 If Err.Number = 0 Then
     If LCase(files.GetExtensionName(source)) = "rpt" Then
         pdf.CreatePDFfromCrystalReport target, source
+    ElseIf UBound(reports) = 0 Then
+        pdf.CreatePDFfromAccessReport target, source, reports(0)
     Else
         pdf.CreatePDFfromMultiAccessReport target, source, reports
     End If
