@@ -42,23 +42,23 @@ std::optional<Value> SettledResults::find(Access access, std::string_view member
     if (members_.empty() || (access != Access::get && access != Access::call)) return std::nullopt;
     const SettledMember* const settled = member_of_name(member);
     if (settled == nullptr) return std::nullopt;
-    if (!settled->is_list) return arguments.empty() ? std::optional(settled->results.front()) : std::nullopt;
+    const auto* const texts = std::get_if<Texts>(&settled->results);
+    if (texts == nullptr)
+        return arguments.empty() ? std::optional(std::get<Value>(settled->results)) : std::nullopt;
     const auto index = index_in(arguments);
-    const bool is_there = index && *index >= 0 && static_cast<std::size_t>(*index) < settled->results.size();
-    return is_there ? std::optional(settled->results[static_cast<std::size_t>(*index)]) : std::nullopt;
+    const bool is_there = index && *index >= 0 && static_cast<std::size_t>(*index) < texts->size();
+    return is_there ? std::optional<Value>((*texts)[static_cast<std::size_t>(*index)]) : std::nullopt;
 }
 
 void SettledObject::settle(std::string_view name, Value result) {
-    settled_.add({std::string(name), false, {std::move(result)}});
-    add_method(name, {}, [this, member = settled_.members().size() - 1](const Bound&) {
-        return settled_.members()[member].results.front();
-    });
+    add_method(name, {}, [result](const Bound&) { return result; });
+    settled_.add({std::string(name), std::move(result)});
 }
 
-void SettledObject::settle_list(std::string_view name, std::vector<Value> results) {
-    settled_.add({std::string(name), true, std::move(results)});
-    add_method(name, {"nIndex"}, [this, member = settled_.members().size() - 1](const Bound& given) {
-        const auto& list = settled_.members()[member].results;
+void SettledObject::settle_texts(std::string_view name, Texts texts) {
+    settled_.add({std::string(name), std::move(texts)});
+    add_method(name, {"nIndex"}, [this, member = settled_.members().size() - 1](const Bound& given) -> Value {
+        const auto& list = std::get<Texts>(settled_.members()[member].results);
         const std::int32_t index = automation::to_int32(given[0]);
         if (index < 0 || static_cast<std::size_t>(index) >= list.size())
             throw automation::Error(automation::RuntimeError::subscript_out_of_range);

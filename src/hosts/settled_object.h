@@ -1,8 +1,11 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <variant>
 #include <vector>
 
 #include "automation/object.h"
@@ -10,12 +13,32 @@
 
 namespace foliant::hosts {
 
-/// A member of an object that always gives the same results: a single one, or as many as it is asked for with
-/// an index, from 0.
+/// Texts in one piece of memory: a page has hundreds of words.
+class Texts {
+  public:
+    Texts() = default;
+    /// `ends` is where each of them ends in `bytes`, in order and within it.
+    Texts(std::string bytes, std::vector<std::uint32_t> ends)
+        : bytes_(std::move(bytes)), ends_(std::move(ends)) {}
+
+    std::size_t size() const noexcept { return ends_.size(); }
+    std::string_view operator[](std::size_t number) const {
+        const std::size_t begin = number == 0 ? 0 : ends_[number - 1];
+        return std::string_view(bytes_).substr(begin, ends_[number] - begin);
+    }
+    const std::string& bytes() const noexcept { return bytes_; }
+    const std::vector<std::uint32_t>& ends() const noexcept { return ends_; }
+
+  private:
+    std::string bytes_;
+    std::vector<std::uint32_t> ends_;
+};
+
+/// A member of an object that always gives the same: one result, which is no array, and an object only when that is
+/// settled itself and has none of its own; or a text for each index that it is asked with, from 0.
 struct SettledMember {
     std::string name;
-    bool is_list = false;
-    std::vector<automation::Value> results;  ///< texts, numbers and the like; no objects, no arrays
+    std::variant<automation::Value, Texts> results;
 };
 
 /// What such members give.
@@ -43,7 +66,7 @@ class SettledObject : public LateBound {
     /// A member without arguments.
     void settle(std::string_view name, automation::Value result);
     /// A member that is asked with an index, from 0; raises 9 for another one.
-    void settle_list(std::string_view name, std::vector<automation::Value> results);
+    void settle_texts(std::string_view name, Texts texts);
 
     const SettledResults& settled() const noexcept { return settled_; }
 

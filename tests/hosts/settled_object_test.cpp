@@ -13,7 +13,7 @@ using automation::Value;
 Value words() {
     auto object = std::make_shared<SettledObject>("Test");
     object->settle("GetNumText", std::int32_t{2});
-    object->settle_list("GetText", {"one ", "two"});
+    object->settle_texts("GetText", {"one two", {4, 7}});
     return automation::ObjectPtr(object);
 }
 
@@ -31,7 +31,7 @@ TEST(SettledObject, RaisesForAnIndexThatItDoesNotHave) {
 
 TEST(SettledObject, KnowsOnlyCallsAsTheyAreMade) {
     SettledResults results;
-    results.add({"Text", true, {"a"}});
+    results.add({"Text", Texts("a", {1})});
     EXPECT_TRUE(results.find(automation::Access::get, "TEXT", {Value(std::int32_t{0})}));
     EXPECT_FALSE(results.find(automation::Access::get, "Text", {}));
     EXPECT_FALSE(results.find(automation::Access::get, "Text", {Value("0")}));

@@ -45,8 +45,8 @@ structure::Page page_of(Document& document, std::int32_t number) {
 
 ObjectPtr make_page(Document& document, std::int32_t number) {
     const structure::PageBox box = page_box(page_of(document, number));
-    auto page = std::make_shared<LateBound>(application_name);
-    page->add_method("GetSize", {}, [box](const Bound&) { return make_size(box); });
+    auto page = std::make_shared<SettledObject>(application_name);
+    page->settle("GetSize", make_size(box));
     return page;
 }
 

@@ -1,19 +1,16 @@
 #pragma once
 
 #include "hosts/acrobat/text/page_text.h"
-#include "hosts/late_bound.h"
+#include "hosts/record_object.h"
 
 namespace foliant::hosts::acrobat {
 
 /// "AcroExch.Rect": a rectangle in points, y upwards, with the properties Left, Top, Right and Bottom.
-class AcrobatRectangle : public LateBound {
+class AcrobatRectangle : public RecordObject {
   public:
     AcrobatRectangle();
 
-    const text::Rectangle& value() const noexcept { return value_; }
-
-  private:
-    text::Rectangle value_;
+    text::Rectangle value() const;
 };
 
 }  // namespace foliant::hosts::acrobat

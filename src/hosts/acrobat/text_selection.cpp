@@ -1,9 +1,7 @@
 #include "hosts/acrobat/text_selection.h"
 
 #include <memory>
-#include <string>
 #include <utility>
-#include <vector>
 
 #include "automation/error.h"
 #include "hosts/acrobat/acrobat_error.h"
@@ -41,14 +39,11 @@ ObjectPtr select_text(Document& document, std::int32_t page, const Value& rectan
     const auto all = document.pdf().pages().size();
     document.show_progress("Reading", static_cast<int>(static_cast<std::size_t>(page) * 100 / all));
     text::TextReader& pages = document.text().pages();
-    std::vector<Value> words;
-    with_file_named(document, [&](structure::Pdf&) {
-        for (std::string& word : text::words(*pages.page(page), &chosen))
-            words.emplace_back(std::move(word));
-    });
+    text::Words words;
+    with_file_named(document, [&](structure::Pdf&) { words = text::words(*pages.page(page), &chosen); });
     auto selection = std::make_shared<SettledObject>(application_name);
-    selection->settle("GetNumText", static_cast<std::int32_t>(words.size()));
-    selection->settle_list("GetText", std::move(words));
+    selection->settle("GetNumText", static_cast<std::int32_t>(words.ends.size()));
+    selection->settle_texts("GetText", {std::move(words.letters), std::move(words.ends)});
     return selection;
 }
 

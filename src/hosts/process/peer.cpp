@@ -1,9 +1,14 @@
 #include "hosts/process/peer.h"
 
+#include <algorithm>
+#include <optional>
 #include <utility>
+#include <variant>
 
 #include "automation/error.h"
 #include "hosts/process/failure.h"
+#include "hosts/process/kept_record.h"
+#include "hosts/record_object.h"
 #include "hosts/settled_object.h"
 
 namespace foliant::hosts::process {
@@ -45,7 +50,8 @@ enum class Kind : std::uint8_t {
 
 constexpr std::size_t most_settled_bytes = std::size_t{16} << 20U;  // of results that go along with an object
 constexpr int deepest_array = 8;
-constexpr int only_plain = deepest_array + 1;  // as deep as neither arrays nor objects are
+constexpr int in_settled = deepest_array;      // as deep as arrays are not
+constexpr int only_plain = deepest_array + 1;  // nor objects
 constexpr int deepest_call = 64;               // callbacks in callbacks; honest hosts make two
 
 /// Counts calls that are under way inside each other.
@@ -60,22 +66,44 @@ class Nesting {
     int& depth_;
 };
 
-}  // namespace
+std::size_t size_of(const SettledMember& member) {
+    if (const auto* const texts = std::get_if<Texts>(&member.results))
+        return texts->bytes().size() + texts->size() * sizeof(std::uint32_t);
+    const auto* const text = std::get<Value>(member.results).if_holds<std::string>();
+    return sizeof(Value) + (text != nullptr ? text->size() : 0);
+}
 
-namespace {
+const std::vector<SettledMember>& none_settled() {
+    static const std::vector<SettledMember> none;
+    return none;
+}
 
 /// The settled results of an object, unless they are too many to send along.
 const std::vector<SettledMember>& results_to_send(const automation::Object& object) {
-    static const std::vector<SettledMember> none;
     const auto* const settled = dynamic_cast<const SettledObject*>(&object);
-    if (settled == nullptr) return none;
+    if (settled == nullptr) return none_settled();
     std::size_t bytes = 0;
     for (const SettledMember& member : settled->settled().members())
-        for (const Value& result : member.results) {
-            const auto* text = result.if_holds<std::string>();
-            bytes += sizeof(Value) + (text != nullptr ? text->size() : 0);
-        }
-    return bytes <= most_settled_bytes ? settled->settled().members() : none;
+        bytes += size_of(member);
+    return bytes <= most_settled_bytes ? settled->settled().members() : none_settled();
+}
+
+void put_texts(Writer& message, const Texts& texts) {
+    message.put(std::string_view(texts.bytes())).put(static_cast<std::uint32_t>(texts.size()));
+    for (const std::uint32_t end : texts.ends())
+        message.put(end);
+}
+
+Texts read_texts(Reader& message) {
+    std::string bytes = message.text();
+    std::vector<std::uint32_t> ends(message.count());
+    std::uint32_t last = 0;
+    for (std::uint32_t& end : ends) {
+        end = message.number<std::uint32_t>();
+        if (end < last || end > bytes.size()) throw Garbled();
+        last = end;
+    }
+    return {std::move(bytes), std::move(ends)};
 }
 
 }  // namespace
@@ -94,9 +122,11 @@ class Peer::Proxy : public automation::Object {
     Handle handle() const noexcept { return handle_; }
 
     void settle(SettledMember member) { settled_.add(std::move(member)); }
+    KeptRecord& record() noexcept { return record_; }
 
     Value invoke(Access access, std::string_view member, const Arguments& arguments) override {
         if (auto result = settled_.find(access, member, arguments)) return *std::move(result);
+        if (auto result = record_.invoke(access, member, arguments)) return *std::move(result);
         const ObjectPtr alive = shared_from_this();  // a member may let go of the object
         return peer_->invoke(handle_, access, member, arguments);
     }
@@ -107,6 +137,7 @@ class Peer::Proxy : public automation::Object {
     Handle handle_;
     std::uint32_t received_ = 0;
     SettledResults settled_;
+    KeptRecord record_;
 };
 
 /// A subscription to the other side's object, for a sink on this side.
@@ -311,9 +342,10 @@ void Peer::put_arguments(Writer& message, const Arguments& arguments) {
 void Peer::put_object(Writer& message, const ObjectPtr& object) {
     if (object == nullptr) {
         message.put(Kind::nothing);
-    } else if (const auto* proxy = dynamic_cast<const Proxy*>(object.get());
+    } else if (auto* proxy = dynamic_cast<Proxy*>(object.get());
                proxy != nullptr && proxy->belongs_to(*this)) {
         message.put(Kind::yours).put(proxy->handle());
+        proxy->record().put_news(message);
     } else {
         const auto [known, is_new] = handles_.try_emplace(object.get(), last_handle_ + 1);
         if (is_new) ++last_handle_;
@@ -321,36 +353,28 @@ void Peer::put_object(Writer& message, const ObjectPtr& object) {
         entry.object = object;
         ++entry.count;
         message.put(Kind::theirs).put(known->second);
-        if (is_new)
-            put_settled(message, results_to_send(*object));
-        else
-            put_settled(message, {});
+        put_settled(message, is_new ? results_to_send(*object) : none_settled());
+        put_record(message, is_new ? dynamic_cast<const RecordObject*>(object.get()) : nullptr);
     }
 }
 
 void Peer::put_settled(Writer& message, const std::vector<SettledMember>& members) {
     message.put(static_cast<std::uint32_t>(members.size()));
     for (const SettledMember& member : members) {
-        message.put(std::string_view(member.name)).put(member.is_list);
-        message.put(static_cast<std::uint32_t>(member.results.size()));
-        for (const Value& result : member.results)
-            put(message, result);
+        const auto* const texts = std::get_if<Texts>(&member.results);
+        message.put(std::string_view(member.name)).put(texts != nullptr);
+        if (texts != nullptr)
+            put_texts(message, *texts);
+        else
+            put(message, std::get<Value>(member.results));
     }
 }
 
-/// What `put_settled` wrote. Results that are objects or arrays would be messages without an end.
-void Peer::read_settled(Reader& message, Proxy& proxy) {
-    for (auto members = message.count(); members > 0; --members) {
-        SettledMember member;
-        member.name = message.text();
-        member.is_list = message.truth();
-        const auto count = message.count();
-        if (!member.is_list && count != 1) throw Garbled();
-        member.results.reserve(count);
-        for (auto left = count; left > 0; --left)
-            member.results.push_back(value(message, only_plain));
-        proxy.settle(std::move(member));
-    }
+/// One member of those that `put_settled` wrote.
+SettledMember Peer::read_settled(Reader& message, int depth) {
+    std::string name = message.text();
+    if (message.truth()) return {std::move(name), read_texts(message)};
+    return {std::move(name), value(message, depth)};
 }
 
 void Peer::put_array(Writer& message, const Array& array) {
@@ -409,27 +433,39 @@ Value Peer::value(Reader& message, int depth) {
             return ObjectPtr();
         case Kind::theirs:
             if (depth == only_plain) throw Garbled();
-            return received(message);
+            return received(message, depth);
         case Kind::yours:
-            if (depth == only_plain) throw Garbled();
-            return exported(message.number<Handle>());
+            if (depth >= in_settled) throw Garbled();
+            return returned(message);
         case Kind::array:
             return array(message, depth + 1);
     }
     throw Garbled();
 }
 
-ObjectPtr Peer::received(Reader& message) {
+/// An object of the other side. One that comes as a settled result is new: objects that hold each other would never
+/// go, and has no results that are objects, which would be a message without an end.
+ObjectPtr Peer::received(Reader& message, int depth) {
     const auto handle = message.number<Handle>();
     std::weak_ptr<Proxy>& known = proxies_[handle];
     std::shared_ptr<Proxy> proxy = known.lock();
+    if (proxy != nullptr && depth == in_settled) throw Garbled();
     if (proxy == nullptr) {
         proxy = std::make_shared<Proxy>(shared_from_this(), handle);
         known = proxy;
     }
     proxy->was_received();
-    read_settled(message, *proxy);
+    for (auto members = message.count(); members > 0; --members)
+        proxy->settle(read_settled(message, depth == in_settled ? only_plain : in_settled));
+    proxy->record().read(message);
     return proxy;
+}
+
+/// An object of this side, with what the other side has assigned to it.
+ObjectPtr Peer::returned(Reader& message) const {
+    ObjectPtr object = exported(message.number<Handle>());
+    read_news(message, dynamic_cast<RecordObject*>(object.get()));
+    return object;
 }
 
 Value Peer::array(Reader& message, int depth) {

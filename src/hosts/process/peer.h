@@ -18,7 +18,7 @@ namespace foliant::hosts::process {
 /// are answered. One call is under way at a time, on one thread.
 ///
 /// The results of an object's settled members (hosts/settled_object.h) go over with the object, and are not
-/// asked for again.
+/// asked for again. What is nothing but numbers (hosts/record_object.h) has them where it is used.
 ///
 /// Besides objects' members, each side answers calls of its own kind: its service.
 class Peer : public std::enable_shared_from_this<Peer> {
@@ -86,9 +86,10 @@ class Peer : public std::enable_shared_from_this<Peer> {
     void put_array(Writer& message, const automation::Array& array);
     automation::Value value(Reader& message, int depth);
     automation::Value array(Reader& message, int depth);
-    automation::ObjectPtr received(Reader& message);
+    automation::ObjectPtr received(Reader& message, int depth);
+    automation::ObjectPtr returned(Reader& message) const;
     void put_settled(Writer& message, const std::vector<SettledMember>& members);
-    void read_settled(Reader& message, Proxy& proxy);
+    SettledMember read_settled(Reader& message, int depth);
     automation::ObjectPtr exported(Handle handle) const;
 
     Channel channel_;

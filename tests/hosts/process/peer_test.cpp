@@ -10,6 +10,7 @@
 #include "automation/describe.h"
 #include "automation/error.h"
 #include "hosts/process/partners.h"
+#include "hosts/record_object.h"
 #include "hosts/settled_object.h"
 
 namespace foliant::hosts::process {
@@ -77,7 +78,8 @@ Value page_of_words(int& calls, std::string_view member, std::size_t size) {
     ++calls;
     auto words = std::make_shared<SettledObject>("Test");
     words->settle("Count", std::int32_t{2});
-    words->settle_list("Word", {std::string(size, 'x'), "two"});
+    words->settle_texts("Word", {std::string(size, 'x') + "two",
+                                 {static_cast<std::uint32_t>(size), static_cast<std::uint32_t>(size) + 3}});
     words->add_method("Moving", {}, [&calls](const Bound&) { return ++calls; });
     return ObjectPtr(words);
 }
@@ -97,6 +99,51 @@ TEST(Peer, AsksForSettledResultsOnlyOnce) {
     kill(partners.process(), SIGCONT);
     EXPECT_EQ(words.call("Moving"), Value(std::int32_t{2}));
     EXPECT_EQ(failure_of([&] { words.call("Word", {std::int32_t{2}}); }).substr(0, 2), "9 ");
+}
+
+TEST(Peer, SendsAlongASettledObjectOfASettledObject) {
+    Partners partners(serving([](Access, std::string_view, const Arguments&) -> Value {
+        auto size = std::make_shared<SettledObject>("Test");
+        size->settle("x", std::int32_t{612});
+        auto page = std::make_shared<SettledObject>("Test");
+        page->settle("GetSize", ObjectPtr(size));
+        return ObjectPtr(page);
+    }));
+    const Value page = partners.object().call("Page");
+    kill(partners.process(), SIGSTOP);
+    EXPECT_EQ(page.call("GetSize").get("x"), Value(std::int32_t{612}));
+    kill(partners.process(), SIGCONT);
+    EXPECT_EQ(failure_of([&] { page.call("GetSize").get("y"); }).substr(0, 4), "438 ");
+}
+
+/// Hands out a record with two numbers, and tells what is in one that it is given.
+Value record_keeper(std::string_view member, const Arguments& given) {
+    if (member == "Make")
+        return ObjectPtr(
+            std::make_shared<RecordObject>("Test", std::vector<std::string_view>{"Left", "Top"}));
+    const auto* const record =
+        dynamic_cast<const RecordObject*>(given.at(0).value.if_holds<ObjectPtr>()->get());
+    return record == nullptr
+               ? Value("none")
+               : Value(std::to_string(record->number(0)) + " " + std::to_string(record->number(1)));
+}
+
+TEST(Peer, HasTheNumbersOfARecordWhereTheyAreUsed) {
+    Partners partners(serving([](Access, std::string_view member, const Arguments& given) {
+        return record_keeper(member, given);
+    }));
+    const Value keeper = partners.object();
+    const Value record = keeper.call("Make");
+    kill(partners.process(), SIGSTOP);
+    record.set("left", std::int16_t{5});
+    EXPECT_EQ(record.get("Left"), Value(5.0));
+    EXPECT_EQ(record.get("Top"), Value(0.0));
+    EXPECT_EQ(failure_of([&] { record.set("Top", "high"); }).substr(0, 3), "13 ");
+    kill(partners.process(), SIGCONT);
+    EXPECT_EQ(keeper.call("Tell", {record}), Value("5.000000 0.000000"));
+    record.set("Top", 7.5);
+    EXPECT_EQ(keeper.call("Tell", {record}), Value("5.000000 7.500000"));
+    EXPECT_EQ(failure_of([&] { record.get("Right"); }).substr(0, 4), "438 ");
 }
 
 TEST(Peer, AsksForResultsThatAreTooManyToSendAlong) {

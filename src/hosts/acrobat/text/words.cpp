@@ -41,19 +41,20 @@ bool lies_in(const Rectangle& word, const Rectangle& within) {
 class WordCollector {
   public:
     WordCollector(const PageText& page, const Rectangle* within) : page_(page), within_(within) {
-        found_.reserve(page.runs.size());
+        found_.letters.reserve(page.letters.size() + 2 * page.runs.size());
+        found_.ends.reserve(page.runs.size());
     }
 
     void add(std::size_t number) {
         const Run& run = page_.runs[number];
         if (within_ != nullptr) {
             const Rectangle place = page_.place(number, 0, run.length);
-            place_ = word_.empty() ? place : around(place_, place);
+            place_ = has_word() ? around(place_, place) : place;
         }
         const bool is_broken = run.gap == Gap::broken_word;
         const std::uint32_t shown = run.length - (is_broken ? 1 : 0);
         for (std::uint32_t i = 0; i < shown; ++i)
-            append_utf8(word_, page_.letters[run.first + i]);
+            append_utf8(found_.letters, page_.letters[run.first + i]);
         was_broken_ = was_broken_ || is_broken;
         if (run.gap == Gap::line_end || (run.gap == Gap::blank && was_broken_))
             end_line();
@@ -61,38 +62,47 @@ class WordCollector {
             end_word();
     }
 
-    std::vector<std::string> take() {
-        if (!word_.empty()) end_line();
+    Words take() {
+        if (has_word()) end_line();
         return std::move(found_);
     }
 
   private:
+    bool has_word() const noexcept { return found_.letters.size() > word_; }
+
     void end_word() {
-        if (within_ == nullptr || lies_in(place_, *within_)) found_.push_back(word_ + ' ');
-        word_.clear();
+        if (within_ == nullptr || lies_in(place_, *within_)) {
+            found_.letters += ' ';
+            word_ = found_.letters.size();
+            found_.ends.push_back(static_cast<std::uint32_t>(word_));
+        } else {
+            found_.letters.resize(word_);
+        }
     }
 
     /// The line end takes the place of the blank behind the last word that counts.
     void end_line() {
         end_word();
         was_broken_ = false;
-        if (found_.size() == words_before_) return;
-        found_.back().replace(found_.back().size() - 1, 1, line_end);
-        words_before_ = found_.size();
+        if (found_.ends.size() == words_before_) return;
+        found_.letters.replace(word_ - 1, 1, line_end);
+        word_ = found_.letters.size();
+        found_.ends.back() = static_cast<std::uint32_t>(word_);
+        words_before_ = found_.ends.size();
     }
 
     const PageText& page_;
     const Rectangle* within_;
-    std::vector<std::string> found_;
+    Words found_;
     std::size_t words_before_ = 0;  ///< of earlier lines
-    std::string word_;              ///< so far
+    std::size_t word_ = 0;          ///< where the one begins that is being put together
     Rectangle place_;
     bool was_broken_ = false;
 };
 
 }  // namespace
 
-std::vector<std::string> words(const PageText& page, const Rectangle* within) {
+Words words(const PageText& page, const Rectangle* within) {
     WordCollector collector(page, within);
     for (std::size_t run = 0; run < page.runs.size(); ++run)
         collector.add(run);

@@ -7,13 +7,6 @@ namespace foliant::hosts::acrobat::view {
 
 namespace {
 
-std::string text_of_page(Document& document, int page) {
-    std::string text;
-    for (const std::string& word : text::words(*document.text().pages().page(page)))
-        text += word;
-    return text;
-}
-
 bool read(Program& program, bool to_end) {
     const ViewPtr view = program.active_view();
     if (!view)
@@ -23,7 +16,7 @@ bool read(Program& program, bool to_end) {
     with_file_named(document, [&](structure::Pdf&) {
         const int last = to_end ? document.text().pages().page_count() - 1 : view->page;
         for (int page = view->page; page <= last; ++page)
-            text += text_of_page(document, page);
+            text += text::words(*document.text().pages().page(page)).letters;
     });
     program.read_aloud(text);
     return true;

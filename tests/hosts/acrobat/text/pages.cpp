@@ -3,8 +3,6 @@
 #include <cstdio>
 #include <utility>
 
-#include "hosts/acrobat/text/words.h"
-
 namespace foliant::hosts::acrobat::text {
 namespace {
 
@@ -96,10 +94,20 @@ Bytes bytes_of(std::string pdf) {
     return {*kept, kept};
 }
 
+std::vector<std::string> separate(const Words& words) {
+    std::vector<std::string> list;
+    std::size_t begin = 0;
+    for (const std::uint32_t end : words.ends) {
+        list.push_back(words.letters.substr(begin, end - begin));
+        begin = end;
+    }
+    return list;
+}
+
 std::string words_of(const TestPage& page) {
     TextReader reader(bytes_of(make_pdf({page})), "");
     std::string text;
-    for (const std::string& word : words(*reader.page(0)))
+    for (const std::string& word : separate(words(*reader.page(0))))
         text += "[" + word + "]";
     return text;
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "hosts/acrobat/text/text_reader.h"
+#include "hosts/acrobat/text/words.h"
 
 namespace foliant::hosts::acrobat::text {
 
@@ -33,6 +34,9 @@ std::string make_pdf_of_content(const std::string& content, const std::string& m
 
 /// Bytes that keep themselves.
 Bytes bytes_of(std::string pdf);
+
+/// The words one by one.
+std::vector<std::string> separate(const Words& words);
 
 /// The words of the first page, one after the other.
 std::string words_of(const TestPage& page);

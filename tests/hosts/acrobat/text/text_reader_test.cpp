@@ -10,10 +10,7 @@ namespace foliant::hosts::acrobat::text {
 namespace {
 
 std::string text_of(TextReader& reader, int page) {
-    std::string text;
-    for (const std::string& word : words(*reader.page(page)))
-        text += word;
-    return text;
+    return words(*reader.page(page)).letters;
 }
 
 std::vector<TestPage> numbered_pages(int count) {
@@ -59,7 +56,7 @@ TEST(AcrobatTextReader, ReadsAPageOfScatteredWordsInTheOrderInWhichTheyWereWritt
                    " Tm <00610062> Tj\n";
     TextReader reader(bytes_of(make_pdf_of_content(content + "ET", "0 0 5000 3200")), "");
     const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(words(*reader.page(0)).size(), 25'000U);
+    EXPECT_EQ(words(*reader.page(0)).ends.size(), 25'000U);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
 
@@ -72,7 +69,7 @@ TEST(AcrobatTextReader, ArrangesADensePage) {
         content += "> Tj\n";
     }
     TextReader reader(bytes_of(make_pdf_of_content(content + "ET", "0 0 5000 3200")), "");
-    const auto text = words(*reader.page(0));
+    const auto text = separate(words(*reader.page(0)));
     ASSERT_EQ(text.size(), 300U * 60);
     EXPECT_EQ(text.front(), "tt ") << "the line at the top comes first, though it was written last";
 }

@@ -55,7 +55,8 @@ TEST(AcrobatWords, ToTheLeftInATextToTheRightAreTurnedAlone) {
 TEST(AcrobatWords, InARectangleAreThoseWhoseMiddleLiesInIt) {
     TextReader reader(bytes_of(make_pdf({page_of({U"one two three", U"four five six"})})), "");
     const Rectangle left_half{.left = 0, .bottom = 0, .right = 110, .top = 792};
-    EXPECT_EQ(words(*reader.page(0), &left_half), (std::vector<std::string>{"one ", "two\r\n", "four\r\n"}));
+    EXPECT_EQ(separate(words(*reader.page(0), &left_half)),
+              (std::vector<std::string>{"one ", "two\r\n", "four\r\n"}));
 }
 
 TEST(AcrobatWords, AreUtf8) {
