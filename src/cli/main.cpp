@@ -14,6 +14,7 @@
 #include "cli/output_guard.h"
 #include "cli/rehearsal.h"
 #include "cli/report.h"
+#include "cli/restart.h"
 #include "cli/secrets.h"
 #include "cli/supervised_call.h"
 #include "cli/terminal.h"
@@ -89,6 +90,7 @@ int main(int argc, char** argv) {
     try {
         const std::span<char* const> given(argv + 1, argv + argc);
         const std::vector<std::string> words(given.begin(), given.end());
+        cli::restart_for_many_objects(words, argv);
         cli::secrets_among(words).erase_from(given);
         const cli::Parsed parsed = cli::parse(words, cli::ask_on_terminal);
         if (parsed.request) cli::secrets_of(*parsed.request).erase_from(given);
