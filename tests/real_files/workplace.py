@@ -2,6 +2,7 @@
 
 import collections
 import hashlib
+import itertools
 import os
 import pathlib
 import re
@@ -10,7 +11,7 @@ import subprocess
 import tempfile
 import time
 
-from PIL import Image, ImageChops
+from PIL import Image, ImageChops, ImageFilter
 
 SMALL = 1_000_000  # bytes; a file below it may take HANG seconds
 HANG = 10
@@ -153,9 +154,11 @@ def pictures(place, file, last):
 
 
 def unlike(one, other):
-    """How much of a page looks different, from 0 to 1. A line that lies half a point further on is no difference."""
+    """How much of a page looks different, from 0 to 1. What lies a pixel, three points, further on is no difference."""
     if max(abs(one.width - other.width), abs(one.height - other.height)) > 1:
         return 1
     size = (min(one.width, other.width), min(one.height, other.height))
-    difference = ImageChops.difference(*(image.crop((0, 0, *size)) for image in (one, other)))
-    return sum(difference.histogram()[DIFFERENT:]) / (size[0] * size[1])
+    one, other = (image.crop((0, 0, *size)) for image in (one, other))
+    lost = sum(sum(ImageChops.subtract(there.filter(ImageFilter.MinFilter(3)), here).histogram()[DIFFERENT:])
+               for here, there in itertools.permutations((one, other)))
+    return lost / (size[0] * size[1])

@@ -78,6 +78,17 @@ TEST_F(ExcelHost, PrintsTheRangeAndNothingElse) {
     EXPECT_EQ(pdf.size(1), "612 x 792");
 }
 
+TEST_F(ExcelHost, CutsDrawingsOffWhereTheRangeEnds) {
+    const Value workbook = open("beam.fods");
+    const Value sheet = workbook.get("Worksheets", {"Beam"});
+    const Value page = sheet.get("PageSetup");
+    page.set("LeftMargin", 36.0);
+    page.set("TopMargin", 144.0);
+    constexpr double column = 64;  // in points, of LibreOffice's own width
+    EXPECT_NEAR(print(sheet, "A1:A1").right_end(1, 140, 220), 36 + column, 2);
+    EXPECT_NEAR(print(sheet, "A1:C1").right_end(1, 140, 220), 36 + 3 * column, 2);
+}
+
 TEST_F(ExcelHost, PrintsSeveralAreasOnPagesOfTheirOwn) {
     const PdfReader pdf = print(open("sales.xlsx").get("Worksheets", {"Sales"}), "A1:A2,C2:C3");
     ASSERT_EQ(pdf.pages(), 2);

@@ -81,6 +81,21 @@ def write_ods(path):
             "</office:spreadsheet></office:body></office:document-content>"))
 
 
+def write_drawing(path):
+    """A sheet of three words, on which a beam lies that is 15 cm long."""
+    namespaces = " ".join(f'xmlns:{short}="urn:oasis:names:tc:opendocument:xmlns:{name}:1.0"' for short, name in (
+        ("office", "office"), ("table", "table"), ("text", "text"), ("draw", "drawing"),
+        ("svg", "svg-compatible")))
+    cells = "".join(f'<table:table-cell office:value-type="string"><text:p>{word}</text:p></table:table-cell>'
+                    for word in ("on", "this", "sheet"))
+    path.write_text((
+        f'{HEAD}<office:document {namespaces} office:mimetype="application/vnd.oasis.opendocument.spreadsheet">'
+        '<office:body><office:spreadsheet><table:table table:name="Beam"><table:shapes>'
+        '<draw:rect svg:x="1cm" svg:y="0cm" svg:width="15cm" svg:height="2cm"/></table:shapes>'
+        f"<table:table-row>{cells}</table:table-row></table:table>"
+        "</office:spreadsheet></office:body></office:document>"), encoding="utf-8")
+
+
 def main():
     folder = Path(sys.argv[1])
     folder.mkdir(parents=True, exist_ok=True)
@@ -94,6 +109,7 @@ def main():
                '<definedName name="Prices">Sales!$B$2:$C$4</definedName>'
                '<definedName name="Elsewhere">\'My notes\'!$A$1</definedName>')
     write_ods(folder / "shared.ods")
+    write_drawing(folder / "beam.fods")
     (folder / "values.csv").write_text("name;price\nGröße;1,50\n", encoding="utf-8")
     (folder / "prose.xlsx").write_text("This is no workbook.\n")
     (folder / "noise.xlsx").write_bytes(bytes(range(256)) * 4)

@@ -1,7 +1,11 @@
 #include "hosts/office/pdf_reader.h"
 
+#include <algorithm>
+#include <cairo.h>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <poppler.h>
 #include <sstream>
 #include <stdexcept>
@@ -79,6 +83,31 @@ PdfReader::Place PdfReader::place(int number, const std::string& words) const {
     const Place place{first->x1, height - first->y2};
     g_list_free_full(matches, [](void* box) { poppler_rectangle_free(static_cast<PopplerRectangle*>(box)); });
     return place;
+}
+
+double PdfReader::right_end(int number, double top, double bottom) const {
+    const Page found = page(number);
+    double width = 0;
+    double height = 0;
+    poppler_page_get_size(found.page.get(), &width, &height);
+    const auto columns = static_cast<int>(std::ceil(width));
+    const auto rows = static_cast<int>(std::ceil(height));
+    const auto last = std::min(rows, static_cast<int>(std::ceil(bottom)));
+    std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface(
+        cairo_image_surface_create(CAIRO_FORMAT_ARGB32, columns, rows), cairo_surface_destroy);
+    cairo_t* context = cairo_create(surface.get());
+    poppler_page_render(found.page.get(), context);
+    cairo_destroy(context);
+    cairo_surface_flush(surface.get());
+    const unsigned char* pixels = cairo_image_surface_get_data(surface.get());
+    const int stride = cairo_image_surface_get_stride(surface.get());
+    for (int column = columns - 1; column >= 0; --column)
+        for (int row = static_cast<int>(top); row < last; ++row) {
+            std::uint32_t pixel = 0;
+            std::memcpy(&pixel, pixels + row * stride + column * 4, sizeof pixel);
+            if (pixel != 0) return column + 1;
+        }
+    return 0;
 }
 
 PdfReader::Look PdfReader::look(int number, const std::string& words) const {

@@ -29,6 +29,9 @@ class PdfReader {
     /// Where the first occurrence of `words` begins.
     Place place(int page, const std::string& words) const;
 
+    /// How far what is drawn between these heights reaches to the right.
+    double right_end(int page, double top, double bottom) const;
+
     struct Look {
         std::string font;  ///< its name in the document
         double points;

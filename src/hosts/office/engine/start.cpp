@@ -12,6 +12,7 @@
 #include "hosts/missing_engine.h"
 #include "hosts/office/engine/installation.h"
 #include "hosts/office/engine/office.h"
+#include "hosts/office/engine/print_mode.h"
 #include "hosts/office/engine/process_guard.h"
 #include "hosts/office/engine/profile.h"
 #include "hosts/office/engine/stand_still.h"
@@ -109,6 +110,7 @@ Context start_engine(const std::filesystem::path& private_folder, const Applicat
     Context context = process_context();
     if (!context.is()) throw Unusable("it has no component context");
     StandStill::prepare(library);
+    PrintMode::prepare(library);
     strip(context);
     use_paper_of_the_system(context);
     return context;

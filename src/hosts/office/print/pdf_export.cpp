@@ -3,9 +3,12 @@
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/io/XOutputStream.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
+#include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
 #include <com/sun/star/text/XTextFieldsSupplier.hpp>
 #include <cppuhelper/implbase1.hxx>
+#include <optional>
 
+#include "hosts/office/engine/print_mode.h"
 #include "hosts/office/engine/progress_relay.h"
 #include "hosts/office/engine/uno_support.h"
 
@@ -65,6 +68,10 @@ bool may_be_transparent(std::string_view pdf) {
     return false;
 }
 
+bool is_workbook(const LoadedDocument& document) {
+    return Reference<css::sheet::XSpreadsheetDocument>(document.component, css::uno::UNO_QUERY).is();
+}
+
 std::string export_once(const LoadedDocument& document, const Sequence<PropertyValue>& options) {
     const Reference<MemoryStream> stream(new MemoryStream);
     const auto arguments = uno_sequence<PropertyValue>({
@@ -73,6 +80,9 @@ std::string export_once(const LoadedDocument& document, const Sequence<PropertyV
         uno_argument("OutputStream", Reference<css::io::XOutputStream>(stream.get())),
         uno_argument("StatusIndicator", relay_progress(document.machine, "Printing")),
     });
+    // Elsewhere drawings end with the page, and nothing has to be cut off.
+    std::optional<PrintMode> for_paper;
+    if (is_workbook(document)) for_paper.emplace();
     Reference<css::frame::XStorable>(document.component, css::uno::UNO_QUERY_THROW)
         ->storeToURL(to_uno("private:stream"), arguments);
     // LibreOffice collects the PDF in a temporary file and does not always notice when that gets full.

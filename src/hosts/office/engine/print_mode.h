@@ -1,0 +1,20 @@
+#pragma once
+
+namespace foliant::hosts::office {
+
+/// Has LibreOffice draw for paper while one of these exists. As LibreOfficeKit, which paints for screens, it does not cut
+/// charts and drawings off where the cells of a page end: they reach over the margins, and out of the range that is
+/// printed.
+class PrintMode {
+  public:
+    /// Looks LibreOffice's switch up in its library (a handle of dlopen). Where it is not found objects of this class do
+    /// nothing.
+    static void prepare(void* library);
+
+    PrintMode();
+    PrintMode(const PrintMode&) = delete;
+    PrintMode& operator=(const PrintMode&) = delete;
+    ~PrintMode();
+};
+
+}  // namespace foliant::hosts::office
