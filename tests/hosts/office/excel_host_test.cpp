@@ -23,9 +23,9 @@ using test::PdfReader;
 class ExcelHost : public testing::Test {
   protected:
     Value open(const std::string& name) { return open_path(test::document(name)); }
-    Value open_path(const std::filesystem::path& path) {
+    Value open_path(const std::filesystem::path& path, const std::string& password = "") {
         return excel.get("Workbooks")
-            .call("Open", {path.string(), named("Password", ""), named("WriteResPassword", "")});
+            .call("Open", {path.string(), named("Password", password), named("WriteResPassword", "")});
     }
 
     /// What the PDF printer makes of a range.
@@ -224,6 +224,36 @@ TEST_F(ExcelHost, RefusesAFirstPageNumberThatNoPageHas) {
 TEST_F(ExcelHost, ReadsValuesInTextAndAddsNothingToThem) {
     const Value sheet = open("values.csv").get("Worksheets", {std::int16_t{1}});
     EXPECT_EQ(print(sheet, "A1:B2").text(1), "name price / Größe 1,50");
+}
+
+TEST_F(ExcelHost, OpensWhatLibreOfficeHasEncrypted) {
+    const auto locked = test::document("locked.ods");
+    const Value sheet = open_path(locked, "open sesame").get("Worksheets", {"Secret"});
+    EXPECT_NE(print(sheet, "A1").text(1).find("kept from others"), std::string::npos);
+    const auto without = tests::error_of([&] { open_path(locked); });
+    EXPECT_NE(without.description().find("is encrypted. Give its open password."), std::string::npos);
+    const auto wrong = tests::error_of([&] { open_path(locked, "open barley"); });
+    EXPECT_NE(wrong.description().find("the password is incorrect"), std::string::npos);
+}
+
+TEST(ExcelDates, HaveTheFormOfTheUsersLocale) {
+    const tests::ScratchFolder folder;
+    NotingMachine machine;
+    ::setenv("LC_ALL", "C.UTF-8", 1);
+    ::setenv("PAPERSIZE", "a4", 1);
+    process::HostProcess host{{"Excel", "LibreOffice Calc", office_module}, machine};
+    const Value excel = host.create("Excel.Application");
+    ::unsetenv("LC_ALL");
+    ::unsetenv("PAPERSIZE");
+    machine.answer = (folder / "out.pdf").string();
+    excel.get("Workbooks")
+        .call("Open", {test::document("dated.xlsx").string()})
+        .get("Worksheets", {std::int16_t{1}})
+        .get("Range", {"A1"})
+        .call("PrintOut", {named("ActivePrinter", "Adobe PDF")});
+    const PdfReader pdf(machine.answer);
+    EXPECT_EQ(pdf.text(1), "1/13/2012");
+    EXPECT_EQ(pdf.size(1), "595 x 842");
 }
 
 TEST_F(ExcelHost, RefusesWhatIsNoWorkbook) {

@@ -3,6 +3,7 @@
     make_workbooks.py FOLDER
 """
 
+import base64
 import sys
 import zipfile
 from pathlib import Path
@@ -37,7 +38,13 @@ def sheet(rows, setup=""):
     return f'{HEAD}<worksheet xmlns="{MAIN}"><sheetData>{data}</sheetData>{setup}</worksheet>'
 
 
-def write_xlsx(path, sheets, names=""):
+# Two formats of cells: none, and the one that is a date in whatever form the user's country writes it.
+STYLES = (f'{HEAD}<styleSheet xmlns="{MAIN}"><fonts count="1"><font/></fonts><fills count="1"><fill/></fills>'
+          '<borders count="1"><border/></borders><cellStyleXfs count="1"><xf/></cellStyleXfs><cellXfs count="2"><xf/>'
+          '<xf numFmtId="14" applyNumberFormat="1"/></cellXfs></styleSheet>')
+
+
+def write_xlsx(path, sheets, names="", styles=""):
     """`sheets` are pairs of a name and XML."""
     numbers = range(1, len(sheets) + 1)
     overrides = "".join(f'<Override PartName="/xl/worksheets/sheet{n}.xml" ContentType="{TYPE}.worksheet+xml"/>'
@@ -45,6 +52,9 @@ def write_xlsx(path, sheets, names=""):
     listed = "".join(f'<sheet name="{name}" sheetId="{n}" r:id="r{n}"/>' for n, (name, _) in zip(numbers, sheets))
     related = "".join(f'<Relationship Id="r{n}" Type="{RELATIONSHIPS}/worksheet" Target="worksheets/sheet{n}.xml"/>'
                       for n in numbers)
+    if styles:
+        overrides += f'<Override PartName="/xl/styles.xml" ContentType="{TYPE}.styles+xml"/>'
+        related += f'<Relationship Id="styles" Type="{RELATIONSHIPS}/styles" Target="styles.xml"/>'
     with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as package:
         package.writestr("[Content_Types].xml", (
             f'{HEAD}<Types xmlns="{PACKAGE}/content-types">'
@@ -58,6 +68,8 @@ def write_xlsx(path, sheets, names=""):
             f'<definedNames>{names}</definedNames></workbook>'))
         package.writestr("xl/_rels/workbook.xml.rels",
                          f'{HEAD}<Relationships xmlns="{PACKAGE}/relationships">{related}</Relationships>')
+        if styles:
+            package.writestr("xl/styles.xml", styles)
         for n, (_, xml) in zip(numbers, sheets):
             package.writestr(f"xl/worksheets/sheet{n}.xml", xml)
 
@@ -79,6 +91,36 @@ def write_ods(path):
             f'{HEAD}<office:document-content {namespaces}><office:body><office:spreadsheet>'
             f'{table.format("One")}{table.format("Two")}'
             "</office:spreadsheet></office:body></office:document-content>"))
+
+
+# The content of a workbook, as LibreOffice encrypts it for the password "open sesame": one cell, "kept from others".
+SECRET = """
+lNMZCxiOwY7tr2mdq1NYAFpmV04nj7kEU0jRlVhvVB18dJdzzG7e01k8/UgIIzLbBEaHF7kNBL8YgsVcc77TBEJrDAYANZy9HYNpXuUiYsKL4xlLalrYDLoE
+nH82qSOZZRGRreP/Gj3sG4wVxg5/pva5wk6QV7yAqI3QXCS7+LgiTYrovpMn9Sgd1GDxzB9wHREf8XMURt/RU4VYlZJTM21oPT+4tQ/uh7++X6IH0vhQSlt1
+LVR6DvEsCIoaBDds+G88oGX8ROqPrLN7yXbGRZGECfc2Ou990TSugJmxO2E=
+"""
+
+
+def write_locked(path):
+    """A workbook in OpenDocument that is encrypted by AES."""
+    mimetype = "application/vnd.oasis.opendocument.spreadsheet"
+    manifest = "urn:oasis:names:tc:opendocument:xmlns:manifest:1.0"
+    sha256 = "http://www.w3.org/2000/09/xmldsig#sha256"
+    with zipfile.ZipFile(path, "w") as package:
+        package.writestr("mimetype", mimetype, zipfile.ZIP_STORED)
+        package.writestr("META-INF/manifest.xml", (
+            f'{HEAD}<manifest:manifest xmlns:manifest="{manifest}" manifest:version="1.2"><manifest:file-entry '
+            f'manifest:full-path="/" manifest:version="1.2" manifest:media-type="{mimetype}"/><manifest:file-entry '
+            'manifest:full-path="content.xml" manifest:media-type="text/xml" manifest:size="543">'
+            f'<manifest:encryption-data manifest:checksum-type="{manifest}#sha256-1k" '
+            'manifest:checksum="KQP380JTEPB2XxFYAJMgPKKeCLKmg0j9roizpLW2kAk="><manifest:algorithm '
+            'manifest:algorithm-name="http://www.w3.org/2001/04/xmlenc#aes256-cbc" '
+            'manifest:initialisation-vector="8LU7LaBB/KSe8LmDkGCzRQ=="/><manifest:key-derivation '
+            'manifest:key-derivation-name="PBKDF2" manifest:key-size="32" manifest:iteration-count="1024" '
+            'manifest:salt="zrIHcuDJ0kDHXrJrDjer7g=="/><manifest:start-key-generation '
+            f'manifest:start-key-generation-name="{sha256}" manifest:key-size="32"/></manifest:encryption-data>'
+            '</manifest:file-entry></manifest:manifest>'))
+        package.writestr("content.xml", base64.b64decode(SECRET), zipfile.ZIP_STORED)
 
 
 def write_drawing(path):
@@ -108,8 +150,11 @@ def main():
                 ("Blank", sheet([], letter))],
                '<definedName name="Prices">Sales!$B$2:$C$4</definedName>'
                '<definedName name="Elsewhere">\'My notes\'!$A$1</definedName>')
+    dated = sheet([[40921]]).replace('r="A1"', 'r="A1" s="1"')
+    write_xlsx(folder / "dated.xlsx", [("Dated", dated)], styles=STYLES)
     write_ods(folder / "shared.ods")
     write_drawing(folder / "beam.fods")
+    write_locked(folder / "locked.ods")
     (folder / "values.csv").write_text("name;price\nGröße;1,50\n", encoding="utf-8")
     (folder / "prose.xlsx").write_text("This is no workbook.\n")
     (folder / "noise.xlsx").write_bytes(bytes(range(256)) * 4)

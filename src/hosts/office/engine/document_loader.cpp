@@ -5,6 +5,7 @@
 #include <com/sun/star/document/UpdateDocMode.hpp>
 #include <com/sun/star/frame/Desktop.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/sendfile.h>
@@ -58,6 +59,15 @@ automation::Error load_error(const std::filesystem::path& path, const std::strin
                                  (reason.empty() ? "" : " (" + reason + ")") + ". Use another copy.");
 }
 
+/// Starts NSS, by which LibreOffice decrypts OpenDocument. LibreOffice would have it make a database of keys and set that
+/// file's mode, which a contained process may not; what has started without one is taken as it is.
+void start_nss_without_database() {
+    void* const nss = dlopen("libnss3.so", RTLD_LAZY | RTLD_LOCAL);
+    if (nss == nullptr) return;
+    if (auto* const start = reinterpret_cast<int (*)(const char*)>(dlsym(nss, "NSS_NoDB_Init")))
+        start(nullptr);
+}
+
 /// LibreOffice's texts have no room for bytes that are no UTF-8. A document with such a path is copied, so
 /// that LibreOffice finds one when it looks again.
 std::filesystem::path nameable_place(const DocumentFile& file, const std::filesystem::path& own_folder) {
@@ -87,6 +97,7 @@ std::unique_ptr<LoadedDocument> load_document(const Office& office, DocumentFile
     const CallGuard call(office.temporary_folder);
     file.place = nameable_place(file, office.temporary_folder);
     const StandStill from_the_beginning;
+    if (!passwords.open.empty()) start_nss_without_database();
     const Reference<LoadInteraction> interaction(new LoadInteraction(passwords));
     Reference<XComponent> document;
     std::string reason;

@@ -67,10 +67,12 @@ void strip(const Context& context) {
     }
 }
 
-/// Gives documents that name no paper the system's. LibreOfficeKit has set LibreOffice up for the United States,
-/// whose paper is Letter. English of no country has the same dates and numbers, and A4.
-void use_paper_of_the_system(const Context& context) {
-    if (system_paper() == Paper::letter) return;
+/// Gives documents what they do not say themselves, forms of dates and paper, as the user has them. LibreOfficeKit has set
+/// LibreOffice up for the United States, whose paper is Letter. Of a user's locale it takes the paper as well; where the
+/// system has another one, it is that which counts: English of no country has A4.
+void use_locale_of_the_user(const Context& context) {
+    const bool has_its_paper = paper_of_locale() == system_paper();
+    if (!has_its_paper && system_paper() == Paper::letter) return;
     const auto provider = css::configuration::theDefaultProvider::get(context);
     css::uno::Sequence<css::uno::Any> arguments(1);
     arguments.getArray()[0] <<= uno_argument("nodepath", to_uno("/org.openoffice.Setup/L10N"));
@@ -78,7 +80,7 @@ void use_paper_of_the_system(const Context& context) {
         provider->createInstanceWithArguments(to_uno("com.sun.star.configuration.ConfigurationUpdateAccess"),
                                               arguments),
         css::uno::UNO_QUERY_THROW);
-    set_uno_property(locales, "ooSetupSystemLocale", to_uno("en"));
+    set_uno_property(locales, "ooSetupSystemLocale", to_uno(has_its_paper ? "" : "en"));
     Reference<css::util::XChangesBatch>(locales, css::uno::UNO_QUERY_THROW)->commitChanges();
 }
 
@@ -112,7 +114,7 @@ Context start_engine(const std::filesystem::path& private_folder, const Applicat
     StandStill::prepare(library);
     PrintMode::prepare(library);
     strip(context);
-    use_paper_of_the_system(context);
+    use_locale_of_the_user(context);
     return context;
 }
 

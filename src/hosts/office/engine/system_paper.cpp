@@ -41,11 +41,15 @@ std::intptr_t usual_width() {
 
 }  // namespace
 
-Paper system_paper() {
+Paper paper_of_locale() {
     constexpr std::intptr_t letter_width = 216;
-    const std::string name = named_paper();
-    if (!name.empty()) return name == "letter" ? Paper::letter : Paper::a4;
     return usual_width() == letter_width ? Paper::letter : Paper::a4;
+}
+
+Paper system_paper() {
+    const std::string name = named_paper();
+    if (name.empty()) return paper_of_locale();
+    return name == "letter" ? Paper::letter : Paper::a4;
 }
 
 }  // namespace foliant::hosts::office

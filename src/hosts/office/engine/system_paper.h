@@ -9,4 +9,7 @@ enum class Paper { letter, a4 };
 /// only those two here.
 Paper system_paper();
 
+/// The paper of the country of the environment's locale; A4 where that is not installed.
+Paper paper_of_locale();
+
 }  // namespace foliant::hosts::office
