@@ -3,7 +3,7 @@
 #include "automation/object.h"
 #include "automation/value.h"
 #include "hosts/built_module.h"
-#include "hosts/module.h"
+#include "hosts/noting_machine.h"
 #include "hosts/office/pdf_reader.h"
 #include "hosts/process/host_process.h"
 #include "support/error_of.h"
@@ -20,38 +20,6 @@ const Module& access_module() {
     static const Module& module = tests::built_module(ACCESS_MODULE);
     return module;
 }
-
-/// A machine with a PDF printer and a queue, which notes what is asked of it.
-class NotingMachine : public Machine {
-  public:
-    std::filesystem::path private_folder() const override { return folder_.path(); }
-    bool has_printer(std::string_view name) const override { return name == "Adobe PDF" || name == "Office"; }
-    bool is_pdf_printer(std::string_view name) const override { return name == "Adobe PDF"; }
-    std::string default_printer() const override { return "Office"; }
-    std::vector<std::string> printer_names() const override { return {"Adobe PDF", "Office"}; }
-    void print(std::string_view printer, const std::filesystem::path& pdf, std::string_view title) override {
-        notes.push_back("print " + std::string(title) + " on " + std::string(printer) + ", pages " +
-                        std::to_string(PdfReader(pdf).pages()));
-    }
-    void show(Dialog& dialog) override {
-        notes.push_back("dialog " + dialog.caption + ": " + dialog.controls.front().text);
-        if (answer.empty()) return;
-        dialog.controls.front().text = answer;
-        dialog.accepted = true;
-    }
-    HostWindow open_window(std::string caption, std::function<void()>) override {
-        notes.push_back("window " + caption);
-        return notes.size();
-    }
-    void close_window(HostWindow) override {}
-    std::optional<std::string> setting(std::string_view, std::string_view) const override { return {}; }
-
-    std::string answer;  ///< typed into the dialog; empty to cancel it
-    std::vector<std::string> notes;
-
-  private:
-    tests::ScratchFolder folder_;
-};
 
 std::string database(const std::string& name) {
     return (std::filesystem::path(ACCESS_DATABASES) / name).string();
@@ -94,7 +62,7 @@ class AccessHost : public testing::Test {
     }
 
     tests::ScratchFolder folder;
-    NotingMachine machine;
+    tests::NotingMachine machine;
     process::HostProcess host{{"Access", "mdbtools", access_module}, machine};
     Value access = host.create("Access.Application");
 };

@@ -1,10 +1,10 @@
 // Notepad's stand-in, as the command has it.
 
-#include <deque>
 #include <gtest/gtest.h>
 
 #include "automation/value.h"
 #include "hosts/built_module.h"
+#include "hosts/noting_machine.h"
 #include "hosts/office/pdf_reader.h"
 #include "hosts/process/host_process.h"
 #include "support/error_of.h"
@@ -16,36 +16,6 @@ namespace {
 using automation::Value;
 using office::test::PdfReader;
 
-class NotingMachine : public Machine {
-  public:
-    std::filesystem::path private_folder() const override { return folder_.path(); }
-    bool has_printer(std::string_view) const override { return true; }
-    bool is_pdf_printer(std::string_view name) const override { return name == "Adobe PDF"; }
-    std::string default_printer() const override { return printer; }
-    void print(std::string_view queue, const std::filesystem::path& pdf, std::string_view title) override {
-        notes.push_back("print " + std::string(title) + " on " + std::string(queue) + ", pages " +
-                        std::to_string(PdfReader(pdf).pages()));
-    }
-    void show(Dialog& dialog) override {
-        notes.push_back("dialog " + dialog.caption + ": " + dialog.controls.front().text);
-        dialog.accepted = !answer.empty();
-        dialog.controls.front().text = answer;
-    }
-    HostWindow open_window(std::string caption, std::function<void()>) override {
-        notes.push_back("window " + caption);
-        return 1;
-    }
-    void close_window(HostWindow) override {}
-    std::optional<std::string> setting(std::string_view, std::string_view) const override { return {}; }
-
-    std::string printer = "Adobe PDF";
-    std::string answer;  ///< typed into the dialog; "" cancels it
-    std::vector<std::string> notes;
-
-  private:
-    tests::ScratchFolder folder_;
-};
-
 const Module& notepad_module() {
     static const Module& module = tests::built_module(NOTEPAD_MODULE);
     return module;
@@ -53,13 +23,15 @@ const Module& notepad_module() {
 
 class NotepadHost : public testing::Test {
   protected:
+    NotepadHost() { machine.printer = "Adobe PDF"; }
+
     std::string write(const std::string& name, std::string_view content) const {
         return folder.write(name, content).string();
     }
     void print(const std::string& file) const { notepad.call("PrintFile", {file}); }
 
     tests::ScratchFolder folder;
-    NotingMachine machine;
+    tests::NotingMachine machine;
     process::HostProcess host{{"Notepad", "Pango and cairo", notepad_module}, machine};
     Value notepad = host.create("notepad.exe");
 };
