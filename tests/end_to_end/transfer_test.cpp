@@ -101,6 +101,15 @@ TEST_F(TransferWithServer, WhatTheServerRefusesIsAFailureInItsWords) {
     EXPECT_EQ(tests::names_in(server.folder()), tests::Names());
 }
 
+TEST_F(TransferWithServer, AFolderIsNoFile) {
+    tests::write_file(server.folder() / "b.txt", "some words");
+    for (const char* name : {"pub/", "pub/.", ".", ".."})
+        expect_failure(transfer("DownloadFile", "", "c.txt", name), {"that is a folder and no file"});
+    expect_failure(transfer("DownloadFile", "pub", "c.txt", "../b.txt"),
+                   {"The server refused GET ../b.txt: 550"});
+    EXPECT_EQ(shop.files(), std::set<std::string>());
+}
+
 TEST_F(TransferWithServer, AHundredMegabytesArriveWhole) {
     std::ofstream big(shop.path("big"), std::ios::binary);
     std::string piece(1U << 20U, '\0');

@@ -44,17 +44,6 @@ bool is_among(const std::vector<std::string>& names, const std::string& name) {
         names, [&](const std::string& other) { return automation::equal_ignoring_case(other, name); });
 }
 
-/// What went wrong with a condition, under its own name.
-template <class Work>
-void with_condition_named(const char* what, const std::string& text, Work work) {
-    try {
-        work();
-    } catch (const SqlError& failure) {
-        throw access_error(criteria_not_understood, std::string("The ") + what + " \"" + text +
-                                                        "\" cannot be used: " + failure.what() + ".");
-    }
-}
-
 }  // namespace
 
 void Program::require_running() const {
@@ -141,25 +130,28 @@ std::string Program::spelled(const std::string& name) const {
     return name;
 }
 
+StoredQuery Program::filter_named(const std::string& name) {
+    if (auto query = database_->query(name)) return std::move(*query);
+    throw access_error(report_not_found, "There is no query \"" + name + "\" in " + path_.string() +
+                                             " to be used as a filter." +
+                                             list_of("queries", database_->objects().queries));
+}
+
 Report Program::make_report(const std::string& name, const std::string& filter,
                             const std::string& condition) {
     Report report{.title = spelled(name), .records = {}};
     try {
         report.records = records_of_report(name);
+        if (!filter.empty()) apply_filter(*database_, report.records, filter_named(filter), filter);
     } catch (const SqlError& failure) {
         throw access_error(criteria_not_understood, std::string(failure.what()) + ".");
     }
-    if (!filter.empty()) {
-        const auto query = database_->query(filter);
-        if (!query)
-            throw access_error(report_not_found, "There is no query \"" + filter + "\" in " + path_.string() +
-                                                     " to be used as a filter." +
-                                                     list_of("queries", database_->objects().queries));
-        with_condition_named("filter", filter,
-                             [&] { apply_filter(*database_, report.records, *query, filter); });
+    try {
+        keep_where(report.records, condition, queries_on(*database_));
+    } catch (const SqlError& failure) {
+        throw access_error(criteria_not_understood,
+                           "The condition \"" + condition + "\" cannot be used: " + failure.what() + ".");
     }
-    with_condition_named("condition", condition,
-                         [&] { keep_where(report.records, condition, queries_on(*database_)); });
     return report;
 }
 

@@ -34,6 +34,7 @@ class Program {
   private:
     JetFile& database() const;
     void require_running() const;
+    StoredQuery filter_named(const std::string& name);
     Report make_report(const std::string& name, const std::string& filter, const std::string& condition);
     std::string spelled(const std::string& name) const;
     Relation records_of_report(const std::string& name);

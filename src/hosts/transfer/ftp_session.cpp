@@ -34,6 +34,12 @@ std::string escaped(CURL* handle, std::string_view part) {
     return result;
 }
 
+/// Of a folder there would come a list of what is in it.
+bool names_folder(std::string_view remote_file) {
+    const std::string_view last = remote_file.substr(remote_file.rfind('/') + 1);
+    return last.empty() || last == "." || last == "..";
+}
+
 /// The folder in the reply to PWD: what stands in quotation marks, in which two of them stand for one.
 std::string quoted_folder(std::string_view reply) {
     const std::size_t begin = reply.find('"');
@@ -126,6 +132,7 @@ void FtpSession::prepare(const std::string& remote_file, std::string what) {
     CURL* const handle = easy_.get();
     curl_easy_reset(handle);  // connections stay
     set(handle, CURLOPT_URL, address_of(remote_file).c_str());
+    set(handle, CURLOPT_PATH_AS_IS, 1L);  // "../a.txt" is not "a.txt"
     set(handle, CURLOPT_PROTOCOLS_STR, "ftp");
     if (!server_.user.empty()) set(handle, CURLOPT_USERNAME, server_.user.c_str());
     if (!server_.password.empty()) set(handle, CURLOPT_PASSWORD, server_.password.c_str());
@@ -165,8 +172,15 @@ void FtpSession::change_folder(const std::string& folder, std::string what) {
                           : std::vector<std::string>{"CWD " + folder_, "CWD " + folder, "*PWD"});
 }
 
-void FtpSession::send(Source source, std::uint64_t size, const std::string& remote_file, std::string what) {
+void FtpSession::prepare_transfer(const std::string& remote_file, std::string what) {
+    if (names_folder(remote_file))
+        throw inet_error(InetError::cannot_complete,
+                         what + " with " + server_.host + " was not begun: that is a folder and no file.");
     prepare(remote_file, std::move(what));
+}
+
+void FtpSession::send(Source source, std::uint64_t size, const std::string& remote_file, std::string what) {
+    prepare_transfer(remote_file, std::move(what));
     source_ = std::move(source);
     set(easy_.get(), CURLOPT_UPLOAD, 1L);
     set(easy_.get(), CURLOPT_INFILESIZE_LARGE, static_cast<curl_off_t>(size));
@@ -174,7 +188,7 @@ void FtpSession::send(Source source, std::uint64_t size, const std::string& remo
 }
 
 void FtpSession::fetch(Sink sink, const std::string& remote_file, std::string what) {
-    prepare(remote_file, std::move(what));
+    prepare_transfer(remote_file, std::move(what));
     sink_ = std::move(sink);
     begin(folder_.empty() ? std::vector<std::string>{} : std::vector<std::string>{"CWD " + folder_});
 }

@@ -78,6 +78,7 @@ class FtpSession {
     };
 
     void prepare(const std::string& remote_file, std::string what);
+    void prepare_transfer(const std::string& remote_file, std::string what);
     void begin(std::vector<std::string> commands_before);
     void end(CURLcode result);
     void note_reply(std::string_view line);

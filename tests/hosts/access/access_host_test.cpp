@@ -160,6 +160,9 @@ TEST_F(AccessHost, NamesThatAreNotThereAreToldWithThoseThatAre) {
                   there);
     EXPECT_NE(failure_of("Elsewhere").find("is linked: its records are in another file"), std::string::npos);
     EXPECT_NE(failure_of("Orders", "Nobody").find("2103 There is no query \"Nobody\""), std::string::npos);
+    EXPECT_EQ(
+        failure_of("Orders", "Totals"),
+        "3075 The query \"Totals\" cannot be used as a filter: it does more than to choose records by a condition.");
     EXPECT_FALSE(std::filesystem::exists(output()));
 }
 
