@@ -101,13 +101,36 @@ function(foliant_own_prefix target)
   set_target_properties(${target} PROPERTIES CROSSCOMPILING_EMULATOR "${emulator}")
 endfunction()
 
-# foliant_test(NAME FOLDERS folders... EXCEPT sources... KNOWS rooms... LINKS targets...): one test program of all sources
-# of the current folder, and of those folders below it, but those excepted, or of SOURCES where several programs share a
-# folder. CTest finds its tests.
+# foliant_windows_tests(NAME SHARDS n PROPERTIES properties...): CTest runs the program's tests in Wine. Starting a
+# program there takes longer than most tests, so a program is one test, or n tests that share its own out: those that
+# wait for windows and other processes wait side by side.
+function(foliant_windows_tests name)
+  cmake_parse_arguments(tests "" "SHARDS" "PROPERTIES" ${ARGN})
+  if(NOT tests_SHARDS)
+    add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
+    set_tests_properties(${name} PROPERTIES TIMEOUT 120 ${tests_PROPERTIES})
+    return()
+  endif()
+  math(EXPR last "${tests_SHARDS} - 1")
+  foreach(shard RANGE ${last})
+    set(test ${name}_${shard})
+    add_test(NAME ${test} COMMAND ${name} --gtest_brief=1)
+    set_tests_properties(${test} PROPERTIES TIMEOUT 120 ${tests_PROPERTIES})
+    set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT GTEST_TOTAL_SHARDS=${tests_SHARDS} GTEST_SHARD_INDEX=${shard})
+  endforeach()
+endfunction()
+
+# foliant_test(NAME FOLDERS folders... EXCEPT sources... KNOWS rooms... LINKS targets... LABELS labels... SHARDS n
+#              PROPERTIES properties...): one test program of all sources of the current folder, and of those folders below
+# it, but those excepted, or of SOURCES where several programs share a folder. CTest finds its tests; they have those
+# properties. SHARDS are those of foliant_windows_tests.
 function(foliant_test name)
-  cmake_parse_arguments(test "" "" "FOLDERS;EXCEPT;SOURCES;KNOWS;LINKS;LABELS" ${ARGN})
+  cmake_parse_arguments(test "" "SHARDS" "FOLDERS;EXCEPT;SOURCES;KNOWS;LINKS;LABELS;PROPERTIES" ${ARGN})
   if(NOT test_SOURCES)
     foliant_sources(test_SOURCES FOLDERS ${test_FOLDERS} EXCEPT ${test_EXCEPT})
+  endif()
+  if(test_LABELS)
+    list(APPEND test_PROPERTIES LABELS ${test_LABELS})
   endif()
   add_executable(${name} ${test_SOURCES})
   set_target_properties(${name} PROPERTIES ENABLE_EXPORTS ON)
@@ -123,10 +146,8 @@ function(foliant_test name)
     if("windows" IN_LIST test_LABELS)
       foliant_own_prefix(${name})
     endif()
-    # Starting a program in Wine takes longer than most tests: each program is one test.
-    add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
-    set_tests_properties(${name} PROPERTIES TIMEOUT 120 LABELS "${test_LABELS}")
+    foliant_windows_tests(${name} SHARDS ${test_SHARDS} PROPERTIES ${test_PROPERTIES})
   else()
-    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120 LABELS "${test_LABELS}")
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120 ${test_PROPERTIES})
   endif()
 endfunction()
