@@ -5,6 +5,7 @@
 #include <fstream>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <set>
 #include <thread>
 
 #include "hosts/web/address.h"
@@ -58,7 +59,10 @@ class PageCapture {
             throw CaptureError("the page cannot be had (" + problem + ")");
         loader_ = begun.value("loaderId", std::string());
         is_whole_ = is_loaded_in_time();
-        if (!is_whole_) tools_.send("Page.stopLoading", json::object());
+        if (is_whole_)
+            ask_for_missing();
+        else
+            tools_.send("Page.stopLoading", json::object());
         if (const auto status = statuses_.find(loader_); status != statuses_.end() && status->second >= 400)
             throw CaptureError("the server answers with " + std::to_string(status->second));
     }
@@ -80,12 +84,12 @@ class PageCapture {
     /// What the page is captured without, as the end of a sentence; "" where it is whole.
     std::string missing() const {
         if (!is_whole_) return "as far as it had come in time";
-        if (missing_count_ == 0) return "";
-        const std::string others = missing_count_ == 1
-                                       ? ""
-                                       : " and " + std::to_string(missing_count_ - 1) +
-                                             (missing_count_ == 2 ? " other part" : " other parts");
-        return "without " + first_missing_ + others;
+        if (missing_.empty()) return "";
+        const std::size_t others = missing_.size() - 1;
+        const std::string more = others == 0   ? ""
+                                 : others == 1 ? " and 1 other part"
+                                               : " and " + std::to_string(others) + " other parts";
+        return "without " + first_missing_ + more;
     }
 
   private:
@@ -118,6 +122,36 @@ class PageCapture {
         return false;
     }
 
+    /// The browser loses events when the page comes into another process than the empty one, so the page is asked,
+    /// too. What it says of servers other than its own it keeps to itself, but for pictures that cannot be shown.
+    void ask_for_missing() {
+        constexpr const char* missing = R"((async () => {
+            const shown = ['img', 'image', 'css', 'iframe', 'frame'];
+            const parts = performance.getEntriesByType('resource');
+            const statusOf = url => (parts.find(part => part.name == url) || {}).responseStatus || 0;
+            const found = parts.filter(part => part.responseStatus >= 400 && shown.includes(part.initiatorType))
+                               .map(part => part.name);
+            for (const sheet of document.querySelectorAll('link[rel~=stylesheet]'))
+                if (statusOf(sheet.href) >= 400) found.push(sheet.href);
+            for (const image of document.images)
+                if (image.complete && image.naturalWidth == 0 && image.currentSrc.startsWith('http'))
+                    await image.decode().catch(() => found.push(image.currentSrc));
+            return found.slice(0, 1000).map(url => [url.split('#')[0], statusOf(url)]);
+        })())";
+        const json wish{{"expression", missing}, {"awaitPromise", true}, {"returnByValue", true}};
+        try {
+            const json answer = tools_.call("Runtime.evaluate", wish, loaded_by_);
+            for (const json& part : answer.at("result").value("value", json::array())) {
+                const int status = part.at(1);
+                note_missing(part.at(0), status == 0 ? "it cannot be shown" : std::to_string(status));
+            }
+        } catch (const CallRefused&) {  // NOLINT(bugprone-empty-catch): it has just gone on to another page
+        } catch (const NoAnswer&) {     // NOLINT(bugprone-empty-catch): what events have told is there
+        } catch (
+            const json::exception&) {  // NOLINT(bugprone-empty-catch): a page may change what its words mean
+        }
+    }
+
     /// The name under which the browser has the PDF. A page that is just going on to another one by itself cannot
     /// be printed; the other one can.
     std::string printed() {
@@ -138,29 +172,35 @@ class PageCapture {
         if (name == "Page.javascriptDialogOpening") {
             tools_.send("Page.handleJavaScriptDialog", {{"accept", true}});  // nobody is there
         } else if (name == "Network.requestWillBeSent") {
+            // One that is sent elsewhere keeps the address that the page has for it.
             if (requests_.size() < most_requests)
-                requests_[facts.at("requestId")] = facts.at("request").at("url");
+                requests_.emplace(facts.at("requestId"), facts.at("request").at("url"));
         } else if (name == "Network.responseReceived") {
-            const json& response = facts.at("response");
-            const int status = response.value("status", 0);
+            const int status = facts.at("response").value("status", 0);
             if (facts.value("type", std::string()) == "Document")
                 statuses_[facts.value("loaderId", std::string())] = status;
-            if (status >= 400)
-                note_missing(facts, response.value("url", std::string("a part")), std::to_string(status));
+            if (status >= 400) note_failed(facts, std::to_string(status));
         } else if (name == "Network.loadingFailed" && !facts.value("canceled", false)) {
-            const auto request = requests_.find(facts.at("requestId"));
-            note_missing(facts, request == requests_.end() ? "a part" : request->second,
-                         facts.value("errorText", std::string("no answer")));
+            note_failed(facts, facts.value("errorText", std::string("no answer")));
         }
     }
 
     /// A part of the page that shows on paper. What a page wants besides is its own matter.
-    void note_missing(const json& facts, const std::string& address, const std::string& why) {
+    void note_failed(const json& facts, const std::string& why) {
         constexpr std::array shown{"Document", "Image", "Stylesheet", "Font"};
-        constexpr std::size_t longest = 200;
         if (std::ranges::find(shown, facts.value("type", std::string())) == shown.end()) return;
-        if (missing_count_++ > 0) return;
-        first_missing_ = address.substr(0, longest) + " (" + why + ")";
+        const auto request = requests_.find(facts.at("requestId"));
+        if (request != requests_.end())
+            note_missing(request->second, why);
+        else if (facts.contains("response"))
+            note_missing(facts["response"].value("url", std::string()), why);
+    }
+
+    /// Each address counts once, whoever tells it.
+    void note_missing(const std::string& address, const std::string& why) {
+        constexpr std::size_t longest = 200;
+        if (missing_.size() >= most_requests || !missing_.insert(address).second) return;
+        if (missing_.size() == 1) first_missing_ = address.substr(0, longest) + " (" + why + ")";
     }
 
     static constexpr std::size_t most_requests = 10'000;
@@ -172,7 +212,7 @@ class PageCapture {
     std::map<std::string, int> statuses_;          ///< what the server has answered, by the load that asked
     std::map<std::string, std::string> requests_;  ///< addresses, by the browser's names for requests
     bool is_whole_ = true;
-    std::size_t missing_count_ = 0;
+    std::set<std::string> missing_;  ///< the addresses of what is not there
     std::string first_missing_;
 };
 
