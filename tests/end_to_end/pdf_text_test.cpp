@@ -132,5 +132,52 @@ TEST_F(PdfText, GetsLinksOnItsAddresses) {
     EXPECT_NE(pdf.find("(http://www.example.org/some/path.html)"), std::string::npos);
 }
 
+TEST_F(PdfText, OfAProtectedFileIsMarkedForWhoKnowsTheOwnersPassword) {
+    ASSERT_EQ(shop.run({"qpdf", "--encrypt", "", "owner", "256", "--modify=none", "--extract=n", "--",
+                        "a.pdf", "b.pdf"})
+                  .exit_code,
+              0);
+    const std::string before = shop.read("b.pdf");
+    const std::string why =
+        ": whoever protected it allows that only with the owner's password. Give that to open it.\n";
+    const Finished mark = shop.foliant({"CreateBookmarkInPDF", "b.pdf", "second"});
+    EXPECT_EQ(mark.exit_code, 5);
+    EXPECT_EQ(mark.errors, "foliant: Can't open fileb.pdf.\n  b.pdf may get no bookmarks" + why);
+    const Finished text = shop.foliant({"CreateTextfileFromPDF", "b.pdf", "b.txt"});
+    EXPECT_EQ(text.exit_code, 5);
+    EXPECT_EQ(text.errors, "foliant: b.pdf may not be copied from, so its text is not written" + why);
+    EXPECT_EQ(shop.read("b.pdf"), before);
+    for (const std::vector<std::string>& words :
+         {std::vector<std::string>{"CreateBookmarkInPDF", "b.pdf", "second"},
+          {"CreateLinksInPDF", "b.pdf"},
+          {"CreateTextfileFromPDF", "b.pdf", "b.txt"}}) {
+        std::vector<std::string> all = words;
+        all.insert(all.end(), {"--open-password", "owner"});
+        EXPECT_EQ(shop.foliant(all).exit_code, 0) << words.front();
+    }
+}
+
+/// With a signature of a key that is made for it.
+TEST_F(PdfText, IsMarkedWithoutHarmToASignature) {
+    const bool can_sign =
+        shop.run(
+                {"sh", "-c",
+                 "mkdir keys && certutil -d sql:keys -N --empty-password && certutil -d sql:keys -S -n signer -s "
+                 "CN=Signer -x -t C,C,C -z a.pdf -k rsa -g 2048 -Z SHA256"})
+            .exit_code == 0;
+    if (!can_sign) GTEST_SKIP() << "certutil is not installed. Install the package libnss3-tools.";
+    shop.run({"pdfsig", "-nssdir", "sql:keys", "-add-signature", "-nick", "signer", "a.pdf", "signed.pdf"});
+    const auto signature = [&] { return shop.run({"pdfsig", "-nssdir", "sql:keys", "signed.pdf"}).output; };
+    ASSERT_NE(signature().find("Signature is Valid"), std::string::npos) << signature();
+    EXPECT_EQ(shop.foliant({"CreateBookmarkInPDF", "signed.pdf", "second"}).exit_code, 0);
+    EXPECT_EQ(shop.foliant({"CreateLinksInPDF", "signed.pdf"}).exit_code, 0);
+    EXPECT_NE(signature().find("Signature is Valid"), std::string::npos) << signature();
+    const Finished locked = shop.foliant({"SetOpenPassword", "signed.pdf", "--open-password", "sesame"});
+    EXPECT_EQ(locked.exit_code, 7);
+    EXPECT_EQ(locked.errors,
+              "foliant: The signatures in signed.pdf do not hold any more: all of the file had to be "
+              "written anew. Sign it again.\n");
+}
+
 }  // namespace
 }  // namespace foliant::end_to_end

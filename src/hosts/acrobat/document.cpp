@@ -155,4 +155,12 @@ DocumentPtr Document::create(Machine& machine) {
     return DocumentPtr(new Document(machine, "", "", structure::Pdf::create()));
 }
 
+void Document::use_owner_password(const std::string& password) {
+    if (!pdf_->file()) return;
+    try {
+        is_owned_ = structure::Pdf::open(pdf_->file(), password)->qpdf().ownerPasswordMatched();
+    } catch (const structure::WrongPassword&) {  // NOLINT(bugprone-empty-catch): nothing has changed
+    }
+}
+
 }  // namespace foliant::hosts::acrobat

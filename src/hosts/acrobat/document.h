@@ -49,6 +49,11 @@ class Document {
     /// The text of its pages as they are now. Raises a failure that names the file.
     DocumentText& text();
 
+    /// Whether that may be done with it, by whoever has opened it or knows the owner's password.
+    bool allows(structure::Right right) { return is_owned_ || pdf_->allows(right); }
+    /// Allows everything, where that is the owner's password.
+    void use_owner_password(const std::string& password);
+
     /// Call it inside a catch clause: raises what is being handled as a failure that names the file. What is
     /// no matter of the document (memory, outputs, automation errors) stays what it is.
     [[noreturn]] void raise_unusable() const;
@@ -85,6 +90,7 @@ class Document {
     std::optional<QPDFObjectHandle> newest_bookmark_;
     std::unique_ptr<DocumentText> text_;  ///< null before it is asked for, and after a change
     std::uint64_t saved_revision_ = 0;
+    bool is_owned_ = false;
 };
 
 using DocumentPtr = std::shared_ptr<Document>;

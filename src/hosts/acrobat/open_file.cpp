@@ -22,14 +22,6 @@ Dialog entry_dialog(std::string caption) {
     return dialog;
 }
 
-/// What was entered; nothing when the dialog was cancelled.
-std::optional<std::string> ask(Machine& machine, std::string caption) {
-    Dialog dialog = entry_dialog(std::move(caption));
-    machine.show(dialog);
-    if (!dialog.accepted) return std::nullopt;
-    return dialog.controls.front().text;
-}
-
 Error wrong_password(const std::string& path) {
     return document_error(path + " cannot be opened: the password is not the one that protects it.");
 }
@@ -57,6 +49,13 @@ DocumentPtr open_with_asked_password(Machine& machine, const std::string& path) 
 }
 
 }  // namespace
+
+std::optional<std::string> ask(Machine& machine, std::string caption) {
+    Dialog dialog = entry_dialog(std::move(caption));
+    machine.show(dialog);
+    if (!dialog.accepted) return std::nullopt;
+    return dialog.controls.front().text;
+}
 
 Error password_needed(const std::string& path) {
     return document_error(path + " cannot be opened: it is protected. Give the password that opens it.");

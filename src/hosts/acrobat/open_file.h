@@ -1,11 +1,15 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "automation/error.h"
 #include "hosts/acrobat/program.h"
 
 namespace foliant::hosts::acrobat {
+
+/// Asks by a dialog with one line to fill in: what was entered; nothing when it was cancelled.
+std::optional<std::string> ask(Machine& machine, std::string caption);
 
 /// Opens a file as a window does: one that a window shows already is that document; a password that it needs
 /// is asked for in the dialog "Password", again and again while the answer is wrong. Raises when the file

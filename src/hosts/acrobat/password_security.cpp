@@ -4,6 +4,7 @@
 #include <string>
 
 #include "hosts/acrobat/acrobat_error.h"
+#include "hosts/acrobat/owner_rights.h"
 
 namespace foliant::hosts::acrobat {
 
@@ -58,6 +59,7 @@ void show_notice(Machine& machine) {
 bool protect_active_document(Program& program) {
     const ViewPtr view = program.active_view();
     if (!view) throw acrobat_error(RuntimeError::object_not_set, "There is no document to protect.");
+    require_right(*view->document, structure::Right::protect, "may not be given another protection");
     const auto password = ask_settings(program.machine);
     if (!password) return false;
     if (password->empty())

@@ -6,6 +6,7 @@
 #include "hosts/acrobat/av_document.h"
 #include "hosts/acrobat/outline/bookmarks.h"
 #include "hosts/acrobat/outline/destinations.h"
+#include "hosts/acrobat/owner_rights.h"
 #include "hosts/acrobat/pd_document.h"
 #include "hosts/acrobat/structure/unreadable.h"
 
@@ -83,6 +84,7 @@ bool add_bookmark_for_view(Program& program) {
     const ViewPtr view = program.active_view();
     if (!view || !view->document) return false;
     Document& document = *view->document;
+    require_right(document, structure::Right::mark, "may get no bookmarks");
     with_file_named(document, [&](structure::Pdf& pdf) {
         document.newest_bookmark() = outline::add_bookmark(pdf.qpdf(), "Untitled", target_of(*view, pdf));
     });

@@ -8,6 +8,7 @@
 #include "hosts/acrobat/acrobat_error.h"
 #include "hosts/acrobat/av_document.h"
 #include "hosts/acrobat/open_file.h"
+#include "hosts/acrobat/owner_rights.h"
 #include "hosts/acrobat/page.h"
 #include "hosts/acrobat/save.h"
 #include "hosts/acrobat/structure/information.h"
@@ -25,12 +26,11 @@ namespace {
 
 /// Acrobat says no more than False.
 bool refuses_pages(Document& source, Document& target) {
-    const bool is_given = source.pdf().may_give_pages();
-    if (is_given && target.pdf().may_gain_pages()) return false;
+    const bool is_given = may(source, structure::Right::give_pages);
+    if (is_given && may(target, structure::Right::gain_pages)) return false;
     const std::string what = is_given ? "Pages cannot be inserted into " + target.name()
                                       : "The pages of " + source.path() + " cannot be inserted";
-    source.machine().tell_failure(what +
-                                  ": whoever protected it allows that only with the owner's password.");
+    source.machine().tell_failure(what + ": " + owner_only);
     return true;
 }
 

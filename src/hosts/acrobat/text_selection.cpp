@@ -5,6 +5,7 @@
 
 #include "automation/error.h"
 #include "hosts/acrobat/acrobat_error.h"
+#include "hosts/acrobat/owner_rights.h"
 #include "hosts/acrobat/page.h"
 #include "hosts/acrobat/rectangle.h"
 #include "hosts/acrobat/structure/page_box.h"
@@ -35,6 +36,8 @@ text::Rectangle rectangle_on(const structure::PageBox& page, const Value& value)
 }  // namespace
 
 ObjectPtr select_text(Document& document, std::int32_t page, const Value& rectangle) {
+    require_right(document, structure::Right::take_text,
+                  "may not be copied from, so its text is not written");
     const text::Rectangle chosen = rectangle_on(page_box(page_of(document, page)), rectangle);
     const auto all = document.pdf().pages().size();
     document.show_progress("Reading", static_cast<int>(static_cast<std::size_t>(page) * 100 / all));

@@ -7,6 +7,7 @@
 #include "automation/error.h"
 #include "hosts/acrobat/acrobat_error.h"
 #include "hosts/acrobat/outline/links.h"
+#include "hosts/acrobat/owner_rights.h"
 #include "hosts/acrobat/text/addresses.h"
 
 namespace foliant::hosts::acrobat {
@@ -81,6 +82,7 @@ bool create_web_links(Program& program) {
     const ViewPtr view = program.active_view();
     if (!view || !view->document) return false;
     Document& document = *view->document;
+    require_right(document, structure::Right::link, "may get no links");
     const int page_count = with_file_named(document, [](structure::Pdf& pdf) { return pdf.page_count(); });
     Dialog dialog = ask_for_pages(page_count);
     program.machine.show(dialog);

@@ -2,6 +2,7 @@
 #include <qpdf/QPDFWriter.hh>
 
 #include "hosts/acrobat/fixture.h"
+#include "hosts/acrobat/rectangle.h"
 
 namespace foliant::hosts::acrobat {
 namespace {
@@ -11,6 +12,7 @@ using test::AcrobatTest;
 using test::pages;
 using testing::ElementsAre;
 using tests::failure;
+using tests::Names;
 
 class Passwords : public AcrobatTest {
   protected:
@@ -116,10 +118,113 @@ TEST_F(Restrictions, DoNotBindWhoKnowsTheOwnersPassword) {
         EXPECT_EQ(failure(print),
                   password == "owner"
                       ? "no failure"
-                      : "70 protected.pdf may not be printed: whoever protected it allows that only "
-                        "with the owner's password.");
+                      : "-2147467259 protected.pdf may not be printed: whoever protected it allows that only "
+                        "with the owner's password. Give that to open it.");
         viewer.call("Close", {true});
     }
+}
+
+/// A document that anybody opens, and with which its owner allows some things.
+class OwnersRights : public Restrictions {
+  protected:
+    struct Allowed {
+        bool accessibility = false;
+        bool extraction = false;
+        bool assembly = false;
+        bool changes = false;
+    };
+
+    void show(const Allowed& allowed) {
+        if (viewer.holds<automation::ObjectPtr>()) viewer.call("Close", {true});
+        // The kind of which all that is allowed counts; in later ones everybody may hear.
+        const std::string path = protect([&](QPDFWriter& writer) {
+            writer.setR3EncryptionParametersInsecure("", "owner", allowed.accessibility, allowed.extraction,
+                                                     allowed.assembly, true, true, allowed.changes,
+                                                     qpdf_r3p_none);
+        });
+        viewer = opened(path).call("OpenAVDoc", {""});
+    }
+
+    /// What becomes of a menu item; "" when it is executed.
+    std::string why_not(const std::string& item) {
+        const automation::Error error = tests::error_of([&] { execute(item); });
+        return error.number() == 0 ? "" : error.description();
+    }
+    std::string why_no_text() {
+        const Value document = viewer.call("GetPDDoc");
+        const automation::Error error = tests::error_of([&] {
+            document.call("CreateTextSelect",
+                          {std::int32_t{0}, automation::ObjectPtr(std::make_shared<AcrobatRectangle>())});
+        });
+        return error.number() == 0 ? "" : error.description();
+    }
+
+    static std::string refusal(const std::string& what) {
+        return "protected.pdf " + what + ": whoever protected it allows that only with the owner's password.";
+    }
+    const std::string advice = " Give that to open it.";
+
+    Value viewer;
+};
+
+TEST_F(OwnersRights, BookmarksNeedThatOfAssemblingOrOfChanging) {
+    show({.accessibility = true, .extraction = true});
+    EXPECT_EQ(why_not("NewBookmark"), refusal("may get no bookmarks") + advice);
+    show({.assembly = true});
+    EXPECT_EQ(why_not("NewBookmark"), "");
+    show({.changes = true});
+    EXPECT_EQ(why_not("NewBookmark"), "");
+}
+
+TEST_F(OwnersRights, LinksNeedThatOfChanging) {
+    show({.accessibility = true, .extraction = true, .assembly = true});
+    EXPECT_EQ(why_not("Weblink:CreateURLs"), refusal("may get no links") + advice);
+    EXPECT_EQ(machine.notes, Names{"dialog Password"});
+    show({.changes = true});
+    machine.answers = {"OK", "OK"};
+    EXPECT_EQ(why_not("Weblink:CreateURLs"), "");
+}
+
+TEST_F(OwnersRights, TextNeedsThatOfCopying) {
+    show({.accessibility = true, .assembly = true, .changes = true});
+    EXPECT_EQ(why_no_text(), refusal("may not be copied from, so its text is not written") + advice);
+    show({.extraction = true});
+    EXPECT_EQ(why_no_text(), "");
+}
+
+TEST_F(OwnersRights, ReadingAloudNeedsThatOfAccessibility) {
+    show({.assembly = true, .changes = true});
+    EXPECT_EQ(why_not("ADBE:ReadAloudStart"), refusal("may not be read aloud") + advice);
+    show({.accessibility = true});
+    EXPECT_EQ(why_not("ADBE:ReadAloudStart"), "");
+}
+
+TEST_F(OwnersRights, SearchingNeedsNone) {
+    show({});
+    EXPECT_EQ(viewer.call("FindText", {"page 2", false, false, true}), Value(true));
+}
+
+TEST_F(OwnersRights, AnotherProtectionNeedsTheOwner) {
+    show({.accessibility = true, .extraction = true, .assembly = true, .changes = true});
+    EXPECT_EQ(why_not("SecureApplyPwdSecurity"),
+              refusal("may not be given another protection") +
+                  " Take its protection off with that first, as qpdf --decrypt does.");
+}
+
+TEST_F(OwnersRights, AreThoseOfWhoKnowsThePassword) {
+    show({});
+    machine.answers = {"another", "owner"};
+    EXPECT_EQ(why_not("NewBookmark"), "");
+    EXPECT_EQ(machine.notes, (Names{"dialog Password", "dialog Password"}));
+    EXPECT_EQ(why_no_text(), "");
+    machine.answers = {"new", "new", "OK"};
+    EXPECT_EQ(why_not("SecureApplyPwdSecurity"), "");
+}
+
+TEST_F(OwnersRights, AreNotThoseOfWhoCancels) {
+    show({});
+    machine.answers = {"cancel"};
+    EXPECT_EQ(why_not("NewBookmark"), refusal("may get no bookmarks") + advice);
 }
 
 TEST_F(Passwords, OfEveryKindAreTakenFromTheDialogs) {

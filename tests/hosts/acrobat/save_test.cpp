@@ -46,6 +46,23 @@ TEST_F(Saving, OverTheOpenFileReplacesItWhole) {
     EXPECT_EQ(test::read_pdf(path)->page_count(), 3);
 }
 
+TEST_F(Saving, InFullSaysThatSignaturesDoNotHoldAnyMore) {
+    test::PdfText pdf = pages(1);
+    pdf.add_to_catalogue("/AcroForm << /SigFlags 3 /Fields [4 0 R] >>");
+    pdf.set(4, "<< /Type /Annot /Subtype /Widget /Rect [0 0 0 0] /FT /Sig /T (s) /V 5 0 R >>");
+    pdf.set(5, "<< /Type /Sig /Filter /Adobe.PPKLite /ByteRange [0 1 2 3] >>");
+    const std::string told =
+        "The signatures in document.pdf do not hold any more: all of the file had to be written anew. Sign it again.";
+    const Value signed_document = document_on(pdf.file());
+    saved(signed_document, 0);
+    EXPECT_EQ(machine.failures, tests::Names{});
+    saved(signed_document, 1);
+    EXPECT_EQ(machine.failures, tests::Names{told});
+    pdf.set(4, "<< /Type /Annot /Subtype /Widget /Rect [0 0 0 0] /FT /Sig /T (s) >>");
+    saved(document_on(pdf.file()), 1);
+    EXPECT_EQ(machine.failures, tests::Names{told});
+}
+
 TEST_F(Saving, WithFourIsLinearised) {
     const Value document = document_on(pages(3).file());
     EXPECT_TRUE(saved(document, 5)->qpdf().isLinearized());

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "hosts/acrobat/acrobat_error.h"
+#include "hosts/acrobat/owner_rights.h"
 #include "hosts/acrobat/print/printed_pages.h"
 #include "hosts/acrobat/structure/output.h"
 #include "hosts/pdf_printer.h"
@@ -69,11 +70,7 @@ void print_to_queue(Document& document, std::int32_t first, std::int32_t last, c
 void print_pages(Document& document, std::int32_t first, std::int32_t last) {
     with_file_named(document, [&](structure::Pdf& pdf) {
         require_pages(pdf, document, first, last);
-        if (!may_be_printed(pdf))
-            throw acrobat_error(RuntimeError::permission_denied,
-                                document.name() +
-                                    " may not be printed: whoever protected it allows that "
-                                    "only with the owner's password.");
+        require_right(document, structure::Right::print, "may not be printed");
     });
     const std::string printer = document.machine().default_printer();
     if (document.machine().is_pdf_printer(printer))

@@ -46,9 +46,4 @@ std::shared_ptr<QPDF> printed_pages(structure::Pdf& document, std::size_t first,
     return printed;
 }
 
-bool may_be_printed(structure::Pdf& document) {
-    QPDF& pdf = document.qpdf();
-    return !pdf.isEncrypted() || pdf.ownerPasswordMatched() || pdf.allowPrintLowRes();
-}
-
 }  // namespace foliant::hosts::acrobat::print

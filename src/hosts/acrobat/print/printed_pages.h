@@ -13,7 +13,4 @@ namespace foliant::hosts::acrobat::print {
 /// structure::Unreadable, and what qpdf throws.
 std::shared_ptr<QPDF> printed_pages(structure::Pdf& document, std::size_t first, std::size_t last);
 
-/// Whether whoever has opened it may print it.
-bool may_be_printed(structure::Pdf& document);
-
 }  // namespace foliant::hosts::acrobat::print

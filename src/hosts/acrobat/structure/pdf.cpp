@@ -98,15 +98,6 @@ Pdf::Pdf(std::shared_ptr<const MappedFile> file) : file_(std::move(file)) {}
 
 Pdf::~Pdf() = default;
 
-bool Pdf::may_gain_pages() {
-    return !qpdf_.isEncrypted() || qpdf_.ownerPasswordMatched() || qpdf_.allowModifyAssembly();
-}
-
-bool Pdf::may_give_pages() {
-    return !qpdf_.isEncrypted() || qpdf_.ownerPasswordMatched() ||
-           (qpdf_.allowModifyAssembly() && qpdf_.allowExtractAll());
-}
-
 void Pdf::insert_pages(Pdf& source, std::size_t position, std::size_t first, std::size_t count,
                        bool with_bookmarks) {
     pages();

@@ -12,6 +12,7 @@
 
 #include "hosts/acrobat/structure/page_list.h"
 #include "hosts/acrobat/structure/protection.h"
+#include "hosts/acrobat/structure/rights.h"
 #include "hosts/mapped_file.h"
 
 /// PDF files as qpdf has them, without automation: opened, counted, changed and written.
@@ -48,10 +49,8 @@ class Pdf : public std::enable_shared_from_this<Pdf> {
     /// Its pages in their order, found when first asked for. Throws Unreadable.
     PageList& pages();
 
-    /// Whether pages may be put into it, and taken from it into another document: not where who protected it
-    /// keeps that to himself, unless it was opened with the owner's password.
-    bool may_gain_pages();
-    bool may_give_pages();
+    /// Whether that may be done with it, by whoever has opened it.
+    bool allows(Right right) { return structure::allows(qpdf_, right); }
 
     /// Inserts pages of another document; see Assembly.
     void insert_pages(Pdf& source, std::size_t position, std::size_t first, std::size_t count,

@@ -1,6 +1,7 @@
 #include "hosts/acrobat/view/read_aloud.h"
 
 #include "hosts/acrobat/acrobat_error.h"
+#include "hosts/acrobat/owner_rights.h"
 #include "hosts/acrobat/text/words.h"
 
 namespace foliant::hosts::acrobat::view {
@@ -12,6 +13,7 @@ bool read(Program& program, bool to_end) {
     if (!view)
         throw acrobat_error(automation::RuntimeError::object_not_set, "There is no document to read aloud.");
     Document& document = *view->document;
+    require_right(document, structure::Right::hear, "may not be read aloud");
     std::string text;
     with_file_named(document, [&](structure::Pdf&) {
         const int last = to_end ? document.text().pages().page_count() - 1 : view->page;
