@@ -1,94 +1,15 @@
 #include "hosts/office/print/pdf_to_postscript.h"
 
 #include <charconv>
-#include <cstring>
-#include <memory>
-#include <poppler.h>
 #include <sstream>
-#include <sys/mman.h>
-#include <unistd.h>
 
+#include "hosts/office/print/draw_pages.h"
 #include "hosts/office/print/pdf_marks.h"
-#include "hosts/office/print/text_runs.h"
 #include "hosts/office/print/unicode_maps.h"
 
 namespace foliant::hosts::office {
 
 namespace {
-
-struct Unref {
-    void operator()(void* object) const { g_object_unref(object); }
-};
-using DocumentPtr = std::unique_ptr<PopplerDocument, Unref>;
-using PagePtr = std::unique_ptr<PopplerPage, Unref>;
-using PsFilePtr = std::unique_ptr<PopplerPSFile, Unref>;
-
-/// A file that exists in memory only.
-class MemoryFile {
-  public:
-    MemoryFile() : descriptor_(memfd_create("postscript", MFD_CLOEXEC)) {
-        if (descriptor_ < 0) throw PostScriptFailure(std::strerror(errno));
-    }
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
-    ~MemoryFile() { close(descriptor_); }
-
-    /// Another descriptor of the same file, for somebody who will close it.
-    int writer() const { return dup(descriptor_); }
-
-    std::string text() const {
-        std::string text(static_cast<std::size_t>(lseek(descriptor_, 0, SEEK_END)), '\0');
-        std::size_t size = 0;
-        while (size < text.size()) {
-            const ssize_t read =
-                pread(descriptor_, &text[size], text.size() - size, static_cast<off_t>(size));
-            if (read <= 0) throw PostScriptFailure("its PostScript cannot be read back");
-            size += static_cast<std::size_t>(read);
-        }
-        return text;
-    }
-
-  private:
-    int descriptor_;
-};
-
-DocumentPtr open_document(std::string_view pdf) {
-    GBytes* bytes = g_bytes_new_static(pdf.data(), pdf.size());
-    GError* error = nullptr;
-    DocumentPtr document(poppler_document_new_from_bytes(bytes, nullptr, &error));
-    g_bytes_unref(bytes);
-    if (document) return document;
-    const std::string reason = error ? error->message : "unknown reason";
-    g_clear_error(&error);
-    throw PostScriptFailure("the PDF cannot be read: " + reason);
-}
-
-/// The document without its output intent, a colour profile that poppler would prepare afresh for every page,
-/// which takes ten times as long as all the rest. Overwriting the key leaves every offset as it is.
-std::string without_output_intent(std::string_view pdf) {
-    constexpr std::string_view key = "/OutputIntents";
-    constexpr std::string_view unknown_key = "/NutputIntents";
-    std::string result(pdf);
-    if (const std::size_t place = result.rfind(key); place != std::string::npos)
-        result.replace(place, key.size(), unknown_key);
-    return result;
-}
-
-std::string draw_pages(std::string_view pdf) {
-    const std::string source = without_output_intent(pdf);
-    const DocumentPtr document = open_document(source);
-    const int pages = poppler_document_get_n_pages(document.get());
-    const MemoryFile memory;
-    {
-        const PsFilePtr file(poppler_ps_file_new_fd(document.get(), memory.writer(), 0, pages));
-        for (int index = 0; index < pages; ++index) {
-            const PagePtr page(poppler_document_get_page(document.get(), index));
-            if (!page) throw PostScriptFailure("page " + std::to_string(index + 1) + " cannot be read");
-            poppler_page_render_to_ps(page.get(), file.get());
-        }
-    }
-    return memory.text();
-}
 
 /// The title as a DSC comment: one line of at most 255 characters, in ASCII because a comment has no
 /// encoding.
@@ -133,6 +54,11 @@ constexpr std::string_view faster_show = R"(/foliantTurnedShow /xyshow2 load def
   pdfTextMat aload pop pop pop 1 eq exch 0 eq and exch 0 eq and exch 1 eq and
   { xyshow } { foliantTurnedShow } ifelse
 } bind def
+)";
+
+/// What plain text is shown with (see draw_pages).
+constexpr std::string_view plain_text = R"(/foliantS { moveto show } bind def
+/foliantX { moveto xshow } bind def
 )";
 
 std::string font_names(std::string_view pdf) {
@@ -196,7 +122,8 @@ std::string with_page_marks(std::string_view postscript, const std::vector<std::
 std::string with_marks_and_names(std::string_view postscript, std::string_view pdf, std::string_view title) {
     const PdfMarks marks = read_pdf_marks(pdf, title);
     std::string result = with_page_marks(postscript, marks.pages);
-    insert_before(result, "\n%%EndSetup", std::string(faster_show) + font_names(pdf) + marks.document);
+    insert_before(result, "\n%%EndSetup",
+                  std::string(plain_text) + std::string(faster_show) + font_names(pdf) + marks.document);
     insert_before(result, "\n%%LanguageLevel", title_comment(title));
     return result;
 }
@@ -204,7 +131,7 @@ std::string with_marks_and_names(std::string_view postscript, std::string_view p
 }  // namespace
 
 std::string pdf_to_postscript(std::string_view pdf, std::string_view title) {
-    const std::string postscript = with_whole_text_runs(with_sound_miter_limits(draw_pages(pdf)));
+    const std::string postscript = with_sound_miter_limits(draw_pages(pdf));
     try {
         return with_marks_and_names(postscript, pdf, title);
     } catch (const PostScriptFailure&) {
