@@ -7,6 +7,7 @@
 
 #include "automation/error.h"
 #include "hosts/containment/containment.h"
+#include "hosts/missing_engine.h"
 
 namespace foliant::platform::local {
 
@@ -108,6 +109,10 @@ const hosts::Module& HostModules::load(const hosts::Host& host) const {
     if (library == nullptr) {
         // Said once: asking clears it.
         const std::string reason = ::dlerror();
+        const std::string package = hosts::package_of_library(reason);
+        if (!package.empty() && package != host.package)
+            throw std::runtime_error(std::string(host.engine) + " cannot be used (" + reason +
+                                     "). Install or reinstall the package " + package + ".");
         throw std::runtime_error(std::string(host.engine) + " is not installed (" + reason + ")." +
                                  advice(host));
     }
