@@ -68,6 +68,26 @@ TEST_P(JetFileTest, ReadsEveryTypeOfField) {
     EXPECT_EQ(customers.rows[3][6], Datum(std::string())) << "an empty text is not Null";
 }
 
+TEST(JetFields, AnEmptyTextIsNotNull) {
+    const Relation results = JetFile(database("fields.accdb"), "").table("Results").value();
+    EXPECT_EQ(results.rows[0][1], Datum(std::string()));
+    EXPECT_EQ(results.rows[1][1], Datum(Null()));
+}
+
+TEST(JetFields, CalculatedOnesAreWhatComesOut) {
+    const Relation results = JetFile(database("fields.accdb"), "").table("Results").value();
+    const Row first(results.rows[0].begin() + 2, results.rows[0].end());
+    EXPECT_EQ(first, (Row{std::int64_t{12}, Money{833333333}, true, std::string("Wayne, Bruce"),
+                          Decimal{"-18446744073709553.961"}, std::string("Wayne")}));
+    const Row second(results.rows[1].begin() + 2, results.rows[1].end());
+    EXPECT_EQ(second, (Row{Null(), Null(), false, std::string(), Null(), Null()}));
+    EXPECT_EQ(results.columns[3].kind, Kind::money);
+    EXPECT_EQ(results.columns[4].kind, Kind::boolean);
+    EXPECT_EQ(
+        problem("fields.accdb", "", "Damaged results"),
+        "a record of the table \"Damaged results\" is damaged. Repair it in Access (Compact and Repair Database)");
+}
+
 TEST_P(JetFileTest, ReadsLongTextsWhole) {
     const Relation customers = file.table("Customers").value();
     const auto& note = std::get<std::string>(customers.rows[1][6]);

@@ -5,6 +5,7 @@ shop.mdb       tables, queries, a report with a query of its own, a linked table
 shop.accdb     the same in the newer format
 locked.mdb     the same behind the password "open sesame"
 encrypted.accdb    one that says it is encrypted
+fields.accdb   empty texts and calculated columns
 damaged.mdb    a record that points outside of its page
 short.mdb      the beginning of shop.mdb
 lost.mdb       shop.mdb whose table says that it has more records
@@ -41,6 +42,16 @@ def cipher(data):
         box[i], box[j] = box[j], box[i]
         result.append(byte ^ box[(box[i] + box[j]) % 256])
     return bytes(result)
+
+
+def is_fixed(column):
+    """Whether each record has room for it; calculated columns are kept with a head, as texts are."""
+    return column[1] in FIXED and "Expression" not in (column[2] if len(column) > 2 else {})
+
+
+def calculated(value):
+    """What a calculated field holds, behind its head."""
+    return bytes(16) + struct.pack("<I", len(value)) + value + bytes(3)
 
 
 class Database:
@@ -95,8 +106,9 @@ class Database:
         fixed = b""
         variable = []
         mask = 0
-        for i, ((name, kind, *_), value) in enumerate(zip(columns, values)):
-            if kind in FIXED:
+        for i, (column, value) in enumerate(zip(columns, values)):
+            kind = column[1]
+            if is_fixed(column):
                 if kind != BOOL:
                     fixed += struct.pack(PACK[kind], 0 if value is None else value)
                 mask |= (bool(value) if kind == BOOL else value is not None) << i
@@ -104,14 +116,14 @@ class Database:
             mask |= (value is not None) << i
             if value is None:
                 variable.append(b"")
+            elif isinstance(value, bytes) and kind != OLE:
+                variable.append(value)
             elif kind == TEXT:
                 variable.append(utf16(value))
             elif kind == MEMO:
                 variable.append(self.long_value(utf16(value)))
-            elif kind == OLE:
-                variable.append(self.long_value(value))
             else:
-                variable.append(value)
+                variable.append(self.long_value(value))
         row = struct.pack("<H", len(columns)) + fixed
         ends = []
         for content in variable:
@@ -139,12 +151,12 @@ class Database:
 
         definition = b""
         offset = variables = 0
-        for i, (name, kind, *_) in enumerate(columns):
-            is_fixed = kind in FIXED
-            definition += struct.pack("<BIHHHHHBBIHH", kind, 0, i, 0 if is_fixed else variables, i, 0x409, 0,
-                                      3 if is_fixed else 2, 0, 0, offset if is_fixed else 0,
+        for i, column in enumerate(columns):
+            kind, fixed = column[1], is_fixed(column)
+            definition += struct.pack("<BIHHHHHBBIHH", kind, 0, i, 0 if fixed else variables, i, 0x409, 0,
+                                      3 if fixed else 2, 0, 0, offset if fixed else 0,
                                       FIXED.get(kind, 510 if kind in (TEXT, BINARY) else 0))
-            if is_fixed:
+            if fixed:
                 offset += FIXED[kind]
             else:
                 variables += 1
@@ -260,6 +272,24 @@ def shop(version=1, password="", claimed_rows=None, encrypted=False):
     return database.bytes()
 
 
+def fields():
+    """Empty texts, and columns that are calculated from others: as what counts what they result in, not their type."""
+    def column(name, kind, result):
+        return name, kind, {"Expression": "[No]", "ResultType": str(result)}
+    database = Database(version=2)
+    decimal = struct.pack("<HBBIII", 0, 3, 0x80, 1, 2345, 0)
+    database.add_table("Results", [
+        ("No", LONG), ("Text", TEXT), column("Length", LONG, LONG), column("Money", DOUBLE, MONEY), column("Large", INT, BOOL),
+        column("Name", TEXT, TEXT), column("Exact", DOUBLE, 16), column("Long", TEXT, MEMO)], [
+        (1, "", calculated(struct.pack("<i", 12)), calculated(struct.pack("<q", 833333333)), calculated(b"\xff"),
+         calculated(utf16("Wayne, Bruce")), calculated(decimal), database.long_value(calculated(utf16("Wayne")))),
+        (2, None, None, calculated(b""), calculated(b"\0"), calculated(b""), None, None),
+    ])
+    database.add_table("Damaged results", [("No", LONG), column("Length", LONG, LONG)], [
+        (1, bytes(16) + struct.pack("<I", 4000) + bytes(7))])
+    return database.bytes()
+
+
 def main(folder):
     os.makedirs(folder, exist_ok=True)
     whole = shop()
@@ -271,6 +301,7 @@ def main(folder):
         "shop.accdb": shop(version=2),
         "locked.mdb": shop(password="open sesame"),
         "encrypted.accdb": shop(version=2, encrypted=True),
+        "fields.accdb": fields(),
         "damaged.mdb": damaged,
         "short.mdb": whole[:len(whole) - 100],
         "lost.mdb": shop(claimed_rows=9),

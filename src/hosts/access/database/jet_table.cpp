@@ -6,6 +6,7 @@
 #include <cstring>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "hosts/access/database/column_properties.h"
 #include "hosts/access/database/jet_file.h"
@@ -23,8 +24,8 @@ struct FreeTable {
 };
 using TablePtr = std::unique_ptr<MdbTableDef, FreeTable>;
 
-Kind kind_of(const MdbColumn& column) {
-    switch (column.col_type) {
+Kind kind_of(int type) {
+    switch (type) {
         case MDB_BOOL:
             return Kind::boolean;
         case MDB_BYTE:
@@ -51,23 +52,52 @@ Kind kind_of(const MdbColumn& column) {
     }
 }
 
-Column describe(const MdbColumn& column, const std::string& table, const ColumnProperties& properties) {
-    Column described{.name = column.name, .kind = kind_of(column), .tables = {table}};
-    const auto own = properties.find(described.name);
-    if (own == properties.end()) return described;
-    const auto property = [&](const char* name) {
-        const auto found = own->second.find(name);
-        return found == own->second.end() ? std::string() : found->second;
-    };
-    described.caption = property("Caption");
-    described.format = property("Format");
-    described.has_formats = property("TextFormat") == "1";
+/// A column, and how its fields are kept.
+struct Stored {
+    const MdbColumn* column;
+    int type;
+    bool is_calculated = false;
+};
+
+int number_in(const std::string& text, int otherwise) {
+    std::from_chars(text.data(), text.data() + text.size(), otherwise);
+    return otherwise;
+}
+
+std::string property(const ColumnProperties& properties, const std::string& column, const char* name) {
+    const auto own = properties.find(column);
+    if (own == properties.end()) return {};
+    const auto found = own->second.find(name);
+    return found == own->second.end() ? std::string() : found->second;
+}
+
+/// What is calculated is kept as what comes out, whatever type its column has.
+Stored stored(const MdbColumn& column, const ColumnProperties& properties) {
+    if (property(properties, column.name, "Expression").empty()) return {&column, column.col_type};
+    return {&column, number_in(property(properties, column.name, "ResultType"), column.col_type), true};
+}
+
+Column describe(const Stored& field, const std::string& table, const ColumnProperties& properties) {
+    Column described{.name = field.column->name, .kind = kind_of(field.type), .tables = {table}};
+    described.caption = property(properties, described.name, "Caption");
+    described.format = property(properties, described.name, "Format");
+    described.has_formats = property(properties, described.name, "TextFormat") == "1";
     constexpr int automatic = 255;
-    const std::string decimals = property("DecimalPlaces");
-    int number = automatic;
-    std::from_chars(decimals.data(), decimals.data() + decimals.size(), number);
-    if (number >= 0 && number < automatic) described.decimals = std::min(number, 15);
+    const int decimals = number_in(property(properties, described.name, "DecimalPlaces"), automatic);
+    if (decimals >= 0 && decimals < automatic) described.decimals = std::min(decimals, 15);
     return described;
+}
+
+/// Of an empty text the library says the same as of Null.
+bool is_null_field(MdbTableDef& table, std::size_t column) {
+    constexpr int offset_mask = 0x1FFF;
+    int start = 0;
+    std::size_t size = 0;
+    const int record = static_cast<int>(table.cur_row) - 1;
+    if (mdb_find_row(table.entry->mdb, record, &start, &size) != 0) return true;
+    std::array<MdbField, MDB_MAX_COLS> fields{};
+    const int count = mdb_crack_row(&table, start & offset_mask, size, fields.data());
+    return std::cmp_greater_equal(column, count) || fields[column].is_null != 0;
 }
 
 /// Reads the fields of the record that a table stands on.
@@ -76,14 +106,70 @@ class Fields {
     Fields(MdbHandle* database, const std::string& table, Binary binary)
         : database_(database), table_(table), binary_(binary) {}
 
-    Datum read(const MdbColumn& column) {
-        start_ = column.cur_value_start;
-        length_ = column.cur_value_len;
-        if (column.col_type == MDB_BOOL) return length_ == 0;  // what it says is whether it is missing
+    Datum read(const Stored& field) {
+        start_ = field.column->cur_value_start;
+        length_ = field.column->cur_value_len;
+        if (field.is_calculated) return calculated(field);
+        if (field.type == MDB_BOOL) return length_ == 0;  // what it says is whether it is missing
         if (start_ == 0) return Null();
+        return value(field);
+    }
+
+  private:
+    static constexpr std::uint32_t is_here = 0x80000000;
+    static constexpr std::uint32_t is_in_one_row = 0x40000000;
+
+    // The head of what is calculated: nothing that is known but the length.
+    static constexpr int length_at = 16;
+    static constexpr int head = 20;
+
+    Datum calculated(const Stored& field) {
+        if (start_ == 0) return Null();
+        if (field.type == MDB_MEMO) return calculated_text();
+        require(length_ >= head && start_ + length_ <= MDB_PGSIZE);
+        const std::uint32_t length = word(length_at);
+        require(std::cmp_less_equal(length, length_ - head));
+        start_ += head;
+        length_ = static_cast<int>(length);
+        if (length_ == 0) return field.type == MDB_TEXT ? Datum(std::string()) : Null();
+        if (field.type == MDB_BOOL) return buffer()[start_] != 0;
+        if (field.type == MDB_NUMERIC) return decimal();
+        return value(field);
+    }
+
+    Datum calculated_text() const {
+        const std::string bytes = long_value();
+        require(bytes.size() >= head);
+        std::uint32_t length = 0;
+        std::memcpy(&length, bytes.data() + length_at, sizeof length);
+        require(length <= bytes.size() - head);
+        return to_utf8(database_, std::string_view(bytes).substr(head, length));
+    }
+
+    /// The sign, how many digits are decimals, and 96 bits, the highest first.
+    Datum decimal() const {
+        require(length_ >= 16);
+        const std::size_t scale = static_cast<unsigned char>(buffer()[start_ + 2]);
+        const bool is_negative = (static_cast<unsigned char>(buffer()[start_ + 3]) & 0x80U) != 0;
+        std::array<std::uint32_t, 3> number{word(4), word(12), word(8)};
+        std::string digits;
+        while (number != decltype(number){} || digits.size() <= scale) {
+            std::uint64_t rest = 0;
+            for (std::uint32_t& part : number) {
+                rest = rest << 32U | part;
+                part = static_cast<std::uint32_t>(rest / 10);
+                rest %= 10;
+            }
+            digits.insert(digits.begin(), static_cast<char>('0' + rest));
+        }
+        if (scale > 0) digits.insert(digits.size() - scale, ".");
+        return Decimal{(is_negative ? "-" : "") + digits};
+    }
+
+    Datum value(const Stored& field) const {
         require(length_ >= 0 && start_ + length_ <= MDB_PGSIZE);
-        require(length_ >= fixed_size(column.col_type));
-        switch (column.col_type) {
+        require(length_ >= fixed_size(field.type));
+        switch (field.type) {
             case MDB_BYTE:
                 return std::int64_t{mdb_pg_get_byte(database_, start_)};
             case MDB_INT:
@@ -97,9 +183,9 @@ class Fields {
             case MDB_DOUBLE:
                 return mdb_pg_get_double(database_, start_);
             case MDB_NUMERIC:
-                return Decimal{
-                    TextPtr(mdb_numeric_to_string(database_, start_, column.col_scale, column.col_prec))
-                        .get()};
+                return Decimal{TextPtr(mdb_numeric_to_string(database_, start_, field.column->col_scale,
+                                                             field.column->col_prec))
+                                   .get()};
             case MDB_DATETIME:
                 return date();
             case MDB_TEXT:
@@ -116,10 +202,6 @@ class Fields {
                 return Opaque{static_cast<std::size_t>(length_)};
         }
     }
-
-  private:
-    static constexpr std::uint32_t is_here = 0x80000000;
-    static constexpr std::uint32_t is_in_one_row = 0x40000000;
 
     static int fixed_size(int type) {
         switch (type) {
@@ -235,10 +317,11 @@ Relation read_records(MdbHandle* database, const TablePlace& place, Binary binar
     const ColumnProperties properties = read_column_properties(
         place.properties, [&](std::string_view raw) { return to_utf8(database, raw); });
     Relation relation;
-    std::vector<const MdbColumn*> columns;
+    std::vector<Stored> columns;
     for (unsigned i = 0; i < table->num_cols; ++i) {
-        columns.push_back(static_cast<const MdbColumn*>(g_ptr_array_index(table->columns, i)));
-        relation.columns.push_back(describe(*columns.back(), place.name, properties));
+        columns.push_back(
+            stored(*static_cast<const MdbColumn*>(g_ptr_array_index(table->columns, i)), properties));
+        relation.columns.push_back(describe(columns.back(), place.name, properties));
     }
     Fields fields(database, place.name, binary);
     mdb_rewind_table(table.get());
@@ -246,7 +329,9 @@ Relation read_records(MdbHandle* database, const TablePlace& place, Binary binar
         Row& row = relation.rows.emplace_back();
         row.reserve(columns.size());
         for (std::size_t i = 0; i < columns.size(); ++i) {
-            row.push_back(fields.read(*columns[i]));
+            row.push_back(fields.read(columns[i]));
+            if (columns[i].type == MDB_TEXT && is_null(row.back()) && !is_null_field(*table, i))
+                row.back() = std::string();
             if (auto* text = std::get_if<std::string>(&row.back());
                 text != nullptr && relation.columns[i].has_formats)
                 *text = without_formats(*text);

@@ -47,44 +47,57 @@ TextLook look_of(const Drawing& drawing, Tags tags) {
     return look;
 }
 
-void draw_line_of_text(Painter& painter, const Entity& entity, const std::string& raw,
+/// A line of text that has been measured.
+struct Line {
+    std::vector<TextPiece> pieces;
+    double width = 0;
+    double height = 0;
+    double rotation = 0;
+};
+
+/// Between two points it is turned, and as wide as they are apart: higher with that or not.
+void fit_between(Line& line, const Point& first, const Point& second, bool is_higher) {
+    if (line.width <= 0 || first == second) return;
+    const double factor = length(second - first) / line.width;
+    line.rotation = std::atan2(second.y - first.y, second.x - first.x);
+    line.width *= factor;
+    if (is_higher) line.height *= factor;
+    for (TextPiece& piece : line.pieces) {
+        (is_higher ? piece.look.height : piece.look.width) *= factor;
+        piece.width *= factor;
+    }
+}
+
+Line measured_line(Painter& painter, Tags tags, std::string text) {
+    const TextLook look = look_of(painter.drawing(), tags);
+    std::erase_if(text, [](char byte) { return static_cast<unsigned char>(byte) < ' '; });
+    Line line{.pieces = {}, .height = look.height, .rotation = radians(tags.number(50))};
+    if (text.find_first_not_of(' ') == std::string::npos) return line;
+    line.pieces = pieces_of(text, look);
+    for (TextPiece& piece : line.pieces)
+        line.width += piece.width =
+            painter.fonts().measure(piece.text, look.font).advance * look.height * look.width;
+    return line;
+}
+
+void draw_line_of_text(Painter& painter, const Entity& entity, const std::string& text,
                        const Context& context) {
     const Tags& tags = entity.tags;
-    const TextLook look = look_of(painter.drawing(), tags);
-    std::string line = raw;
-    std::erase_if(line, [](char byte) { return static_cast<unsigned char>(byte) < ' '; });
-    if (line.find_first_not_of(' ') == std::string::npos) return;
-    std::vector<TextPiece> pieces = pieces_of(line, look);
     const Alignment alignment(entity);
     const Point first = tags.point(10);
     const Point second = tags.point(11, first);
-    double rotation = radians(tags.number(50));
-    double width = 0;
-    for (TextPiece& piece : pieces)
-        width += piece.width =
-            painter.fonts().measure(piece.text, look.font).advance * look.height * look.width;
-    double height = look.height;
-    if (alignment.spans() && width > 0 && first != second) {
-        const double factor = length(second - first) / width;
-        rotation = std::atan2(second.y - first.y, second.x - first.x);
-        width *= factor;
-        if (alignment.horizontal == Alignment::aligned) height *= factor;
-        for (TextPiece& piece : pieces) {
-            (alignment.horizontal == Alignment::aligned ? piece.look.height : piece.look.width) *= factor;
-            piece.width *= factor;
-        }
-    }
+    Line line = measured_line(painter, tags, text);
+    if (alignment.spans()) fit_between(line, first, second, alignment.horizontal == Alignment::aligned);
     constexpr unsigned backwards = 2;
     constexpr unsigned upside_down = 4;
     const int flags = tags.integer(71);
     const Point point = alignment.has_second_point() && !alignment.spans() ? second : first;
-    const Context own = in_object(context, entity);
     const Matrix place =
-        own.place * Matrix::translation(point) * Matrix::rotation(rotation) *
+        in_object(context, entity).place * Matrix::translation(point) * Matrix::rotation(line.rotation) *
         Matrix::scaling(has_bit(flags, backwards) ? -1 : 1, has_bit(flags, upside_down) ? -1 : 1, 1);
-    Point at{-width * alignment.share_left(), -height * alignment.height_of_point(), 0};
+    Point at{-line.width * alignment.share_left(), -line.height * alignment.height_of_point(), 0};
     const Ink ink = painter.ink_of(entity, context);
-    for (const TextPiece& piece : pieces) {
+    for (const TextPiece& piece : line.pieces) {
         draw_piece(painter, piece, at, place, ink);
         at.x += piece.width;
     }
