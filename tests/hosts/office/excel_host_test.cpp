@@ -224,6 +224,17 @@ TEST_F(ExcelHost, RefusesAFirstPageNumberThatNoPageHas) {
 TEST_F(ExcelHost, ReadsValuesInTextAndAddsNothingToThem) {
     const Value sheet = open("values.csv").get("Worksheets", {std::int16_t{1}});
     EXPECT_EQ(print(sheet, "A1:B2").text(1), "name price / Größe 1,50");
+    const Value times =
+        open_path(folder.write("times.csv", "from,to\n01:00,TRUE\n")).get("Worksheets", {"1"});
+    EXPECT_EQ(print(times, "A1:B2").text(1), "from to / 01:00 TRUE");
+}
+
+TEST_F(ExcelHost, ReadsValuesInTextWithAStrayControlCharacter) {
+    const Value sheet = open_path(folder.write("stray.csv", "a,b\nc\x16,d\n")).get("Worksheets", {"1"});
+    EXPECT_NE(print(sheet, "A1:B2").text(1).find("d"), std::string::npos);
+    EXPECT_EQ(
+        tests::error_of([&] { open_path(folder.write("noise.csv", "a,b\n\x01\x02\x03,d\n")); }).number(),
+        1004);
 }
 
 TEST_F(ExcelHost, OpensWhatLibreOfficeHasEncrypted) {

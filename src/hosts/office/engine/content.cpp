@@ -1,6 +1,7 @@
 #include "hosts/office/engine/content.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <com/sun/star/io/XInputStream.hpp>
 #include <com/sun/star/lang/XMultiComponentFactory.hpp>
@@ -139,11 +140,16 @@ bool is_utf16(std::string_view sample) {
 }
 
 bool is_text(std::string_view sample) {
-    return is_utf16(sample) || std::ranges::none_of(sample, [](char character) {
-               const auto byte = static_cast<unsigned char>(character);
-               return byte < 0x20 &&
-                      std::string_view("\t\n\v\f\r\x1A\x1B\b").find(character) == std::string_view::npos;
-           });
+    if (is_utf16(sample)) return true;
+    // A text may have come by a stray control character; what is no text has many kinds.
+    constexpr std::ptrdiff_t most_strays = 2;
+    constexpr std::string_view usual = "\t\n\v\f\r\x1A\x1B\b";
+    std::array<bool, 0x20> strays{};
+    for (const char character : sample)
+        if (const auto byte = static_cast<unsigned char>(character);
+            byte < strays.size() && usual.find(character) == std::string_view::npos)
+            strays.at(byte) = true;
+    return !strays[0] && std::ranges::count(strays, true) <= most_strays;
 }
 
 bool is_utf8(std::string_view sample) {

@@ -62,7 +62,8 @@ std::string_view skip_start(std::string_view text);
 
 bool starts_with_any_case(std::string_view text, std::string_view start);
 
-/// Whether there are no control characters in it that no text file holds: they mean something else than text.
+/// Whether there are no control characters in it that no text file holds, but for a stray one or two: many mean something
+/// else than text.
 bool is_text(std::string_view sample);
 bool is_utf16(std::string_view sample);
 /// Whether the sample is UTF-8; a character that the end of a full sample cuts in two does not count.

@@ -14,6 +14,7 @@
 
 #include "hosts/office/engine/file_stream.h"
 #include "hosts/office/engine/load_interaction.h"
+#include "hosts/office/engine/print_mode.h"
 #include "hosts/office/engine/process_guard.h"
 #include "hosts/office/engine/progress_relay.h"
 #include "hosts/office/engine/uno_support.h"
@@ -97,6 +98,7 @@ std::unique_ptr<LoadedDocument> load_document(const Office& office, DocumentFile
     const CallGuard call(office.temporary_folder);
     file.place = nameable_place(file, office.temporary_folder);
     const StandStill from_the_beginning;
+    const PrintMode with_formats_of_the_locale;
     if (!passwords.open.empty()) start_nss_without_database();
     const Reference<LoadInteraction> interaction(new LoadInteraction(passwords));
     Reference<XComponent> document;

@@ -2,9 +2,9 @@
 
 namespace foliant::hosts::office {
 
-/// Has LibreOffice draw for paper while one of these exists. As LibreOfficeKit, which paints for screens, it does not cut
+/// Has LibreOffice behave as itself while one of these exists. As LibreOfficeKit, which paints for screens, it does not cut
 /// charts and drawings off where the cells of a page end: they reach over the margins, and out of the range that is
-/// printed.
+/// printed. And it has no country, whose dates a workbook may ask for when it is loaded.
 class PrintMode {
   public:
     /// Looks LibreOffice's switch up in its library (a handle of dlopen). Where it is not found objects of this class do

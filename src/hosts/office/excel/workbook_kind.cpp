@@ -43,14 +43,17 @@ char separator_of(std::string_view text) {
     return best;
 }
 
-/// LibreOffice's options for values in text: separator, quotation mark, character set, first line.
+/// LibreOffice's options for values in text: separator, quotation mark, character set, first line, columns, language.
 ImportFilter text_filter(std::string_view text) {
     constexpr const char* utf8 = "76";
     constexpr const char* windows_western = "1";
     constexpr const char* utf16 = "65535";
     const char* characters = is_utf16(text) ? utf16 : is_utf8(text) ? utf8 : windows_western;
     const char separator = is_utf16(text) ? '\t' : separator_of(text);
-    return {text_filter_name, std::to_string(int{separator}) + ",34," + std::string(characters) + ",1"};
+    // The last two: quoted values are read like others, and values stay as they are written; without a word on it
+    // times and truths would be written in the form of the country.
+    return {text_filter_name,
+            std::to_string(int{separator}) + ",34," + std::string(characters) + ",1,,0,false,false"};
 }
 
 }  // namespace
