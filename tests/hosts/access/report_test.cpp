@@ -115,5 +115,18 @@ TEST_F(TablePlanTest, OneColumnIsNeverWiderThanThePage) {
     EXPECT_EQ(one.pages_across, (std::vector<std::size_t>{0, 1}));
 }
 
+TEST(Pages, DivideNoRecordThatFitsOnOne) {
+    const std::vector<std::size_t> lines{2, 3, 9};
+    std::string text;
+    for (const Page& page : divide(lines, 4, 6, {.line = 1, .padding = 0})) {
+        for (const Slice& slice : page)
+            text += std::to_string(slice.record) + ": " + std::to_string(slice.first) + "+" +
+                    std::to_string(slice.count) + " ";
+        text += "/ ";
+    }
+    EXPECT_EQ(text, "0: 0+2 / 1: 0+3 2: 0+3 / 2: 3+6 / ");
+    EXPECT_EQ(divide({}, 4, 6, {.line = 1, .padding = 0}).size(), 1U);
+}
+
 }  // namespace
 }  // namespace foliant::hosts::access

@@ -4,9 +4,9 @@
 #include <cmath>
 #include <ctime>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
+#include "hosts/access/report/ruler.h"
 #include "hosts/access/report/table_plan.h"
 #include "hosts/access/sql/dates.h"
 
@@ -27,71 +27,10 @@ constexpr double footer_size = 8;
 constexpr double line_pitch = 1.3;  // of the font's size
 constexpr double padding = 3;       // above and below the lines of a record, together
 
-constexpr double measured_size = 100;  // large enough to be exact
-
-std::string font(double size, bool is_bold) {
-    return std::string("Arial, Liberation Sans, DejaVu Sans, sans-serif") + (is_bold ? " Bold " : " ") +
-           std::to_string(size).substr(0, 4);
-}
-
 bool is_right(Kind kind) {
     return kind == Kind::integer || kind == Kind::single || kind == Kind::real || kind == Kind::money ||
            kind == Kind::decimal || kind == Kind::date;
 }
-
-/// Sums up the widths of letters, each measured once. Setting a text can make it narrower, by kerning, but hardly wider.
-class Ruler {
-  public:
-    Ruler(const PageWriter& writer, bool is_bold)
-        : layout_(writer.make_layout(font(measured_size, is_bold).c_str())) {}
-
-    /// The widest line and the widest word, at a font size of one point.
-    ColumnNeed need(std::string_view text) {
-        ColumnNeed need;
-        double line = 0;
-        double word = 0;
-        for (const char* at = text.data(); at < text.data() + text.size();) {
-            const char* const next = std::min<const char*>(g_utf8_next_char(at), text.data() + text.size());
-            if (*at == '\n') line = 0;
-            if (*at == ' ' || *at == '\n' || *at == '\r' || *at == '\t') word = 0;
-            if (*at != '\n' && *at != '\r') line += width({at, static_cast<std::size_t>(next - at)});
-            if (*at != ' ' && *at != '\n' && *at != '\r' && *at != '\t')
-                word += width({at, static_cast<std::size_t>(next - at)});
-            need.natural = std::max(need.natural, line);
-            need.least = std::max(need.least, word);
-            at = next;
-        }
-        return need;
-    }
-
-  private:
-    double width(std::string_view letter) {
-        if (letter.size() == 1) {
-            double& known = ascii_[static_cast<unsigned char>(letter[0]) & 0x7FU];
-            return known > 0 ? known : known = measure(letter == "\t" ? "        " : letter);
-        }
-        const auto [known, is_new] = others_.try_emplace(std::string(letter), 0);
-        if (is_new) known->second = measure(letter);
-        return known->second;
-    }
-
-    double measure(std::string_view letter) {
-        pango_layout_set_text(layout_.get(), letter.data(), static_cast<int>(letter.size()));
-        int units = 0;
-        pango_layout_get_size(layout_.get(), &units, nullptr);
-        return static_cast<double>(units) / PANGO_SCALE / measured_size;
-    }
-
-    LayoutPtr layout_;
-    double ascii_[128] = {};
-    std::unordered_map<std::string, double> others_;
-};
-
-/// A record in lines: how many it takes, and how many each column does.
-struct RecordLines {
-    std::size_t count = 1;
-    bool is_simple = true;  ///< each of its fields is one line
-};
 
 class ReportPages {
   public:
@@ -104,7 +43,7 @@ class ReportPages {
         choose_plan();
         open_writer();
         break_lines();
-        lay_out();
+        pages_ = divide(lines_, room(0), room(1), {.line = pitch_, .padding = padding});
         draw();
         writer_->finish();
     }
@@ -170,10 +109,10 @@ class ReportPages {
         writer_ = std::make_unique<PageWriter>(
             paper_, pages::About{.title = report_.title, .creator = "Access"}, sink_);
         for (LayoutPtr* layout : {&plain_, &headings_, &title_, &footer_})
-            *layout = writer_->make_layout(layout == &title_ ? font(title_size, true).c_str()
+            *layout = writer_->make_layout(layout == &title_ ? report_font(title_size, true).c_str()
                                            : layout == &footer_
-                                               ? font(footer_size, false).c_str()
-                                               : font(plan_.font_size, layout == &headings_).c_str());
+                                               ? report_font(footer_size, false).c_str()
+                                               : report_font(plan_.font_size, layout == &headings_).c_str());
         pango_layout_set_text(title_.get(), report_.title.data(), static_cast<int>(report_.title.size()));
         pango_layout_set_width(title_.get(), static_cast<int>((paper_.width - 2 * margin) * PANGO_SCALE));
         pango_layout_set_wrap(title_.get(), PANGO_WRAP_WORD_CHAR);
@@ -215,47 +154,11 @@ class ReportPages {
         }
     }
 
-    /// Some lines of a record on a page.
-    struct Slice {
-        std::size_t record;
-        std::size_t first;
-        std::size_t count;
-    };
-
     double heading_height() const { return static_cast<double>(heading_lines_) * pitch_ + padding + 4; }
 
     double room(std::size_t page) const {
         const double top = page == 0 ? title_space_ : 0;
         return std::max(paper_.height - 2 * margin - top - footer_space - heading_height(), pitch_ + padding);
-    }
-
-    /// A record that fits on a page is not divided.
-    void lay_out() {
-        pages_.emplace_back();
-        double left = room(0);
-        const auto new_page = [&] {
-            pages_.emplace_back();
-            left = room(pages_.size() - 1);
-        };
-        for (std::size_t record = 0; record < lines_.size(); ++record) {
-            std::size_t first = 0;
-            while (first < lines_[record]) {
-                const std::size_t rest = lines_[record] - first;
-                const double height = static_cast<double>(rest) * pitch_ + padding;
-                const bool would_fit_elsewhere = height <= room(1);
-                if (height > left && would_fit_elsewhere && !pages_.back().empty()) new_page();
-                const auto fitting =
-                    static_cast<std::size_t>(std::max(0.0, std::floor((left - padding) / pitch_ + 1e-6)));
-                if (fitting == 0) {
-                    new_page();
-                    continue;
-                }
-                const std::size_t count = std::min(rest, fitting);
-                pages_.back().push_back({record, first, count});
-                left -= static_cast<double>(count) * pitch_ + padding;
-                first += count;
-            }
-        }
     }
 
     void draw() {
@@ -398,7 +301,7 @@ class ReportPages {
     LayoutPtr plain_, headings_, title_, footer_;
     std::size_t heading_lines_ = 1;
     std::vector<std::size_t> lines_;  ///< of each record
-    std::vector<std::vector<Slice>> pages_;
+    std::vector<Page> pages_;
 };
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "hosts/access/report/table_plan.h"
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
 namespace foliant::hosts::access {
@@ -71,6 +72,37 @@ TablePlan plan_table(std::span<const ColumnNeed> needs, double upright, double s
     }
     const Sizes wide = sizes_at(needs, small_size, sideways, gap);
     return {true, small_size, wide.natural, split_across(wide.natural, sideways, gap)};
+}
+
+std::vector<Page> divide(std::span<const std::size_t> lines, double room_on_first, double room_on_others,
+                         const Heights& heights) {
+    std::vector<Page> pages(1);
+    double left = room_on_first;
+    const auto new_page = [&] {
+        pages.emplace_back();
+        left = room_on_others;
+    };
+    for (std::size_t record = 0; record < lines.size(); ++record) {
+        std::size_t first = 0;
+        while (first < lines[record]) {
+            const std::size_t rest = lines[record] - first;
+            const double height = static_cast<double>(rest) * heights.line + heights.padding;
+            const bool would_fit_elsewhere = height <= room_on_others;
+            if (height > left && would_fit_elsewhere && !pages.back().empty()) new_page();
+            // A rounding error takes no line away.
+            const auto fitting = static_cast<std::size_t>(
+                std::max(0.0, std::floor((left - heights.padding) / heights.line + 1e-6)));
+            if (fitting == 0) {
+                new_page();
+                continue;
+            }
+            const std::size_t count = std::min(rest, fitting);
+            pages.back().push_back({record, first, count});
+            left -= static_cast<double>(count) * heights.line + heights.padding;
+            first += count;
+        }
+    }
+    return pages;
 }
 
 }  // namespace foliant::hosts::access

@@ -26,4 +26,23 @@ struct TablePlan {
 /// what lies between two columns.
 TablePlan plan_table(std::span<const ColumnNeed> needs, double upright, double sideways, double gap);
 
+/// Some lines of a record, which stand on one page.
+struct Slice {
+    std::size_t record;
+    std::size_t first;
+    std::size_t count;
+};
+using Page = std::vector<Slice>;
+
+/// How high the lines of a record are, and what they take besides.
+struct Heights {
+    double line;
+    double padding;
+};
+
+/// Divides records, given as their numbers of lines, into pages: the first has less room than the others, for the title. A
+/// record that fits on a page is not divided. There is one page at least.
+std::vector<Page> divide(std::span<const std::size_t> lines, double room_on_first, double room_on_others,
+                         const Heights& heights);
+
 }  // namespace foliant::hosts::access
