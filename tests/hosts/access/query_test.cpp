@@ -269,6 +269,15 @@ TEST_F(QueryTest, QueriesAreReadAsTheyAreWritten) {
         "Ann; Bob; bolt; cog; Cy; nut");
 }
 
+TEST_F(QueryTest, UnionsMayBeLongAndTablesNotNestedForEver) {
+    std::string text = "SELECT Name FROM Customers";
+    for (int i = 0; i < 60; ++i)
+        text += " UNION SELECT Name FROM Customers";
+    EXPECT_EQ(run(parse_query(text)), "Ann; Bob; Cy");
+    EXPECT_EQ(run(parse_query(text + " UNION ALL SELECT Name FROM Customers")), "Ann; Bob; Cy; Ann; Bob; Cy");
+    EXPECT_THROW(parse_query("SELECT Name FROM " + std::string(50000, '(')), SqlError);
+}
+
 TEST_F(QueryTest, QueriesInConditionsGiveTheirValues) {
     StoredQuery query = of_orders({{"Article", ""}, {"Pieces", ""}});
     query.where = "Pieces > (SELECT Avg(Pieces) FROM Orders)";

@@ -41,7 +41,7 @@ class QueryParser {
     StoredQuery whole() {
         StoredQuery query = selection();
         while (tokens_.is("union"))
-            query = united_with_next();
+            unite_with_next(query);
         query.orders = orders();
         tokens_.take_if(";");
         if (tokens_.now().kind != Token::Kind::end) tokens_.fail("this is not understood");
@@ -49,17 +49,21 @@ class QueryParser {
     }
 
   private:
-    /// All that was read is one part of a union, and what follows the other.
-    StoredQuery united_with_next() {
-        StoredQuery both;
-        both.kind = StoredQuery::Kind::united;
+    /// All that was read is the first part of a union, unless it is one of that kind already.
+    void unite_with_next(StoredQuery& query) {
+        using enum StoredQuery::Kind;
         const std::string before = tokens_.text_from(0);
         tokens_.take();
-        both.is_distinct = !tokens_.take_if("all");
+        const bool is_distinct = !tokens_.take_if("all");
+        if (query.kind != united || query.is_distinct != is_distinct) {
+            query = {};
+            query.kind = united;
+            query.is_distinct = is_distinct;
+            query.sources = {{.name = "", .text = before}};
+        }
         const std::size_t place = tokens_.place();
         selection();
-        both.sources = {{.name = "", .text = before}, {.name = "", .text = tokens_.text_from(place)}};
-        return both;
+        query.sources.push_back({.name = "", .text = tokens_.text_from(place)});
     }
 
     StoredQuery selection() {
@@ -179,8 +183,11 @@ class QueryParser {
         StoredQuery::Source source{.name = ""};
         if (tokens_.take_if("(")) {
             if (!tokens_.is("select")) {
+                constexpr int deepest = 100;  // as it costs the stack
+                if (++depth_ > deepest) tokens_.fail("the tables are nested too deeply");
                 Names inner = read_tables(query);
                 tokens_.expect(")", "");
+                --depth_;
                 return inner;
             }
             source.text = tokens_.take_to_closing();
@@ -232,6 +239,7 @@ class QueryParser {
     }
 
     Tokens tokens_;
+    int depth_ = 0;  ///< of tables in parentheses
 };
 
 }  // namespace
