@@ -48,7 +48,8 @@ void save(Document& document, std::int16_t flags, const std::string& path) {
         with_file_named(document, [&](structure::Pdf& pdf) {
             structure::note_writing(pdf);
             if (flags == incremental && structure::append_changes(pdf, *output)) return;
-            breaks_signatures = is_signed(pdf);
+            // A document that was never a file has only what others signed elsewhere.
+            breaks_signatures = !document.path().empty() && is_signed(pdf);
             const auto tell = [&](int percent) { document.show_progress("Saving", percent); };
             structure::write_pdf(pdf, {.is_linearised = (flags & linearised) != 0, .on_progress = tell},
                                  *output);

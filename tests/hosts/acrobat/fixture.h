@@ -24,6 +24,12 @@ std::shared_ptr<structure::Pdf> read_pdf(const std::filesystem::path& path, cons
 /// The content of every page, its text operands only: "page 1", "page 2" ...
 std::vector<std::string> texts(structure::Pdf& pdf);
 
+/// The bookmarks of a document, one line each, indented: "  title -> text of the page", with their counts.
+std::vector<std::string> bookmarks(structure::Pdf& pdf);
+
+/// Two pages with three bookmarks, one of them below the first.
+PdfText with_bookmarks(const std::string& label);
+
 /// An Acrobat of its own for each test, in the test's process.
 class AcrobatTest : public testing::Test {
   protected:

@@ -5,8 +5,8 @@
 #include <thread>
 
 #include "hosts/acrobat/fixture.h"
+#include "hosts/acrobat/splice/xmp.h"
 #include "hosts/acrobat/structure/information.h"
-#include "hosts/acrobat/structure/xmp.h"
 
 namespace foliant::hosts::acrobat {
 namespace {
@@ -195,7 +195,7 @@ TEST(Xmp, TakesNewPropertiesAndKeepsTheOthers) {
         "<x:xmpmeta><rdf:RDF><rdf:Description rdf:about='uuid:1' pdf:Keywords=\"old\" pdf:Trapped=\"False\">"
         "<dc:title><rdf:Alt><rdf:li>old</rdf:li></rdf:Alt></dc:title><dc:titles>kept</dc:titles>"
         "</rdf:Description></rdf:RDF></x:xmpmeta>";
-    const std::string xmp = structure::with_properties(
+    const std::string xmp = splice::with_properties(
         old, {{"Title", "new"}, {"Keywords", "k"}, {"ModDate", "D:20260131120000+01'00'"}});
     EXPECT_THAT(xmp, Not(HasSubstr("old")));
     EXPECT_THAT(xmp, HasSubstr("<dc:titles>kept</dc:titles>"));
@@ -206,7 +206,7 @@ TEST(Xmp, TakesNewPropertiesAndKeepsTheOthers) {
 
 TEST(Xmp, ThatCannotBeUnderstoodIsReplaced) {
     for (const char* old : {"", "no xml", "<rdf:RDF><dc:title>"}) {
-        const std::string xmp = structure::with_properties(old, {{"Title", "new"}});
+        const std::string xmp = splice::with_properties(old, {{"Title", "new"}});
         EXPECT_TRUE(xmp.starts_with("<?xpacket begin=")) << xmp;
         EXPECT_THAT(xmp, HasSubstr("new"));
     }

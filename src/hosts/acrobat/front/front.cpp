@@ -1,5 +1,7 @@
 #include "hosts/acrobat/front/front.h"
 
+#include <filesystem>
+
 #include "automation/text.h"
 #include "hosts/acrobat/front/stand_in.h"
 #include "registered/classes.h"
@@ -30,6 +32,16 @@ const Engine& Front::wake() {
     for (const auto& kept : objects_)
         if (const auto object = kept.lock()) object->real();
     return *engine_;
+}
+
+void Front::show_progress(std::string_view doing, const std::string& path, int percent) {
+    constexpr std::chrono::milliseconds pause{200};
+    constexpr std::size_t longest_name = 50;  // that a line of a terminal has room for
+    const auto now = std::chrono::steady_clock::now();
+    if (now - last_progress_ < pause) return;
+    last_progress_ = now;
+    const std::string name = std::filesystem::path(path).filename().string();
+    machine_.show_progress(std::string(doing) + (name.size() > longest_name ? "" : " " + name), percent);
 }
 
 void Front::close_all() noexcept {

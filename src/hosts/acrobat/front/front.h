@@ -1,6 +1,8 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -34,8 +36,13 @@ class Front : public std::enable_shared_from_this<Front> {
     Machine& machine() const noexcept { return machine_; }
     /// A viewer shows a file from now on, in front of the others.
     void note_shown(const std::shared_ptr<Viewer>& viewer) { shown_.push_back(viewer); }
+    /// Whether the front itself shows files.
+    bool shows_any() const noexcept { return !shown_.empty(); }
     /// Those that the front itself shows files in show nothing more.
     void close_all() noexcept;
+
+    /// Tells the people who wait what is done to which file, a few times a second.
+    void show_progress(std::string_view doing, const std::string& path, int percent);
 
     /// Has an object of the front's told when the engine wakes.
     template <typename Object>
@@ -48,6 +55,7 @@ class Front : public std::enable_shared_from_this<Front> {
     Machine& machine_;
     Load load_;
     const Engine* engine_ = nullptr;
+    std::chrono::steady_clock::time_point last_progress_;
     std::vector<std::weak_ptr<StandIn>> objects_;
     std::vector<std::weak_ptr<Viewer>> shown_;  ///< as they were opened
 };

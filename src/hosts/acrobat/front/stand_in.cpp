@@ -1,11 +1,15 @@
 #include "hosts/acrobat/front/stand_in.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <system_error>
 #include <utility>
 
+#include "automation/coerce.h"
 #include "automation/text.h"
 #include "hosts/acrobat/glance/page_count.h"
 #include "hosts/mapped_file.h"
+#include "hosts/write_failure.h"
 #include "registered/classes.h"
 
 namespace foliant::hosts::acrobat::front {
@@ -15,6 +19,7 @@ using automation::Argument;
 using automation::Arguments;
 using automation::equal_ignoring_case;
 using automation::ObjectPtr;
+using automation::to_int32;
 using automation::Value;
 
 namespace {
@@ -118,8 +123,81 @@ Document::Document(std::shared_ptr<Front> front, std::shared_ptr<Viewer> viewer)
       file_(viewer_ ? viewer_->file() : nullptr) {}
 
 std::optional<Value> Document::at_once(std::string_view member, const Arguments& arguments) {
-    if (!file_ || !equal_ignoring_case(member, "GetNumPages") || !arguments.empty()) return std::nullopt;
-    return file_->pages;
+    if (viewer_) {
+        if (!equal_ignoring_case(member, "GetNumPages") || !arguments.empty()) return std::nullopt;
+        return file_->pages;
+    }
+    const auto is = [&](std::string_view name) { return equal_ignoring_case(member, name); };
+    if (is("Open")) return open(arguments);
+    if (is("Create") && arguments.empty()) {
+        own_ = OwnDocument::created();
+        return true;
+    }
+    if (!own_.is_there()) return std::nullopt;
+    if (is("GetNumPages") && arguments.empty()) return own_.page_count();
+    if (is("InsertPages")) return insert_pages(arguments);
+    if (is("Save")) return save(arguments);
+    if (is("Close") && arguments.empty()) {
+        own_ = {};
+        return true;
+    }
+    return std::nullopt;
+}
+
+std::optional<Value> Document::open(const Arguments& arguments) {
+    own_ = {};
+    const auto* const path = arguments.size() == 1 ? arguments[0].value.if_holds<std::string>() : nullptr;
+    // What a window shows is the document that is opened, by the engine's account of windows.
+    if (path == nullptr || !arguments[0].name.empty() || front()->shows_any()) return std::nullopt;
+    posix::FileDescriptor file;
+    try {
+        file = front()->machine().open_document(*path, DocumentAccess::open_file).descriptor;
+        own_ = OwnDocument::opened(*path, file);
+        return true;
+    } catch (const glance::Doubt&) {
+        front()->wake().take_over(*path, std::move(file));
+    } catch (
+        const std::
+            system_error&) {  // NOLINT(bugprone-empty-catch): the engine meets the same, and has the words for it
+    }
+    return std::nullopt;
+}
+
+/// All pages of another document, behind the last one of this.
+std::optional<Value> Document::insert_pages(const Arguments& arguments) {
+    if (arguments.size() != 5 ||
+        std::ranges::any_of(arguments, [](const Argument& one) { return !one.name.empty(); }))
+        return std::nullopt;
+    const auto* const object = arguments[1].value.if_holds<ObjectPtr>();
+    auto* const source = object == nullptr ? nullptr : dynamic_cast<Document*>(object->get());
+    if (source == nullptr || source->viewer_ || source == this) return std::nullopt;
+    const std::int32_t count = to_int32(arguments[3].value);
+    if (to_int32(arguments[0].value) != own_.page_count() - 1 || to_int32(arguments[2].value) != 0 ||
+        count == 0)
+        return std::nullopt;
+    try {
+        if (!own_.append(source->own_, count, automation::to_bool(arguments[4].value))) return std::nullopt;
+    } catch (const glance::Doubt&) {
+        return std::nullopt;
+    }
+    front()->show_progress("Inserting", source->own_.path(), -1);
+    return true;
+}
+
+std::optional<Value> Document::save(const Arguments& arguments) {
+    constexpr std::int16_t full = 1;
+    if (arguments.size() != 2 || !own_.is_changed() || automation::to_int16(arguments[0].value) != full)
+        return std::nullopt;
+    const std::string path = automation::to_text(arguments[1].value);
+    try {
+        const std::unique_ptr<OutputFile> output = front()->machine().make_output(path);
+        own_.write(*output);
+        output->commit();
+    } catch (const std::filesystem::filesystem_error& failure) {
+        throw write_failure("Adobe Acrobat", failure);
+    }
+    own_.note_saved(path);
+    return true;
 }
 
 ObjectPtr Document::make_real(const Engine& engine) {
@@ -127,6 +205,15 @@ ObjectPtr Document::make_real(const Engine& engine) {
         return *viewer_->real()->invoke(Access::call, "GetPDDoc", {}).if_holds<ObjectPtr>();
     const ObjectPtr document = StandIn::make_real(engine);
     if (file_) open_in(engine, document, *file_, {file_->path});
+    if (own_.is_there()) {
+        if (posix::FileDescriptor file = own_.hand_over()) {
+            engine.take_over(own_.path(), std::move(file));
+            document->invoke(Access::call, "Open", {own_.path()});
+        } else {
+            document->invoke(Access::call, "Create", {});
+        }
+        own_ = {};
+    }
     return document;
 }
 

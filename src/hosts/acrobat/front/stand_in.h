@@ -9,6 +9,7 @@
 
 #include "automation/object.h"
 #include "hosts/acrobat/front/front.h"
+#include "hosts/acrobat/front/own_document.h"
 
 namespace foliant::hosts::acrobat::front {
 
@@ -94,8 +95,13 @@ class Document : public StandIn {
     automation::ObjectPtr make_real(const Engine& engine) override;
 
   private:
+    std::optional<automation::Value> open(const automation::Arguments& arguments);
+    std::optional<automation::Value> insert_pages(const automation::Arguments& arguments);
+    std::optional<automation::Value> save(const automation::Arguments& arguments);
+
     std::shared_ptr<Viewer> viewer_;     ///< that showed it
-    std::shared_ptr<CountedFile> file_;  ///< null for one that was created
+    std::shared_ptr<CountedFile> file_;  ///< what it showed; null where it did not
+    OwnDocument own_;                    ///< what it has opened or made itself
 };
 
 }  // namespace foliant::hosts::acrobat::front

@@ -45,12 +45,16 @@ std::int64_t claim_of_root(PlainFile& file) {
 
 }  // namespace
 
+std::int32_t page_count(PlainFile& file) {
+    const std::int64_t pages = claim_of_root(file);
+    require(pages <= std::numeric_limits<std::int32_t>::max());
+    return static_cast<std::int32_t>(pages);
+}
+
 std::optional<std::int32_t> page_count(std::string_view bytes) {
     try {
         PlainFile file(bytes);
-        const std::int64_t pages = claim_of_root(file);
-        require(pages <= std::numeric_limits<std::int32_t>::max());
-        return static_cast<std::int32_t>(pages);
+        return page_count(file);
     } catch (const Doubt&) {
         return std::nullopt;
     }

@@ -14,6 +14,7 @@ constexpr int longest_chain = 8;           // of objects that it takes to read a
 constexpr std::size_t classic_entry = 20;  // characters
 constexpr std::size_t end_of_file = 1024;  // where "startxref" is looked for
 constexpr std::size_t widest_number = 8;   // bytes
+constexpr std::size_t most_unpacked = std::size_t{128} << 20U;  // bytes of objects in streams
 
 bool is_number(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
@@ -72,6 +73,15 @@ std::int64_t PlainFile::take_trailer(const Value& dictionary) {
     return previous.number;
 }
 
+/// A table that says two things of an object is not plain.
+void PlainFile::put_in_order(Table& table) {
+    std::vector<Run>& runs = table.runs;
+    std::erase_if(runs, [](const Run& run) { return run.count == 0; });
+    std::sort(runs.begin(), runs.end(), [](const Run& a, const Run& b) { return a.first < b.first; });
+    for (std::size_t i = 1; i < runs.size(); ++i)
+        require(runs[i].first - runs[i - 1].first >= runs[i - 1].count);
+}
+
 std::int64_t PlainFile::read_classic_table(Cursor cursor) {
     cursor.expect("xref");
     Table table;
@@ -86,6 +96,7 @@ std::int64_t PlainFile::read_classic_table(Cursor cursor) {
         cursor = Cursor(bytes_, cursor.position() + run.entries.size());
         table.runs.push_back(run);
     }
+    put_in_order(table);
     tables_.push_back(std::move(table));
     const Value dictionary = cursor.value();
     cursor.expect("startxref");
@@ -110,6 +121,7 @@ std::int64_t PlainFile::read_table_stream(std::int64_t offset) {
     }
     require(!widths.next(width));
     read_runs(table, stream.value, unpacked_.back());
+    put_in_order(table);
     tables_.push_back(std::move(table));
     return take_trailer(stream.value);
 }
@@ -158,10 +170,11 @@ PlainFile::Place PlainFile::place_of(std::int64_t number) const {
     // A table bears a number like an object; an object of the same number is not to be told from it.
     require(std::find(table_objects_.begin(), table_objects_.end(), number) == table_objects_.end());
     for (const Table& table : tables_) {
-        const auto run = std::find_if(table.runs.begin(), table.runs.end(), [&](const Run& one) {
-            return number >= one.first && number - one.first < one.count;
-        });
-        if (run == table.runs.end()) continue;
+        auto run = std::upper_bound(table.runs.begin(), table.runs.end(), number,
+                                    [](std::int64_t wanted, const Run& one) { return wanted < one.first; });
+        if (run == table.runs.begin()) continue;
+        --run;
+        if (number - run->first >= run->count) continue;
         const auto index = static_cast<std::size_t>(number - run->first);
         if (!table.is_stream) {
             Cursor line(run->entries.substr(index * classic_entry, classic_entry));
@@ -201,27 +214,61 @@ std::string_view PlainFile::stream_data(const Found& stream, int depth) {
     return data;
 }
 
-Value PlainFile::packed_object(std::int64_t stream, std::int64_t number, int depth) {
+const PlainFile::Container& PlainFile::container(std::int64_t stream, int depth) {
+    if (const auto known = containers_.find(stream); known != containers_.end()) return known->second;
     const Place place = place_of(stream);
     require(!place.is_packed && place.generation == 0);
-    const Found container = object_at(place.where, stream, 0);
-    require(entry(container.value, "/Type").text == "/ObjStm");
-    const std::int64_t objects = integer_of(entry(container.value, "/N"));
-    const std::int64_t first = integer_of(entry(container.value, "/First"));
-    const std::string& text =
-        unpacked_.emplace_back(unpacked(container.value, stream_data(container, depth)));
-    std::int64_t offset = -1;
-    Cursor pairs(text);
+    const Found found = object_at(place.where, stream, 0);
+    require(entry(found.value, "/Type").text == "/ObjStm");
+    const std::int64_t objects = integer_of(entry(found.value, "/N"));
+    const std::int64_t first = integer_of(entry(found.value, "/First"));
+    Container container{.text = unpacked(found.value, stream_data(found, depth))};
+    unpacked_bytes_ += container.text.size();
+    require(unpacked_bytes_ <= most_unpacked);
+    Cursor pairs(container.text);
     for (std::int64_t i = 0; i < objects; ++i) {
-        const bool is_it = pairs.integer() == number;
-        const std::int64_t its_offset = pairs.integer();
-        require(!is_it || offset < 0);
-        if (is_it) offset = its_offset;
+        const std::int64_t number = pairs.integer();
+        const std::int64_t place_of_it = first + pairs.integer();
+        require(static_cast<std::uint64_t>(place_of_it) <= container.text.size());
+        require(container.places.emplace(number, static_cast<std::size_t>(place_of_it)).second);
     }
-    require(offset >= 0 && static_cast<std::uint64_t>(first + offset) <= text.size());
-    const Value value = Cursor(text, static_cast<std::size_t>(first + offset)).value();
+    return containers_.emplace(stream, std::move(container)).first->second;
+}
+
+Value PlainFile::packed_object(std::int64_t stream, std::int64_t number, int depth) {
+    const Container& all = container(stream, depth);
+    const auto place = all.places.find(number);
+    require(place != all.places.end());
+    const Value value = Cursor(all.text, place->second).value();
     require(value.kind != Kind::reference);
     return value;
+}
+
+Object PlainFile::object(const Value& reference) {
+    require(reference.kind == Kind::reference);
+    const Place place = place_of(reference.number);
+    require(place.generation == reference.generation);
+    if (place.is_packed) return {.value = packed_object(place.where, reference.number, 0)};
+    Found found = object_at(place.where, reference.number, reference.generation);
+    require(found.value.kind != Kind::reference);
+    Object object{.value = found.value};
+    found.behind.skip_space();
+    object.is_stream = found.behind.rest().starts_with("stream");
+    if (object.is_stream) {
+        require(found.value.kind == Kind::dictionary);
+        object.data = stream_data(found, 0);
+        const auto end = static_cast<std::size_t>(object.data.data() - bytes_.data()) + object.data.size();
+        found.behind = Cursor(bytes_, end);
+        found.behind.expect("endstream");
+    }
+    found.behind.expect("endobj");
+    return object;
+}
+
+std::string PlainFile::unpacked_stream(const Value& reference) {
+    const Object stream = object(reference);
+    require(stream.is_stream);
+    return unpacked(stream.value, stream.data);
 }
 
 }  // namespace foliant::hosts::acrobat::glance

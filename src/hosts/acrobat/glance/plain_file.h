@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <list>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,6 +10,13 @@
 #include "hosts/acrobat/glance/syntax.h"
 
 namespace foliant::hosts::acrobat::glance {
+
+/// An object of a file as it stands there. What a stream holds stays packed.
+struct Object {
+    Value value;
+    bool is_stream = false;
+    std::string_view data{};
+};
 
 /// A PDF whose tables of objects are whole. All of it throws Doubt for what is not plain.
 class PlainFile {
@@ -23,6 +31,12 @@ class PlainFile {
 
     /// What a value is: that of the object it refers to, or itself.
     Value resolved(const Value& value) { return resolved(value, 0); }
+
+    /// The object that a reference leads to, which may be a stream.
+    Object object(const Value& reference);
+
+    /// What the stream holds that a reference leads to, unpacked.
+    std::string unpacked_stream(const Value& reference);
 
   private:
     /// Objects that follow each other in a table, with an entry of `width` bytes for each.
@@ -43,6 +57,11 @@ class PlainFile {
         std::int64_t where = 0;  ///< the offset, or the number of the stream
         std::int64_t generation = 0;
     };
+    /// A stream of objects: its text, and by their numbers where in it they begin.
+    struct Container {
+        std::string text;
+        std::map<std::int64_t, std::size_t> places{};
+    };
     /// An object of the file, and what stands behind it.
     struct Found {
         Value value;
@@ -54,19 +73,23 @@ class PlainFile {
     std::int64_t read_classic_table(Cursor cursor);
     std::int64_t read_table_stream(std::int64_t offset);
     void read_runs(Table& table, const Value& dictionary, std::string_view entries);
+    static void put_in_order(Table& table);
     std::int64_t take_trailer(const Value& dictionary);
 
     Value resolved(const Value& value, int depth);
     Place place_of(std::int64_t number) const;
     Found object_at(std::int64_t offset, std::int64_t number, std::int64_t generation) const;
     Value packed_object(std::int64_t stream, std::int64_t number, int depth);
+    const Container& container(std::int64_t stream, int depth);
     std::string_view stream_data(const Found& stream, int depth);
 
     std::string_view bytes_;
     Value trailer_;
     std::vector<Table> tables_;                  ///< the newest first
     std::vector<std::int64_t> table_objects_{};  ///< the numbers of those that are streams
-    std::list<std::string> unpacked_{};          ///< streams, which values may lie in
+    std::list<std::string> unpacked_{};          ///< tables, which entries lie in
+    std::map<std::int64_t, Container> containers_{};
+    std::size_t unpacked_bytes_ = 0;  ///< of the containers
 };
 
 }  // namespace foliant::hosts::acrobat::glance

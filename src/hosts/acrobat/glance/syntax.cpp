@@ -170,19 +170,29 @@ void Cursor::skip_hexadecimal() {
 }
 
 Value entry(const Value& dictionary, std::string_view key) {
-    require(dictionary.kind == Kind::dictionary);
-    Cursor cursor(dictionary.text, 2);
+    Entries entries(dictionary);
     Value found;
     bool is_there = false;
-    for (cursor.skip_space(); !cursor.skip(">>"); cursor.skip_space()) {
-        const Value name = cursor.value();
-        const Value value = cursor.value();
-        if (name.text != key) continue;
+    std::string_view name;
+    for (Value value; entries.next(name, value);) {
+        if (name != key) continue;
         require(!is_there);
         is_there = true;
         found = value;
     }
     return found;
+}
+
+Entries::Entries(const Value& dictionary) : cursor_(dictionary.text, 2) {
+    require(dictionary.kind == Kind::dictionary);
+}
+
+bool Entries::next(std::string_view& key, Value& value) {
+    cursor_.skip_space();
+    if (cursor_.skip(">>")) return false;
+    key = cursor_.value().text;
+    value = cursor_.value();
+    return true;
 }
 
 Items::Items(const Value& array) : cursor_(array.text, 1) {

@@ -67,6 +67,17 @@ class Cursor {
 /// The value of a dictionary's entry; null for none.
 Value entry(const Value& dictionary, std::string_view key);
 
+/// Goes through the entries of a dictionary.
+class Entries {
+  public:
+    explicit Entries(const Value& dictionary);
+    /// Whether there is one more, which `key` and `value` are then.
+    bool next(std::string_view& key, Value& value);
+
+  private:
+    Cursor cursor_;
+};
+
 /// Goes through the items of an array.
 class Items {
   public:

@@ -5,8 +5,8 @@
 #include <map>
 #include <utility>
 
+#include "hosts/acrobat/splice/xmp.h"
 #include "hosts/acrobat/structure/catalogue_entry.h"
-#include "hosts/acrobat/structure/xmp.h"
 
 namespace foliant::hosts::acrobat::structure {
 
@@ -33,7 +33,7 @@ std::string packet_of(Pdf& pdf) {
 void write_packet(Pdf& pdf, const std::map<std::string, std::string>& properties) {
     // A new stream: whoever looks for what was changed compares objects.
     QPDFObjectHandle metadata =
-        QPDFObjectHandle::newStream(&pdf.qpdf(), with_properties(packet_of(pdf), properties));
+        QPDFObjectHandle::newStream(&pdf.qpdf(), splice::with_properties(packet_of(pdf), properties));
     metadata.getDict().replaceKey("/Type", QPDFObjectHandle::newName("/Metadata"));
     metadata.getDict().replaceKey("/Subtype", QPDFObjectHandle::newName("/XML"));
     pdf.qpdf().getRoot().replaceKey("/Metadata", metadata);

@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "automation/coerce.h"
+#include "hosts/acrobat/glance/page_count.h"
 #include "hosts/acrobat/noting_machine.h"
 #include "hosts/acrobat/pdf_text.h"
+#include "hosts/mapped_file.h"
+#include "support/error_of.h"
 #include "support/scratch_folder.h"
 
 namespace foliant::hosts::acrobat::front {
@@ -16,7 +19,8 @@ using automation::ObjectPtr;
 using automation::Value;
 
 using Notes = std::vector<std::string>;
-Notes notes;  // of what the engine was asked
+Notes notes;       // of what the engine was asked
+Notes taken_over;  // the files' contents
 
 /// An object of the engine's, which notes its calls.
 class Noting : public automation::Object {
@@ -52,13 +56,17 @@ const Engine& noting_engine() {
                                       [](const std::string& path, posix::FileDescriptor file) {
                                           notes.push_back("take over " + path.substr(path.rfind('/') + 1) +
                                                           (file ? "" : " without a file"));
+                                          if (file) taken_over.emplace_back(MappedFile(file.get()).bytes());
                                       }};
     return engine;
 }
 
 class FrontTest : public testing::Test {
   protected:
-    FrontTest() { notes.clear(); }
+    FrontTest() {
+        notes.clear();
+        taken_over.clear();
+    }
 
     Value create(std::string_view class_name) { return front->create(class_name); }
     std::string file(const std::string& name, int count) {
@@ -69,6 +77,11 @@ class FrontTest : public testing::Test {
         const Value viewer = create("AcroExch.AVDoc");
         EXPECT_EQ(viewer.call("Open", {path, ""}), Value(true));
         return viewer;
+    }
+
+    static Value append(const Value& target, const Value& source) {
+        const std::int32_t last = *target.call("GetNumPages").if_holds<std::int32_t>() - 1;
+        return target.call("InsertPages", {last, source, std::int32_t{0}, source.call("GetNumPages"), true});
     }
 
     tests::ScratchFolder folder;
@@ -148,6 +161,83 @@ TEST_F(FrontTest, GivesTheEngineItsOwnObjects) {
     const Value source = create("AcroExch.PDDoc");
     target.call("InsertPages", {std::int32_t{-1}, source, std::int32_t{0}, std::int32_t{1}, true});
     EXPECT_EQ(notes.back(), "PDDoc.InsertPages -1 PDDoc 0 1 True");
+}
+
+TEST_F(FrontTest, MergesPlainFilesWithoutTheEngine) {
+    const Value target = create("AcroExch.PDDoc");
+    EXPECT_EQ(target.call("Open", {file("a.pdf", 2)}), Value(true));
+    for (const int count : {3, 1}) {
+        const Value source = create("AcroExch.PDDoc");
+        EXPECT_EQ(source.call("Open", {file("b.pdf", count)}), Value(true));
+        EXPECT_EQ(source.call("GetNumPages"), Value(std::int32_t{count}));
+        EXPECT_EQ(append(target, source), Value(true));
+        EXPECT_EQ(source.call("Close"), Value(true));
+    }
+    const std::filesystem::path path = folder / "all.pdf";
+    EXPECT_EQ(target.call("Save", {std::int16_t{1}, path.string()}), Value(true));
+    EXPECT_EQ(glance::page_count(tests::read_file(path)), 6);
+    EXPECT_EQ(target.call("Close"), Value(true));
+    EXPECT_EQ(notes, Notes{});
+}
+
+TEST_F(FrontTest, HandsOverWhatItHasMergedWithAFileThatTakesTheEngine) {
+    const Value target = create("AcroExch.PDDoc");
+    const Value source = create("AcroExch.PDDoc");
+    const std::string first = file("a.pdf", 2);
+    target.call("Open", {first});
+    source.call("Open", {file("b.pdf", 3)});
+    append(target, source);
+    const std::string odd =
+        folder.write("odd.pdf", test::pages(1).add_to_catalogue("/AcroForm << >>").file()).string();
+    source.call("Open", {odd});
+    EXPECT_EQ(notes, Notes{});
+    append(target, source);
+    EXPECT_EQ(notes, (Notes{"create AcroExch.PDDoc", "take over a.pdf", "PDDoc.Open " + first,
+                            "create AcroExch.PDDoc", "take over odd.pdf", "PDDoc.Open " + odd,
+                            "PDDoc.InsertPages 4 PDDoc 0 1 True"}));
+    EXPECT_EQ(glance::page_count(taken_over.at(0)), 5);
+    EXPECT_EQ(glance::page_count(taken_over.at(1)), 1);
+}
+
+TEST_F(FrontTest, HandsOverANewDocumentAsNewUntilItHasPages) {
+    const Value target = create("AcroExch.PDDoc");
+    EXPECT_EQ(target.call("Create"), Value(true));
+    EXPECT_EQ(target.call("GetNumPages"), Value(std::int32_t{0}));
+    target.call("GetInfo", {"Title"});
+    EXPECT_EQ(notes, (Notes{"create AcroExch.PDDoc", "PDDoc.Create", "PDDoc.GetInfo Title"}));
+}
+
+TEST_F(FrontTest, LeavesEverySaveButAFullOneToTheEngine) {
+    const Value target = create("AcroExch.PDDoc");
+    const Value source = create("AcroExch.PDDoc");
+    target.call("Create");
+    source.call("Open", {file("b.pdf", 3)});
+    append(target, source);
+    target.call("Save", {std::int16_t{5}, "all.pdf"});
+    EXPECT_EQ(notes.back(), "PDDoc.Save 5 all.pdf");
+    EXPECT_EQ(glance::page_count(taken_over.at(0)), 3);
+}
+
+TEST_F(FrontTest, ADocumentThatIsClosedIsHandedOverAsNone) {
+    const Value document = create("AcroExch.PDDoc");
+    document.call("Open", {file("a.pdf", 2)});
+    document.call("Close");
+    document.call("GetNumPages");
+    EXPECT_EQ(notes, (Notes{"create AcroExch.PDDoc", "PDDoc.GetNumPages"}));
+}
+
+TEST_F(FrontTest, SaysInWordsWhyAMergeIsNotWritten) {
+    const Value target = create("AcroExch.PDDoc");
+    const Value source = create("AcroExch.PDDoc");
+    target.call("Create");
+    source.call("Open", {file("b.pdf", 3)});
+    append(target, source);
+    EXPECT_EQ(tests::error_number([&] {
+                  target.call("Save", {std::int16_t{1}, (folder / "none/all.pdf").string()});
+              }),
+              76);
+    EXPECT_EQ(target.call("GetNumPages"), Value(std::int32_t{3})) << "it is still there";
+    EXPECT_EQ(notes, Notes{});
 }
 
 TEST_F(FrontTest, LeavesOtherClassesToTheEngine) {

@@ -1,4 +1,4 @@
-#include "hosts/acrobat/structure/xmp.h"
+#include "hosts/acrobat/splice/xmp.h"
 
 #include <algorithm>
 #include <array>
@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace foliant::hosts::acrobat::structure {
+namespace foliant::hosts::acrobat::splice {
 
 namespace {
 
@@ -157,4 +157,4 @@ std::string with_properties(std::string_view packet, const std::map<std::string,
     return xml;
 }
 
-}  // namespace foliant::hosts::acrobat::structure
+}  // namespace foliant::hosts::acrobat::splice
