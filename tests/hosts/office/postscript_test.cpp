@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "hosts/office/pdf_reader.h"
+#include "hosts/office/print/flattening.h"
 #include "hosts/office/print/pdf_to_postscript.h"
 #include "hosts/office/support.h"
 #include "support/scratch_folder.h"
@@ -103,7 +104,8 @@ std::string page_with(const std::string& drawing) {
     return "%PDF-1.4\n"
            "1 0 obj <</Type/Catalog/Pages 2 0 R>> endobj\n"
            "2 0 obj <</Type/Pages/Kids[3 0 R]/Count 1>> endobj\n"
-           "3 0 obj <</Type/Page/Parent 2 0 R/MediaBox[0 0 200 200]/Contents 4 0 R>> endobj\n"
+           "3 0 obj <</Type/Page/Parent 2 0 R/MediaBox[0 0 200 200]/Contents 4 0 R"
+           "/Resources<</Font<</F<</Type/Font/Subtype/Type1/BaseFont/Helvetica>>>>>>>> endobj\n"
            "4 0 obj <</Length " +
            std::to_string(content.size()) + ">> stream\n" + content +
            "\nendstream endobj\n"
@@ -113,6 +115,27 @@ std::string page_with(const std::string& drawing) {
 TEST(PostScript, HasTheUsualMiterLimitWhereOneIsBeyondAllNumbers) {
     EXPECT_TRUE(has_line(pdf_to_postscript(page_with("-92233720368547758.08 M"), "title"), "10 M"));
     EXPECT_TRUE(has_line(pdf_to_postscript(page_with("3 M"), "title"), "3 M"));
+}
+
+TEST(Flattening, IsMendedWhereItLosesText) {
+    const tests::ScratchFolder folder;
+    const std::string original = page_with("BT /F 9 Tf 20 100 Td (Found again) Tj ET");
+    const std::string mended = with_flattening_mended(page_with(""), original);
+    folder.write("mended.pdf", mended);
+    EXPECT_EQ(test::PdfReader(folder / "mended.pdf").text(1), "Found again");
+}
+
+TEST(Flattening, IsMendedWhereAPageComesToLookOtherwise) {
+    const std::string original = page_with("0.9 0 0 rg 20 20 100 100 re f");
+    const std::string mended = with_flattening_mended(page_with(""), original);
+    EXPECT_NE(mended.find("/FoliantPage Do"), std::string::npos);
+    EXPECT_NE(mended.find("/Width 834 "), std::string::npos) << "200 points at 300 dots an inch";
+}
+
+TEST(Flattening, StaysAsItIsWhereNothingIsLost) {
+    const std::string original = page_with("/None gs 0.9 0 0 rg 20 20 100 100 re f");
+    const std::string flattened = page_with("0.9 0.01 0 rg 20 20 100 100 re f BT /F 9 Tf (More) Tj ET");
+    EXPECT_EQ(with_flattening_mended(flattened, original), flattened);
 }
 
 /// A document of two pages: an outline whose first item is folded, and a link to a hostile address on the

@@ -72,9 +72,8 @@ std::string OfficeDocument::pdf(std::string_view pages, bool for_postscript) con
 }
 
 std::string OfficeDocument::postscript(std::string_view pages) const {
-    const std::string document = pdf(pages, true);
     try {
-        return pdf_to_postscript(document, title());
+        return pdf_to_postscript(pdf(pages, true), title());
     } catch (const PostScriptFailure& failure) {
         throw application_.error(application_.command_failed, "Cannot print " + loaded().file.path.string() +
                                                                   " as PostScript: " + failure.what() + ".");

@@ -11,6 +11,7 @@
 #include "hosts/office/engine/print_mode.h"
 #include "hosts/office/engine/progress_relay.h"
 #include "hosts/office/engine/uno_support.h"
+#include "hosts/office/print/flattening.h"
 
 namespace foliant::hosts::office {
 
@@ -121,7 +122,8 @@ std::string export_to_pdf(const LoadedDocument& document, const std::string& pag
     // which take as long as all the rest.
     if (use == PdfUse::postscript && may_be_transparent(pdf)) {
         remove_comments(document);
-        pdf = export_once(document, pdf_options(pages, use, Transparency::flattened));
+        pdf = with_flattening_mended(export_once(document, pdf_options(pages, use, Transparency::flattened)),
+                                     pdf);
     }
     return pdf;
 }

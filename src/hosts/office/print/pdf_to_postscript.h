@@ -17,7 +17,7 @@ struct PostScriptFailure : std::runtime_error {
 /// included. So do links, outline, information and language (see read_pdf_marks). `title` becomes the job's name,
 /// and the title of a PDF made of it when the document has none.
 ///
-/// The document should be free of transparency: a page that uses it becomes one picture.
+/// The document should be free of transparency (see with_flattening_mended): a page that uses it becomes one picture.
 /// Raises PostScriptFailure.
 std::string pdf_to_postscript(std::string_view pdf, std::string_view title);
 
