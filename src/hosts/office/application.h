@@ -26,6 +26,9 @@ struct Application {
     std::int32_t wrong_password;      ///< an open password is needed, or the given one is wrong
     std::int32_t file_corrupted;      ///< the document is empty or damaged
 
+    /// What is said of an encrypted document, after its name.
+    std::string_view encrypted = " is encrypted. Give its open password.";
+
     /// The name without its maker, for messages: "Word".
     std::string_view short_name() const { return name.substr(name.find(' ') + 1); }
 

@@ -109,6 +109,7 @@ TEST_F(PowerPointHost, RefusesWhatIsNoPresentation) {
     for (const auto& [name, reason] :
          {std::pair("none.ppt", "does not exist"), std::pair("prose.pptx", "it holds plain text"),
           std::pair("noise.ppt", "of no known kind"), std::pair("one.docx", "without a PowerPoint"),
+          std::pair("encrypted.ppt", "is encrypted, and PowerPoint is given no passwords"),
           std::pair("cut.vsdx", "breaks off")}) {
         const auto error = tests::error_of([&, name = name] { open(name); });
         EXPECT_EQ(error.number(), -2147467259);
@@ -186,7 +187,7 @@ TEST_F(VisioHost, RefusesWhatIsNoDrawing) {
     for (const auto& [name, reason] :
          {std::pair("none.vsd", "does not exist"), std::pair("prose.vsd", "it holds plain text"),
           std::pair("noise.vsd", "of no known kind"), std::pair("one.docx", "without a Visio"),
-          std::pair("cut.vsdx", "breaks off")}) {
+          std::pair("cut.vsdx", "breaks off"), std::pair("cut.vdx", "breaks off")}) {
         const auto error = tests::error_of([&, name = name] { open(name); });
         EXPECT_EQ(error.source(), "Microsoft Visio");
         EXPECT_NE(error.description().find(reason), std::string::npos) << error.description();

@@ -3,6 +3,7 @@
     make_drawings.py FOLDER
 """
 
+import struct
 import sys
 import zipfile
 from pathlib import Path
@@ -87,11 +88,37 @@ def write_vsdx(path):
             package.writestr(f"visio/pages/page{i + 1}.xml", visio_page(f"drawn on {i + 1}"))
 
 
+def write_compound_file(path, streams):
+    """A compound file with two streams, in the order of their names' lengths; each fills eight sectors."""
+    sector, length, end, free = 512, 8, 0xFFFFFFFE, 0xFFFFFFFF
+    starts = [2, 2 + length]
+    chains = [number + 1 if number + 1 - start < length else end for start in starts for number in range(start, start + length)]
+    table = [0xFFFFFFFD, end, *chains]
+
+    def entry(name, kind, right, child, start, size):
+        text = name.encode("utf-16-le")
+        return struct.pack("<64sHBBIII16s4s8s8sIQ", text, len(text) + 2 if text else 0, kind, 1, free, right, child, b"", b"",
+                           b"", b"", start, size)
+    names = list(streams)
+    with open(path, "wb") as file:
+        file.write(struct.pack("<8s16sHHHHH6sIIIIIIIII", b"\xd0\xcf\x11\xe0\xa1\xb1\x1a\xe1", b"", 0x3E, 3, 0xFFFE, 9, 6, b"",
+                               0, 1, 1, 0, 4096, end, 0, end, 0))
+        file.write(struct.pack("<109I", 0, *[free] * 108))
+        file.write(struct.pack("<128I", *table, *[free] * (128 - len(table))))
+        file.write(entry("Root Entry", 5, free, 1, end, 0) + entry(names[0], 2, 2, free, starts[0], sector * length)
+                   + entry(names[1], 2, free, free, starts[1], sector * length) + entry("", 0, free, free, 0, 0))
+        for content in streams.values():
+            file.write(content.ljust(sector * length, b"\0"))
+
+
 def main():
     folder = Path(sys.argv[1])
     folder.mkdir(parents=True, exist_ok=True)
     write_slides(folder / "slides.fodp")
     write_vsdx(folder / "plan.vsdx")
+    write_compound_file(folder / "encrypted.ppt", {
+        "Current User": b"\0\0\xf6\x0f\x14\0\0\0\x14\0\0\0\xdf\xc4\xd1\xf3", "PowerPoint Document": b"noise"})
+    (folder / "cut.vdx").write_text('<?xml version="1.0"?><VisioDocument><Pages><Page ID="0">')
     for name in ("prose.pptx", "prose.vsd"):
         (folder / name).write_text("This is neither.\n")
     for name in ("noise.ppt", "noise.vsd"):

@@ -84,7 +84,9 @@ TEST_F(PdfMakerHost, SaysWhatItDoesNotConvert) {
           std::pair(folder.write("a.pdf", "%PDF-1.4\n"), "it is a PDF already"),
           std::pair(folder.write("empty.doc", ""), "it is empty"),
           std::pair(folder.write("a.docx", "plain"), "of another kind than its name says"),
-          std::pair(test::document("cut.vsdx"), "breaks off")}) {
+          std::pair(test::document("encrypted.ppt"), "is encrypted, and PDFMaker takes no passwords"),
+          std::pair(test::document("cut.vsdx"), "breaks off"),
+          std::pair(test::document("cut.vdx"), "breaks off")}) {
         const auto error = tests::error_of([&, file = file] { launch(file); });
         EXPECT_EQ(error.number(), -2147467259) << file;
         EXPECT_EQ(error.source(), "Acrobat PDFMaker");

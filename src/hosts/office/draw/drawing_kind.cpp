@@ -27,18 +27,27 @@ ImportFilter compound_file_filter(const DocumentFile& file, const Office& office
     throw no_drawing(file, "it is a compound file without a Visio drawing in it");
 }
 
+bool is_xml_drawing(std::string_view start) {
+    return skip_start(start).starts_with("<") && start.find("<VisioDocument") != std::string_view::npos;
+}
+
 }  // namespace
+
+bool is_cut_short(const DocumentFile& file, std::string_view start) {
+    return is_xml_drawing(start) &&
+           whole_content(file, microsoft_visio).rfind("</VisioDocument>") == std::string::npos;
+}
 
 ImportFilter drawing_filter(const DocumentFile& file, const Office& office) {
     const std::string bytes = sample(file, microsoft_visio);
     const std::string_view start(bytes);
     if (is_package(start)) return package_filter(file, office);
     if (is_compound_file(start)) return compound_file_filter(file, office);
-    if (skip_start(start).starts_with("<")) {
-        if (start.find("<VisioDocument") != std::string_view::npos) return {visio_filter, ""};
-        if (start.find("opendocument.graphics") != std::string_view::npos)
-            return {"OpenDocument Drawing Flat XML", ""};
-    }
+    if (is_cut_short(file, start))
+        throw damaged(file.path, "it begins like a Visio drawing and breaks off", microsoft_visio);
+    if (is_xml_drawing(start)) return {visio_filter, ""};
+    if (skip_start(start).starts_with("<") && start.find("opendocument.graphics") != std::string_view::npos)
+        return {"OpenDocument Drawing Flat XML", ""};
     if (start.starts_with("%PDF-")) throw no_drawing(file, "it is a PDF file");
     throw no_drawing(file, is_text(start) ? "it holds plain text" : "its content is of no known kind");
 }

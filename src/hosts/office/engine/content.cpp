@@ -4,6 +4,7 @@
 #include <array>
 #include <cerrno>
 #include <com/sun/star/io/XInputStream.hpp>
+#include <com/sun/star/io/XStream.hpp>
 #include <com/sun/star/lang/XMultiComponentFactory.hpp>
 #include <cstring>
 #include <sys/stat.h>
@@ -24,11 +25,6 @@ std::string stream_text(const Reference<css::io::XInputStream>& stream) {
     css::uno::Sequence<sal_Int8> bytes;
     const sal_Int32 size = stream->readBytes(bytes, static_cast<sal_Int32>(sample_size));
     return {reinterpret_cast<const char*>(bytes.getConstArray()), static_cast<std::size_t>(size)};
-}
-
-std::string entry_text(const Streams& package, std::string_view name) {
-    if (!has_stream(package, name)) return {};
-    return stream_text(Reference<css::io::XInputStream>(package->getByName(to_uno(name)), UNO_QUERY));
 }
 
 /// Opens a container (zip package, compound file) by the UNO service that reads it.
@@ -73,6 +69,10 @@ automation::Error not_a_document(const std::filesystem::path& path, std::string_
                                                          std::string(application.reads) + ".");
 }
 
+automation::Error encrypted(const std::filesystem::path& path, const Application& application) {
+    return application.error(application.wrong_password, path.string() + std::string(application.encrypted));
+}
+
 std::string sample(const DocumentFile& file, const Application& application) {
     std::string bytes = read_from_start(file, sample_size, application);
     if (bytes.empty()) throw damaged(file.path, "it is empty (0 bytes)", application);
@@ -90,7 +90,7 @@ PackageContent package_content(const DocumentFile& file, const Office& office,
                                const Application& application) {
     try {
         const Streams package = open_container(file, "com.sun.star.packages.zip.ZipFileAccess", office);
-        return {entry_text(package, "[Content_Types].xml"), entry_text(package, "mimetype")};
+        return {stream_start(package, "[Content_Types].xml"), stream_start(package, "mimetype")};
     } catch (const css::uno::Exception&) {
         throw damaged(file.path, "it begins like a zip package and breaks off", application);
     }
@@ -112,6 +112,16 @@ Streams compound_file_streams(const DocumentFile& file, const Office& office,
 
 bool has_stream(const Streams& streams, std::string_view name) {
     return streams->hasByName(to_uno(name));
+}
+
+std::string stream_start(const Streams& streams, std::string_view name) {
+    if (!has_stream(streams, name)) return {};
+    const css::uno::Any entry = streams->getByName(to_uno(name));
+    // Packages give what can be read, compound files what can be read and written.
+    if (const Reference<css::io::XStream> both(entry, UNO_QUERY); both.is())
+        return stream_text(both->getInputStream());
+    const Reference<css::io::XInputStream> input(entry, UNO_QUERY);
+    return input.is() ? stream_text(input) : std::string();
 }
 
 std::string extension_of(const std::filesystem::path& path) {

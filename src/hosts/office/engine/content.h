@@ -22,6 +22,9 @@ automation::Error damaged(const std::filesystem::path& path, std::string_view re
 automation::Error not_a_document(const std::filesystem::path& path, std::string_view reason,
                                  const Application& application);
 
+/// It is encrypted, and no password was given.
+automation::Error encrypted(const std::filesystem::path& path, const Application& application);
+
 constexpr std::size_t sample_size = 65536;  // bytes
 
 /// The first bytes of the file. Raises `damaged` when there is nothing to read.
@@ -53,6 +56,9 @@ using Streams = com::sun::star::uno::Reference<com::sun::star::container::XNameA
 Streams compound_file_streams(const DocumentFile& file, const Office& office, const Application& application);
 
 bool has_stream(const Streams& streams, std::string_view name);
+
+/// The beginning of a stream, as much as a sample has; "" when there is none of that name.
+std::string stream_start(const Streams& streams, std::string_view name);
 
 /// The extension in lower case, with its dot.
 std::string extension_of(const std::filesystem::path& path);

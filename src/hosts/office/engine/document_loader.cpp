@@ -12,6 +12,7 @@
 #include <system_error>
 #include <utility>
 
+#include "hosts/office/engine/content.h"
 #include "hosts/office/engine/file_stream.h"
 #include "hosts/office/engine/load_interaction.h"
 #include "hosts/office/engine/print_mode.h"
@@ -46,11 +47,10 @@ css::uno::Sequence<css::beans::PropertyValue> load_arguments(const ImportFilter&
 
 automation::Error password_error(const std::filesystem::path& path, bool given,
                                  const Application& application) {
+    if (!given) return encrypted(path, application);
     return application.error(
         application.wrong_password,
-        path.string() + (given ? ": the password is incorrect. Give the open password that "
-                                 "belongs to this document."
-                               : " is encrypted. Give its open password."));
+        path.string() + ": the password is incorrect. Give the open password that belongs to this document.");
 }
 
 automation::Error load_error(const std::filesystem::path& path, const std::string& reason,

@@ -65,12 +65,13 @@ std::optional<ImportFilter> detected_filter(const DocumentFile& file, const Offi
 /// Damage and encryption are said here: to the applications, what they cannot open is none of their own.
 void require_readable(const DocumentFile& file, std::string_view start, const Office& office) {
     if (is_package(start)) package_content(file, office, acrobat_pdfmaker);
-    if (is_compound_file(start) &&
-        has_stream(compound_file_streams(file, office, acrobat_pdfmaker), "EncryptedPackage"))
-        throw acrobat_pdfmaker.error(acrobat_pdfmaker.wrong_password,
-                                     file.path.string() +
-                                         " is encrypted, and PDFMaker takes no passwords. Convert it with a "
-                                         "member of its application, such as CreatePDFfromWord2.");
+    if (is_compound_file(start)) {
+        const Streams streams = compound_file_streams(file, office, acrobat_pdfmaker);
+        if (has_stream(streams, "EncryptedPackage") || is_encrypted_presentation(streams))
+            throw encrypted(file.path, acrobat_pdfmaker);
+    }
+    if (is_cut_short(file, start))
+        throw damaged(file.path, "it begins like a Visio drawing and breaks off", acrobat_pdfmaker);
     if (start.starts_with("%PDF-")) throw not_a_document(file.path, "it is a PDF already", acrobat_pdfmaker);
 }
 

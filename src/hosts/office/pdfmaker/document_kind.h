@@ -8,17 +8,20 @@ namespace foliant::hosts::office {
 /// kind of document takes.
 constexpr Application pdfmaker_with(const Application& part) {
     constexpr std::int32_t failed = -2147467259;
-    return {.name = "Acrobat PDFMaker",
-            .reads = "a text document, workbook, presentation, drawing or picture that LibreOffice reads",
-            .library = part.library,
-            .package = part.package,
-            .pdf_filter = part.pdf_filter,
-            .command_failed = failed,
-            .value_out_of_range = failed,
-            .unreadable = failed,
-            .file_not_found = failed,
-            .wrong_password = failed,
-            .file_corrupted = failed};
+    return {
+        .name = "Acrobat PDFMaker",
+        .reads = "a text document, workbook, presentation, drawing or picture that LibreOffice reads",
+        .library = part.library,
+        .package = part.package,
+        .pdf_filter = part.pdf_filter,
+        .command_failed = failed,
+        .value_out_of_range = failed,
+        .unreadable = failed,
+        .file_not_found = failed,
+        .wrong_password = failed,
+        .file_corrupted = failed,
+        .encrypted =
+            " is encrypted, and PDFMaker takes no passwords. Convert a text or a workbook with a member of its application, such as CreatePDFfromWord2; save anything else without a password."};
 }
 
 /// PDFMaker before it is known what it is given.

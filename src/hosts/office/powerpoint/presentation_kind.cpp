@@ -1,6 +1,7 @@
 #include "hosts/office/powerpoint/presentation_kind.h"
 
 #include "hosts/office/engine/content.h"
+#include "hosts/office/engine/detected_kind.h"
 #include "hosts/office/powerpoint/powerpoint_error.h"
 
 namespace foliant::hosts::office {
@@ -27,11 +28,23 @@ ImportFilter package_filter(const DocumentFile& file, const Office& office) {
 ImportFilter compound_file_filter(const DocumentFile& file, const Office& office) {
     const Streams streams = compound_file_streams(file, office, microsoft_powerpoint);
     if (has_stream(streams, "EncryptedPackage")) return {"Impress MS PowerPoint 2007 XML", ""};
-    if (has_stream(streams, "PowerPoint Document")) return {"MS PowerPoint 97", ""};
+    if (has_stream(streams, "PowerPoint Document")) {
+        if (is_encrypted_presentation(streams)) throw encrypted(file.path, microsoft_powerpoint);
+        return {"MS PowerPoint 97", ""};
+    }
+    if (has_stream(streams, "PP40"))
+        if (const auto kind = detect_kind(file, office)) return {kind->filter, ""};
     throw no_presentation(file, "it is a compound file without a PowerPoint presentation in it");
 }
 
 }  // namespace
+
+bool is_encrypted_presentation(const Streams& streams) {
+    // The stream that every presentation has for its last user, encrypted or not, says so behind the record's
+    // header and the size of what follows.
+    constexpr std::size_t token = 12;
+    return stream_start(streams, "Current User").substr(0, token + 4).ends_with("\xDF\xC4\xD1\xF3");
+}
 
 ImportFilter presentation_filter(const DocumentFile& file, const Office& office) {
     const std::string bytes = sample(file, microsoft_powerpoint);
