@@ -13,7 +13,7 @@ namespace foliant::cli {
 namespace {
 
 constexpr const char* variable = "GLIBC_TUNABLES";
-constexpr std::string_view many_objects = "glibc.malloc.tcache_count=4000";
+constexpr const char* many_objects = "glibc.malloc.tcache_count=4000";
 
 constexpr std::array<std::string_view, 4> members = {"CreateTextfileFromPDF", "FindTextInPDF",
                                                      "CreateBookmarksInPDF", "CreateBookmarkInPDF"};
@@ -29,12 +29,13 @@ bool reads_text(const std::vector<std::string>& words) {
 
 void restart_for_many_objects(const std::vector<std::string>& words, char** arguments) {
     if (const char* const chosen = std::getenv(variable); chosen != nullptr) {
-        if (chosen == many_objects) ::unsetenv(variable);  // no matter of the programs that this one starts
+        if (std::string_view(chosen) == many_objects)
+            ::unsetenv(variable);  // no matter of the programs that this one starts
         return;
     }
     // Who runs with another's rights gets no such choice, and would begin anew for ever.
     if (::getauxval(AT_SECURE) != 0 || !reads_text(words)) return;
-    if (::setenv(variable, many_objects.data(), 0) != 0) return;
+    if (::setenv(variable, many_objects, 0) != 0) return;
     ::execv("/proc/self/exe", arguments);
     ::unsetenv(variable);
 }

@@ -43,11 +43,13 @@ std::optional<Value> SettledResults::find(Access access, std::string_view member
     const SettledMember* const settled = member_of_name(member);
     if (settled == nullptr) return std::nullopt;
     const auto* const texts = std::get_if<Texts>(&settled->results);
-    if (texts == nullptr)
-        return arguments.empty() ? std::optional(std::get<Value>(settled->results)) : std::nullopt;
+    if (texts == nullptr) {
+        if (!arguments.empty()) return std::nullopt;
+        return std::get<Value>(settled->results);
+    }
     const auto index = index_in(arguments);
-    const bool is_there = index && *index >= 0 && static_cast<std::size_t>(*index) < texts->size();
-    return is_there ? std::optional<Value>((*texts)[static_cast<std::size_t>(*index)]) : std::nullopt;
+    if (!index || *index < 0 || static_cast<std::size_t>(*index) >= texts->size()) return std::nullopt;
+    return Value((*texts)[static_cast<std::size_t>(*index)]);
 }
 
 void SettledObject::settle(std::string_view name, Value result) {

@@ -28,8 +28,8 @@ std::optional<Value> KeptRecord::invoke(Access access, std::string_view member,
         field->is_new = true;
         return Value();
     }
-    const bool is_read = (access == Access::get || access == Access::call) && arguments.empty();
-    return is_read ? std::optional<Value>(field->number) : std::nullopt;
+    if ((access != Access::get && access != Access::call) || !arguments.empty()) return std::nullopt;
+    return Value(field->number);
 }
 
 void KeptRecord::put_news(Writer& message) {
