@@ -208,6 +208,29 @@ def locked(place):
     expect("differs", text_of_pages(place, place.path("made.pdf")), "no pages")
 
 
+def slides(place):
+    """All slides as they lie; those that are upright come out turned."""
+    place.call("CreatePDFfromPowerPoint2", "made.pdf", place.source, "--horizontal-orientation")
+    require_as_soffice(place, place.path("made.pdf"))
+
+
+def distilled_slides(place):
+    """Through PostScript and Distiller, beside what the printer gets."""
+    place.call("CreatePDFfromPowerPoint2", "printed.pdf", place.source, "--horizontal-orientation")
+    place.call("CreatePDFfromPowerPoint", "made.pdf", place.source, "--horizontal-orientation")
+    made, wanted = place.path("made.pdf"), place.path("printed.pdf")
+    require_sound(place, made, 0)
+    pages = page_count(place, made), page_count(place, wanted)
+    expect("differs", pages[0] == pages[1], f"{pages[0]} pages, printed are {pages[1]}")
+    require_same_words(place, made, wanted)
+    require_same_looks(place, made, wanted)
+
+
+def visio_drawing(place):
+    place.call("CreatePDFfromVisio", "made.pdf", place.source)
+    require_as_soffice(place, place.path("made.pdf"))
+
+
 def original_name(document):
     return document.name.rpartition("--")[2]
 
@@ -218,4 +241,8 @@ ROWS = [
     Row("range", "CreatePDFfromExcel, a range", "workbooks", range_with_grid),
     Row("locked", "CreatePDFfromExcel2, with a password", "workbooks", locked,
         lambda document: original_name(document) in PASSWORDS),
+    Row("slides", "CreatePDFfromPowerPoint2", "presentations", slides),
+    Row("distilled-slides", "CreatePDFfromPowerPoint", "presentations", distilled_slides),
+    Row("visio", "CreatePDFfromVisio", "visio", visio_drawing),
+    Row("document", "CreatePDF, a text or drawing", "documents", whole_document),
 ]
