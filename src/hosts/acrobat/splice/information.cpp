@@ -113,7 +113,7 @@ bool is_ascii(std::string_view text) {
 
 std::string text_of(const Value& string) {
     require(string.kind == glance::Kind::other);
-    const std::string bytes = bytes_of(string.text);
+    std::string bytes = bytes_of(string.text);
     if (bytes.starts_with("\xFE\xFF")) return utf8(std::string_view(bytes).substr(2));
     require(is_ascii(bytes));
     return bytes;

@@ -209,6 +209,7 @@ void SplicedDocument::add_bookmarks(PlainDocument& source, Copier& copier, Copie
 
 void SplicedDocument::write_page_tree(Body& tail) const {
     std::vector<Node> nodes;
+    nodes.reserve(pages_.size());
     for (const std::int32_t page : pages_)
         nodes.push_back({page, 1});
     std::vector<std::int32_t> numbers = page_nodes_;
