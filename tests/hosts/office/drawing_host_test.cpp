@@ -59,6 +59,18 @@ TEST_F(PowerPointHost, PrintsToPostScriptInTheOrderOfTheLibrary) {
     EXPECT_NE(postscript.find("%%Pages: 3\n"), std::string::npos);
 }
 
+TEST_F(PowerPointHost, PrintsToPostScriptThePhotographsThatNothingComesBehind) {
+    const Value presentation = open("photographs.fodp");
+    presentation.get("PrintOptions").set("ActivePrinter", "Adobe PDF");
+    presentation.call("PrintOut", {named("From", std::int32_t{-1}), named("To", std::int32_t{-1}),
+                                   named("PrintToFile", (folder / "out.ps").string())});
+    const std::string postscript = tests::read_file(folder / "out.ps");
+    int photographs = 0;
+    for (std::size_t at = 0; (at = postscript.find("/DCTDecode filter", at)) != std::string::npos; ++at)
+        ++photographs;
+    EXPECT_EQ(photographs, 4);
+}
+
 TEST_F(PowerPointHost, PrintsAllSlidesWithTheHiddenOnesAmongThem) {
     const PdfReader pdf = print(open("slides.fodp"));
     ASSERT_EQ(pdf.pages(), 4);

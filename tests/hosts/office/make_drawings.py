@@ -15,6 +15,10 @@ OPEN_DOCUMENT = " ".join(f'xmlns:{n}="urn:oasis:names:tc:opendocument:xmlns:{n}:
 OPEN_DOCUMENT += (' xmlns:draw="urn:oasis:names:tc:opendocument:xmlns:drawing:1.0"'
                   ' xmlns:fo="urn:oasis:names:tc:opendocument:xmlns:xsl-fo-compatible:1.0"'
                   ' xmlns:svg="urn:oasis:names:tc:opendocument:xmlns:svg-compatible:1.0"')
+# A grey pattern of 64 by 64 pixels: smaller ones LibreOffice does not leave as they are.
+JPEG = ("/9j/4AAQSkZJRgABAQAAAQABAAD/2wBDAKBueIx4ZKCMgoy0qqC+8P//8Nzc8P////////////////////////////////////////////////"
+        "//////////wAALCABAAEABAREA/8QAFwABAQEBAAAAAAAAAAAAAAAAAQIEA//EABQQAQAAAAAAAAAAAAAAAAAAAAD/2gAIAQEAAD8A4lRJUWck"
+        "lRLOSokqZlElRLOSVElnKiSos5JUSWclRJU//9k=")
 VISIO = "http://schemas.microsoft.com/office/visio/2012/main"
 RELATIONS = "http://schemas.openxmlformats.org/officeDocument/2006/relationships"
 VISIO_RELATIONS = "http://schemas.microsoft.com/visio/2010/relationships"
@@ -27,9 +31,16 @@ def slide(number, hidden=False):
             f'<text:p text:style-name="large">This is slide {number}.</text:p></draw:text-box></draw:frame></draw:page>')
 
 
-def write_slides(path):
-    """Four slides of 28 by 21 centimetres, of which the third is hidden."""
-    slides = "".join(slide(n, hidden=n == 3) for n in range(1, 5))
+def photographs(number):
+    """A slide with nothing but photographs."""
+    images = "".join(f'<draw:frame svg:x="{x}cm" svg:y="2cm" svg:width="9cm" svg:height="9cm"><draw:image>'
+                     f'<office:binary-data>{JPEG}</office:binary-data></draw:image></draw:frame>' for x in (2, 14))
+    return (f'<draw:page draw:name="page{number}" draw:master-page-name="Default" draw:style-name="shown">{images}'
+            '</draw:page>')
+
+
+def write_slides(path, slides):
+    """Slides of 28 by 21 centimetres."""
     page = '<style:style style:name="{}" style:family="drawing-page"><style:drawing-page-properties {}/></style:style>'
     path.write_text(
         f'{HEAD}<office:document {OPEN_DOCUMENT} office:version="1.2" '
@@ -42,7 +53,7 @@ def write_slides(path):
         f'{page.format("hidden", "presentation:visibility=" + chr(34) + "hidden" + chr(34))}{page.format("shown", "")}'
         '</office:automatic-styles><office:master-styles><style:master-page style:name="Default" '
         'style:page-layout-name="layout"/></office:master-styles>'
-        f'<office:body><office:presentation>{slides}</office:presentation></office:body></office:document>',
+        f'<office:body><office:presentation>{"".join(slides)}</office:presentation></office:body></office:document>',
         encoding="utf-8")
 
 
@@ -114,7 +125,8 @@ def write_compound_file(path, streams):
 def main():
     folder = Path(sys.argv[1])
     folder.mkdir(parents=True, exist_ok=True)
-    write_slides(folder / "slides.fodp")
+    write_slides(folder / "slides.fodp", [slide(n, hidden=n == 3) for n in range(1, 5)])
+    write_slides(folder / "photographs.fodp", [photographs(1), photographs(2)])
     write_vsdx(folder / "plan.vsdx")
     write_compound_file(folder / "encrypted.ppt", {
         "Current User": b"\0\0\xf6\x0f\x14\0\0\0\x14\0\0\0\xdf\xc4\xd1\xf3", "PowerPoint Document": b"noise"})

@@ -1,9 +1,9 @@
 #include "hosts/office/print/pdf_export.h"
 
+#include <com/sun/star/drawing/XDrawPagesSupplier.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/io/XOutputStream.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
-#include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
 #include <com/sun/star/text/XTextFieldsSupplier.hpp>
 #include <cppuhelper/implbase1.hxx>
 #include <optional>
@@ -69,8 +69,9 @@ bool may_be_transparent(std::string_view pdf) {
     return false;
 }
 
-bool is_workbook(const LoadedDocument& document) {
-    return Reference<css::sheet::XSpreadsheetDocument>(document.component, css::uno::UNO_QUERY).is();
+/// Workbooks, presentations and drawings.
+bool is_made_of_draw_pages(const LoadedDocument& document) {
+    return Reference<css::drawing::XDrawPagesSupplier>(document.component, css::uno::UNO_QUERY).is();
 }
 
 std::string export_once(const LoadedDocument& document, const Sequence<PropertyValue>& options) {
@@ -81,9 +82,8 @@ std::string export_once(const LoadedDocument& document, const Sequence<PropertyV
         uno_argument("OutputStream", Reference<css::io::XOutputStream>(stream.get())),
         uno_argument("StatusIndicator", relay_progress(document.machine, "Printing")),
     });
-    // Elsewhere drawings end with the page, and nothing has to be cut off.
     std::optional<PrintMode> for_paper;
-    if (is_workbook(document)) for_paper.emplace();
+    if (is_made_of_draw_pages(document)) for_paper.emplace();
     Reference<css::frame::XStorable>(document.component, css::uno::UNO_QUERY_THROW)
         ->storeToURL(to_uno("private:stream"), arguments);
     // LibreOffice collects the PDF in a temporary file and does not always notice when that gets full.
