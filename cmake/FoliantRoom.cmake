@@ -21,9 +21,10 @@ if(FOLIANT_WERROR)
   target_compile_options(foliant_settings INTERFACE -Werror)
 endif()
 if(FOLIANT_SANITIZE)
-  target_compile_options(foliant_settings INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
-                                                    -fno-omit-frame-pointer)
+  target_compile_options(foliant_settings INTERFACE -fsanitize=address -fno-omit-frame-pointer)
   target_link_options(foliant_settings INTERFACE -fsanitize=address,undefined)
+  # Undefined behaviour is looked for in the product; looking for it in the tests' own code takes half as long again.
+  set(FOLIANT_PRODUCT_OPTIONS -fsanitize=undefined -fno-sanitize-recover=undefined)
 endif()
 
 # A third of the time that a source takes to compile is the standard library's headers: they are compiled once. Sources
@@ -32,6 +33,7 @@ if(NOT WIN32)
   file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/standard_header.cpp CONTENT "// Owns the precompiled header of the rooms.\n")
   add_library(foliant_standard_header STATIC ${CMAKE_BINARY_DIR}/standard_header.cpp)
   target_link_libraries(foliant_standard_header PRIVATE foliant_settings)
+  target_compile_options(foliant_standard_header PRIVATE ${FOLIANT_PRODUCT_OPTIONS})
   target_precompile_headers(foliant_standard_header PRIVATE
     <algorithm> <array> <chrono> <filesystem> <functional> <map> <memory> <optional> <set> <span> <string>
     <string_view> <variant> <vector>)
