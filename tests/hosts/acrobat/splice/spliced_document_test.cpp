@@ -130,10 +130,11 @@ TEST_F(Splicing, PacksStreamsThatAreNotAndLeavesOthersAsTheyAre) {
 
 TEST_F(Splicing, ReadsObjectsOutOfStreamsOfObjects) {
     const auto pdf = test::read_pdf(write("plain.pdf", with_bookmarks("a").file()));
-    QPDFWriter writer(pdf->qpdf(), (folder / "packed.pdf").c_str());
+    const std::string path = folder / "packed.pdf";  // the writer keeps no copy
+    QPDFWriter writer(pdf->qpdf(), path.c_str());
     writer.setObjectStreamMode(qpdf_o_generate);
     writer.write();
-    const std::string packed = tests::read_file(folder / "packed.pdf");
+    const std::string packed = tests::read_file(path);
     ASSERT_NE(packed.find("/ObjStm"), std::string::npos);
     const auto all = result({packed, packed});
     EXPECT_THAT(texts(*all), ElementsAre("a 1", "a 2", "a 1", "a 2"));
