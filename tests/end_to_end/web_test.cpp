@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
 
@@ -7,10 +8,12 @@
 namespace foliant::end_to_end {
 namespace {
 
-/// Chromium is large, and nothing else here needs it.
-#define REQUIRE_BROWSER()                                                                            \
-    if (Workshop().foliant({"hosts"}).output.find("Chromium is not installed") != std::string::npos) \
-        GTEST_SKIP() << "Chromium is not installed. Install the package chromium.";
+#define REQUIRE_BROWSER()                                                                              \
+    if (Workshop().foliant({"hosts"}).output.find("Chromium is not installed") != std::string::npos) { \
+        const char* const no_browser = "Chromium is not installed. Install the package chromium.";     \
+        if (std::getenv("FOLIANT_REQUIRE_ENGINES") != nullptr) FAIL() << no_browser;                   \
+        GTEST_SKIP() << no_browser;                                                                    \
+    }
 
 TEST(CreatePDFfromWebPage, MakesAPdfOfAPageAndLeavesNothingElse) {
     REQUIRE_HOST("Acrobat");

@@ -15,9 +15,12 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// Chromium is large, and nothing else here needs it.
-#define REQUIRE_BROWSER() \
-    if (!find_browser()) GTEST_SKIP() << "Chromium is not installed. Install the package chromium."
+#define REQUIRE_BROWSER()                                                                          \
+    if (!find_browser()) {                                                                         \
+        const char* const no_browser = "Chromium is not installed. Install the package chromium."; \
+        if (std::getenv("FOLIANT_REQUIRE_ENGINES") != nullptr) FAIL() << no_browser;               \
+        GTEST_SKIP() << no_browser;                                                                \
+    }
 
 class Capture : public testing::Test {
   protected:
