@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include "hosts/office/engine/process_guard.h"
 #include "hosts/office/engine/start.h"
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/support.h"
@@ -88,6 +89,8 @@ std::string children() {
 }
 
 TEST(OfficeProcess, StartsNoOtherProcess) {
+    // Of a user without a locale it asks a program for the paper, where no containment refuses that.
+    const EnvironmentGuard locale("LC_ALL", "de_DE.UTF-8");
     struct sigaction counting {};
     static volatile sig_atomic_t ended = 0;
     counting.sa_handler = [](int) { ended = ended + 1; };

@@ -1,5 +1,6 @@
 #include "hosts/office/engine/start.h"
 
+#include <algorithm>
 #include <com/sun/star/configuration/theDefaultProvider.hpp>
 #include <com/sun/star/container/XSet.hpp>
 #include <com/sun/star/ucb/UniversalContentBroker.hpp>
@@ -8,6 +9,8 @@
 #include <new>
 #include <rtl/bootstrap.hxx>
 #include <stdexcept>
+#include <string>
+#include <string_view>
 
 #include "hosts/missing_engine.h"
 #include "hosts/office/engine/installation.h"
@@ -18,6 +21,7 @@
 #include "hosts/office/engine/stand_still.h"
 #include "hosts/office/engine/system_paper.h"
 #include "hosts/office/engine/uno_support.h"
+#include "hosts/text_encoding.h"
 
 namespace foliant::hosts::office {
 
@@ -67,6 +71,15 @@ void strip(const Context& context) {
     }
 }
 
+/// The tag of the user's locale ("de-DE" for "de_DE.UTF-8"), "" where none was chosen.
+std::string locale_tag() {
+    const std::string_view name = character_locale();
+    std::string tag(name.substr(0, name.find_first_of(".@")));
+    if (tag == "C" || tag == "POSIX") return "";
+    std::ranges::replace(tag, '_', '-');
+    return tag;
+}
+
 /// Gives documents what they do not say themselves, forms of dates and paper, as the user has them. LibreOfficeKit has set
 /// LibreOffice up for the United States, whose paper is Letter. Of a user's locale it takes the paper as well; where the
 /// system has another one, it is that which counts: English of no country has A4.
@@ -80,7 +93,8 @@ void use_locale_of_the_user(const Context& context) {
         provider->createInstanceWithArguments(to_uno("com.sun.star.configuration.ConfigurationUpdateAccess"),
                                               arguments),
         css::uno::UNO_QUERY_THROW);
-    set_uno_property(locales, "ooSetupSystemLocale", to_uno(has_its_paper ? "" : "en"));
+    // Told no locale, LibreOffice looks for the paper itself, and starts a program for that where it may.
+    set_uno_property(locales, "ooSetupSystemLocale", to_uno(has_its_paper ? locale_tag() : "en"));
     Reference<css::util::XChangesBatch>(locales, css::uno::UNO_QUERY_THROW)->commitChanges();
 }
 
