@@ -89,8 +89,8 @@ std::string children() {
 }
 
 TEST(OfficeProcess, StartsNoOtherProcess) {
-    // Of a user without a locale it asks a program for the paper, where no containment refuses that.
-    const EnvironmentGuard locale("LC_ALL", "de_DE.UTF-8");
+    // For the paper of a user without a locale it starts a program, which is refused to a contained process.
+    const EnvironmentGuard paper("PAPERSIZE", "letter");
     struct sigaction counting {};
     static volatile sig_atomic_t ended = 0;
     counting.sa_handler = [](int) { ended = ended + 1; };
