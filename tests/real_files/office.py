@@ -176,6 +176,16 @@ def each_sheet(place):
     expect("differs", not less, f"of {wanted.total()} words {less.total()} missing: {list(less)[:4]}")
 
 
+def require_as_printed(place):
+    """What came through PostScript and Distiller, beside what the printer got."""
+    made, wanted = place.path("made.pdf"), place.path("printed.pdf")
+    require_sound(place, made, 0)
+    pages = page_count(place, made), page_count(place, wanted)
+    expect("differs", pages[0] == pages[1], f"{pages[0]} pages, printed are {pages[1]}")
+    require_same_words(place, made, wanted)
+    require_same_looks(place, made, wanted)
+
+
 def range_with_grid(place):
     """A range of the first sheet through PostScript and Distiller, and printed."""
     sheet = sheet_names(place)[0]
@@ -185,12 +195,7 @@ def range_with_grid(place):
         expect("no text", "no page" not in outcome.detail, outcome.detail)
         raise
     place.call("CreatePDFfromExcel", "made.pdf", place.source, sheet, RANGE, "--use-grid")
-    made, wanted = place.path("made.pdf"), place.path("printed.pdf")
-    require_sound(place, made, 0)
-    pages = page_count(place, made), page_count(place, wanted)
-    expect("differs", pages[0] == pages[1], f"{pages[0]} pages, printed are {pages[1]}")
-    require_same_words(place, made, wanted)
-    require_same_looks(place, made, wanted)
+    require_as_printed(place)
 
 
 def locked(place):
@@ -218,12 +223,7 @@ def distilled_slides(place):
     """Through PostScript and Distiller, beside what the printer gets."""
     place.call("CreatePDFfromPowerPoint2", "printed.pdf", place.source, "--horizontal-orientation")
     place.call("CreatePDFfromPowerPoint", "made.pdf", place.source, "--horizontal-orientation")
-    made, wanted = place.path("made.pdf"), place.path("printed.pdf")
-    require_sound(place, made, 0)
-    pages = page_count(place, made), page_count(place, wanted)
-    expect("differs", pages[0] == pages[1], f"{pages[0]} pages, printed are {pages[1]}")
-    require_same_words(place, made, wanted)
-    require_same_looks(place, made, wanted)
+    require_as_printed(place)
 
 
 def visio_drawing(place):

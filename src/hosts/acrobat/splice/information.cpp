@@ -19,15 +19,6 @@ namespace {
 constexpr std::array<std::string_view, 8> properties{"Title",   "Author",   "Subject",      "Keywords",
                                                      "Creator", "Producer", "CreationDate", "ModDate"};
 
-std::string now() {
-    const std::time_t seconds = std::time(nullptr);
-    std::tm time{};
-    ::gmtime_r(&seconds, &time);
-    char text[32];
-    std::strftime(text, sizeof text, "D:%Y%m%d%H%M%SZ", &time);
-    return text;
-}
-
 /// What a backslash and the characters behind it stand for; `at` is behind the backslash.
 std::string escaped(std::string_view text, std::size_t& at) {
     constexpr std::string_view letters = "nrtbf";
@@ -111,6 +102,15 @@ bool is_ascii(std::string_view text) {
 
 }  // namespace
 
+std::string date_now() {
+    const std::time_t seconds = std::time(nullptr);
+    std::tm time{};
+    ::gmtime_r(&seconds, &time);
+    char text[32];
+    std::strftime(text, sizeof text, "D:%Y%m%d%H%M%SZ", &time);
+    return text;
+}
+
 std::string text_of(const Value& string) {
     require(string.kind == glance::Kind::other);
     std::string bytes = bytes_of(string.text);
@@ -121,7 +121,7 @@ std::string text_of(const Value& string) {
 
 Information Information::of_new_document() {
     Information information;
-    const std::string time = now();
+    const std::string time = date_now();
     information.entries_ = {{"/Producer", "(Foliant)"}, {"/CreationDate", "(" + time + ")"}};
     information.properties_ = {{"Producer", "Foliant"}, {"CreationDate", time}};
     return information;
@@ -138,7 +138,7 @@ void Information::add(const std::string& key, std::string text, const Value& val
 Information::Written Information::written() const {
     auto entries = entries_;
     auto said = properties_;
-    const std::string time = now();
+    const std::string time = date_now();
     entries["/ModDate"] = "(" + time + ")";
     said["ModDate"] = time;
     Written written{"<< ", with_properties(packet_, said)};

@@ -32,6 +32,9 @@ class Information {
     std::string packet_;
 };
 
+/// The present time, as PDF writes dates.
+std::string date_now();
+
 /// What a string of a file says, in UTF-8. Throws Doubt for other encodings than ASCII and those of Unicode.
 std::string text_of(const glance::Value& string);
 

@@ -1,10 +1,10 @@
 #include "hosts/acrobat/structure/information.h"
 
-#include <ctime>
 #include <exception>
 #include <map>
 #include <utility>
 
+#include "hosts/acrobat/splice/information.h"
 #include "hosts/acrobat/splice/xmp.h"
 #include "hosts/acrobat/structure/catalogue_entry.h"
 
@@ -39,15 +39,6 @@ void write_packet(Pdf& pdf, const std::map<std::string, std::string>& properties
     pdf.qpdf().getRoot().replaceKey("/Metadata", metadata);
 }
 
-std::string now() {
-    const std::time_t seconds = std::time(nullptr);
-    std::tm time{};
-    ::gmtime_r(&seconds, &time);
-    char text[32];
-    std::strftime(text, sizeof text, "D:%Y%m%d%H%M%SZ", &time);
-    return text;
-}
-
 void put(Pdf& pdf, const std::string& key, const std::string& text) {
     dictionary(pdf).replaceKey("/" + key, QPDFObjectHandle::newUnicodeString(text));
 }
@@ -67,7 +58,7 @@ void set_information(Pdf& pdf, const std::string& key, const std::string& text) 
 }
 
 void note_writing(Pdf& pdf) {
-    const std::string time = now();
+    const std::string time = splice::date_now();
     if (!pdf.file()) {
         put(pdf, "Producer", "Foliant");
         if (information(pdf, "CreationDate").empty()) put(pdf, "CreationDate", time);
