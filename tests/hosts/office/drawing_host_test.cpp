@@ -77,6 +77,14 @@ TEST_F(PowerPointHost, PrintsAllSlidesWithTheHiddenOnesAmongThem) {
     EXPECT_EQ(pdf.text(3), "This is slide 3.");
 }
 
+TEST_F(PowerPointHost, DrawsControlsWholeAndLeavesNothingToFillIn) {
+    const PdfReader pdf = print(open("controls.fodp"));
+    EXPECT_EQ(pdf.text(1), "✓ Tick");
+    const std::string bytes = tests::read_file(folder / "out.pdf");
+    EXPECT_EQ(bytes.find("/AcroForm"), std::string::npos);
+    EXPECT_EQ(bytes.find("/Widget"), std::string::npos);
+}
+
 TEST_F(PowerPointHost, PrintsTheSlidesThatAreAskedFor) {
     const Value presentation = open("slides.fodp");
     const PdfReader two = print(presentation, 2, 3);
