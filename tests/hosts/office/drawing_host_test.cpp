@@ -193,6 +193,17 @@ TEST_F(VisioHost, GivesEachPageItsOwnSize) {
     EXPECT_NEAR(pdf.place(2, "drawn").left, pdf.place(1, "drawn").left, 1);
 }
 
+TEST_F(VisioHost, PrintsTemplatesAndRefusesStencilsThatHaveNoPage) {
+    open("plan.vstx").call("Print");
+    EXPECT_EQ(machine.notes, (std::vector<std::string>{"print plan.vstx on Office, pages 2"}));
+    const Value stencil = open("shapes.vssx");
+    const auto error = tests::error_of([&] { stencil.call("Print"); });
+    EXPECT_EQ(error.source(), "Microsoft Visio");
+    EXPECT_NE(error.description().find("shapes.vssx has no pages: it holds shapes for other drawings"),
+              std::string::npos)
+        << error.description();
+}
+
 TEST_F(VisioHost, PrintsOnItsOwnPrinterUntilItIsToldAnother) {
     const Value drawing = open("plan.vsdx");
     EXPECT_EQ(drawing.get("Printer"), Value("Office"));

@@ -85,9 +85,8 @@ def relations(*targets):
         for i, (kind, target) in enumerate(targets)) + "</Relationships>"
 
 
-def write_vsdx(path):
-    """Two pages, of 8.5 by 11 and of 10 by 5 inches."""
-    sizes = ((8.5, 11), (10, 5))
+def write_vsdx(path, sizes=((8.5, 11), (10, 5)), main="drawing"):
+    """Pages of these sizes, in inches."""
     pages = "".join(
         f'<Page ID="{i}" Name="Page-{i + 1}"><PageSheet><Cell N="PageWidth" V="{w}"/><Cell N="PageHeight" V="{h}"/></PageSheet>'
         f'<Rel r:id="r{i + 1}"/></Page>' for i, (w, h) in enumerate(sizes))
@@ -96,7 +95,7 @@ def write_vsdx(path):
         package.writestr("[Content_Types].xml", (
             f'{HEAD}<Types xmlns="{PACKAGE}/content-types">'
             '<Default Extension="rels" ContentType="application/vnd.openxmlformats-package.relationships+xml"/>'
-            f'<Override PartName="/visio/document.xml" ContentType="{kind}.drawing.main+xml"/>'
+            f'<Override PartName="/visio/document.xml" ContentType="{kind}.{main}.main+xml"/>'
             f'<Override PartName="/visio/pages/pages.xml" ContentType="{kind}.pages+xml"/>'
             + "".join(f'<Override PartName="/visio/pages/page{i + 1}.xml" ContentType="{kind}.page+xml"/>'
                       for i in range(len(sizes))) + "</Types>"))
@@ -140,6 +139,8 @@ def main():
     write_slides(folder / "photographs.fodp", [photographs(1), photographs(2)])
     write_slides(folder / "controls.fodp", [box_to_tick()])
     write_vsdx(folder / "plan.vsdx")
+    write_vsdx(folder / "plan.vstx", main="template")
+    write_vsdx(folder / "shapes.vssx", sizes=(), main="stencil")
     write_compound_file(folder / "encrypted.ppt", {
         "Current User": b"\0\0\xf6\x0f\x14\0\0\0\x14\0\0\0\xdf\xc4\xd1\xf3", "PowerPoint Document": b"noise"})
     (folder / "cut.vdx").write_text('<?xml version="1.0"?><VisioDocument><Pages><Page ID="0">')
