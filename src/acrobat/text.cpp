@@ -52,9 +52,11 @@ void write_words(const Session& session, const Value& selection, bool double_spa
                  platform::TextFile& file) {
     std::string line;
     const std::int32_t words = automation::to_int32(selection.call("GetNumText"));
+    automation::Arguments index{0};
     for (std::int32_t i = 0; i < words; ++i) {
         session.outside().clock.pump_messages();
-        const std::string word = automation::to_text(selection.call("GetText", {i}));
+        index.front().value = i;
+        const std::string word = automation::to_text(selection.call("GetText", index));
         line += word;
         if (word.find(line_end) == std::string::npos) continue;
         file.write_line(double_space ? line : without_line_ends(line));

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "end_to_end/command_test.h"
+#include "end_to_end/command.h"
 
 namespace foliant::end_to_end {
 namespace {
@@ -14,9 +14,10 @@ const std::string two_pages =
     "trailer << /Size 5 /Root 1 0 R >>\n"
     "%%EOF\n";
 
-class CountingPages : public CommandTest {
+class CountingPages : public testing::Test {
   protected:
     void SetUp() override { REQUIRE_HOST("Acrobat"); }
+    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
 
     void protect(const std::string& name) const {
         shop.write("open.pdf", two_pages);
@@ -24,6 +25,8 @@ class CountingPages : public CommandTest {
         EXPECT_EQ(
             shop.run({"qpdf", "--encrypt", "geheim ß", "owner", "256", "--", "open.pdf", name}).exit_code, 3);
     }
+
+    Workshop shop;
 };
 
 TEST_F(CountingPages, PrintsTheirNumber) {

@@ -1,19 +1,39 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 
-#include "end_to_end/command_test.h"
+#include "end_to_end/command.h"
 
 namespace foliant::end_to_end {
 namespace {
 
 const std::string letter = EXAMPLES_FOLDER "/letter.docx";
 
-class WordToPdf : public CommandTest {
+class WordToPdf : public testing::Test {
   protected:
     void SetUp() override {
         REQUIRE_HOST("Word");
         REQUIRE_HOST("Acrobat Distiller");
     }
+    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
+
+    Finished expect_success(const std::vector<std::string>& words) {
+        const Finished call = shop.foliant(words);
+        EXPECT_EQ(call.exit_code, 0) << call.errors;
+        EXPECT_EQ(call.output, "");
+        return call;
+    }
+
+    void expect_failure(const std::vector<std::string>& words, int exit_code,
+                        const std::vector<std::string>& told) {
+        const auto before = shop.files();
+        const Finished call = shop.foliant(words);
+        EXPECT_EQ(call.exit_code, exit_code) << call.errors;
+        for (const std::string& part : told)
+            EXPECT_NE(call.errors.find(part), std::string::npos) << call.errors;
+        EXPECT_EQ(shop.files(), before);
+    }
+
+    Workshop shop;
 };
 
 TEST_F(WordToPdf, ThroughPostScriptTheTextIsStillText) {
@@ -83,28 +103,28 @@ TEST_F(WordToPdf, AnOldPdfIsReplaced) {
 }
 
 TEST_F(WordToPdf, MissingDocumentsAreTold) {
-    expect_failure({"CreatePDFfromWord", "a.pdf", "none.docx"}, {"File none.docx does not exist."}, 3);
+    expect_failure({"CreatePDFfromWord", "a.pdf", "none.docx"}, 3, {"File none.docx does not exist."});
 }
 
 TEST_F(WordToPdf, EmptyRandomAndTruncatedDocumentsAreTold) {
     shop.write("empty.docx", "");
-    expect_failure({"CreatePDFfromWord2", "a.pdf", "empty.docx"}, {"empty.docx"});
+    expect_failure({"CreatePDFfromWord2", "a.pdf", "empty.docx"}, 5, {"empty.docx"});
     shop.write("random.docx", std::string(100, '\x9d'));
-    expect_failure({"CreatePDFfromWord2", "a.pdf", "random.docx"}, {"random.docx"});
+    expect_failure({"CreatePDFfromWord2", "a.pdf", "random.docx"}, 5, {"random.docx"});
     std::string whole = shop.run({"cat", letter}).output;
     shop.write("short.docx", whole.substr(0, whole.size() / 2));
-    expect_failure({"CreatePDFfromWord", "a.pdf", "short.docx"}, {"short.docx"});
+    expect_failure({"CreatePDFfromWord", "a.pdf", "short.docx"}, 5, {"short.docx"});
 }
 
 TEST_F(WordToPdf, UnknownPrintersAreTold) {
-    expect_failure({"CreatePDFfromWord2", "a.pdf", letter, "--distiller", "No such printer"},
+    expect_failure({"CreatePDFfromWord2", "a.pdf", letter, "--distiller", "No such printer"}, 5,
                    {"No such printer"});
 }
 
 TEST_F(WordToPdf, UnwritableFoldersAreTold) {
-    expect_failure({"CreatePDFfromWord2", "none/a.pdf", letter}, {"none"}, 2);
-    expect_failure({"CreatePSfromWord", "none/a.ps", letter}, {"none"}, 2);
-    expect_failure({"CreatePDFfromWord2", "/proc/a.pdf", letter}, {"/proc"}, 2);
+    expect_failure({"CreatePDFfromWord2", "none/a.pdf", letter}, 2, {"none"});
+    expect_failure({"CreatePSfromWord", "none/a.ps", letter}, 2, {"none"});
+    expect_failure({"CreatePDFfromWord2", "/proc/a.pdf", letter}, 2, {"/proc"});
 }
 
 TEST_F(WordToPdf, WhatIsDoneOutsideIsShownAndKeptWithoutPasswords) {
@@ -129,19 +149,19 @@ TEST_F(WordToPdf, NamesThatAreNoUtf8AreNames) {
 TEST_F(WordToPdf, PostScriptIsNotPrintedAsItsSource) {
     for (const char* name : {"a.ps", "a.doc"}) {
         shop.write(name, "%!PS\nshowpage\n");
-        expect_failure({"CreatePDFfromWord2", "a.pdf", name},
+        expect_failure({"CreatePDFfromWord2", "a.pdf", name}, 5,
                        {"it is a PostScript file, which CreatePDFfromPS converts"});
     }
 }
 
 TEST_F(WordToPdf, ALogSpoilsNoDocument) {
     shop.write("a.docx", "PK\x03\x04 not text");
-    expect_failure({"CreatePDFfromWord2", "a.pdf", letter, "--log", "a.docx"}, {"a.docx is no text"}, 2);
+    expect_failure({"CreatePDFfromWord2", "a.pdf", letter, "--log", "a.docx"}, 2, {"a.docx is no text"});
     EXPECT_EQ(shop.read("a.docx"), "PK\x03\x04 not text");
 }
 
 TEST_F(WordToPdf, TooLittleMemoryIsToldByName) {
-    expect_failure({"CreatePDFfromWord2", "a.pdf", letter, "--memory", "30M"}, {"30", "--memory"}, 125);
+    expect_failure({"CreatePDFfromWord2", "a.pdf", letter, "--memory", "30M"}, 125, {"30", "--memory"});
 }
 
 TEST_F(WordToPdf, SomethingMovesOnTheTerminalAndTheResultIsTold) {

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "hosts/acrobat/acrobat_error.h"
 #include "hosts/acrobat/structure/page_box.h"
@@ -33,13 +35,13 @@ ObjectPtr make_size(const structure::PageBox& box) {
 
 structure::Page page_of(Document& document, std::int32_t number) {
     return with_file_named(document, [&](structure::Pdf& pdf) {
-        const structure::PageList& pages = pdf.pages();
-        if (number < 0 || static_cast<std::size_t>(number) >= pages.size())
+        auto page = number < 0 ? std::nullopt : pdf.page(static_cast<std::size_t>(number));
+        if (!page)
             throw acrobat_error(RuntimeError::subscript_out_of_range,
-                                document.path() + " has " + std::to_string(pages.size()) +
+                                document.path() + " has " + std::to_string(pdf.pages().size()) +
                                     " pages, and none of number " +
                                     std::to_string(static_cast<std::int64_t>(number) + 1) + ".");
-        return pages[static_cast<std::size_t>(number)];
+        return *std::move(page);
     });
 }
 

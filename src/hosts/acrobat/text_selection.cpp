@@ -1,5 +1,7 @@
 #include "hosts/acrobat/text_selection.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <utility>
 
@@ -39,9 +41,9 @@ ObjectPtr select_text(Document& document, std::int32_t page, const Value& rectan
     require_right(document, structure::Right::take_text,
                   "may not be copied from, so its text is not written");
     const text::Rectangle chosen = rectangle_on(page_box(page_of(document, page)), rectangle);
-    const auto all = document.pdf().pages().size();
-    document.show_progress("Reading", static_cast<int>(static_cast<std::size_t>(page) * 100 / all));
     text::TextReader& pages = document.text().pages();
+    const std::int64_t all = std::max(pages.page_count(), page + 1);
+    document.show_progress("Reading", static_cast<int>(page * std::int64_t{100} / all));
     text::Words words;
     with_file_named(document, [&](structure::Pdf&) { words = text::words(*pages.page(page), &chosen); });
     auto selection = std::make_shared<SettledObject>(application_name);

@@ -10,6 +10,7 @@ using automation::ObjectPtr;
 using automation::Value;
 using test::AcrobatTest;
 using test::line;
+using test::PdfText;
 using test::written;
 using tests::failure;
 
@@ -53,6 +54,34 @@ TEST_F(Text, APageTellsItsSizeAsItIsShown) {
     EXPECT_EQ(size("/CropBox [100 100 300 900]"), "200 x 692");
     EXPECT_EQ(size("/UserUnit 2"), "1224 x 1584");
     EXPECT_EQ(size("/MediaBox [0 0 1e30 5]"), "612 x 792");
+}
+
+TEST_F(Text, PagesOfATreeOfSeveralLevelsAreFoundInAnyOrder) {
+    PdfText pdf;
+    pdf.set(2, "<< /Type /Pages /Kids [3 0 R 4 0 R 9 0 R 7 0 R] /Count 4 >>");
+    pdf.set(3, "<< /Type /Pages /Kids [5 0 R 6 0 R 2 0 R] /Count 2 /MediaBox [0 0 30 40] >>");
+    pdf.set(5, "<< /Type /Page >>");
+    pdf.set(6, "<< /Type /Page /MediaBox [0 0 10 20] >>");
+    pdf.set(4, "<< /Type /Page /MediaBox [0 0 50 60] >>");
+    pdf.set(7, "<< /Type /Page >>");
+    const Value document = document_on(pdf.file());
+    const auto width = [&](std::int32_t page) {
+        return automation::to_int32(document.call("AcquirePage", {page}).call("GetSize").get("x"));
+    };
+    EXPECT_EQ(width(1), 10);
+    EXPECT_EQ(width(0), 30);
+    EXPECT_EQ(width(3), 612);
+    EXPECT_EQ(width(2), 50);
+    EXPECT_EQ(failure([&] { width(4); }),
+              "9 " + (folder.path() / "document.pdf").string() + " has 4 pages, and none of number 5.");
+    EXPECT_EQ(saved(document)->pages().size(), 4U);
+}
+
+TEST_F(Text, APageThatTheFileDoesNotCountHasNone) {
+    PdfText pdf = written({line("one"), line("two")});
+    const Value document =
+        document_on(pdf.set(2, "<< /Type /Pages /Kids [10 0 R 12 0 R] /Count 0 >>").file());
+    EXPECT_EQ(words_of(document, 1), "");
 }
 
 TEST_F(Text, APageThatIsNotThereRaises) {

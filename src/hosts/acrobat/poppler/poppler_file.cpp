@@ -46,7 +46,6 @@ class Collector : public TextOutputDev {
         tiny_ = 0;
         give_up_at_ = std::chrono::steady_clock::now() + longest_page;
     }
-    bool is_arranged() const noexcept { return letters_ <= most_to_arrange_; }
     const std::array<double, 6>& from_page() const noexcept { return from_page_; }
 
     void startPage(int number, GfxState* state, XRef* xref) override {
@@ -57,14 +56,20 @@ class Collector : public TextOutputDev {
     }
     void drawChar(GfxState* state, double x, double y, double dx, double dy, double origin_x, double origin_y,
                   CharCode code, int bytes, const Unicode* letters, int count) override {
-        if (is_tiny(*state, dx, dy) && ++tiny_ > most_tiny_letters) return;
+        if (is_enough()) return;
+        // Which are tiny matters only where so many are taken that some are left out.
+        const bool may_leave_out = most_to_arrange_ > most_tiny_letters;
+        if (may_leave_out && is_tiny(*state, dx, dy) && ++tiny_ > most_tiny_letters) return;
         letters_ += static_cast<std::size_t>(count);
-        if (letters_ <= most_letters)
+        if (!is_enough())
             TextOutputDev::drawChar(state, x, y, dx, dy, origin_x, origin_y, code, bytes, letters, count);
     }
     void endPage() override {
-        if (is_arranged()) TextOutputDev::endPage();
+        if (!is_enough()) TextOutputDev::endPage();
     }
+
+    /// Whether the page is known to have more letters than are to be arranged, so that the others do not matter.
+    bool is_enough() const noexcept { return letters_ > most_to_arrange_; }
 
     /// Whether the page takes more than any real one does.
     bool is_too_much() const {
@@ -103,7 +108,10 @@ struct PopplerFile::Engine {
     void collect(Collector& collector, int page, std::size_t most_to_arrange) const {
         constexpr double points = 72;
         collector.begin(most_to_arrange);
-        const auto gives_up = [](void* data) { return static_cast<Collector*>(data)->is_too_much(); };
+        const auto gives_up = [](void* data) {
+            const auto* const collecting = static_cast<const Collector*>(data);
+            return collecting->is_enough() || collecting->is_too_much();
+        };
         document->displayPage(&collector, page + 1, points, points, 0, true, false, false, gives_up,
                               &collector);
         if (collector.is_too_much())
@@ -136,7 +144,7 @@ PageText PopplerFile::read(int page) {
     Engine& engine = *engine_;
     if (page < 0 || page >= page_count() || engine.document->getPage(page + 1) == nullptr) return {};
     engine.collect(engine.arranged, page, surely_few_letters);
-    if (!engine.arranged.is_arranged()) {
+    if (engine.arranged.is_enough()) {
         if (!engine.written) engine.written.emplace(true);
         engine.collect(*engine.written, page, most_letters);
         const auto words = engine.written->makeWordList();

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <glib.h>
+#include <span>
 
 #include "hosts/acrobat/text/letters.h"
 #include "hosts/acrobat/text/reading_direction.h"
@@ -28,16 +29,26 @@ char32_t letter_of(const TextWord& word, int position) {
     return *word.getChar(position);
 }
 
+/// The letters of a word, which is not empty.
+std::span<const Unicode> letters_of(const TextWord& word) {
+    return {word.getChar(0), static_cast<std::size_t>(word.getLength())};
+}
+
+/// Letters from right to left come behind this one.
+constexpr char32_t first_to_the_left = 0x0590;
+
+bool may_be_to_the_left(const TextWord& word) {
+    return std::ranges::any_of(letters_of(word), [](Unicode letter) { return letter >= first_to_the_left; });
+}
+
 /// Whether letters from right to left occur in the words, and prevail.
 class Directions {
   public:
     void count(const TextWord& word) {
-        for (int i = 0; i < word.getLength(); ++i) {
-            const char32_t letter = letter_of(word, i);
-            if (letter >= first_to_the_left && is_right_to_left(letter))
+        for (const char32_t letter : letters_of(word)) {
+            if (is_right_to_left(letter))
                 ++to_the_left_;
-            else if (letter < 0x80 ? g_ascii_isalpha(static_cast<gchar>(letter))
-                                   : g_unichar_isalpha(letter) != 0)
+            else if (g_unichar_isalpha(letter) != 0)
                 ++to_the_right_;
         }
     }
@@ -45,7 +56,6 @@ class Directions {
     bool mostly_to_the_left() const noexcept { return to_the_left_ > to_the_right_; }
 
   private:
-    static constexpr char32_t first_to_the_left = 0x0590;
     std::size_t to_the_left_ = 0;
     std::size_t to_the_right_ = 0;
 };
@@ -76,8 +86,11 @@ class Writer {
     void add_as_seen(const Line& line) {
         for (const auto& [word, blank_behind] : line.words) {
             begin_run(*word, word->getEdge(0));
-            for (int i = 0; i < word->getLength(); ++i)
-                add_letter(letter_of(*word, i), word->getEdge(i + 1));
+            const std::span letters = letters_of(*word);
+            page_.letters.append(letters.begin(), letters.end());
+            for (int i = 1; i <= word->getLength(); ++i)
+                page_.edges.push_back(static_cast<float>(word->getEdge(i)));
+            page_.runs.back().length = static_cast<std::uint32_t>(letters.size());
             page_.runs.back().gap = blank_behind ? Gap::blank : Gap::none;
         }
     }
@@ -170,12 +183,17 @@ PageText written(const std::vector<Line>& lines, const std::array<double, 6>& fr
     Directions directions;
     std::size_t letters = 0;
     std::size_t words = 0;
+    bool may_go_to_the_left = false;
     for (const Line& line : lines)
         for (const PlacedWord& placed : line.words) {
-            directions.count(*placed.word);
+            may_go_to_the_left = may_go_to_the_left || may_be_to_the_left(*placed.word);
             letters += static_cast<std::size_t>(placed.word->getLength());
             ++words;
         }
+    if (may_go_to_the_left)
+        for (const Line& line : lines)
+            for (const PlacedWord& placed : line.words)
+                directions.count(*placed.word);
     page.letters.reserve(letters);
     page.edges.reserve(letters + words);
     page.runs.reserve(words);

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <limits>
-#include <set>
 #include <span>
 #include <string>
 #include <utility>
@@ -65,13 +64,6 @@ std::shared_ptr<const Inherited> inherited_below(QPDFObjectHandle node,
     inherit(below->rotate, node, "/Rotate");
     return below;
 }
-
-/// A node whose children are being gone through.
-struct Level {
-    QPDFObjectHandle kids;
-    std::shared_ptr<const Inherited> inherited;
-    int next = 0;
-};
 
 /// The child as an object of its own, which what refers to a page needs.
 QPDFObjectHandle indirect_kid(QPDF& pdf, QPDFObjectHandle kids, int index) {
@@ -140,34 +132,35 @@ std::optional<std::int32_t> claimed_page_count(QPDF& pdf) {
     return static_cast<std::int32_t>(*pages);
 }
 
-PageList find_pages(QPDF& pdf) {
-    PageList pages;
-    std::set<QPDFObjGen> nodes;
-    std::vector<Level> levels;
-    const auto enter = [&](QPDFObjectHandle node, const std::shared_ptr<const Inherited>& above) {
-        if (node.isIndirect() && !nodes.insert(node.getObjGen()).second) return;
-        levels.push_back({node.getKey("/Kids"), inherited_below(node, above)});
-    };
+PageWalk::PageWalk(QPDF& pdf) : pdf_(pdf) {
     QPDFObjectHandle root = tree_root(pdf);
     const auto nothing = std::make_shared<const Inherited>();
     if (is_node(root))
         enter(root, nothing);
     else
-        pages.push_back({root, nothing});
-    while (!levels.empty()) {
-        Level& level = levels.back();
+        only_page_ = Page{root, nothing};
+}
+
+void PageWalk::enter(QPDFObjectHandle node, const std::shared_ptr<const Inherited>& above) {
+    if (node.isIndirect() && !nodes_.insert(node.getObjGen()).second) return;
+    levels_.push_back({node.getKey("/Kids"), inherited_below(node, above)});
+}
+
+std::optional<Page> PageWalk::next() {
+    if (only_page_) return std::exchange(only_page_, std::nullopt);
+    while (!levels_.empty()) {
+        Level& level = levels_.back();
         if (level.next >= level.kids.getArrayNItems()) {
-            levels.pop_back();
+            levels_.pop_back();
             continue;
         }
-        QPDFObjectHandle kid = indirect_kid(pdf, level.kids, level.next++);
+        QPDFObjectHandle kid = indirect_kid(pdf_, level.kids, level.next++);
         if (!kid.isDictionary()) continue;
-        if (is_node(kid))
-            enter(kid, level.inherited);
-        else
-            pages.push_back({kid, level.inherited});
+        if (!is_node(kid)) return Page{kid, level.inherited};
+        const std::shared_ptr<const Inherited> above = level.inherited;  // which goes when levels are added
+        enter(kid, above);
     }
-    return pages;
+    return std::nullopt;
 }
 
 void write_page_tree(QPDF& pdf, PageList& pages) {

@@ -4,7 +4,9 @@
 #include <memory>
 #include <optional>
 #include <qpdf/QPDF.hh>
+#include <qpdf/QPDFObjGen.hh>
 #include <qpdf/QPDFObjectHandle.hh>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -34,9 +36,31 @@ using PageList = std::vector<Page>;
 /// many objects, and it agrees with what its children claim. Nothing where it is not.
 std::optional<std::int32_t> claimed_page_count(QPDF& pdf);
 
-/// All pages in their order. A node of the tree that is met again is passed over; a page that is met again is
-/// a page again. Throws Unreadable when there is no page tree.
-PageList find_pages(QPDF& pdf);
+/// Finds the pages of a document in their order, one after the other. A node of the tree that is met again is
+/// passed over; a page that is met again is a page again. The tree must not change meanwhile.
+class PageWalk {
+  public:
+    /// Throws Unreadable when there is no page tree. `pdf` outlives this.
+    explicit PageWalk(QPDF& pdf);
+
+    /// The next page; nothing behind the last.
+    std::optional<Page> next();
+
+  private:
+    /// A node whose children are being gone through.
+    struct Level {
+        QPDFObjectHandle kids;
+        std::shared_ptr<const Inherited> inherited;
+        int next = 0;
+    };
+
+    void enter(QPDFObjectHandle node, const std::shared_ptr<const Inherited>& above);
+
+    QPDF& pdf_;
+    std::set<QPDFObjGen> nodes_;
+    std::vector<Level> levels_;
+    std::optional<Page> only_page_;  ///< where the root of the tree is one
+};
 
 /// Has the root of the page tree lead to exactly these pages; what they inherited becomes their own.
 void write_page_tree(QPDF& pdf, PageList& pages);

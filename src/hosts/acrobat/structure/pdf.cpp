@@ -1,6 +1,7 @@
 #include "hosts/acrobat/structure/pdf.h"
 
 #include <charconv>
+#include <limits>
 #include <new>
 #include <qpdf/Buffer.hh>
 #include <qpdf/BufferInputSource.hh>
@@ -115,15 +116,34 @@ void Pdf::keep(const std::shared_ptr<const MappedFile>& file) {
 }
 
 std::int32_t Pdf::page_count() {
-    if (!pages_) {
+    if (!has_all_pages_) {
         if (const auto claimed = claimed_page_count(qpdf_)) return *claimed;
     }
     return static_cast<std::int32_t>(pages().size());
 }
 
 PageList& Pdf::pages() {
-    if (!pages_) pages_ = std::make_unique<PageList>(find_pages(qpdf_));
-    return *pages_;
+    find_pages(std::numeric_limits<std::size_t>::max());
+    return pages_;
+}
+
+std::optional<Page> Pdf::page(std::size_t number) {
+    find_pages(number);
+    return number < pages_.size() ? std::optional(pages_[number]) : std::nullopt;
+}
+
+void Pdf::find_pages(std::size_t last) {
+    if (has_all_pages_) return;
+    if (!walk_) walk_.emplace(qpdf_);
+    while (pages_.size() <= last) {
+        std::optional<Page> page = walk_->next();
+        if (!page) {
+            has_all_pages_ = true;
+            walk_.reset();
+            return;
+        }
+        pages_.push_back(*std::move(page));
+    }
 }
 
 }  // namespace foliant::hosts::acrobat::structure

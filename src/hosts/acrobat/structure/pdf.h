@@ -49,6 +49,10 @@ class Pdf : public std::enable_shared_from_this<Pdf> {
     /// Its pages in their order, found when first asked for. Throws Unreadable.
     PageList& pages();
 
+    /// One of them, counted from 0, without looking for those behind it; nothing where there is none of that
+    /// number. Throws Unreadable.
+    std::optional<Page> page(std::size_t number);
+
     /// Whether that may be done with it, by whoever has opened it.
     bool allows(Right right) { return structure::allows(qpdf_, right); }
 
@@ -83,10 +87,15 @@ class Pdf : public std::enable_shared_from_this<Pdf> {
   private:
     explicit Pdf(std::shared_ptr<const MappedFile> file);
 
+    /// Finds the pages up to that number.
+    void find_pages(std::size_t last);
+
     std::shared_ptr<const MappedFile> file_;
     QPDF qpdf_;
     PDFVersion version_;
-    std::unique_ptr<PageList> pages_;
+    PageList pages_;
+    std::optional<PageWalk> walk_;  ///< finds those that are not in `pages_` yet
+    bool has_all_pages_ = false;
     std::unique_ptr<Assembly> assembly_;
     std::optional<Protection> protection_;
     std::uint64_t revision_ = 0;

@@ -23,13 +23,15 @@ int thread_count() {
 
 }  // namespace
 
-/// Threads that read the pages behind the one that was asked for last, each with the file open for itself.
+/// Reads a page and those behind it. Whoever takes the pages reads along instead of waiting, so that there are not
+/// more readers than processors, and nobody is woken for each page.
 class TextReader::ReadAhead {
   public:
-    ReadAhead(const Bytes& bytes, const std::string& password, int first, int page_count)
-        : next_(first), wanted_(first), page_count_(page_count) {
-        for (int i = 0; i < thread_count(); ++i)
-            threads_.emplace_back([this, bytes, password] { work(bytes, password); });
+    /// `file` is for whoever takes the pages, and outlives this.
+    ReadAhead(PageSource& file, const Bytes& bytes, const std::string& password, int first)
+        : file_(file), next_(first), wanted_(first), page_count_(file.page_count()) {
+        for (int i = 1; i < thread_count(); ++i)
+            threads_.emplace_back([this, bytes, password] { read_along(bytes, password); });
     }
     ReadAhead(const ReadAhead&) = delete;
     ReadAhead& operator=(const ReadAhead&) = delete;
@@ -48,7 +50,12 @@ class TextReader::ReadAhead {
 
     std::shared_ptr<const PageText> take(int page) {
         std::unique_lock lock(mutex_);
-        is_read_.wait(lock, [&] { return read_.contains(page); });
+        while (!read_.contains(page)) {
+            if (has_room())
+                read(next_++, file_, lock);
+            else
+                is_read_.wait(lock, [&] { return read_.contains(page); });
+        }
         Result result = std::move(read_.extract(page).mapped());
         wanted_ = page + 1;
         if (result.text) bytes_ahead_ -= result.text->size_in_memory();
@@ -66,33 +73,43 @@ class TextReader::ReadAhead {
         std::exception_ptr failure;
     };
 
-    void work(const Bytes& bytes, const std::string& password) {
+    /// Whether there is a page to read, and room for it.
+    bool has_room() const {
+        const bool is_near = next_ < wanted_ + most_pages_ahead && bytes_ahead_ < most_bytes_ahead;
+        return next_ < page_count_ && (is_near || next_ == wanted_);
+    }
+
+    void read_along(const Bytes& bytes, const std::string& password) {
         std::unique_ptr<PageSource> file;
-        for (int page = claim(); page < page_count_; page = claim()) {
-            Result result;
-            try {
-                if (!file) file = open_pages(bytes, password);
-                result.text = std::make_shared<const PageText>(file->read(page));
-            } catch (...) {
-                result.failure = std::current_exception();
-            }
-            const std::lock_guard lock(mutex_);
-            if (result.text) bytes_ahead_ += result.text->size_in_memory();
-            read_[page] = std::move(result);
-            if (page == wanted_) is_read_.notify_one();
+        try {
+            file = open_pages(bytes, password);
+        } catch (...) {  // it could be opened before, so that memory is short: the others read on
+            return;
+        }
+        std::unique_lock lock(mutex_);
+        for (;;) {
+            has_room_.wait(lock, [&] { return ended_ || next_ >= page_count_ || has_room(); });
+            if (ended_ || next_ >= page_count_) return;
+            read(next_++, *file, lock);
         }
     }
 
-    /// The next page to read, when there is room for it; one that there is not when it is time to end.
-    int claim() {
-        std::unique_lock lock(mutex_);
-        has_room_.wait(lock, [&] {
-            const bool has_room = next_ < wanted_ + most_pages_ahead && bytes_ahead_ < most_bytes_ahead;
-            return ended_ || next_ >= page_count_ || has_room || next_ == wanted_;
-        });
-        return ended_ ? page_count_ : next_++;
+    /// Reads a page that nobody else reads, without the lock.
+    void read(int page, PageSource& file, std::unique_lock<std::mutex>& lock) {
+        lock.unlock();
+        Result result;
+        try {
+            result.text = std::make_shared<const PageText>(file.read(page));
+        } catch (...) {
+            result.failure = std::current_exception();
+        }
+        lock.lock();
+        if (result.text) bytes_ahead_ += result.text->size_in_memory();
+        read_[page] = std::move(result);
+        if (page == wanted_) is_read_.notify_one();
     }
 
+    PageSource& file_;
     std::mutex mutex_;
     std::condition_variable is_read_;   ///< the page that is wanted
     std::condition_variable has_room_;  ///< or it is time to end
@@ -119,10 +136,10 @@ int TextReader::page_count() const noexcept {
 
 std::shared_ptr<const PageText> TextReader::page(int number) {
     if (number == last_ && last_text_) return last_text_;
-    const bool follows = number == last_ + 1 && number > 0 && number < page_count_;
+    const bool follows = number == last_ + 1;
     if (ahead_ && !ahead_->is_next(number)) ahead_.reset();
     if (!ahead_ && follows && number + 1 < page_count_)
-        ahead_ = std::make_unique<ReadAhead>(bytes_, password_, number, page_count_);
+        ahead_ = std::make_unique<ReadAhead>(*file_, bytes_, password_, number);
     last_text_ = ahead_ ? ahead_->take(number) : std::make_shared<const PageText>(file_->read(number));
     last_ = number;
     return last_text_;

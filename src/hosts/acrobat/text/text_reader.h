@@ -8,8 +8,8 @@
 
 namespace foliant::hosts::acrobat::text {
 
-/// Reads the text of a file's pages. Who asks for one page after the other has the next ones read meanwhile,
-/// on as many processors as there are. To be used by one thread.
+/// Reads the text of a file's pages. Who asks for one page after the other, from the first one on, has the next
+/// ones read meanwhile, on as many processors as there are. To be used by one thread.
 class TextReader {
   public:
     /// Throws Unreadable.

@@ -1,5 +1,7 @@
 #include "hosts/acrobat/text/words.h"
 
+#include <algorithm>
+#include <ranges>
 #include <string_view>
 #include <utility>
 
@@ -29,6 +31,13 @@ void append_utf8(std::string& text, char32_t letter) {
     }
 }
 
+void append_utf8(std::string& text, std::u32string_view letters) {
+    const auto other = std::ranges::find_if(letters, [](char32_t letter) { return letter >= 0x80; });
+    text.append(letters.begin(), other);  // most words end here
+    for (const char32_t letter : std::ranges::subrange(other, letters.end()))
+        append_utf8(text, letter);
+}
+
 constexpr std::string_view line_end = "\r\n";
 
 bool lies_in(const Rectangle& word, const Rectangle& within) {
@@ -53,8 +62,7 @@ class WordCollector {
         }
         const bool is_broken = run.gap == Gap::broken_word;
         const std::uint32_t shown = run.length - (is_broken ? 1 : 0);
-        for (std::uint32_t i = 0; i < shown; ++i)
-            append_utf8(found_.letters, page_.letters[run.first + i]);
+        append_utf8(found_.letters, std::u32string_view(page_.letters).substr(run.first, shown));
         was_broken_ = was_broken_ || is_broken;
         if (run.gap == Gap::line_end || (run.gap == Gap::blank && was_broken_))
             end_line();
@@ -111,9 +119,7 @@ Words words(const PageText& page, const Rectangle* within) {
 
 std::string utf8(std::u32string_view text) {
     std::string result;
-    result.reserve(text.size());
-    for (const char32_t letter : text)
-        append_utf8(result, letter);
+    append_utf8(result, text);
     return result;
 }
 
