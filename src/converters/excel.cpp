@@ -66,13 +66,19 @@ class FirstPageNumbers {
     std::vector<std::int32_t> numbers_;  ///< none: all sheets begin with page 1
 };
 
+/// Whether a sheet lies across: an element without valid data does not say so.
+bool is_landscape(const SheetsJob& job, std::int32_t index) {
+    const Value wished = session::item_at(job.landscape, index);
+    return !wished.holds<automation::Null>() && automation::to_bool(wished);
+}
+
 /// The sheet at that index of the job, ready to be printed.
 Value set_up_sheet(const HostProgram& excel, const SheetsJob& job, std::int32_t index,
                    const FirstPageNumbers& first_pages) {
     Value sheet = excel.document.get("Worksheets", {session::item_at(job.worksheets, index)});
     const Value page = sheet.get("PageSetup");
     set_grid_lines(page, job.style.grid);
-    set_orientation(page, automation::to_bool(session::item_at(job.landscape, index)));
+    set_orientation(page, is_landscape(job, index));
     set_texts_and_margins(excel, page, job.style);
     set_first_page_number(page, first_pages.at(index));
     return sheet;

@@ -2,30 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include "end_to_end/command.h"
+#include "end_to_end/command_test.h"
 
 namespace foliant::end_to_end {
 namespace {
 
-class AccessToPdf : public testing::Test {
+class AccessToPdf : public CommandTest {
   protected:
     void SetUp() override {
         for (const char* host : {"Access", "Acrobat"})
             REQUIRE_HOST(host);
         ASSERT_EQ(shop.run({"python3", MAKE_DATABASES, shop.folder().string()}).exit_code, 0);
     }
-    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
-
-    void expect_failure(const std::vector<std::string>& words, const std::vector<std::string>& told) {
-        const auto before = shop.files();
-        const Finished call = shop.foliant(words);
-        EXPECT_EQ(call.exit_code, 5) << call.errors;
-        for (const std::string& part : told)
-            EXPECT_NE(call.errors.find(part), std::string::npos) << call.errors;
-        EXPECT_EQ(shop.files(), before);
-    }
-
-    Workshop shop;
 };
 
 TEST_F(AccessToPdf, OneReportWithFilterAndCondition) {

@@ -1,19 +1,16 @@
 #include <gtest/gtest.h>
 
-#include "end_to_end/command.h"
+#include "end_to_end/command_test.h"
 
 namespace foliant::end_to_end {
 namespace {
 
-class AnyDocument : public testing::Test {
+class AnyDocument : public CommandTest {
   protected:
     void SetUp() override {
         REQUIRE_HOST("PDFMaker");
         REQUIRE_HOST("Acrobat");
     }
-    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
-
-    Workshop shop;
 };
 
 TEST_F(AnyDocument, BecomesAPdfThatAcrobatHasSaved) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "end_to_end/command.h"
+#include "end_to_end/command_test.h"
 
 namespace foliant::end_to_end {
 namespace {
@@ -20,7 +20,7 @@ bool can_read_dwg(const Workshop& shop) {
     return false;
 }
 
-class DrawingToPdf : public testing::Test {
+class DrawingToPdf : public CommandTest {
   protected:
     void SetUp() override {
         REQUIRE_HOST("AutoCAD");
@@ -28,9 +28,6 @@ class DrawingToPdf : public testing::Test {
         shop.write("house.dxf", "0\nSECTION\n2\nENTITIES\n" + text_on("the model") +
                                     text_on("the sheet", "67\n1\n") + "0\nENDSEC\n0\nEOF\n");
     }
-    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
-
-    Workshop shop;
 };
 
 TEST_F(DrawingToPdf, OneLayoutOrSeveral) {

@@ -6,7 +6,7 @@
 #include <sys/stat.h>
 #include <thread>
 
-#include "end_to_end/command.h"
+#include "end_to_end/command_test.h"
 
 namespace foliant::end_to_end {
 namespace {
@@ -27,10 +27,9 @@ std::string imitated_driver(const std::vector<std::string>& paths) {
     return text;
 }
 
-class MultiFileDriver : public testing::Test {
+class MultiFileDriver : public CommandTest {
   protected:
     void SetUp() override { REQUIRE_HOST("Acrobat Distiller"); }
-    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
 
     /// Makes book.pdf of a.ps, whose driver goes by the name of book.ps.
     void make_book() {
@@ -40,8 +39,6 @@ class MultiFileDriver : public testing::Test {
         EXPECT_EQ(shop.pages("book.pdf"), 1);
         EXPECT_NE(shop.text("book.pdf").find("Alpha"), std::string::npos);
     }
-
-    Workshop shop;
 };
 
 TEST_F(MultiFileDriver, LeavesTheUsersOwnFileOfItsNameAlone) {

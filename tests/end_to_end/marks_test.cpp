@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "end_to_end/command.h"
+#include "end_to_end/command_test.h"
 
 namespace foliant::end_to_end {
 namespace {
@@ -144,16 +144,11 @@ std::string workbook() {
                         "</text:p></table:table-cell></table:table-row></table:table></office:spreadsheet>");
 }
 
-class Marks : public testing::Test {
+class Marks : public CommandTest {
   protected:
     void SetUp() override {
         for (const char* host : {"Word", "Acrobat Distiller"})
             REQUIRE_HOST(host);
-    }
-
-    void expect_success(const std::vector<std::string>& words) {
-        const Finished call = shop.foliant(words);
-        EXPECT_EQ(call.exit_code, 0) << call.errors;
     }
 
     Objects objects(const std::string& pdf) { return Objects(shop.run({"qpdf", "--json=1", pdf})); }
@@ -174,8 +169,6 @@ class Marks : public testing::Test {
             EXPECT_EQ(distilled.information().value(key, ""), printed.information().value(key, "none"))
                 << key;
     }
-
-    Workshop shop;
 };
 
 TEST_F(Marks, OfATextAreTheSameBothWays) {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "end_to_end/command.h"
+#include "end_to_end/command_test.h"
 
 namespace foliant::end_to_end {
 namespace {
@@ -20,21 +20,14 @@ std::string page(const std::string& text) {
            "trailer << /Size 6 /Root 1 0 R >>\n%%EOF\n";
 }
 
-class WithAcrobat : public testing::Test {
+class WithAcrobat : public CommandTest {
   protected:
     void SetUp() override { REQUIRE_HOST("Acrobat"); }
-    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
 
-    void expect_success(const std::vector<std::string>& words) const {
-        const Finished call = shop.foliant(words);
-        EXPECT_EQ(call.exit_code, 0) << call.errors;
-    }
     void expect_sound(const std::string& pdf, const std::string& password = "") const {
         const Finished check = shop.run({"qpdf", "--password=" + password, "--check", pdf});
         EXPECT_EQ(check.exit_code, 0) << check.output << check.errors;
     }
-
-    Workshop shop;
 };
 
 class Merging : public WithAcrobat {};

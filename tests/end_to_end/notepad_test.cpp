@@ -1,19 +1,16 @@
 #include <gtest/gtest.h>
 
-#include "end_to_end/command.h"
+#include "end_to_end/command_test.h"
 
 namespace foliant::end_to_end {
 namespace {
 
-class TextThroughNotepad : public testing::Test {
+class TextThroughNotepad : public CommandTest {
   protected:
     void SetUp() override {
         REQUIRE_HOST("Notepad");
         shop.write("my notes.txt", "Größe, naïve café\r\nsecond line\r\n\fsecond page\r\n");
     }
-    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
-
-    Workshop shop;
 };
 
 TEST_F(TextThroughNotepad, BecomesAPdfOfText) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "end_to_end/command.h"
+#include "end_to_end/command_test.h"
 
 namespace foliant::end_to_end {
 namespace {
@@ -32,7 +32,7 @@ std::string page(const std::string& words) {
            "</text:p></draw:text-box></draw:frame></draw:page>";
 }
 
-class OfficeToPdf : public testing::Test {
+class OfficeToPdf : public CommandTest {
   protected:
     void SetUp() override {
         for (const char* host : {"Excel", "PowerPoint", "Visio", "Acrobat Distiller"})
@@ -45,23 +45,6 @@ class OfficeToPdf : public testing::Test {
         shop.write("plan.fodg",
                    flat_document("graphics", "<office:drawing>" + page("ground") + "</office:drawing>"));
     }
-    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
-
-    void expect_success(const std::vector<std::string>& words) {
-        const Finished call = shop.foliant(words);
-        EXPECT_EQ(call.exit_code, 0) << call.errors;
-    }
-
-    void expect_failure(const std::vector<std::string>& words, const std::vector<std::string>& told) {
-        const auto before = shop.files();
-        const Finished call = shop.foliant(words);
-        EXPECT_EQ(call.exit_code, 5) << call.errors;
-        for (const std::string& part : told)
-            EXPECT_NE(call.errors.find(part), std::string::npos) << call.errors;
-        EXPECT_EQ(shop.files(), before);
-    }
-
-    Workshop shop;
 };
 
 TEST_F(OfficeToPdf, ARangeOfAWorksheetBothWays) {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "end_to_end/command.h"
+#include "end_to_end/command_test.h"
 
 namespace foliant::end_to_end {
 namespace {
@@ -14,10 +14,9 @@ const std::string two_pages =
     "trailer << /Size 5 /Root 1 0 R >>\n"
     "%%EOF\n";
 
-class CountingPages : public testing::Test {
+class CountingPages : public CommandTest {
   protected:
     void SetUp() override { REQUIRE_HOST("Acrobat"); }
-    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
 
     void protect(const std::string& name) const {
         shop.write("open.pdf", two_pages);
@@ -25,8 +24,6 @@ class CountingPages : public testing::Test {
         EXPECT_EQ(
             shop.run({"qpdf", "--encrypt", "geheim ß", "owner", "256", "--", "open.pdf", name}).exit_code, 3);
     }
-
-    Workshop shop;
 };
 
 TEST_F(CountingPages, PrintsTheirNumber) {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "end_to_end/command.h"
+#include "end_to_end/command_test.h"
 
 namespace foliant::end_to_end {
 namespace {
@@ -16,21 +16,18 @@ showpage
 showpage
 )";
 
-class PdfText : public testing::Test {
+class PdfText : public CommandTest {
   protected:
     void SetUp() override {
         REQUIRE_HOST("Acrobat");
         shop.write("a.ps", postscript);
         ASSERT_EQ(shop.run({"ps2pdf", "a.ps", "a.pdf"}).exit_code, 0);
     }
-    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
 
     Finished find(std::vector<std::string> words) {
         words.insert(words.begin(), "FindTextInPDF");
         return shop.foliant(words);
     }
-
-    Workshop shop;
 };
 
 TEST_F(PdfText, GoesToATextFileLineByLine) {

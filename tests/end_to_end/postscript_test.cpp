@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "end_to_end/command.h"
+#include "end_to_end/command_test.h"
 
 namespace foliant::end_to_end {
 namespace {
@@ -15,11 +15,9 @@ std::string postscript(const std::vector<std::string>& pages) {
     return text + "%%EOF\n";
 }
 
-class PostScriptToPdf : public testing::Test {
+class PostScriptToPdf : public CommandTest {
   protected:
     void SetUp() override { REQUIRE_HOST("Acrobat Distiller"); }
-    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
-    Workshop shop;
 };
 
 TEST_F(PostScriptToPdf, OneFile) {

@@ -1,22 +1,16 @@
 #include <gtest/gtest.h>
 
-#include "end_to_end/command.h"
+#include "end_to_end/command_test.h"
 
 namespace foliant::end_to_end {
 namespace {
 
-class TextToPdf : public testing::Test {
+class TextToPdf : public CommandTest {
   protected:
     void SetUp() override {
         REQUIRE_HOST("Word");
         REQUIRE_HOST("Acrobat Distiller");
         shop.write("notes.txt", "Größe, naïve café\r\nsecond line\r\n\fsecond page\r\n");
-    }
-    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
-
-    void expect_success(const std::vector<std::string>& words) {
-        const Finished call = shop.foliant(words);
-        EXPECT_EQ(call.exit_code, 0) << call.errors;
     }
 
     void expect_the_notes(const std::string& pdf) {
@@ -25,8 +19,6 @@ class TextToPdf : public testing::Test {
         for (const char* words : {"Größe, naïve café", "second line", "second page"})
             EXPECT_NE(text.find(words), std::string::npos) << text;
     }
-
-    Workshop shop;
 };
 
 TEST_F(TextToPdf, ThroughPostScriptTheTextIsStillText) {

@@ -3,25 +3,22 @@
 #include <gtest/gtest.h>
 #include <sys/socket.h>
 
-#include "end_to_end/command.h"
+#include "end_to_end/command_test.h"
 #include "end_to_end/ftp_servers.h"
 
 namespace foliant::end_to_end {
 namespace {
 
-class Transfer : public testing::Test {
+class Transfer : public CommandTest {
   protected:
     void SetUp() override { REQUIRE_HOST("Internet Transfer control"); }
-    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
 
-    void expect_failure(const Finished& call, const std::vector<std::string>& told) const {
+    void expect_failed(const Finished& call, const std::vector<std::string>& told) const {
         EXPECT_EQ(call.exit_code, 5) << call.errors;
         for (const std::string& part : told)
             EXPECT_NE(call.errors.find(part), std::string::npos) << call.errors;
         EXPECT_EQ(call.errors.find("sesame"), std::string::npos) << call.errors;
     }
-
-    Workshop shop;
 };
 
 class TransferWithServer : public Transfer {
@@ -39,7 +36,7 @@ class TransferWithServer : public Transfer {
                              "--user-password", password});
     }
 
-    void expect_success(const Finished& call) {
+    void expect_done(const Finished& call) {
         EXPECT_EQ(call.exit_code, 0) << call.errors;
         EXPECT_EQ(call.errors, "");
     }
@@ -49,54 +46,54 @@ class TransferWithServer : public Transfer {
 
 TEST_F(TransferWithServer, SendsAFileAndGetsItBack) {
     shop.write("a.txt", "some words");
-    expect_success(transfer("UploadFile", "pub", "a.txt", "b.txt"));
+    expect_done(transfer("UploadFile", "pub", "a.txt", "b.txt"));
     EXPECT_EQ(tests::read_file(server.folder() / "b.txt"), "some words");
-    expect_success(transfer("DownloadFile", "/pub", "c.txt", "b.txt"));
+    expect_done(transfer("DownloadFile", "/pub", "c.txt", "b.txt"));
     EXPECT_EQ(shop.read("c.txt"), "some words");
     EXPECT_EQ(shop.files(), (std::set<std::string>{"a.txt", "c.txt"}));
 }
 
 TEST_F(TransferWithServer, WithoutAFolderItStaysWhereTheUserBegins) {
     tests::write_file(server.folder() / "b.txt", "some words");
-    expect_success(transfer("DownloadFile", "", "c.txt", "pub/b.txt"));
-    expect_success(transfer("DownloadFile", " ", "d.txt", "/pub/b.txt"));
+    expect_done(transfer("DownloadFile", "", "c.txt", "pub/b.txt"));
+    expect_done(transfer("DownloadFile", " ", "d.txt", "/pub/b.txt"));
     EXPECT_EQ(shop.read("c.txt"), "some words");
     EXPECT_EQ(shop.read("d.txt"), "some words");
 }
 
 TEST_F(TransferWithServer, NamesMayHaveBlanksAndAnyLetter) {
     shop.write("Größe č #1 100%.txt", "some words");
-    expect_success(transfer("UploadFile", "pub", "Größe č #1 100%.txt", "naïve ? %41.txt"));
+    expect_done(transfer("UploadFile", "pub", "Größe č #1 100%.txt", "naïve ? %41.txt"));
     EXPECT_EQ(tests::read_file(server.folder() / "naïve ? %41.txt"), "some words");
-    expect_success(transfer("DownloadFile", "pub", shop.path("č back.txt").string(), "naïve ? %41.txt"));
+    expect_done(transfer("DownloadFile", "pub", shop.path("č back.txt").string(), "naïve ? %41.txt"));
     EXPECT_EQ(shop.read("č back.txt"), "some words");
 }
 
 TEST_F(TransferWithServer, AnEmptyFileIsAFile) {
     shop.write("empty", "");
-    expect_success(transfer("UploadFile", "pub", "empty", "empty"));
-    expect_success(transfer("DownloadFile", "pub", "back", "empty"));
+    expect_done(transfer("UploadFile", "pub", "empty", "empty"));
+    expect_done(transfer("DownloadFile", "pub", "back", "empty"));
     EXPECT_EQ(shop.files(), (std::set<std::string>{"back", "empty"}));
 }
 
 TEST_F(TransferWithServer, TheFileThatWasThereIsReplacedWhenTheNewOneIsComplete) {
     tests::write_file(server.folder() / "b.txt", "new");
     shop.write("c.txt", "old, and longer");
-    expect_success(transfer("DownloadFile", "pub", "c.txt", "b.txt"));
+    expect_done(transfer("DownloadFile", "pub", "c.txt", "b.txt"));
     EXPECT_EQ(shop.read("c.txt"), "new");
-    expect_failure(transfer("DownloadFile", "pub", "c.txt", "none.txt"), {"550", "GET none.txt"});
+    expect_failed(transfer("DownloadFile", "pub", "c.txt", "none.txt"), {"550", "GET none.txt"});
     EXPECT_EQ(shop.read("c.txt"), "new");
 }
 
 TEST_F(TransferWithServer, WhatTheServerRefusesIsAFailureInItsWords) {
     shop.write("a.txt", "some words");
-    expect_failure(transfer("DownloadFile", "pub", "c.txt", "none.txt"),
-                   {"The server refused GET none.txt: 550"});
-    expect_failure(transfer("UploadFile", "nowhere", "a.txt", "b.txt"),
-                   {"The server refused CD nowhere: 550 Failed to change directory."});
-    expect_failure(transfer("UploadFile", "", "a.txt", "b.txt"), {"The server refused PUT b.txt: 553"});
-    expect_failure(transfer("UploadFile", "pub", "a.txt", "b.txt", "sesame, close"),
-                   {"The server refused the login of ftp: 530 Login incorrect."});
+    expect_failed(transfer("DownloadFile", "pub", "c.txt", "none.txt"),
+                  {"The server refused GET none.txt: 550"});
+    expect_failed(transfer("UploadFile", "nowhere", "a.txt", "b.txt"),
+                  {"The server refused CD nowhere: 550 Failed to change directory."});
+    expect_failed(transfer("UploadFile", "", "a.txt", "b.txt"), {"The server refused PUT b.txt: 553"});
+    expect_failed(transfer("UploadFile", "pub", "a.txt", "b.txt", "sesame, close"),
+                  {"The server refused the login of ftp: 530 Login incorrect."});
     EXPECT_EQ(shop.files(), (std::set<std::string>{"a.txt"}));
     EXPECT_EQ(tests::names_in(server.folder()), tests::Names());
 }
@@ -104,9 +101,9 @@ TEST_F(TransferWithServer, WhatTheServerRefusesIsAFailureInItsWords) {
 TEST_F(TransferWithServer, AFolderIsNoFile) {
     tests::write_file(server.folder() / "b.txt", "some words");
     for (const char* name : {"pub/", "pub/.", ".", ".."})
-        expect_failure(transfer("DownloadFile", "", "c.txt", name), {"that is a folder and no file"});
-    expect_failure(transfer("DownloadFile", "pub", "c.txt", "../b.txt"),
-                   {"The server refused GET ../b.txt: 550"});
+        expect_failed(transfer("DownloadFile", "", "c.txt", name), {"that is a folder and no file"});
+    expect_failed(transfer("DownloadFile", "pub", "c.txt", "../b.txt"),
+                  {"The server refused GET ../b.txt: 550"});
     EXPECT_EQ(shop.files(), std::set<std::string>());
 }
 
@@ -119,16 +116,16 @@ TEST_F(TransferWithServer, AHundredMegabytesArriveWhole) {
         big << piece;
     }
     big.close();
-    expect_success(transfer("UploadFile", "pub", "big", "big"));
-    expect_success(transfer("DownloadFile", "pub", "back", "big"));
+    expect_done(transfer("UploadFile", "pub", "big", "big"));
+    expect_done(transfer("DownloadFile", "pub", "back", "big"));
     EXPECT_EQ(shop.run({"cmp", "big", "back"}).exit_code, 0);
 }
 
 TEST_F(Transfer, AServerThatIsNotThereIsAFailure) {
     shop.write("a.txt", "some words");
-    expect_failure(shop.foliant({"UploadFile", "127.0.0.1:1", "", "a.txt", "a.txt"}),
-                   {"PUT a.txt with 127.0.0.1:1 was not completed: Couldn't connect to server."});
-    expect_failure(shop.foliant({"UploadFile", "no server", "", "a.txt", "a.txt"}), {"\"no server\""});
+    expect_failed(shop.foliant({"UploadFile", "127.0.0.1:1", "", "a.txt", "a.txt"}),
+                  {"PUT a.txt with 127.0.0.1:1 was not completed: Couldn't connect to server."});
+    expect_failed(shop.foliant({"UploadFile", "no server", "", "a.txt", "a.txt"}), {"\"no server\""});
 }
 
 TEST_F(Transfer, AFileThatIsNotThereIsNotSent) {
@@ -137,8 +134,8 @@ TEST_F(Transfer, AFileThatIsNotThereIsNotSent) {
 
 TEST_F(Transfer, AConnectionThatBreaksOffLeavesNothing) {
     const OddFtpServer server([](int data) { ::send(data, "half", 4, MSG_NOSIGNAL); });
-    expect_failure(shop.foliant({"DownloadFile", server.address(), "", "a.txt", "a.txt"}),
-                   {"GET a.txt with " + server.address() + " was not completed"});
+    expect_failed(shop.foliant({"DownloadFile", server.address(), "", "a.txt", "a.txt"}),
+                  {"GET a.txt with " + server.address() + " was not completed"});
     EXPECT_EQ(shop.files(), (std::set<std::string>()));
 }
 

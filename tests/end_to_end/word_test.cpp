@@ -1,39 +1,19 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 
-#include "end_to_end/command.h"
+#include "end_to_end/command_test.h"
 
 namespace foliant::end_to_end {
 namespace {
 
 const std::string letter = EXAMPLES_FOLDER "/letter.docx";
 
-class WordToPdf : public testing::Test {
+class WordToPdf : public CommandTest {
   protected:
     void SetUp() override {
         REQUIRE_HOST("Word");
         REQUIRE_HOST("Acrobat Distiller");
     }
-    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
-
-    Finished expect_success(const std::vector<std::string>& words) {
-        const Finished call = shop.foliant(words);
-        EXPECT_EQ(call.exit_code, 0) << call.errors;
-        EXPECT_EQ(call.output, "");
-        return call;
-    }
-
-    void expect_failure(const std::vector<std::string>& words, int exit_code,
-                        const std::vector<std::string>& told) {
-        const auto before = shop.files();
-        const Finished call = shop.foliant(words);
-        EXPECT_EQ(call.exit_code, exit_code) << call.errors;
-        for (const std::string& part : told)
-            EXPECT_NE(call.errors.find(part), std::string::npos) << call.errors;
-        EXPECT_EQ(shop.files(), before);
-    }
-
-    Workshop shop;
 };
 
 TEST_F(WordToPdf, ThroughPostScriptTheTextIsStillText) {
@@ -103,28 +83,28 @@ TEST_F(WordToPdf, AnOldPdfIsReplaced) {
 }
 
 TEST_F(WordToPdf, MissingDocumentsAreTold) {
-    expect_failure({"CreatePDFfromWord", "a.pdf", "none.docx"}, 3, {"File none.docx does not exist."});
+    expect_failure({"CreatePDFfromWord", "a.pdf", "none.docx"}, {"File none.docx does not exist."}, 3);
 }
 
 TEST_F(WordToPdf, EmptyRandomAndTruncatedDocumentsAreTold) {
     shop.write("empty.docx", "");
-    expect_failure({"CreatePDFfromWord2", "a.pdf", "empty.docx"}, 5, {"empty.docx"});
+    expect_failure({"CreatePDFfromWord2", "a.pdf", "empty.docx"}, {"empty.docx"});
     shop.write("random.docx", std::string(100, '\x9d'));
-    expect_failure({"CreatePDFfromWord2", "a.pdf", "random.docx"}, 5, {"random.docx"});
+    expect_failure({"CreatePDFfromWord2", "a.pdf", "random.docx"}, {"random.docx"});
     std::string whole = shop.run({"cat", letter}).output;
     shop.write("short.docx", whole.substr(0, whole.size() / 2));
-    expect_failure({"CreatePDFfromWord", "a.pdf", "short.docx"}, 5, {"short.docx"});
+    expect_failure({"CreatePDFfromWord", "a.pdf", "short.docx"}, {"short.docx"});
 }
 
 TEST_F(WordToPdf, UnknownPrintersAreTold) {
-    expect_failure({"CreatePDFfromWord2", "a.pdf", letter, "--distiller", "No such printer"}, 5,
+    expect_failure({"CreatePDFfromWord2", "a.pdf", letter, "--distiller", "No such printer"},
                    {"No such printer"});
 }
 
 TEST_F(WordToPdf, UnwritableFoldersAreTold) {
-    expect_failure({"CreatePDFfromWord2", "none/a.pdf", letter}, 2, {"none"});
-    expect_failure({"CreatePSfromWord", "none/a.ps", letter}, 2, {"none"});
-    expect_failure({"CreatePDFfromWord2", "/proc/a.pdf", letter}, 2, {"/proc"});
+    expect_failure({"CreatePDFfromWord2", "none/a.pdf", letter}, {"none"}, 2);
+    expect_failure({"CreatePSfromWord", "none/a.ps", letter}, {"none"}, 2);
+    expect_failure({"CreatePDFfromWord2", "/proc/a.pdf", letter}, {"/proc"}, 2);
 }
 
 TEST_F(WordToPdf, WhatIsDoneOutsideIsShownAndKeptWithoutPasswords) {
@@ -149,19 +129,19 @@ TEST_F(WordToPdf, NamesThatAreNoUtf8AreNames) {
 TEST_F(WordToPdf, PostScriptIsNotPrintedAsItsSource) {
     for (const char* name : {"a.ps", "a.doc"}) {
         shop.write(name, "%!PS\nshowpage\n");
-        expect_failure({"CreatePDFfromWord2", "a.pdf", name}, 5,
+        expect_failure({"CreatePDFfromWord2", "a.pdf", name},
                        {"it is a PostScript file, which CreatePDFfromPS converts"});
     }
 }
 
 TEST_F(WordToPdf, ALogSpoilsNoDocument) {
     shop.write("a.docx", "PK\x03\x04 not text");
-    expect_failure({"CreatePDFfromWord2", "a.pdf", letter, "--log", "a.docx"}, 2, {"a.docx is no text"});
+    expect_failure({"CreatePDFfromWord2", "a.pdf", letter, "--log", "a.docx"}, {"a.docx is no text"}, 2);
     EXPECT_EQ(shop.read("a.docx"), "PK\x03\x04 not text");
 }
 
 TEST_F(WordToPdf, TooLittleMemoryIsToldByName) {
-    expect_failure({"CreatePDFfromWord2", "a.pdf", letter, "--memory", "30M"}, 125, {"30", "--memory"});
+    expect_failure({"CreatePDFfromWord2", "a.pdf", letter, "--memory", "30M"}, {"30", "--memory"}, 125);
 }
 
 TEST_F(WordToPdf, SomethingMovesOnTheTerminalAndTheResultIsTold) {

@@ -2,10 +2,14 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <optional>
 #include <ostream>
 #include <set>
+#include <utility>
 
+#include "automation/error.h"
 #include "platform/stage/cast/cast.h"
+#include "support/difference.h"
 #include "support/fault_cases.h"
 #include "support/staged_session.h"
 
@@ -44,6 +48,28 @@ Made make(const MemberCall& call) {
     return made;
 }
 
+/// What a second call does where the k-th action of the first one has failed, or none with k 0: made on the object
+/// of the first call, or on a new one.
+Lines second_journal(const MemberCall& call, long k, bool on_a_new_object) {
+    platform::stage::Stage stage;
+    EventsInJournal events(stage);
+    cast_usual_machine(stage);
+    if (call.arrange) call.arrange(stage);
+    std::optional<core::BuildPDF> object(std::in_place, stage.platform(), events);
+    const auto make = [&] {
+        stage.clear_journal();
+        Arguments arguments = call.arguments;
+        run_noting_error(stage, [&] { call.make(*object, arguments); });
+    };
+    stage.fail_action(k, automation::Error(-2147352567, "Host", "made to fail"));
+    make();
+    stage.fail_action(0, automation::Error(automation::RuntimeError::internal_error));
+    stage.clear_journal();
+    if (on_a_new_object) object.emplace(stage.platform(), events);
+    make();
+    return stage.lines();
+}
+
 }  // namespace
 
 WholeJournal::WholeJournal(MemberCall its_call, std::string_view its_lines, std::source_location its_place)
@@ -69,6 +95,17 @@ class WholeJournals : public testing::TestWithParam<const WholeJournal*> {};
 TEST_P(WholeJournals, AreAsExpected) {
     const auto& [call, expected, place] = *GetParam();
     expect_text(make(call).journal, expected, place);
+}
+
+TEST_P(WholeJournals, AreThoseOfANewObjectAfterOtherCallsWhateverBecameOfThem) {
+    const MemberCall& call = GetParam()->call;
+    const auto actions = static_cast<long>(make(call).journal.size());  // or fewer: some lines are no actions
+    for (long k = 0; k <= actions; ++k) {
+        const Lines on_a_new_object = second_journal(call, k, true);
+        const Lines on_the_same = second_journal(call, k, false);
+        ASSERT_EQ(on_a_new_object, on_the_same) << "action " << k << " of the first call failed:\n"
+                                                << text_of(difference(on_a_new_object, on_the_same));
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Members, WholeJournals, testing::ValuesIn(all<WholeJournal>()),

@@ -12,6 +12,7 @@
 #include "hosts/acrobat/page.h"
 #include "hosts/acrobat/save.h"
 #include "hosts/acrobat/structure/information.h"
+#include "hosts/acrobat/structure/signatures.h"
 #include "hosts/acrobat/structure/unreadable.h"
 #include "hosts/acrobat/text_selection.h"
 
@@ -116,6 +117,9 @@ bool PdDocument::insert_pages(const Bound& given) {
                                   static_cast<std::size_t>(count), with_bookmarks);
     });
     target.note_change();
+    if (structure::is_certified(source->opened().pdf()))
+        target.machine().tell_failure(source->opened().name() +
+                                      " is certified, the copy of its pages is not.");
     return true;
 }
 

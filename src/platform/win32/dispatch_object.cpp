@@ -145,10 +145,16 @@ Value DispatchObject::invoke(Access access, std::string_view member, const Argum
     Variant result;
     EXCEPINFO raised{};
     UINT wrong_argument = 0;
-    const HRESULT outcome = while_busy([&] {
-        return dispatch_->Invoke(ids[0], IID_NULL, LOCALE_USER_DEFAULT, call_flags(access), call.get(),
-                                 assigns(access) ? nullptr : result.get(), &raised, &wrong_argument);
-    });
+    const auto invoke_as = [&](WORD flags) {
+        return while_busy([&] {
+            return dispatch_->Invoke(ids[0], IID_NULL, LOCALE_USER_DEFAULT, flags, call.get(),
+                                     assigns(access) ? nullptr : result.get(), &raised, &wrong_argument);
+        });
+    };
+    HRESULT outcome = invoke_as(call_flags(access));
+    // Some programs take an object as they take any other value, and know no assignment of references.
+    if (outcome == DISP_E_MEMBERNOTFOUND && access == Access::set_reference)
+        outcome = invoke_as(DISPATCH_PROPERTYPUT);
     if (outcome == DISP_E_EXCEPTION) throw error_of(raised);
     if (outcome == DISP_E_MEMBERNOTFOUND) throw Error(RuntimeError::no_such_member);
     if (FAILED(outcome)) throw error_of(outcome);

@@ -77,6 +77,14 @@ TEST_F(PowerPointHost, PrintsAllSlidesWithTheHiddenOnesAmongThem) {
     EXPECT_EQ(pdf.text(3), "This is slide 3.");
 }
 
+TEST_F(PowerPointHost, DrawsControlsWholeAndLeavesNothingToFillIn) {
+    const PdfReader pdf = print(open("controls.fodp"));
+    EXPECT_EQ(pdf.text(1), "✓ Tick");
+    const std::string bytes = tests::read_file(folder / "out.pdf");
+    EXPECT_EQ(bytes.find("/AcroForm"), std::string::npos);
+    EXPECT_EQ(bytes.find("/Widget"), std::string::npos);
+}
+
 TEST_F(PowerPointHost, PrintsTheSlidesThatAreAskedFor) {
     const Value presentation = open("slides.fodp");
     const PdfReader two = print(presentation, 2, 3);
@@ -183,6 +191,17 @@ TEST_F(VisioHost, GivesEachPageItsOwnSize) {
     EXPECT_NEAR(pdf.place(1, "drawn").top, 792 - 144, 30);
     EXPECT_NEAR(pdf.place(2, "drawn").top, 360 - 144, 30);
     EXPECT_NEAR(pdf.place(2, "drawn").left, pdf.place(1, "drawn").left, 1);
+}
+
+TEST_F(VisioHost, PrintsTemplatesAndRefusesStencilsThatHaveNoPage) {
+    open("plan.vstx").call("Print");
+    EXPECT_EQ(machine.notes, (std::vector<std::string>{"print plan.vstx on Office, pages 2"}));
+    const Value stencil = open("shapes.vssx");
+    const auto error = tests::error_of([&] { stencil.call("Print"); });
+    EXPECT_EQ(error.source(), "Microsoft Visio");
+    EXPECT_NE(error.description().find("shapes.vssx has no pages: it holds shapes for other drawings"),
+              std::string::npos)
+        << error.description();
 }
 
 TEST_F(VisioHost, PrintsOnItsOwnPrinterUntilItIsToldAnother) {

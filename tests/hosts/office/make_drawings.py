@@ -14,7 +14,8 @@ OPEN_DOCUMENT = " ".join(f'xmlns:{n}="urn:oasis:names:tc:opendocument:xmlns:{n}:
                          for n in ("office", "style", "text", "presentation"))
 OPEN_DOCUMENT += (' xmlns:draw="urn:oasis:names:tc:opendocument:xmlns:drawing:1.0"'
                   ' xmlns:fo="urn:oasis:names:tc:opendocument:xmlns:xsl-fo-compatible:1.0"'
-                  ' xmlns:svg="urn:oasis:names:tc:opendocument:xmlns:svg-compatible:1.0"')
+                  ' xmlns:svg="urn:oasis:names:tc:opendocument:xmlns:svg-compatible:1.0"'
+                  ' xmlns:form="urn:oasis:names:tc:opendocument:xmlns:form:1.0" xmlns:ooo="http://openoffice.org/2004/office"')
 # A grey pattern of 64 by 64 pixels: smaller ones LibreOffice does not leave as they are.
 JPEG = ("/9j/4AAQSkZJRgABAQAAAQABAAD/2wBDAKBueIx4ZKCMgoy0qqC+8P//8Nzc8P////////////////////////////////////////////////"
         "//////////wAALCABAAEABAREA/8QAFwABAQEBAAAAAAAAAAAAAAAAAQIEA//EABQQAQAAAAAAAAAAAAAAAAAAAAD/2gAIAQEAAD8A4lRJUWck"
@@ -39,6 +40,15 @@ def photographs(number):
             '</draw:page>')
 
 
+def box_to_tick():
+    """A slide with a ticked box on yellow ground, 20 centimetres wide."""
+    return ('<draw:page draw:name="page1" draw:master-page-name="Default" draw:style-name="shown"><office:forms>'
+            '<form:form form:name="form"><form:checkbox form:control-implementation='
+            '"ooo:com.sun.star.form.component.CheckBox" xml:id="box" form:id="box" form:label="Tick" '
+            'form:current-state="checked"/></form:form></office:forms><draw:control draw:style-name="yellow" '
+            'draw:control="box" svg:x="2cm" svg:y="2cm" svg:width="20cm" svg:height="3cm"/></draw:page>')
+
+
 def write_slides(path, slides):
     """Slides of 28 by 21 centimetres."""
     page = '<style:style style:name="{}" style:family="drawing-page"><style:drawing-page-properties {}/></style:style>'
@@ -49,7 +59,8 @@ def write_slides(path, slides):
         'style:print-orientation="landscape"/></style:page-layout>'
         '<style:style style:name="plain" style:family="graphic"><style:graphic-properties draw:stroke="none" '
         'draw:fill="none" fo:padding="0cm"/></style:style>'
-        '<style:style style:name="large" style:family="paragraph"><style:text-properties fo:font-size="40pt"/></style:style>'
+        '<style:style style:name="yellow" style:family="graphic"><style:graphic-properties fo:background-color="#ffff00"/>'
+        '</style:style><style:style style:name="large" style:family="paragraph"><style:text-properties fo:font-size="40pt"/></style:style>'
         f'{page.format("hidden", "presentation:visibility=" + chr(34) + "hidden" + chr(34))}{page.format("shown", "")}'
         '</office:automatic-styles><office:master-styles><style:master-page style:name="Default" '
         'style:page-layout-name="layout"/></office:master-styles>'
@@ -74,9 +85,8 @@ def relations(*targets):
         for i, (kind, target) in enumerate(targets)) + "</Relationships>"
 
 
-def write_vsdx(path):
-    """Two pages, of 8.5 by 11 and of 10 by 5 inches."""
-    sizes = ((8.5, 11), (10, 5))
+def write_vsdx(path, sizes=((8.5, 11), (10, 5)), main="drawing"):
+    """Pages of these sizes, in inches."""
     pages = "".join(
         f'<Page ID="{i}" Name="Page-{i + 1}"><PageSheet><Cell N="PageWidth" V="{w}"/><Cell N="PageHeight" V="{h}"/></PageSheet>'
         f'<Rel r:id="r{i + 1}"/></Page>' for i, (w, h) in enumerate(sizes))
@@ -85,7 +95,7 @@ def write_vsdx(path):
         package.writestr("[Content_Types].xml", (
             f'{HEAD}<Types xmlns="{PACKAGE}/content-types">'
             '<Default Extension="rels" ContentType="application/vnd.openxmlformats-package.relationships+xml"/>'
-            f'<Override PartName="/visio/document.xml" ContentType="{kind}.drawing.main+xml"/>'
+            f'<Override PartName="/visio/document.xml" ContentType="{kind}.{main}.main+xml"/>'
             f'<Override PartName="/visio/pages/pages.xml" ContentType="{kind}.pages+xml"/>'
             + "".join(f'<Override PartName="/visio/pages/page{i + 1}.xml" ContentType="{kind}.page+xml"/>'
                       for i in range(len(sizes))) + "</Types>"))
@@ -127,7 +137,10 @@ def main():
     folder.mkdir(parents=True, exist_ok=True)
     write_slides(folder / "slides.fodp", [slide(n, hidden=n == 3) for n in range(1, 5)])
     write_slides(folder / "photographs.fodp", [photographs(1), photographs(2)])
+    write_slides(folder / "controls.fodp", [box_to_tick()])
     write_vsdx(folder / "plan.vsdx")
+    write_vsdx(folder / "plan.vstx", main="template")
+    write_vsdx(folder / "shapes.vssx", sizes=(), main="stencil")
     write_compound_file(folder / "encrypted.ppt", {
         "Current User": b"\0\0\xf6\x0f\x14\0\0\0\x14\0\0\0\xdf\xc4\xd1\xf3", "PowerPoint Document": b"noise"})
     (folder / "cut.vdx").write_text('<?xml version="1.0"?><VisioDocument><Pages><Page ID="0">')

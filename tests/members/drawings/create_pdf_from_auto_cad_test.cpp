@@ -15,7 +15,7 @@ const tests::MemberCall usual{
     .arguments = {named("strPDFFile", "C:\\out\\House.PDF"), named("strDWGFile", "C:\\in\\house.dwg"),
                   named("varLayout", "Ground floor")}};
 
-const tests::WholeJournal journal(usual, R"(
+constexpr std::string_view later_than_acrobat_five = R"(
     length C:\in\house.dwg -> 1000
     length C:\out\House.PDF -> not found
     special folder 37 (owner 100)
@@ -39,7 +39,20 @@ const tests::WholeJournal journal(usual, R"(
     release AutoCAD.Document
     AutoCAD.Application.Quit()
     release AutoCAD.Application
-)");
+)";
+
+const tests::WholeJournal journal(usual, later_than_acrobat_five);
+
+/// Other than Access, AutoCAD has no PDFWriter told its file between 5 and 6.
+const tests::WholeJournal journal_with_acrobat505({.member = "CreatePDFfromAutoCAD",
+                                                   .of = "WithAcrobat505",
+                                                   .arrange =
+                                                       [](Stage& stage) {
+                                                           put_drawing(stage);
+                                                           tests::register_acrobat(stage, "5.05");
+                                                       },
+                                                   .arguments = usual.arguments},
+                                                  later_than_acrobat_five);
 
 const tests::ParameterProbe parameters(
     {.member = "CreatePDFfromAutoCAD",

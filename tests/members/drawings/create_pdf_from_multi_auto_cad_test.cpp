@@ -24,7 +24,7 @@ const tests::MemberCall usual{
     .arguments = {named("strPDFFile", "C:\\out\\house.pdf"), named("strDWGFile", "C:\\in\\house.dwg"),
                   named("varLayouts", list_of({"Ground floor", std::int16_t{2}}))}};
 
-const tests::WholeJournal journal(usual, R"(
+constexpr std::string_view later_than_acrobat_five = R"(
     length C:\in\house.dwg -> 1000
     special folder 37 (owner 100)
     create AutoCAD.Application
@@ -91,7 +91,20 @@ const tests::WholeJournal journal(usual, R"(
     release AcroExch.PDDoc
     delete C:\Temp\13387663.pdf
     delete C:\Temp\90360397.pdf
-)");
+)";
+
+const tests::WholeJournal journal(usual, later_than_acrobat_five);
+
+/// Other than Access, AutoCAD has no PDFWriter told its files between 5 and 6.
+const tests::WholeJournal journal_with_acrobat505({.member = "CreatePDFfromMultiAutoCAD",
+                                                   .of = "WithAcrobat505",
+                                                   .arrange =
+                                                       [](Stage& stage) {
+                                                           put_drawing_and_old_output(stage);
+                                                           tests::register_acrobat(stage, "5.05");
+                                                       },
+                                                   .arguments = usual.arguments},
+                                                  later_than_acrobat_five);
 
 const tests::ParameterProbe parameters(
     {.member = "CreatePDFfromMultiAutoCAD",

@@ -7,6 +7,7 @@ namespace {
 
 using automation::Missing;
 using automation::named;
+using automation::Null;
 using automation::Value;
 
 const tests::MemberCall usual{
@@ -232,6 +233,26 @@ TEST_F(CreatePDFfromMultiExcel, WithoutLandscapeTheFirstSheetFailsWhereItIsTurne
     )");
 }
 
+TEST_F(CreatePDFfromMultiExcel, ASheetLiesAcrossForAnythingThatIsTrueAndStandsUprightForNothing) {
+    const auto orientation = [&](const Value& landscape) {
+        stage.clear_journal();
+        call({named("varExcelWorksheets", list_of({"North"})), named("varLandscape", list_of({landscape}))});
+        return line_with("Orientation");
+    };
+    for (const Value& yes : {Value(true), Value(std::int16_t{1}), Value(-0.5), Value("True"), Value("7")})
+        EXPECT_EQ(orientation(yes), "Excel.PageSetup.Orientation = Integer(2)");
+    for (const Value& no : {Value(false), Value(std::int32_t{0}), Value("false"), Value(), Value(Null{})})
+        EXPECT_EQ(orientation(no), "Excel.PageSetup.Orientation = Integer(1)");
+}
+
+TEST_F(CreatePDFfromMultiExcel, AnOrientationThatIsNeitherTrueNorFalseIsATypeMismatch) {
+    for (const Value& neither : {Value("across"), Value(Missing{}), list_of({true})}) {
+        stage.clear_journal();
+        call({named("varLandscape", list_of({neither}))});
+        EXPECT_EQ(last_line(), "raise 13 from Foliant: Type mismatch");
+    }
+}
+
 TEST_F(CreatePDFfromMultiExcel, AListOfOrientationsThatIsTooShortFailsAtItsEnd) {
     call({named("varLandscape", list_of({true}))});
     EXPECT_EQ(last_line(), "raise 9 from Foliant: Subscript out of range");
@@ -280,8 +301,25 @@ TEST_F(CreatePDFfromMultiExcel, AFirstPageNumberThatIsNoNumberFailsBeforeAnyShee
 }
 
 TEST_F(CreatePDFfromMultiExcel, FirstPageNumbersThatAreNoArrayFailBeforeAnySheetIsPrinted) {
-    call({named("varFirstPageNumber", std::int32_t{5})});
-    expect_only("13 from Foliant: Type mismatch");
+    for (const Value& no_array : {Value(std::int32_t{5}), Value(), Value(Null{}), Value("1")}) {
+        stage.clear_journal();
+        call({named("varFirstPageNumber", no_array)});
+        expect_only("13 from Foliant: Type mismatch");
+    }
+}
+
+TEST_F(CreatePDFfromMultiExcel, FirstPageNumbersAreHeldInThirtyTwoBits) {
+    call({named("varFirstPageNumber", list_of({std::int32_t{70000}, 2147483647.0}))});
+    tests::expect_text(lines_with({"FirstPageNumber"}), R"(
+        Excel.PageSetup.FirstPageNumber = Long(70000)
+        Excel.PageSetup.FirstPageNumber = Long(2147483647)
+    )");
+    stage.clear_journal();
+    call({named("varFirstPageNumber", list_of({std::int32_t{1}, 2147483648.0}))});
+    expect_only("6 from Foliant: Overflow");
+    stage.clear_journal();
+    call({named("varFirstPageNumber", list_of({std::int32_t{1}, Null{}}))});
+    expect_only("94 from Foliant: Invalid use of Null");
 }
 
 TEST_F(CreatePDFfromMultiExcel, WorksheetsThatAreNoArrayFailOnceTheWorkbookIsOpen) {

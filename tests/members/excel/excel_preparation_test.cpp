@@ -100,6 +100,12 @@ TEST_F(ExcelPreparation, AMarginOfZeroOrLessStaysAsItIs) {
     EXPECT_EQ(settings_with({named("dblTopMargin", 0.0), named("dblLeftMargin", -1.0)}), "");
 }
 
+TEST_F(ExcelPreparation, AMarginThatIsHardlyThereIsSet) {
+    EXPECT_EQ(settings_with({named("dblTopMargin", 0.0001)}),
+              "Excel.Application.InchesToPoints(Double(0.0001))\n"
+              "Excel.PageSetup.TopMargin = Double(0.0072)\n");
+}
+
 TEST_F(ExcelPreparation, TheMarginIsWhatExcelMakesOfTheInches) {
     stage.answer("Excel.Application.InchesToPoints", std::int32_t{17});
     EXPECT_EQ(settings_with({named("dblFooterMargin", 0.5)}),

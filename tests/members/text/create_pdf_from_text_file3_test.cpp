@@ -99,6 +99,16 @@ TEST_F(CreatePDFfromTextFile3, ABlankPrinterMeansTheComponentsOwnAndStaysWithThe
     EXPECT_EQ(variable("strDistiller"), Value("  "));
 }
 
+TEST_F(CreatePDFfromTextFile3, APrinterThatIsNamedIsLookedForAsItIs) {
+    call({named("strDistiller", " My printer ")});
+    tests::expect_text(journal_between("default printer", "length C:\\out"), R"(
+        default printer -> Office printer
+        platform identifier -> 2
+        profile [PrinterPorts]  My printer  -> nothing
+        length C:\out\Notes.PDF -> not found
+    )");
+}
+
 TEST_F(CreatePDFfromTextFile3, DeletesTheOldPdfOnceThePrinterIsSwitched) {
     stage.put_file("C:\\out\\Notes.PDF");
     call();

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
+#include <utility>
+#include <vector>
 
+#include "core/dispatch.h"
 #include "members/transfer/transfer_member.h"
 
 namespace foliant::members {
@@ -104,6 +107,49 @@ TEST_F(UploadFile, WaitsForEachCommandForAsLongAsItIsExecuting) {
         pump messages
         InetCtls.Inet.StillExecuting -> False
     )");
+}
+
+TEST_F(UploadFile, AClientThatIsServedDuringTheWaitMayTransferAnotherFile) {
+    bool first = true;
+    stage.on_pump = [&] {
+        if (!std::exchange(first, false)) return;
+        Arguments inner{clients_control, "host", "", "C:\\in\\b.pdf", "b.pdf", "anna"};
+        core::invoke(object(), "DownloadFile", automation::Access::call, inner);
+    };
+    call({named("strRemoteDirectory", "")});
+    expect_journal(R"(
+        InetCtls.Inet.URL = "ftp.example.com"
+        InetCtls.Inet.Protocol = Integer(2)
+        InetCtls.Inet.Execute("ftp://ftp.example.com", "PUT C:\out\a.pdf a.pdf")
+        InetCtls.Inet.StillExecuting -> True
+        pump messages
+        InetCtls.Inet.URL = "host"
+        InetCtls.Inet.UserName = "anna"
+        InetCtls.Inet.Protocol = Integer(2)
+        InetCtls.Inet.Execute("ftp://annahost", "GET b.pdf C:\in\b.pdf")
+        InetCtls.Inet.StillExecuting -> True
+        pump messages
+        InetCtls.Inet.StillExecuting -> False
+        InetCtls.Inet.StillExecuting -> False
+    )");
+}
+
+TEST_F(UploadFile, AnyAnswerThatIsTrueKeepsItWaiting) {
+    std::vector<Value> answers{false, "False", 0.0, std::int16_t{1}, "True", std::int32_t{-1}};
+    stage.when("InetCtls.Inet.StillExecuting", [&](StageObject&, const Arguments&) {
+        const Value answer = answers.back();
+        answers.pop_back();
+        return answer;
+    });
+    call({named("strRemoteDirectory", "")});
+    EXPECT_EQ(lines_with({"pump"}).size(), 3);
+    EXPECT_EQ(answers.size(), 2) << "asked on after it had ended";
+}
+
+TEST_F(UploadFile, AControlThatCannotSayWhetherItIsStillExecutingIsAFailure) {
+    stage.answer("InetCtls.Inet.StillExecuting", "perhaps");
+    call();
+    EXPECT_EQ(last_line(), "raise 13 from Foliant: Type mismatch");
 }
 
 TEST_F(UploadFile, ACallWithoutAControlIsError91) {

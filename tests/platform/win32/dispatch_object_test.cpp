@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "automation/error.h"
 #include "platform/win32/outside_error.h"
@@ -26,7 +27,9 @@ class FailingObject final : public IDispatch {
     HRESULT enumeration_outcome = DISP_E_MEMBERNOTFOUND;
     IUnknown* enumeration = nullptr;  ///< a reference of which every caller gets one
     EXCEPINFO raised{};
-    int refusals = 0;  ///< how many calls it is too busy for
+    int refusals = 0;         ///< how many calls it is too busy for
+    WORD unknown_flags = 0;   ///< the way to reach a member that it does not know
+    std::vector<WORD> flags;  ///< how its members were reached
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** out) override {
         *out = this;
@@ -45,8 +48,10 @@ class FailingObject final : public IDispatch {
             ids[i] = DISPID_UNKNOWN;
         return ids[0] == 1 && count == 1 ? S_OK : DISP_E_UNKNOWNNAME;
     }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result,
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD way, DISPPARAMS*, VARIANT* result,
                                      EXCEPINFO* out, UINT*) override {
+        flags.push_back(way);
+        if (way == unknown_flags) return DISP_E_MEMBERNOTFOUND;
         if (refusals > 0) {
             --refusals;
             return RPC_E_CALL_REJECTED;
@@ -181,6 +186,18 @@ TEST_F(OutsideObject, LacksAMemberWith438AndAnArgumentWith448) {
     EXPECT_EQ(error_of("Known", {named("NoSuch", 1)}).number(), 448);
     failing.outcome = DISP_E_MEMBERNOTFOUND;
     EXPECT_EQ(error_of("Known").number(), 438);
+}
+
+TEST_F(OutsideObject, ThatKnowsNoAssignmentOfReferencesIsGivenTheObjectAsAValue) {
+    const Value object(std::make_shared<DispatchObject>(ComPointer<IDispatch>::share(&failing)));
+    object.set_reference("Known", object);
+    EXPECT_EQ(failing.flags, (std::vector<WORD>{DISPATCH_PROPERTYPUTREF}));
+    failing.flags.clear();
+    failing.unknown_flags = DISPATCH_PROPERTYPUTREF;
+    object.set_reference("Known", object);
+    EXPECT_EQ(failing.flags, (std::vector<WORD>{DISPATCH_PROPERTYPUTREF, DISPATCH_PROPERTYPUT}));
+    failing.unknown_flags = DISPATCH_PROPERTYPUT;
+    EXPECT_EQ(error_number([&] { object.set("Known", 1); }), 438);
 }
 
 TEST_F(OutsideObject, ThatIsBusyIsAskedAgain) {

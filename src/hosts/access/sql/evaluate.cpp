@@ -1,9 +1,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
-#include <set>
 
-#include "automation/text.h"
 #include "hosts/access/sql/expression.h"
 
 namespace foliant::hosts::access {
@@ -11,75 +9,6 @@ namespace {
 
 using Part = Expression::Kind;
 using Group = std::span<const Row* const>;
-
-bool same_name(std::string_view left, std::string_view right) {
-    return automation::equal_ignoring_case(left, right);
-}
-
-std::string names_of(std::span<const Column> columns) {
-    constexpr std::size_t most = 40;
-    std::string names;
-    for (const Column& column : columns.first(std::min(columns.size(), most)))
-        if (!column.name.empty()) names += (names.empty() ? "[" : ", [") + column.name + "]";
-    return columns.size() > most ? names + " ..." : names;
-}
-
-std::string full_name(const Expression& column) {
-    return (column.table.empty() ? "" : "[" + column.table + "].") + "[" + column.name + "]";
-}
-
-bool is_meant(const Column& column, const Expression& name) {
-    if (!same_name(column.name, name.name)) return false;
-    return name.table.empty() || std::ranges::any_of(column.tables, [&](const std::string& table) {
-               return same_name(table, name.table);
-           });
-}
-
-std::size_t find_column(const Expression& name, const Scope& scope) {
-    const auto meant = [&](const Column& column) { return is_meant(column, name); };
-    const auto found = std::ranges::find_if(scope.columns, meant);
-    if (found == scope.columns.end())
-        throw SqlError("there is no column " + full_name(name) +
-                       ", and nobody to ask for a parameter of that name. The columns are " +
-                       names_of(scope.columns));
-    if (std::find_if(found + 1, scope.columns.end(), meant) != scope.columns.end())
-        throw SqlError("more than one table has a column " + full_name(name) +
-                       ". Write the table before it: [Table].[Column]");
-    return static_cast<std::size_t>(found - scope.columns.begin());
-}
-
-ExpressionPtr bind_column(const ExpressionPtr& expression, const Scope& scope) {
-    if (expression->table.empty()) {
-        const bool is_column = std::ranges::any_of(
-            scope.columns, [&](const Column& column) { return is_meant(column, *expression); });
-        const auto output = scope.outputs.find(automation::to_lower(expression->name));
-        if (!is_column && output != scope.outputs.end()) return output->second;
-    }
-    expression->column = find_column(*expression, scope);
-    return expression;
-}
-
-void require_constant(const Expression& constant, const Scope& scope) {
-    if (!constant.name.empty() && std::ranges::any_of(scope.columns, [&](const Column& column) {
-            return same_name(column.name, constant.name);
-        }))
-        throw SqlError("\"" + constant.name + "\" is a column and a constant. Write [" + constant.name +
-                       "] for the column, and True or False for the constant");
-}
-
-void require_function(const Expression& call, const Scope& scope) {
-    const std::string how_many = " is not called with " + std::to_string(call.parts.size()) + " arguments";
-    if (is_aggregate(call.name)) {
-        if (!scope.has_groups)
-            throw SqlError("\"" + call.name + "\" of many records has no place in a condition");
-        if (call.parts.size() != 1) throw SqlError("\"" + call.name + "\"" + how_many);
-        return;
-    }
-    const Function* const function = find_function(call.name);
-    if (function == nullptr) throw SqlError("the function \"" + call.name + "\" is not known here");
-    if (call.parts.size() < function->fewest || call.parts.size() > function->most)
-        throw SqlError("\"" + call.name + "\"" + how_many);
-}
 
 Datum truth(std::optional<bool> value) {
     return value ? Datum(*value) : Datum(Null());
@@ -168,6 +97,26 @@ Datum evaluate_in(const Expression& expression, const Row& row, Group group) {
     return is_unknown ? Datum(Null()) : Datum(expression.negated);
 }
 
+/// The one value that a query gives; Null where it gives none.
+Datum evaluate_query(const Expression& query, const Row& row) {
+    const std::vector<Datum>& values = query.values(row);
+    if (values.size() > 1)
+        throw SqlError("the query in parentheses <" + query.name + "> gives " +
+                       std::to_string(values.size()) + " records where there is room for one");
+    return values.empty() ? Datum(Null()) : values.front();
+}
+
+Datum evaluate_in_query(const Expression& expression, const Row& row, Group group) {
+    const Datum value = evaluate(*expression.parts.front(), row, group);
+    bool is_unknown = false;
+    for (const Datum& other : expression.values(row)) {
+        const auto order = compare(value, other);
+        if (order == 0) return !expression.negated;
+        is_unknown = is_unknown || !order;
+    }
+    return is_unknown ? Datum(Null()) : Datum(expression.negated);
+}
+
 Datum evaluate_aggregate(const Expression& call, Group group) {
     std::vector<Datum> values;
     values.reserve(group.size());
@@ -189,50 +138,7 @@ Datum evaluate_function(const Expression& call, const Row& row, Group group) {
     return find_function(call.name)->apply(arguments);
 }
 
-ExpressionPtr constant(Datum value) {
-    return std::make_shared<Expression>(Expression{.value = std::move(value)});
-}
-
-Relation records_of(const Expression& query, const Scope& scope) {
-    const std::string named = "the query in parentheses <" + query.name + ">";
-    if (!scope.run) throw SqlError(named + " has no place here");
-    Relation records = scope.run(query.name);
-    if (records.columns.size() == 1) return records;
-    throw SqlError(named + " shows " + std::to_string(records.columns.size()) +
-                   " columns where there is room for one");
-}
-
-/// The one value that a query gives; Null where it gives none.
-ExpressionPtr bind_query(const Expression& query, const Scope& scope) {
-    Relation records = records_of(query, scope);
-    if (records.rows.size() > 1)
-        throw SqlError("the query in parentheses <" + query.name + "> gives " +
-                       std::to_string(records.rows.size()) + " records where there is room for one");
-    return constant(records.rows.empty() ? Datum(Null()) : std::move(records.rows.front().front()));
-}
-
-ExpressionPtr bind_in_query(const Expression& expression, const Scope& scope) {
-    auto list =
-        std::make_shared<Expression>(Expression{.kind = Part::in_list, .negated = expression.negated});
-    list->parts.push_back(bind_names(expression.parts.front(), scope));
-    const Relation records = records_of(expression, scope);
-    for (const Row& row : std::set<Row, LessRow>(records.rows.begin(), records.rows.end()))
-        list->parts.push_back(constant(row.front()));
-    return list;
-}
-
 }  // namespace
-
-ExpressionPtr bind_names(const ExpressionPtr& expression, const Scope& scope) {
-    if (expression->kind == Part::query) return bind_query(*expression, scope);
-    if (expression->kind == Part::in_query) return bind_in_query(*expression, scope);
-    if (expression->kind == Part::column) return bind_column(expression, scope);
-    if (expression->kind == Part::constant) require_constant(*expression, scope);
-    if (expression->kind == Part::function) require_function(*expression, scope);
-    for (ExpressionPtr& part : expression->parts)
-        part = bind_names(part, scope);
-    return expression;
-}
 
 bool has_aggregate(const Expression& expression) {
     if (expression.kind == Part::function && is_aggregate(expression.name)) return true;
@@ -259,8 +165,11 @@ Datum evaluate(const Expression& expression, const Row& row, Group group) {
         case Part::is_null:
             return is_null(evaluate(*expression.parts[0], row, group)) != expression.negated;
         case Part::query:
+            return evaluate_query(expression, row);
         case Part::in_query:
-            break;  // binding has put what they give in their place
+            return evaluate_in_query(expression, row, group);
+        case Part::exists:
+            return !expression.values(row).empty();
     }
     return Null();
 }

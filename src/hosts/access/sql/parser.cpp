@@ -203,8 +203,12 @@ class Parser {
 
     ExpressionPtr function(const Token& name) {
         tokens_.expect("(", "");
-        if (tokens_.is("select"))
-            tokens_.fail("\"" + name.text + "\" of a query is not understood here (In and comparisons are)");
+        if (tokens_.is("select")) {
+            if (name.lower == "exists")
+                return make({.kind = Expression::Kind::exists, .name = tokens_.take_to_closing()});
+            tokens_.fail("\"" + name.text +
+                         "\" of a query is not understood here (In, Exists and comparisons are)");
+        }
         ExpressionPtr call = make({.kind = Expression::Kind::function, .name = name.lower});
         if (tokens_.take_if(")")) return call;
         if (name.lower == "count" && tokens_.take_if("*")) {

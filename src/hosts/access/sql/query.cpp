@@ -3,8 +3,12 @@
 #include <algorithm>
 #include <cctype>
 #include <iterator>
+#include <map>
+#include <memory>
 #include <set>
+#include <utility>
 
+#include "automation/text.h"
 #include "hosts/access/sql/selection.h"
 
 namespace foliant::hosts::access {
@@ -13,7 +17,34 @@ namespace {
 constexpr int deepest = 32;  // of queries on queries
 
 std::optional<Relation> records_of(Catalogue& catalogue, const std::string& name, int depth);
-Relation run_named(Catalogue& catalogue, const StoredQuery& query, const std::string& name, int depth);
+Relation run_named(Catalogue& catalogue, const StoredQuery& query, const std::string& name, int depth,
+                   const Surroundings* around);
+
+/// Reads every table once, however often a query on it is worked out.
+class Remembered : public Catalogue {
+  public:
+    explicit Remembered(Catalogue& catalogue) : catalogue_(catalogue) {}
+
+    std::optional<Relation> table(std::string_view name) override {
+        return known(tables_, name, [&] { return catalogue_.table(name); });
+    }
+    std::optional<StoredQuery> query(std::string_view name) override {
+        return known(queries_, name, [&] { return catalogue_.query(name); });
+    }
+
+  private:
+    template <class Known, class Read>
+    static typename Known::mapped_type known(Known& all, std::string_view name, Read read) {
+        std::string key = automation::to_lower(name);
+        auto found = all.find(key);
+        if (found == all.end()) found = all.emplace(std::move(key), read()).first;
+        return found->second;
+    }
+
+    Catalogue& catalogue_;
+    std::map<std::string, std::optional<Relation>> tables_;
+    std::map<std::string, std::optional<StoredQuery>> queries_;
+};
 
 /// A query's text on one line, as messages name it.
 std::string on_one_line(const std::string& text) {
@@ -27,15 +58,14 @@ std::string on_one_line(const std::string& text) {
 }
 
 /// A query that has no name but its text.
-Relation run_text(Catalogue& catalogue, const std::string& text, int depth) {
+Relation run_text(Catalogue& catalogue, const std::string& text, int depth, const Surroundings* around) {
     try {
         if (depth > deepest) throw SqlError("it is nested too deeply");
-        return run_named(catalogue, parse_query(text), "", depth);
+        return run_named(catalogue, parse_query(text), "", depth, around);
     } catch (const SqlError& failure) {
         const std::string_view said = failure.what();
         if (said.starts_with("The query ") || said.starts_with("its part ")) throw;
-        throw SqlError("its part <" + on_one_line(text) +
-                       "> cannot be worked out by itself: " + failure.what());
+        throw SqlError("its part <" + on_one_line(text) + "> cannot be worked out: " + failure.what());
     }
 }
 
@@ -65,10 +95,11 @@ void append(Relation& all, Relation part) {
     std::ranges::move(part.rows, std::back_inserter(all.rows));
 }
 
-Relation unite(Catalogue& catalogue, const StoredQuery& query, const std::string& name, int depth) {
+Relation unite(Catalogue& catalogue, const StoredQuery& query, const std::string& name, int depth,
+               const Surroundings* around) {
     std::optional<Relation> all;
     for (const StoredQuery::Source& source : query.sources) {
-        Relation part = run_text(catalogue, source.text, depth + 1);
+        Relation part = run_text(catalogue, source.text, depth + 1, around);
         if (all)
             append(*all, std::move(part));
         else
@@ -104,19 +135,29 @@ void require_records(const StoredQuery& query) {
             "which records are meant");
 }
 
-Relation run(Catalogue& catalogue, const StoredQuery& query, const std::string& name, int depth) {
+/// For the queries in parentheses of a query.
+QueryRunner runner_on(Catalogue& catalogue, int depth) {
+    return [remembered = std::make_shared<Remembered>(catalogue), depth](const std::string& text,
+                                                                         const Surroundings* around) {
+        return run_text(*remembered, text, depth, around);
+    };
+}
+
+Relation run(Catalogue& catalogue, const StoredQuery& query, const std::string& name, int depth,
+             const Surroundings* around) {
     if (depth > deepest) throw SqlError("it takes its records from itself");
     require_records(query);
-    if (query.kind == StoredQuery::Kind::united) return unite(catalogue, query, name, depth);
+    if (query.kind == StoredQuery::Kind::united) return unite(catalogue, query, name, depth, around);
     const Origins origins{[&](const std::string& source) { return records_of(catalogue, source, depth + 1); },
-                          [&](const std::string& text) { return run_text(catalogue, text, depth + 1); }};
+                          runner_on(catalogue, depth + 1), around};
     return select(origins, query, name);
 }
 
 /// Failures name the innermost query, which is the one to look at; one without a name is named by who runs it.
-Relation run_named(Catalogue& catalogue, const StoredQuery& query, const std::string& name, int depth) {
+Relation run_named(Catalogue& catalogue, const StoredQuery& query, const std::string& name, int depth,
+                   const Surroundings* around) {
     try {
-        return run(catalogue, query, name, depth);
+        return run(catalogue, query, name, depth, around);
     } catch (const SqlError& failure) {
         if (name.empty() || std::string_view(failure.what()).starts_with("The query ")) throw;
         throw SqlError("The query \"" + name + "\" cannot be worked out: " + failure.what());
@@ -125,7 +166,7 @@ Relation run_named(Catalogue& catalogue, const StoredQuery& query, const std::st
 
 std::optional<Relation> records_of(Catalogue& catalogue, const std::string& name, int depth) {
     if (auto records = catalogue.table(name)) return records;
-    if (const auto query = catalogue.query(name)) return run_named(catalogue, *query, name, depth);
+    if (const auto query = catalogue.query(name)) return run_named(catalogue, *query, name, depth, nullptr);
     return std::nullopt;
 }
 
@@ -136,21 +177,22 @@ std::optional<Relation> records_of(Catalogue& catalogue, std::string_view name) 
 }
 
 Relation run_query(Catalogue& catalogue, const StoredQuery& query, const std::string& name) {
-    return run_named(catalogue, query, name, 0);
+    return run_named(catalogue, query, name, 0, nullptr);
 }
 
 QueryRunner queries_on(Catalogue& catalogue) {
-    return [&catalogue](const std::string& text) { return run_text(catalogue, text, 0); };
+    return runner_on(catalogue, 0);
 }
 
 bool is_blank(std::string_view text) {
     return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
 
-void keep_where(Relation& relation, std::string_view condition, const QueryRunner& run) {
+void keep_where(Relation& relation, std::string_view condition, const QueryRunner& run,
+                const Surroundings* around) {
     if (is_blank(condition)) return;
     const ExpressionPtr bound =
-        bind_names(parse_expression(condition), {.columns = relation.columns, .run = run});
+        bind_names(parse_expression(condition), {.columns = relation.columns, .run = run, .around = around});
     std::erase_if(relation.rows,
                   [&](const Row& row) { return !truth_of(evaluate(*bound, row)).value_or(false); });
 }

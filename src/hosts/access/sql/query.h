@@ -78,9 +78,10 @@ Relation run_query(Catalogue& catalogue, const StoredQuery& query, const std::st
 /// Works out the queries in parentheses that conditions hold, for as long as the catalogue is there.
 QueryRunner queries_on(Catalogue& catalogue);
 
-/// Keeps the records for which a condition is True. A blank one keeps all. Without `run` it may hold no query. Raises
-/// SqlError.
-void keep_where(Relation& relation, std::string_view condition, const QueryRunner& run = {});
+/// Keeps the records for which a condition is True. A blank one keeps all. Without `run` it may hold no query; `around` is
+/// the record around the query that the condition is of. Raises SqlError.
+void keep_where(Relation& relation, std::string_view condition, const QueryRunner& run = {},
+                const Surroundings* around = nullptr);
 
 /// Keeps and orders the records as a query would that is used as a filter: by its condition and its order. Raises SqlError
 /// for a query that does more than that.

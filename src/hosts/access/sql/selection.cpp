@@ -21,7 +21,7 @@ class Run {
     Relation result() {
         if (query_.sources.empty()) throw SqlError("it has no tables");
         records_ = join_sources(load_sources(), query_.joins);
-        keep_where(records_, query_.where, origins_.run);
+        keep_where(records_, query_.where, origins_.run, origins_.around);
         bind_outputs();
         keep_distinct_rows();
         std::vector<Line> lines = is_grouped_ ? grouped_lines() : plain_lines();
@@ -54,7 +54,7 @@ class Run {
     }
 
     Relation records_from(const StoredQuery::Source& source) const {
-        if (source.name.empty()) return origins_.run(source.text);
+        if (source.name.empty()) return origins_.run(source.text, nullptr);
         if (auto records = origins_.named(source.name)) return std::move(*records);
         throw SqlError("there is no table or query \"" + source.name +
                        "\" (one that is linked to another file counts as none)");
@@ -97,6 +97,7 @@ class Run {
         scope_.columns = records_.columns;
         scope_.has_groups = true;
         scope_.run = origins_.run;
+        scope_.around = origins_.around;
         if (query_.has_all_columns) add_all_of("");
         for (const StoredQuery::Output& output : query_.outputs) {
             if (const auto table = table_of_star(output.expression))

@@ -11,7 +11,8 @@ namespace foliant::hosts::access {
 /// Where a query takes its records from.
 struct Origins {
     std::function<std::optional<Relation>(const std::string& name)> named;  ///< tables and queries
-    QueryRunner run;
+    QueryRunner run;                                                        ///< the queries in parentheses
+    const Surroundings* around = nullptr;  ///< the record around the query, where it is in parentheses itself
 };
 
 /// What a selection or a crosstab gives; its columns bear the name besides those of their tables. Raises SqlError.

@@ -8,6 +8,7 @@
 #include "hosts/acrobat/images/image_error.h"
 #include "hosts/acrobat/images/jpeg.h"
 #include "hosts/acrobat/images/row_compressor.h"
+#include "hosts/acrobat/images/tiff_fields.h"
 #include "hosts/acrobat/images/tiff_memory.h"
 
 namespace foliant::hosts::acrobat::images {
@@ -15,82 +16,12 @@ namespace {
 
 using Prediction = RowCompressor::Prediction;
 
-/// The fields of a picture that matter here, with the values that stand for those that are missing.
-struct Fields {
-    std::uint32_t width = 0;
-    std::uint32_t height = 0;
-    std::uint16_t bits = 1;
-    std::uint16_t samples = 1;
-    std::uint16_t extra_samples = 0;
-    std::uint16_t extra_kind = 0;  ///< of the first of them
-    std::uint16_t compression = COMPRESSION_NONE;
-    std::uint16_t photometric = PHOTOMETRIC_MINISWHITE;
-    std::uint16_t planes = PLANARCONFIG_CONTIG;
-    std::uint16_t format = SAMPLEFORMAT_UINT;
-    std::uint16_t fill_order = FILLORDER_MSB2LSB;
-    bool is_tiled = false;
-    bool is_one_piece = false;
-
-    /// What a PDF holds of a sample: 12 bits as 16 with the same meaning, of 32 the upper half.
-    unsigned stored_bits() const { return bits == 12 || bits == 32 ? 16 : bits; }
-    int colours() const { return samples - extra_samples; }
-    bool is_single_bits() const {
-        return bits == 1 && samples == 1 && !is_tiled &&
-               (photometric == PHOTOMETRIC_MINISWHITE || photometric == PHOTOMETRIC_MINISBLACK);
-    }
-    bool is_negative() const { return photometric == PHOTOMETRIC_MINISWHITE; }
-    bool has_opacity() const { return extra_samples > 0 && extra_kind != EXTRASAMPLE_UNSPECIFIED; }
-};
-
-Fields read_fields(const TiffMemory& tiff) {
-    TIFF* const in = tiff.get();
-    Fields fields;
-    ::TIFFGetField(in, TIFFTAG_IMAGEWIDTH, &fields.width);
-    ::TIFFGetField(in, TIFFTAG_IMAGELENGTH, &fields.height);
-    require_reasonable_size(fields.width, fields.height, "TIFF");
-    ::TIFFGetFieldDefaulted(in, TIFFTAG_BITSPERSAMPLE, &fields.bits);
-    ::TIFFGetFieldDefaulted(in, TIFFTAG_SAMPLESPERPIXEL, &fields.samples);
-    ::TIFFGetFieldDefaulted(in, TIFFTAG_COMPRESSION, &fields.compression);
-    ::TIFFGetFieldDefaulted(in, TIFFTAG_PLANARCONFIG, &fields.planes);
-    ::TIFFGetFieldDefaulted(in, TIFFTAG_SAMPLEFORMAT, &fields.format);
-    ::TIFFGetFieldDefaulted(in, TIFFTAG_FILLORDER, &fields.fill_order);
-    if (::TIFFGetField(in, TIFFTAG_PHOTOMETRIC, &fields.photometric) == 0 && fields.samples >= 3)
-        fields.photometric = PHOTOMETRIC_RGB;
-    std::uint16_t* kinds = nullptr;
-    if (::TIFFGetField(in, TIFFTAG_EXTRASAMPLES, &fields.extra_samples, &kinds) != 0 &&
-        fields.extra_samples > 0)
-        fields.extra_kind = kinds[0];
-    fields.is_tiled = ::TIFFIsTiled(in) != 0;
-    fields.is_one_piece = !fields.is_tiled && ::TIFFNumberOfStrips(in) == 1;
-    return fields;
-}
-
-Resolution read_resolution(const TiffMemory& tiff) {
-    constexpr double centimetres_an_inch = 2.54;
-    float across = 0;
-    float down = 0;
-    std::uint16_t unit = RESUNIT_INCH;
-    ::TIFFGetField(tiff.get(), TIFFTAG_XRESOLUTION, &across);
-    ::TIFFGetField(tiff.get(), TIFFTAG_YRESOLUTION, &down);
-    ::TIFFGetFieldDefaulted(tiff.get(), TIFFTAG_RESOLUTIONUNIT, &unit);
-    const double scale = unit == RESUNIT_CENTIMETER ? centimetres_an_inch : unit == RESUNIT_INCH ? 1 : 0;
-    return {across * scale, down * scale};
-}
-
-std::string read_profile(const TiffMemory& tiff, int components) {
-    std::uint32_t size = 0;
-    const void* data = nullptr;
-    if (::TIFFGetField(tiff.get(), TIFFTAG_ICCPROFILE, &size, &data) == 0) return {};
-    std::string profile(static_cast<const char*>(data), size);
-    return components_of_profile(profile) == components ? profile : std::string();
-}
-
 void hold(Pixels& pixels, std::string data) {
     pixels.content = Content(std::move(data));
     pixels.pieces = {pixels.content.bytes()};
 }
 
-Pixels blank(const Fields& fields, int components, int bits) {
+Pixels blank(const TiffFields& fields, int components, int bits) {
     Pixels pixels;
     pixels.width = fields.width;
     pixels.height = fields.height;
@@ -109,7 +40,7 @@ std::string only_piece(const TiffMemory& tiff) {
 }
 
 /// Group 4 fax, whose bits stand for ink where the image is a negative.
-Pixels fax(const Fields& fields, std::string data) {
+Pixels fax(const TiffFields& fields, std::string data) {
     if (fields.fill_order == FILLORDER_LSB2MSB)
         ::TIFFReverseBits(reinterpret_cast<std::uint8_t*>(data.data()), static_cast<tmsize_t>(data.size()));
     Pixels pixels = blank(fields, 1, 1);
@@ -122,7 +53,7 @@ Pixels fax(const Fields& fields, std::string data) {
 }
 
 /// The same picture again as one piece of group 4 fax, which is what single bits compress to best.
-Pixels fax_again(const TiffMemory& tiff, Fields fields) {
+Pixels fax_again(const TiffMemory& tiff, TiffFields fields) {
     const auto copy = TiffMemory::write();
     TIFF* const out = copy->get();
     ::TIFFSetField(out, TIFFTAG_IMAGEWIDTH, fields.width);
@@ -145,7 +76,7 @@ Pixels fax_again(const TiffMemory& tiff, Fields fields) {
 
 /// A JPEG whose tables are kept apart from it is put together again. That it holds red, green and blue stands
 /// in the TIFF; by itself it needs a mark to say so.
-Pixels jpeg(const TiffMemory& tiff, const Fields& fields) {
+Pixels jpeg(const TiffMemory& tiff, const TiffFields& fields) {
     using namespace std::string_view_literals;
     constexpr std::string_view start = "\xFF\xD8"sv;
     constexpr std::string_view as_stored =
@@ -167,27 +98,8 @@ Pixels jpeg(const TiffMemory& tiff, const Fields& fields) {
     return pixels;
 }
 
-std::string palette_of(const TiffMemory& tiff, unsigned bits) {
-    std::uint16_t* red = nullptr;
-    std::uint16_t* green = nullptr;
-    std::uint16_t* blue = nullptr;
-    if (::TIFFGetField(tiff.get(), TIFFTAG_COLORMAP, &red, &green, &blue) == 0)
-        throw ImageError("the TIFF has no palette");
-    const std::size_t count = std::size_t{1} << bits;
-    // Some programs write the values of bytes where words belong.
-    const auto is_byte = [count](const std::uint16_t* values) {
-        return std::all_of(values, values + count, [](std::uint16_t value) { return value < 256; });
-    };
-    const unsigned shift = is_byte(red) && is_byte(green) && is_byte(blue) ? 0 : 8;
-    std::string palette;
-    for (std::size_t i = 0; i < count; ++i)
-        for (const std::uint16_t* part : {red, green, blue})
-            palette += static_cast<char>(part[i] >> shift);
-    return palette;
-}
-
 /// Whether a PDF can hold the samples as they are.
-bool fits_a_pdf(const Fields& fields) {
+bool fits_a_pdf(const TiffFields& fields) {
     if (fields.is_tiled || fields.format != SAMPLEFORMAT_UINT || fields.planes != PLANARCONFIG_CONTIG)
         return false;
     if (fields.extra_samples > 1 || (fields.extra_samples == 1 && fields.bits < 8)) return false;
@@ -241,7 +153,7 @@ std::string upper_words(const std::string& row, std::size_t samples) {
 }
 
 /// The next row as a PDF holds it.
-void read_row(const TiffMemory& tiff, const Fields& fields, std::uint32_t y, std::string& row) {
+void read_row(const TiffMemory& tiff, const TiffFields& fields, std::uint32_t y, std::string& row) {
     const std::size_t samples = std::size_t{fields.width} * fields.samples;
     row.resize(static_cast<std::size_t>(::TIFFScanlineSize(tiff.get())));
     tiff.require(row.size() * 8 >= samples * fields.bits &&
@@ -255,13 +167,13 @@ Row as_row(const std::string& bytes) {
     return {reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()};
 }
 
-std::string predicted(const Fields& fields, int components) {
+std::string predicted(const TiffFields& fields, int components) {
     return "<< /Predictor 15 /Colors " + std::to_string(components) + " /BitsPerComponent " +
            std::to_string(fields.stored_bits()) + " /Columns " + std::to_string(fields.width) + " >>";
 }
 
 /// Parts colours from opacity, row by row.
-void deflate_samples(const TiffMemory& tiff, const Fields& fields, Picture& picture) {
+void deflate_samples(const TiffMemory& tiff, const TiffFields& fields, Picture& picture) {
     const int components = fields.colours();
     const bool is_flat = fields.bits < 8 || fields.photometric == PHOTOMETRIC_PALETTE;
     const std::size_t sample = std::max<std::size_t>(1, fields.stored_bits() / 8);
@@ -295,7 +207,7 @@ void deflate_samples(const TiffMemory& tiff, const Fields& fields, Picture& pict
 }
 
 /// Everything else as libtiff turns it into red, green and blue.
-void deflate_as_rgb(const TiffMemory& tiff, const Fields& fields, Picture& picture) {
+void deflate_as_rgb(const TiffMemory& tiff, const TiffFields& fields, Picture& picture) {
     std::vector<std::uint32_t> all(std::size_t{fields.width} * fields.height);
     tiff.require(::TIFFReadRGBAImageOriented(tiff.get(), fields.width, fields.height, all.data(),
                                              ORIENTATION_TOPLEFT, 1) == 1);
@@ -318,18 +230,16 @@ void deflate_as_rgb(const TiffMemory& tiff, const Fields& fields, Picture& pictu
     hold(picture.pixels, colours.finish());
 }
 
-bool is_copied_jpeg(const Fields& fields) {
+bool is_copied_jpeg(const TiffFields& fields) {
     return fields.compression == COMPRESSION_JPEG && fields.is_one_piece && fields.bits == 8 &&
            fields.planes == PLANARCONFIG_CONTIG && fields.extra_samples == 0;
 }
 
 Picture read_picture(const TiffMemory& tiff) {
-    const Fields fields = read_fields(tiff);
+    const TiffFields fields = read_fields(tiff);
     Picture picture;
     picture.resolution = read_resolution(tiff);
-    std::uint16_t orientation = ORIENTATION_TOPLEFT;
-    ::TIFFGetFieldDefaulted(tiff.get(), TIFFTAG_ORIENTATION, &orientation);
-    if (orientation >= 1 && orientation <= 8) picture.orientation = orientation;
+    picture.orientation = read_orientation(tiff);
     if (fields.is_single_bits() && fields.is_one_piece && fields.compression == COMPRESSION_CCITTFAX4) {
         picture.pixels = fax(fields, only_piece(tiff));
     } else if (is_copied_jpeg(fields)) {
@@ -340,7 +250,7 @@ Picture read_picture(const TiffMemory& tiff) {
         deflate_samples(tiff, fields, picture);
         if (fields.photometric == PHOTOMETRIC_PALETTE) {
             picture.pixels.colours.components = 3;
-            picture.pixels.colours.palette = palette_of(tiff, fields.bits);
+            picture.pixels.colours.palette = read_palette(tiff, fields.bits);
         } else if (fields.is_negative()) {
             picture.pixels.decode = "[1 0]";
         }
@@ -350,12 +260,6 @@ Picture read_picture(const TiffMemory& tiff) {
     Colours& colours = picture.pixels.colours;
     colours.icc_profile = read_profile(tiff, colours.components);
     return picture;
-}
-
-bool is_reduced_copy(const TiffMemory& tiff) {
-    std::uint32_t kind = 0;
-    ::TIFFGetFieldDefaulted(tiff.get(), TIFFTAG_SUBFILETYPE, &kind);
-    return (kind & FILETYPE_REDUCEDIMAGE) != 0;
 }
 
 }  // namespace

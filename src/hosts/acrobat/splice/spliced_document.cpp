@@ -55,8 +55,8 @@ std::string new_identifier() {
 
 /// What pages bring with them besides links and bookmarks takes the engine.
 void require_only_pages(const Value& catalogue) {
-    for (const char* key :
-         {"/AcroForm", "/PageLabels", "/StructTreeRoot", "/OCProperties", "/Names", "/Dests", "/Extensions"})
+    for (const char* key : {"/AcroForm", "/PageLabels", "/StructTreeRoot", "/OCProperties", "/Names",
+                            "/Dests", "/Extensions", "/Perms"})
         require(entry(catalogue, key).kind == Kind::null);
 }
 

@@ -13,8 +13,18 @@ namespace foliant::hosts::office {
 std::string Drawing::finished(std::string pdf) const {
     const Application& application = loaded().application;
     try {
-        return with_page_sizes(std::move(pdf),
-                               visio_page_sizes(MappedFile(loaded().file.descriptor.get()).bytes()));
+        const auto sizes = visio_page_sizes(MappedFile(loaded().file.descriptor.get()).bytes());
+        if (!sizes) return pdf;
+        // LibreOffice would give it one that is blank.
+        if (sizes->empty())
+            throw application.error(
+                application.unreadable,
+                loaded().file.path.string() +
+                    " has no pages: it holds shapes for other drawings, or is damaged. Put its "
+                    "shapes on the page of a drawing in Visio, and print that.");
+        return with_page_sizes(std::move(pdf), *sizes);
+    } catch (const automation::Error&) {
+        throw;
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& reason) {

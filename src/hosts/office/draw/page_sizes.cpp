@@ -109,12 +109,12 @@ bool cut(QPDFPageObjectHelper page, const PageSize& size) {
 
 }  // namespace
 
-std::vector<PageSize> visio_page_sizes(std::string_view drawing) {
+std::optional<std::vector<PageSize>> visio_page_sizes(std::string_view drawing) {
     librevenge::RVNGStringStream stream(reinterpret_cast<const unsigned char*>(drawing.data()),
                                         static_cast<unsigned>(drawing.size()));
     PageSizes pages;
     if (!libvisio::VisioDocument::isSupported(&stream) || !libvisio::VisioDocument::parse(&stream, &pages))
-        return {};
+        return std::nullopt;
     return pages.sizes;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,8 +14,8 @@ struct PageSize {
 };
 
 /// The sizes of the pages of a Visio drawing (the bytes of its file, of any kind), in the order in which LibreOffice
-/// has them; none for what is no Visio drawing, or a damaged one.
-std::vector<PageSize> visio_page_sizes(std::string_view drawing);
+/// has them, none for one that holds only shapes for others; nothing for what is no Visio drawing, or cannot be read.
+std::optional<std::vector<PageSize>> visio_page_sizes(std::string_view drawing);
 
 /// A PDF (its bytes) whose pages have these sizes, each with what lay in its upper left corner before. It stays as it
 /// is where there are as many sizes as pages and they are those; also where their number is another one. Throws

@@ -13,12 +13,12 @@
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFPageDocumentHelper.hh>
 #include <qpdf/QPDFPageObjectHelper.hh>
-#include <qpdf/QPDFWriter.hh>
 #include <qpdf/QUtil.hh>
 #include <string>
 #include <vector>
 
 #include "hosts/office/print/pdf_to_postscript.h"
+#include "hosts/office/print/written_pdf.h"
 
 namespace foliant::hosts::office {
 
@@ -256,13 +256,7 @@ std::string with_pages_replaced(std::string_view flattened, std::string_view ori
     const std::vector<QPDFPageObjectHelper> originals = QPDFPageDocumentHelper(source).getAllPages();
     for (const std::size_t index : worse)
         replace_page(pages.at(index), originals.at(index), open_page(looks, static_cast<int>(index)));
-    QPDFWriter writer(document);
-    writer.setOutputMemory();
-    writer.setCompressStreams(false);
-    writer.setDecodeLevel(qpdf_dl_none);
-    writer.write();
-    const std::shared_ptr<Buffer> bytes = writer.getBufferSharedPointer();
-    return {reinterpret_cast<const char*>(bytes->getBuffer()), bytes->getSize()};
+    return written_pdf(document);
 }
 
 }  // namespace

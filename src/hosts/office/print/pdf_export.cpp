@@ -12,6 +12,7 @@
 #include "hosts/office/engine/progress_relay.h"
 #include "hosts/office/engine/uno_support.h"
 #include "hosts/office/print/flattening.h"
+#include "hosts/office/print/form_fields.h"
 
 namespace foliant::hosts::office {
 
@@ -39,9 +40,17 @@ class MemoryStream : public cppu::WeakImplHelper1<css::io::XOutputStream> {
 
 enum class Transparency { kept, flattened };
 
-Sequence<PropertyValue> pdf_options(const std::string& pages, PdfUse use, Transparency transparency) {
+/// Workbooks, presentations and drawings.
+bool is_made_of_draw_pages(const LoadedDocument& document) {
+    return Reference<css::drawing::XDrawPagesSupplier>(document.component, css::uno::UNO_QUERY).is();
+}
+
+Sequence<PropertyValue> pdf_options(const LoadedDocument& document, const std::string& pages, PdfUse use,
+                                    Transparency transparency) {
     std::vector<PropertyValue> options = {
-        uno_argument("ExportFormFields", false),   // a printed form is filled in with a pen
+        // A printed form is filled in with a pen. But controls on slides and sheets LibreOffice draws only in parts
+        // where there is no window: they come as fields, which are drawn then.
+        uno_argument("ExportFormFields", is_made_of_draw_pages(document)),
         uno_argument("IsSkipEmptyPages", false),   // page numbers of the range count them
         uno_argument("ExportHiddenSlides", true),  // PowerPoint prints them
     };
@@ -69,11 +78,6 @@ bool may_be_transparent(std::string_view pdf) {
     return false;
 }
 
-/// Workbooks, presentations and drawings.
-bool is_made_of_draw_pages(const LoadedDocument& document) {
-    return Reference<css::drawing::XDrawPagesSupplier>(document.component, css::uno::UNO_QUERY).is();
-}
-
 std::string export_once(const LoadedDocument& document, const Sequence<PropertyValue>& options) {
     const Reference<MemoryStream> stream(new MemoryStream);
     const auto arguments = uno_sequence<PropertyValue>({
@@ -93,7 +97,7 @@ std::string export_once(const LoadedDocument& document, const Sequence<PropertyV
         throw document.application.error(
             automation::RuntimeError::disk_full,
             "The PDF was cut short. Probably the disk of the temporary folder is full.");
-    return bytes;
+    return for_paper ? with_fields_drawn(bytes) : bytes;
 }
 
 /// Takes the comments out of a document in memory. While LibreOffice flattens pages it lets its own thread
@@ -117,13 +121,13 @@ void remove_comments(const LoadedDocument& document) {
 }  // namespace
 
 std::string export_to_pdf(const LoadedDocument& document, const std::string& pages, PdfUse use) {
-    std::string pdf = export_once(document, pdf_options(pages, use, Transparency::kept));
+    std::string pdf = export_once(document, pdf_options(document, pages, use, Transparency::kept));
     // PostScript knows no transparency. Few documents use any, and flattening comes with tags for every word,
     // which take as long as all the rest.
     if (use == PdfUse::postscript && may_be_transparent(pdf)) {
         remove_comments(document);
-        pdf = with_flattening_mended(export_once(document, pdf_options(pages, use, Transparency::flattened)),
-                                     pdf);
+        pdf = with_flattening_mended(
+            export_once(document, pdf_options(document, pages, use, Transparency::flattened)), pdf);
     }
     return pdf;
 }
