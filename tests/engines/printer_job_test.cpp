@@ -229,6 +229,12 @@ TEST_F(PrinterJob, AFileThatStillGrowsKeepsTheWaitGoing) {
     )");
 }
 
+TEST_F(PrinterJob, AFileThatShrinksKeepsTheWaitGoing) {
+    stage.files[target].lengths = {700, 700, 400};
+    wait_for_file(session(), target);
+    EXPECT_EQ(stage.now, 4000U);
+}
+
 TEST_F(PrinterJob, AnEmptyFileThatHoldsStillIsComplete) {
     stage.files[target].lengths = {0};
     wait_for_file(session(), target);

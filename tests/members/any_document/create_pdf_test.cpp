@@ -102,6 +102,16 @@ TEST_F(CreatePDF, MoreThan32SecondsOverflowOnceTheWindowIsThereAndAcrobatStays) 
     )");
 }
 
+TEST_F(CreatePDF, ANegativeNumberOfSecondsIsNoTime) {
+    call({named("intSecsToWaitForPDF", std::int16_t{-1})});
+    EXPECT_EQ(line_with("sleep"), "sleep 0 ms");
+}
+
+TEST_F(CreatePDF, FewerThanMinus32SecondsOverflowAsWell) {
+    call({named("intSecsToWaitForPDF", std::int16_t{-33})});
+    EXPECT_EQ(last_line(), "raise 6 from Foliant: Overflow");
+}
+
 TEST_F(CreatePDF, ADocumentThatIsNotValidGivesNoPdfAndNoErrorAndIsClosed) {
     stage.answer("AcroExch.AVDoc.IsValid", false);
     call();

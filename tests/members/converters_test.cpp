@@ -1,9 +1,9 @@
-// When a blank `strDistiller` is filled in: a call that fails before that step leaves the caller's variable as it
-// was, one that fails later does not. Members that only use the component's printer never fill it in.
+// What converters of several families have in common.
 
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <ostream>
+#include <utility>
 
 #include "automation/error.h"
 #include "members/pdf/lists_of_files.h"
@@ -21,6 +21,9 @@ using automation::named;
 using automation::Value;
 using platform::stage::Stage;
 using platform::stage::StageObject;
+
+// When a blank `strDistiller` is filled in: a call that fails before that step leaves the caller's variable as it
+// was, one that fails later does not. Members that only use the component's printer never fill it in.
 
 const Value blank = "  ";
 
@@ -67,6 +70,7 @@ std::string first_failure_with_a_name(const tests::MemberCall& call) {
     }
 }
 
+/// A call of a member, and the first of its actions whose failure leaves a name; "" when there is none.
 struct Case {
     tests::MemberCall call;
     std::string_view first_failure;
@@ -76,7 +80,7 @@ void PrintTo(const Case& stated, std::ostream* out) {
     *out << stated.call.name();
 }
 
-Case of(std::string_view member, const Arguments& others, std::string_view first_failure) {
+Case of(std::string_view member, const Arguments& others, std::string_view first_failure = {}) {
     const bool makes_postscript = member.find("PSfrom") != std::string_view::npos;
     Arguments arguments{makes_postscript ? "C:\\out\\a.ps" : "C:\\out\\a.pdf"};
     arguments.insert(arguments.end(), others.begin(), others.end());
@@ -91,7 +95,8 @@ const Arguments sheets{"C:\\in\\a", list_of({"North"}), list_of({"A1"}),
 
 constexpr std::string_view delete_pdf = "delete C:\\out\\a.pdf";
 constexpr std::string_view delete_postscript = "delete C:\\out\\a.ps";
-constexpr std::string_view never;
+
+const auto name_of_case = [](const auto& test) { return test.param.call.name(); };
 
 class BlankPrinters : public testing::TestWithParam<Case> {};
 
@@ -108,12 +113,69 @@ INSTANTIATE_TEST_SUITE_P(
         of("CreatePDFfromMultiExcel", sheets, "delete C:\\Temp\\13387663.ps"),
         of("CreatePDFfromMultiExcel2", sheets, "delete C:\\Temp\\13387663.pdf"),
         of("CreatePDFfromVisio", input, delete_pdf), of("CreatePDFfromCrystalReport", input, delete_pdf),
-        of("CreatePDFfromWord", input, never), of("CreatePDFfromWord2", input, never),
-        of("CreatePSfromWord", input, never), of("CreatePDFfromTextFile", input, never),
-        of("CreatePDFfromTextFile2", input, never), of("CreatePDFfromTextFile3", input, never),
-        of("CreatePSfromTextFile", input, never), of("CreatePDFfromPowerPoint", input, never),
-        of("CreatePDFfromPowerPoint2", input, never), of("CreatePSfromPowerPoint", input, never)),
-    [](const auto& test) { return test.param.call.name(); });
+        of("CreatePDFfromWord", input), of("CreatePDFfromWord2", input), of("CreatePSfromWord", input),
+        of("CreatePDFfromTextFile", input), of("CreatePDFfromTextFile2", input),
+        of("CreatePDFfromTextFile3", input), of("CreatePSfromTextFile", input),
+        of("CreatePDFfromPowerPoint", input), of("CreatePDFfromPowerPoint2", input),
+        of("CreatePSfromPowerPoint", input)),
+    name_of_case);
+
+// Temporary files.
+
+class TemporaryFiles : public testing::TestWithParam<Case> {
+  protected:
+    TemporaryFiles() {
+        cast_usual_machine(stage);
+        stage.library_folder = "C:\\Library";
+        stage.put_file("C:\\in\\a");
+        stage.folders.insert("D:");
+    }
+
+    void call() {
+        core::BuildPDF object(stage.platform(), events);
+        object.put_TempFilePath("D:\\Scratch");
+        stage.clear_journal();
+        Arguments given = GetParam().call.arguments;
+        tests::run_noting_error(stage, [&] { GetParam().call.make(object, given); });
+    }
+
+    Stage stage;
+    tests::EventsInJournal events{stage};
+};
+
+TEST_P(TemporaryFiles, LieWhereTheClientHasThemAndAreGoneInTheEnd) {
+    call();
+    EXPECT_TRUE(stage.lines().back().starts_with("delete D:\\Scratch\\13387663.p")) << stage.journal();
+    EXPECT_EQ(stage.journal().find("C:\\Library\\1"), std::string::npos) << stage.journal();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Members, TemporaryFiles,
+    testing::Values(of("CreatePDFfromExcel", sheet), of("CreatePDFfromMultiExcel", sheets),
+                    of("CreatePDFfromMultiExcel2", sheets), of("CreatePDFfromWord", input),
+                    of("CreatePDFfromTextFile", input), of("CreatePDFfromPowerPoint", input),
+                    of("CreatePDFfromMultiAutoCAD", {"C:\\in\\a", list_of({"Plan"})}),
+                    of("CreatePDFfromMultiAccessReport", {"C:\\in\\a", list_of({"Turnover"})})),
+    name_of_case);
+
+class JobsThatDistillerFails : public TemporaryFiles {};
+
+TEST_P(JobsThatDistillerFails, EndTheCallAsAnyOther) {
+    stage.when("Distiller.FileToPDF", [](StageObject& distiller, const Arguments& arguments) {
+        distiller.notify("OnJobFail", {arguments.at(0).value, arguments.at(1).value});
+        return Value(std::int16_t{0});
+    });
+    call();
+    EXPECT_TRUE(stage.lines().back().starts_with("delete D:\\Scratch\\")) << stage.journal();
+    EXPECT_NE(stage.journal().find("\nevent JobFail("), std::string::npos);
+}
+
+INSTANTIATE_TEST_SUITE_P(Members, JobsThatDistillerFails,
+                         testing::Values(of("CreatePDFfromExcel", sheet),
+                                         of("CreatePDFfromMultiExcel", sheets),
+                                         of("CreatePDFfromWord", input), of("CreatePDFfromTextFile", input),
+                                         of("CreatePDFfromPowerPoint", input)),
+                         name_of_case);
 
 }  // namespace
 }  // namespace foliant::members
