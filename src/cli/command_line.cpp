@@ -185,8 +185,9 @@ void CommandLine::add_members(CLI::App& parent, Request::Action action) {
 /// Adds the sub-command of a member, and its options if it is the one that is called.
 CLI::App& CommandLine::add_member(CLI::App& parent, Request::Action action, const Member& member) {
     auto* command = parent.add_subcommand(std::string(member.name), std::string(member.help));
-    command->ignore_case()->fallthrough();
+    command->fallthrough();
     if (!is_mentioned(member.name)) return *command;
+    command->ignore_case();
     member_commands_.push_back(std::make_unique<MemberCommand>(*command, member));
     command->final_callback([this, action, &member, added = member_commands_.back().get()] {
         request_.action = action;

@@ -96,6 +96,7 @@ int supervise(const Request& request, LocalMachine& machine, CallLog& log) {
     plan.prepare = [&] {
         if (const auto output = output_of(*request.member, request.arguments)) kept.keep(output->path);
     };
+    plan.meanwhile = [&] { machine.remove_folders_of_the_dead(); };
     plan.settle = [&](const Ending& ending) {
         const bool succeeded = ending.kind == Ending::Kind::finished &&
                                (ending.code == exit_success || ending.code == exit_incomplete);

@@ -173,6 +173,7 @@ Ending run_supervised(const Work& work, const Limits& limits) {
     }
     if (worker == 0) run_worker(work, held.former(), self);
     setpgid(worker, worker);
+    if (work.meanwhile) work.meanwhile();
     const Ending ending = supervise(worker, limits);
     if (work.settle) work.settle(ending);
     if (ending.kind == Ending::Kind::interrupted) held.forget();

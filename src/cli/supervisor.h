@@ -32,12 +32,15 @@ struct Work {
     std::function<int()> call;
     /// Runs in this process before there is a worker, when an interrupt no longer ends the command at once;
     /// what it raises is raised. May be empty.
-    std::function<void()> prepare;
+    std::function<void()> prepare{};
+    /// Runs in this process while the work is under way, before its limits are looked after: something short. Raises
+    /// nothing. May be empty.
+    std::function<void()> meanwhile{};
     /// Runs in this process when no process of the work is left. May be empty.
-    std::function<void(const Ending&)> settle;
+    std::function<void(const Ending&)> settle{};
     /// When this process is killed without a chance to settle anything, the worker calls this from a thread
     /// of its own and ends. May be empty.
-    std::function<void()> when_orphaned;
+    std::function<void()> when_orphaned{};
 };
 
 /// Runs work in a process of its own, in a process group of its own, so that it can be ended wherever it is:

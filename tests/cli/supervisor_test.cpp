@@ -1,5 +1,6 @@
 #include "cli/supervisor.h"
 
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <fstream>
@@ -51,7 +52,7 @@ bool ends_soon(pid_t pid) {
 
 /// Work that only has a call, without limits.
 Ending run(const std::function<int()>& call) {
-    return run_supervised({call, {}, {}, {}}, {});
+    return run_supervised({.call = call}, {});
 }
 
 Limits ending_in(milliseconds time) {
@@ -85,7 +86,7 @@ TEST(Supervisor, TheTimeLimitEndsTheWorkerAndItsChildren) {
         if (fork() == 0) write_pid(path);
         wait_for_ever();
     };
-    const Ending ending = run_supervised({call, {}, {}, {}}, ending_in(milliseconds(500)));
+    const Ending ending = run_supervised({.call = call}, ending_in(milliseconds(500)));
     EXPECT_EQ(ending.kind, Ending::Kind::timed_out);
     EXPECT_TRUE(ends_soon(read_pid(path)));
     unlink(path.c_str());
@@ -110,7 +111,7 @@ TEST(Supervisor, AWorkerWhoseSupervisorIsKilledCleansUpAndEnds) {
             write_pid(pid_file);
             wait_for_ever();
         };
-        run_supervised({call, {}, {}, [&] { write_pid(cleaned); }}, {});
+        run_supervised({.call = call, .when_orphaned = [&] { write_pid(cleaned); }}, {});
         _exit(0);
     }
     const pid_t worker = read_pid(pid_file);
@@ -155,7 +156,7 @@ TEST(Supervisor, MemoryThatAForkSharesCountsOnce) {
     };
     Limits limits;
     limits.memory_bytes = 150 * mebibyte;
-    const Ending ending = run_supervised({call, {}, {}, {}}, limits);
+    const Ending ending = run_supervised({.call = call}, limits);
     EXPECT_EQ(ending.kind, Ending::Kind::finished);
     EXPECT_EQ(ending.code, 'x');
 }
@@ -185,12 +186,26 @@ TEST(Supervisor, NothingIsLeftOfWhatTheWorkLeftBehindWhenItReturns) {
 
 TEST(Supervisor, PreparesBeforeTheWorkAndSettlesAfterItsEnd) {
     std::string steps;
-    const Work work{[&] { return steps == "prepared " ? 0 : 1; },
-                    [&] { steps += "prepared "; },
-                    [&](const Ending& ending) { steps += "settled " + std::to_string(ending.code); },
-                    {}};
+    const Work work{
+        .call = [&] { return steps == "prepared " ? 0 : 1; },
+        .prepare = [&] { steps += "prepared "; },
+        .settle = [&](const Ending& ending) { steps += "settled " + std::to_string(ending.code); }};
     run_supervised(work, {});
     EXPECT_EQ(steps, "prepared settled 0");
+}
+
+TEST(Supervisor, DoesSomethingElseWhileTheWorkIsUnderWay) {
+    std::array<int, 2> pipe{};
+    ASSERT_EQ(::pipe(pipe.data()), 0);
+    const Work work{.call =
+                        [&] {
+                            char told = 0;
+                            return read(pipe[0], &told, 1) == 1 ? told : 0;
+                        },
+                    .meanwhile = [&] { EXPECT_EQ(write(pipe[1], "!", 1), 1); }};
+    EXPECT_EQ(run_supervised(work, ending_in(milliseconds(5000))).code, '!');
+    for (const int end : pipe)
+        close(end);
 }
 
 TEST(Supervisor, ASecondInterruptDoesNotStopTheSettling) {
@@ -206,7 +221,7 @@ TEST(Supervisor, ASecondInterruptDoesNotStopTheSettling) {
             kill(own, SIGINT);
             write_pid(settled);
         };
-        run_supervised({call, {}, settle, {}}, {});
+        run_supervised({.call = call, .settle = settle}, {});
         _exit(0);
     }
     waitpid(supervisor, nullptr, 0);

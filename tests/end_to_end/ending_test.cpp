@@ -88,6 +88,16 @@ TEST_F(EndlessJob, DoesNotOutliveACommandThatIsKilled) {
     expect_nothing_left();
 }
 
+TEST(Leftovers, OfAKilledCommandAndItsWorkerGoWithTheNextCall) {
+    const Workshop shop;
+    const auto left = shop.temporary_folder() / "foliant-abcdef";
+    std::filesystem::create_directory(left);
+    for (const char* file : {".foliant-private", "1234.ps"})
+        std::ofstream(left / file) << "x";
+    EXPECT_EQ(shop.foliant({"GetNumPagesPDF", "missing.pdf"}).exit_code, 3);
+    EXPECT_EQ(shop.leftovers(), "");
+}
+
 TEST_F(EndlessJob, TellsTheTimeLimitInJsonToo) {
     shop.write("loop.ps", "%!PS\n{} loop\n");
     const Finished call =

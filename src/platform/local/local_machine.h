@@ -69,6 +69,9 @@ class LocalMachine : public hosts::Machine {
         on_progress_ = std::move(told);
     }
 
+    /// Removes the private folders that killed processes have left behind. Never raises.
+    void remove_folders_of_the_dead() const noexcept { PrivateFolder::sweep(options_.temporary_folder); }
+
     /// Removes the private folder at once, for a process that ends without unwinding; also for a forked
     /// worker whose parent was killed.
     void remove_private_folder() noexcept { private_folder_.remove(); }

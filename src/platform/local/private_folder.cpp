@@ -2,7 +2,9 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <dirent.h>
 #include <fcntl.h>
+#include <memory>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -61,7 +63,16 @@ void remove_if_dead(const fs::path& path) {
 }  // namespace
 
 PrivateFolder::PrivateFolder(const fs::path& parent) : owner_(::getpid()) {
-    sweep(parent);
+    try {
+        make(parent);
+    } catch (const automation::Error& error) {
+        if (!error.is(automation::RuntimeError::disk_full)) throw;
+        sweep(parent);
+        make(parent);
+    }
+}
+
+void PrivateFolder::make(const fs::path& parent) {
     // A sweeper may take a folder for dead in the instant before its lock is held; then there is another.
     while (!try_to_make(fs::absolute(parent))) {
     }
@@ -113,16 +124,15 @@ fs::path PrivateFolder::usual_parent() {
 }
 
 void PrivateFolder::sweep(const fs::path& parent) noexcept {
-    try {
-        for (const fs::directory_entry& entry : fs::directory_iterator(parent)) {
-            const std::string name = entry.path().filename().string();
-            if (name.size() != name_length || !name.starts_with(name_prefix)) continue;
-            try {
-                remove_if_dead(entry.path());
-            } catch (...) {  // NOLINT(bugprone-empty-catch): the next folder may be easier
-            }
+    // Temporary folders have thousands of entries; nothing is made of those that have another name.
+    const std::unique_ptr<DIR, int (*)(DIR*)> all(::opendir(parent.c_str()), ::closedir);
+    while (const dirent* const entry = all ? ::readdir(all.get()) : nullptr) {
+        const std::string_view name = entry->d_name;
+        if (name.size() != name_length || !name.starts_with(name_prefix)) continue;
+        try {
+            remove_if_dead(parent / name);
+        } catch (...) {  // NOLINT(bugprone-empty-catch): the next folder may be easier
         }
-    } catch (...) {  // NOLINT(bugprone-empty-catch): tidying up is worth no failure
     }
 }
 

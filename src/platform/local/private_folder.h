@@ -9,10 +9,10 @@ namespace foliant::platform::local {
 
 /// A folder of this process alone, `foliant-XXXXXX` with mode 0700, removed with everything in it when its
 /// owner ends. A file in it is locked as long as the owner lives; the system lets go of that lock however the
-/// process ends, so a later start finds the folders of killed processes and removes them.
+/// process ends, so a later call finds the folders of killed processes and removes them (`sweep`).
 class PrivateFolder {
   public:
-    /// Makes the folder in `parent`, after removing what dead processes of the same user left there.
+    /// Makes the folder in `parent`; where there is no room for it, after a sweep.
     /// Raises an automation error that names `parent` when it cannot be made.
     explicit PrivateFolder(const std::filesystem::path& parent);
     PrivateFolder(const PrivateFolder&) = delete;
@@ -24,7 +24,7 @@ class PrivateFolder {
     const std::filesystem::path& path() const noexcept { return path_; }
 
     /// Removes the folder before its time, for a process that is about to end without unwinding, or for a
-    /// forked child whose parent was killed. What another thread writes meanwhile may stay; the next start
+    /// forked child whose parent was killed. What another thread writes meanwhile may stay; the next sweep
     /// removes it.
     void remove() noexcept;
 
@@ -36,6 +36,7 @@ class PrivateFolder {
     static void sweep(const std::filesystem::path& parent) noexcept;
 
   private:
+    void make(const std::filesystem::path& parent);
     bool try_to_make(const std::filesystem::path& parent);
 
     std::filesystem::path path_;

@@ -5,7 +5,9 @@
 #include <atomic>
 #include <gtest/gtest.h>
 #include <memory>
+#include <sched.h>
 #include <signal.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
@@ -56,7 +58,7 @@ TEST(PrivateFolder, IsForItsOwnerAloneAndGoesWithEverythingInIt) {
     EXPECT_FALSE(fs::exists(path));
 }
 
-TEST(PrivateFolder, OfAKilledProcessIsRemovedByTheNextStart) {
+TEST(PrivateFolder, OfAKilledProcessIsSweptAway) {
     const tests::ScratchFolder parent;
     const fs::path left = in_killed_process([&] {
         auto* folder = new PrivateFolder(parent.path());
@@ -65,8 +67,35 @@ TEST(PrivateFolder, OfAKilledProcessIsRemovedByTheNextStart) {
     });
     ASSERT_TRUE(fs::exists(left / "1234.ps"));
     const PrivateFolder next(parent.path());
+    PrivateFolder::sweep(parent.path());
     EXPECT_FALSE(fs::exists(left));
     EXPECT_TRUE(fs::exists(next.path()));
+}
+
+/// Mounts a file system of so many files and folders, in a process whose mounts are its own. False where that is
+/// forbidden.
+bool mount_of_few_files(const fs::path& folder, int most) {
+    const std::string options = "nr_inodes=" + std::to_string(most);
+    return ::unshare(CLONE_NEWNS) == 0 && ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+           ::mount("few", folder.c_str(), "tmpfs", 0, options.c_str()) == 0;
+}
+
+TEST(PrivateFolder, TakesTheRoomThatTheDeadHaveLeftNone) {
+    const tests::ScratchFolder parent;
+    const pid_t child = ::fork();
+    if (child == 0) {
+        constexpr int cannot_mount = 2;
+        if (!mount_of_few_files(parent.path(), 4)) ::_exit(cannot_mount);
+        const fs::path left =
+            in_killed_process([&] { return (new PrivateFolder(parent.path()))->path(); });  // 2 of 3
+        const bool was_left = fs::exists(left);
+        const PrivateFolder next(parent.path());
+        ::_exit(was_left && !fs::exists(left) && fs::exists(next.path()) ? 0 : 1);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    if (WEXITSTATUS(status) == 2) GTEST_SKIP() << "only root can mount a file system";
+    EXPECT_EQ(status, 0);
 }
 
 TEST(PrivateFolder, OfALivingProcessIsLeftAlone) {
@@ -166,7 +195,7 @@ TEST(PrivateFolder, IsRemovedByAChildThatIsToldTo) {
 }
 
 // An engine may write while its folder is removed; what is left has to be known as something to remove.
-TEST(PrivateFolder, ThatCouldNotBeRemovedWholeIsRemovedByTheNextStart) {
+TEST(PrivateFolder, ThatCouldNotBeRemovedWholeIsSweptAway) {
     const tests::ScratchFolder parent;
     const fs::path left = in_killed_process([&] {
         auto* folder = new PrivateFolder(parent.path());
