@@ -39,6 +39,9 @@ function(foliant_hosts_library target name)
   add_library(${target} MODULE ${ARGN})
   set_target_properties(${target} PROPERTIES OUTPUT_NAME ${name} PREFIX ""
                         LIBRARY_OUTPUT_DIRECTORY ${FOLIANT_HOSTS_FOLDER})
+  # It has all of our code that it needs, and shows nobody but its one function: what is exported is looked up among
+  # the symbols of everything loaded, for each call.
+  target_link_options(${target} PRIVATE LINKER:--exclude-libs,ALL)
   install(TARGETS ${target} LIBRARY DESTINATION lib/foliant/hosts)
 endfunction()
 
