@@ -14,10 +14,10 @@ namespace {
 constexpr std::size_t piece_size = std::size_t{1} << 20U;
 
 /// Fewer and larger writes than the document has pieces.
-void write_in_pieces(const splice::SplicedDocument& document, const splice::Body::Write& write) {
+void write_in_pieces(const splice::SplicedDocument& document, Form form, const splice::Body::Write& write) {
     std::string piece;
     piece.reserve(piece_size);
-    document.write([&](std::string_view bytes) {
+    const auto add = [&](std::string_view bytes) {
         if (piece.size() + bytes.size() > piece_size) {
             write(piece);
             piece.clear();
@@ -26,7 +26,8 @@ void write_in_pieces(const splice::SplicedDocument& document, const splice::Body
             write(bytes);
         else
             piece += bytes;
-    });
+    };
+    form == Form::linearised ? document.write_linearised(add) : document.write(add);
     write(piece);
 }
 
@@ -64,8 +65,8 @@ bool OwnDocument::append(OwnDocument& source, std::int32_t count, bool with_book
     return true;
 }
 
-void OwnDocument::write(OutputFile& output) const {
-    write_in_pieces(*spliced_, [&](std::string_view bytes) { output.write(bytes); });
+void OwnDocument::write(OutputFile& output, Form form) const {
+    write_in_pieces(*spliced_, form, [&](std::string_view bytes) { output.write(bytes); });
 }
 
 posix::FileDescriptor OwnDocument::hand_over() {
@@ -74,7 +75,8 @@ posix::FileDescriptor OwnDocument::hand_over() {
     posix::FileDescriptor file(::memfd_create("document", MFD_CLOEXEC));
     if (!file) throw std::system_error(errno, std::generic_category(), "cannot make a file");
     const int descriptor = file.get();
-    write_in_pieces(*spliced_, [&](std::string_view bytes) { write_all(descriptor, bytes, path_); });
+    write_in_pieces(*spliced_, Form::plain,
+                    [&](std::string_view bytes) { write_all(descriptor, bytes, path_); });
     return file;
 }
 

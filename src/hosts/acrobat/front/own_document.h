@@ -10,6 +10,9 @@
 
 namespace foliant::hosts::acrobat::front {
 
+/// How a file is written.
+enum class Form { plain, linearised };
+
 /// A document that the front has opened or made itself: a plain file, or one that is put together of such. Everything
 /// throws glance::Doubt for what only the engine can judge.
 class OwnDocument {
@@ -32,7 +35,7 @@ class OwnDocument {
     bool is_changed() const noexcept { return spliced_ != nullptr; }
 
     /// Writes one that is changed.
-    void write(OutputFile& output) const;
+    void write(OutputFile& output, Form form) const;
     void note_saved(const std::string& path) {
         if (path_.empty()) path_ = path;
     }

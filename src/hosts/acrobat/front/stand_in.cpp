@@ -186,13 +186,17 @@ std::optional<Value> Document::insert_pages(const Arguments& arguments) {
 
 std::optional<Value> Document::save(const Arguments& arguments) {
     constexpr std::int16_t full = 1;
-    if (arguments.size() != 2 || !own_.is_changed() || automation::to_int16(arguments[0].value) != full)
-        return std::nullopt;
+    constexpr std::int16_t linearised = 4;
+    if (arguments.size() != 2 || !own_.is_changed()) return std::nullopt;
+    const std::int16_t flags = automation::to_int16(arguments[0].value);
+    if (flags != full && flags != (full | linearised)) return std::nullopt;
     const std::string path = automation::to_text(arguments[1].value);
     try {
         const std::unique_ptr<OutputFile> output = front()->machine().make_output(path);
-        own_.write(*output);
+        own_.write(*output, flags == full ? Form::plain : Form::linearised);
         output->commit();
+    } catch (const glance::Doubt&) {
+        return std::nullopt;
     } catch (const std::filesystem::filesystem_error& failure) {
         throw write_failure("Adobe Acrobat", failure);
     }

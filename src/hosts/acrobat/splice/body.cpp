@@ -1,5 +1,7 @@
 #include "hosts/acrobat/splice/body.h"
 
+#include <algorithm>
+
 namespace foliant::hosts::acrobat::splice {
 
 std::string& Body::begin_object(std::int32_t number) {
@@ -29,6 +31,32 @@ void Body::write(const Write& write) const {
         written = data.at;
     }
     write(std::string_view(text_).substr(written));
+}
+
+void Body::list(std::vector<Object>& objects) const {
+    objects.resize(std::max(objects.size(), offsets_.size()));
+    std::vector<std::size_t> numbers;
+    for (std::size_t number = 0; number < offsets_.size(); ++number)
+        if (offsets_[number] >= begin_) numbers.push_back(number);
+    std::ranges::sort(numbers, {}, [&](std::size_t number) { return offsets_[number]; });
+    auto data = data_.begin();
+    std::size_t before = 0;  // bytes of data
+    std::size_t at = 0;      // in the text
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        const bool has_data = data != data_.end() && (i + 1 == numbers.size() ||
+                                                      data->at + before < offsets_[numbers[i + 1]] - begin_);
+        if (has_data) before += data->bytes.size();
+        const std::size_t end =
+            i + 1 == numbers.size() ? text_.size() : offsets_[numbers[i + 1]] - begin_ - before;
+        const std::string_view text = std::string_view(text_).substr(at, end - at);
+        if (has_data) {
+            objects[numbers[i]] = {text.substr(0, data->at - at), data->bytes, text.substr(data->at - at)};
+            ++data;
+        } else {
+            objects[numbers[i]] = {text};
+        }
+        at = end;
+    }
 }
 
 void Body::return_to(const Mark& mark) {

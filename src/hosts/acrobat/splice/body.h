@@ -38,6 +38,16 @@ class Body {
     /// As many bytes as the file has between its beginning and its end.
     void write(const Write& write) const;
 
+    /// An object as it will stand in the file: the data of a stream, if they are not part of the text, and what is around
+    /// them. All of it stays where it is as long as the body is not changed.
+    struct Object {
+        std::string_view text;
+        std::string_view data{};
+        std::string_view behind_data{};
+    };
+    /// Puts the objects that this body has in their places by number; those of others stay as they are.
+    void list(std::vector<Object>& objects) const;
+
     /// What it holds; to return to that.
     struct Mark {
         std::size_t text;

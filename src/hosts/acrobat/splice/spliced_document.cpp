@@ -6,6 +6,8 @@
 #include <random>
 #include <span>
 
+#include "hosts/acrobat/splice/linearised_file.h"
+
 namespace foliant::hosts::acrobat::splice {
 
 using glance::entry;
@@ -284,10 +286,11 @@ void SplicedDocument::write_bookmarks(Body& tail, std::int32_t outlines) const {
     tail.put_object(outlines, text + "/Count " + std::to_string(all.back().visible_below) + " >>");
 }
 
-void SplicedDocument::write_catalogue(Body& tail, const std::string& packet) const {
+/// Returns the number of what the bookmarks hang from; 0 for none.
+std::int32_t SplicedDocument::write_catalogue(Body& tail, const std::string& packet) const {
     std::string catalogue = "<< " + catalogue_entries_ + "/Pages " + reference(page_root_);
-    if (!bookmarks_.empty()) {
-        const std::int32_t outlines = tail.new_number();
+    const std::int32_t outlines = bookmarks_.empty() ? 0 : tail.new_number();
+    if (outlines != 0) {
         write_bookmarks(tail, outlines);
         catalogue += " /Outlines " + reference(outlines);
     }
@@ -295,33 +298,54 @@ void SplicedDocument::write_catalogue(Body& tail, const std::string& packet) con
     tail.put_object(metadata, "<< /Type /Metadata /Subtype /XML /Length " + std::to_string(packet.size()) +
                                   " >>\nstream\n" + packet + "\nendstream");
     tail.put_object(catalogue_, catalogue + " /Metadata " + reference(metadata) + " >>");
+    return outlines;
+}
+
+std::string SplicedDocument::header() const {
+    return "%PDF-" + std::to_string(version_ / 10) + "." + std::to_string(version_ % 10) +
+           std::string(behind_version);
+}
+
+SplicedDocument::End SplicedDocument::end() const {
+    End end{Body(body_.end(), body_.offsets()), 0, trailer_entries_};
+    const Information::Written said = information_.written();
+    write_page_tree(end.objects);
+    end.outlines = write_catalogue(end.objects, said.packet);
+    const std::int32_t information = end.objects.new_number();
+    end.objects.put_object(information, said.dictionary);
+    const std::string identifier = new_identifier();
+    end.trailer += "/Root " + reference(catalogue_) + " /Info " + reference(information) + " /ID [ " +
+                   (identifier_.empty() ? identifier : identifier_) + " " + identifier + " ]";
+    return end;
 }
 
 void SplicedDocument::write(const Body::Write& write) const {
-    Body tail(body_.end(), body_.offsets());
-    const Information::Written said = information_.written();
-    write_page_tree(tail);
-    write_catalogue(tail, said.packet);
-    const std::int32_t information = tail.new_number();
-    tail.put_object(information, said.dictionary);
-
-    const std::vector<std::size_t>& offsets = tail.offsets();
-    std::string end = "xref\n0 " + std::to_string(offsets.size()) + "\n";
+    const End end = this->end();
+    const std::vector<std::size_t>& offsets = end.objects.offsets();
+    std::string table = "xref\n0 " + std::to_string(offsets.size()) + "\n";
     for (const std::size_t offset : offsets) {
         char line[32];
         std::snprintf(line, sizeof line, offset == 0 ? "%010zu 65535 f \n" : "%010zu 00000 n \n", offset);
-        end += line;
+        table += line;
     }
-    const std::string identifier = new_identifier();
-    end += "trailer << " + trailer_entries_ + "/Size " + std::to_string(offsets.size()) + " /Root " +
-           reference(catalogue_) + " /Info " + reference(information) + " /ID [ " +
-           (identifier_.empty() ? identifier : identifier_) + " " + identifier + " ] >>\nstartxref\n" +
-           std::to_string(tail.end()) + "\n%%EOF\n";
-    write("%PDF-" + std::to_string(version_ / 10) + "." + std::to_string(version_ % 10));
-    write(behind_version);
+    table += "trailer << " + end.trailer + " /Size " + std::to_string(offsets.size()) + " >>\nstartxref\n" +
+             std::to_string(end.objects.end()) + "\n%%EOF\n";
+    write(header());
     body_.write(write);
-    tail.write(write);
-    write(end);
+    end.objects.write(write);
+    write(table);
+}
+
+void SplicedDocument::write_linearised(const Body::Write& write) const {
+    if (pages_.empty()) return this->write(write);
+    const End end = this->end();
+    Whole whole{.trailer = end.trailer, .catalogue = catalogue_, .outlines = end.outlines, .pages = pages_};
+    body_.list(whole.objects);
+    end.objects.list(whole.objects);
+    for (Body::Object& object : whole.objects)
+        if (object.text.ends_with(" obj\nnull\nendobj\n")) object = {};
+    const std::string beginning = header();
+    LinearisedFile(beginning, whole).write(write);
 }
 
 }  // namespace foliant::hosts::acrobat::splice

@@ -33,6 +33,8 @@ class SplicedDocument {
 
     /// All of it as a file.
     void write(const Body::Write& write) const;
+    /// The same as a linearised file, but for a document without pages. Throws Doubt before anything is written.
+    void write_linearised(const Body::Write& write) const;
 
   private:
     struct Bookmark {
@@ -52,7 +54,15 @@ class SplicedDocument {
     void write_page_tree(Body& tail) const;
     void write_bookmarks(Body& tail, std::int32_t outlines) const;
     std::vector<Links> links() const;
-    void write_catalogue(Body& tail, const std::string& packet) const;
+    std::int32_t write_catalogue(Body& tail, const std::string& packet) const;
+    std::string header() const;
+    /// What is made when all pages are known.
+    struct End {
+        Body objects;
+        std::int32_t outlines;  ///< 0 for none
+        std::string trailer;    ///< its entries, but for the number of objects
+    };
+    End end() const;
 
     Body body_;
     int version_ = 13;

@@ -207,14 +207,28 @@ TEST_F(FrontTest, HandsOverANewDocumentAsNewUntilItHasPages) {
     EXPECT_EQ(notes, (Notes{"create AcroExch.PDDoc", "PDDoc.Create", "PDDoc.GetInfo Title"}));
 }
 
+TEST_F(FrontTest, SavesALinearisedFileWithoutTheEngine) {
+    const Value target = create("AcroExch.PDDoc");
+    const Value source = create("AcroExch.PDDoc");
+    target.call("Create");
+    source.call("Open", {file("b.pdf", 3)});
+    append(target, source);
+    const auto path = folder / "all.pdf";
+    EXPECT_EQ(target.call("Save", {std::int16_t{5}, path.string()}), Value(true));
+    const std::string saved = tests::read_file(path);
+    EXPECT_NE(saved.substr(0, 100).find("/Linearized 1"), std::string::npos) << saved.substr(0, 100);
+    EXPECT_EQ(glance::page_count(saved), 3);
+    EXPECT_EQ(notes, Notes());
+}
+
 TEST_F(FrontTest, LeavesEverySaveButAFullOneToTheEngine) {
     const Value target = create("AcroExch.PDDoc");
     const Value source = create("AcroExch.PDDoc");
     target.call("Create");
     source.call("Open", {file("b.pdf", 3)});
     append(target, source);
-    target.call("Save", {std::int16_t{5}, "all.pdf"});
-    EXPECT_EQ(notes.back(), "PDDoc.Save 5 all.pdf");
+    target.call("Save", {std::int16_t{0}, "all.pdf"});
+    EXPECT_EQ(notes.back(), "PDDoc.Save 0 all.pdf");
     EXPECT_EQ(glance::page_count(taken_over.at(0)), 3);
 }
 
