@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "acrobat/acrobat.h"
 #include "acrobat/pages.h"
@@ -26,9 +27,20 @@ struct PageText {
     Value page;
 };
 
-/// Long enough that nothing on a page of that width or height lies outside.
+/// A product of whole numbers in the type of its factor, or in the next one that holds it.
+Value ten_times_whole(std::int32_t length, bool fits_in_16_bits) {
+    const std::int64_t product = std::int64_t{length} * 10;
+    if (fits_in_16_bits && std::in_range<std::int16_t>(product)) return static_cast<std::int16_t>(product);
+    if (std::in_range<std::int32_t>(product)) return static_cast<std::int32_t>(product);
+    return static_cast<double>(product);
+}
+
+/// Long enough that nothing on a page of that width or height lies outside. Nothing is rounded: which numbers a
+/// rectangle takes is Acrobat's to say.
 Value far_beyond(const Value& length) {
-    return automation::to_int32(automation::to_double(length) * 10);
+    if (const auto* number = length.if_holds<std::int16_t>()) return ten_times_whole(*number, true);
+    if (const auto* number = length.if_holds<std::int32_t>()) return ten_times_whole(*number, false);
+    return automation::to_double(length) * 10;
 }
 
 void select_page(const Value& document, std::int32_t page, PageText& text) {

@@ -65,7 +65,7 @@ Value from_currency(CY currency) {
 }
 
 /// One element, fetched as its type is stored and dressed as a variant.
-Value element_of(SAFEARRAY& array, VARTYPE type, LONG index) {
+Value stored_element(SAFEARRAY& array, VARTYPE type, LONG index) {
     Variant element;
     if (type == VT_VARIANT) {
         check(SafeArrayGetElement(&array, &index, element.get()));
@@ -78,6 +78,16 @@ Value element_of(SAFEARRAY& array, VARTYPE type, LONG index) {
         element->vt = type;
     }
     return to_value(*element);
+}
+
+/// The same; one without a counterpart stands as missing, which raises 13 where it is used, and not before.
+Value element_of(SAFEARRAY& array, VARTYPE type, LONG index) {
+    try {
+        return stored_element(array, type, index);
+    } catch (const Error& error) {
+        if (!error.is(RuntimeError::type_mismatch)) throw;
+        return Missing{};
+    }
 }
 
 Value from_array(SAFEARRAY* array, VARTYPE type) {

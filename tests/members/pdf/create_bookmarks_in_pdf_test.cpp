@@ -3,6 +3,7 @@
 #include "automation/coerce.h"
 #include "members/pdf/acrobat_endings.h"
 #include "members/pdf/lists_of_files.h"
+#include "members/pdf/stage_names.h"
 #include "platform/stage/stage_object.h"
 #include "support/fault_cases.h"
 #include "support/member_cases.h"
@@ -156,6 +157,54 @@ TEST_F(CreateBookmarksInPDF, SavesAlsoWhenNothingIsFound) {
         AcroExch.PDDoc.SetFlags(Integer(256))
         AcroExch.AVDoc.FindText("Nowhere", False, False, False)
         AcroExch.AVDoc.FindText("Nowhere", False, False, False)
+        AcroExch.PDDoc.Save(Integer(0), "C:\in\Report.pdf")
+    )");
+}
+
+TEST_F(CreateBookmarksInPDF, LooksForTheNewBookmarkInTheDocument) {
+    std::vector<std::string> looked_in;
+    stage.when("AcroExch.PDBookmark.GetByTitle", [&](StageObject&, const Arguments& arguments) {
+        looked_in.push_back(stage_name_of(arguments.at(0).value));
+        return Value(true);
+    });
+    call();
+    EXPECT_EQ(looked_in, (std::vector<std::string>{"AcroExch.PDDoc", "AcroExch.PDDoc"}));
+}
+
+TEST_F(CreateBookmarksInPDF, DoesNotLookAtWhetherThereIsANewBookmarkAndWhetherItTookTheTitle) {
+    stage.answer("AcroExch.App.MenuItemExecute", false);
+    stage.answer("AcroExch.PDBookmark.GetByTitle", false);
+    stage.answer("AcroExch.PDBookmark.SetTitle", false);
+    stage.answer("AcroExch.PDDoc.Save", false);
+    call();
+    expect_journal(journal.expected);
+}
+
+TEST_F(CreateBookmarksInPDF, TakesNumbersAndAnEmptyElementForTexts) {
+    call({named("varBookmarkTitles", list_of({std::int32_t{2024}, Value(), Value(true)}, 1))});
+    tests::expect_text(lines_with({"SetTitle"}), R"(
+        AcroExch.PDBookmark.SetTitle("2024")
+        AcroExch.PDBookmark.SetTitle("")
+        AcroExch.PDBookmark.SetTitle("True")
+    )");
+}
+
+TEST_F(CreateBookmarksInPDF, MarksWhatComesBeforeATitleThatIsNoTextAndSavesNothing) {
+    call({named("varBookmarkTitles", list_of({"Summary", automation::Null{}, "Figures"}))});
+    tests::expect_text(journal_from("SetTitle"), R"(
+        AcroExch.PDBookmark.SetTitle("Summary")
+        release AcroExch.PDBookmark
+        release AcroExch.AVDoc
+        release AcroExch.PDDoc
+        release AcroExch.App
+        raise -2147467008 from Foliant: Can't open file C:\in\Report.pdf.
+    )");
+}
+
+TEST_F(CreateBookmarksInPDF, OfAListWithoutElementsOnlySaves) {
+    call({named("varBookmarkTitles", list_of({}))});
+    tests::expect_text(journal_between("SetFlags", "Save"), R"(
+        AcroExch.PDDoc.SetFlags(Integer(256))
         AcroExch.PDDoc.Save(Integer(0), "C:\in\Report.pdf")
     )");
 }

@@ -10,8 +10,11 @@
 namespace foliant::members {
 namespace {
 
+using automation::Arguments;
 using automation::named;
+using automation::Value;
 using platform::stage::Stage;
+using platform::stage::StageObject;
 
 const tests::MemberCall usual{
     .member = "CreatePDFfromMultiPDFinDir",
@@ -117,6 +120,30 @@ TEST_F(CreatePDFfromMultiPDFinDir, OfOneMatchMakesACopy) {
         AcroExch.PDDoc.Close()
         release AcroExch.PDDoc
     )");
+}
+
+TEST_F(CreatePDFfromMultiPDFinDir, InsertsEveryOtherFileIntoTheFirstOne) {
+    std::vector<const automation::Object*> opened;
+    stage.when("AcroExch.PDDoc.Open", [&](StageObject& self, const Arguments&) {
+        opened.push_back(&self);
+        return Value(true);
+    });
+    std::vector<const automation::Object*> counted;
+    stage.when("AcroExch.PDDoc.GetNumPages", [&](StageObject& self, const Arguments&) {
+        counted.push_back(&self);
+        return Value(std::int32_t{3});
+    });
+    stage.when("AcroExch.PDDoc.InsertPages", [&](StageObject& self, const Arguments& arguments) {
+        EXPECT_EQ(&self, opened.front());
+        EXPECT_EQ(&arguments.at(1).value.object(), opened.back());
+        return Value(true);
+    });
+    call({named("strFiles", "?.pdf")});
+    ASSERT_GE(opened.size(), 2U);
+    EXPECT_NE(opened.at(0), opened.at(1));
+    ASSERT_GE(counted.size(), 2U);
+    EXPECT_EQ(counted.at(0), opened.at(0));
+    EXPECT_EQ(counted.at(1), opened.at(1));
 }
 
 TEST_F(CreatePDFfromMultiPDFinDir, WithoutAMatchOpensTheFolderAndWritesNothing) {

@@ -10,9 +10,11 @@
 namespace foliant::members {
 namespace {
 
+using automation::Arguments;
 using automation::named;
 using automation::Value;
 using platform::stage::Stage;
+using platform::stage::StageObject;
 
 void put_inputs_and_old_output(Stage& stage) {
     put_files(stage, {"C:\\in\\a.pdf", "C:\\My Files\\b.pdf", "C:\\out\\book.pdf"});
@@ -130,6 +132,77 @@ TEST_F(CreatePDFfromMultiPDF, InsertsAFileAsOftenAsTheListNamesIt) {
     tests::expect_text(lines_with({"InsertPages"}), R"(
         AcroExch.PDDoc.InsertPages(Integer(-1), <object>, Integer(0), Integer(3), True)
         AcroExch.PDDoc.InsertPages(Integer(2), <object>, Integer(0), Integer(3), True)
+    )");
+}
+
+TEST_F(CreatePDFfromMultiPDF, InsertsWhatItHasOpenedIntoWhatItHasMade) {
+    const automation::Object* made = nullptr;
+    const automation::Object* opened = nullptr;
+    stage.when("AcroExch.PDDoc.Create", [&](StageObject& self, const Arguments&) {
+        made = &self;
+        return Value(true);
+    });
+    stage.when("AcroExch.PDDoc.Open", [&](StageObject& self, const Arguments&) {
+        opened = &self;
+        return Value(true);
+    });
+    // Of two counts in a row the source's is the first.
+    std::vector<const automation::Object*> counted;
+    stage.when("AcroExch.PDDoc.GetNumPages", [&](StageObject& self, const Arguments&) {
+        counted.push_back(&self);
+        return Value(std::int32_t{3});
+    });
+    int inserted = 0;
+    stage.when("AcroExch.PDDoc.InsertPages", [&](StageObject& self, const Arguments& arguments) {
+        EXPECT_EQ(&self, made);
+        EXPECT_EQ(&arguments.at(1).value.object(), opened);
+        ++inserted;
+        return Value(true);
+    });
+    call();
+    EXPECT_EQ(inserted, 2);
+    EXPECT_NE(opened, made);
+    EXPECT_EQ(counted, (std::vector<const automation::Object*>{opened, made, opened, made}));
+}
+
+TEST_F(CreatePDFfromMultiPDF, LetsMessagesInBeforeItReadsAnInput) {
+    call({named("varPDFFiles", list_of({automation::Null{}}))});
+    tests::expect_text(journal_from("delete"), R"(
+        delete C:\out\book.pdf
+        pump messages
+        release AcroExch.PDDoc
+        release AcroExch.PDDoc
+        raise 94 from Foliant: Invalid use of Null
+    )");
+}
+
+TEST_F(CreatePDFfromMultiPDF, PassesOverAnElementThatIsEmpty) {
+    call({named("varPDFFiles", list_of({Value(), "C:\\in\\a.pdf"}))});
+    tests::expect_text(lines_with({"length", "Open"}), R"(
+        length C:\out\book.pdf -> 1000
+        length  -> not found
+        length C:\in\a.pdf -> 1000
+        AcroExch.PDDoc.Open("C:\in\a.pdf")
+    )");
+}
+
+TEST_F(CreatePDFfromMultiPDF, IsNotDisturbedByACallDuringItsPump) {
+    int pumps = 0;
+    stage.on_pump = [&] {
+        if (++pumps != 2) return;
+        Arguments other{"C:\\out\\other.pdf", list_of({"C:\\My Files\\b.pdf"})};
+        usual.make(object(), other);
+    };
+    call();
+    tests::expect_text(lines_with({"Open", "InsertPages", "Save"}), R"(
+        AcroExch.PDDoc.Open("C:\in\a.pdf")
+        AcroExch.PDDoc.InsertPages(Integer(-1), <object>, Integer(0), Integer(3), True)
+        AcroExch.PDDoc.Open("C:\My Files\b.pdf")
+        AcroExch.PDDoc.InsertPages(Integer(-1), <object>, Integer(0), Integer(3), True)
+        AcroExch.PDDoc.Save(Integer(5), "C:\out\other.pdf")
+        AcroExch.PDDoc.Open("C:\My Files\b.pdf")
+        AcroExch.PDDoc.InsertPages(Integer(2), <object>, Integer(0), Integer(3), True)
+        AcroExch.PDDoc.Save(Integer(5), "C:\out\book.pdf")
     )");
 }
 

@@ -2,6 +2,7 @@
 
 #include "automation/coerce.h"
 #include "members/pdf/acrobat_endings.h"
+#include "members/pdf/stage_names.h"
 #include "platform/stage/stage_object.h"
 #include "support/fault_cases.h"
 #include "support/member_cases.h"
@@ -52,10 +53,10 @@ const tests::WholeJournal journal(usual, R"(
     AcroExch.PDPage.GetSize()
     AcroExch.Rect.Left = Integer(0)
     AcroExch.Point.x -> Integer(612)
-    AcroExch.Rect.Right = Long(6120)
+    AcroExch.Rect.Right = Integer(6120)
     AcroExch.Rect.bottom = Integer(0)
     AcroExch.Point.y -> Integer(792)
-    AcroExch.Rect.Top = Long(7920)
+    AcroExch.Rect.Top = Integer(7920)
     AcroExch.PDDoc.CreateTextSelect(Long(0), <object>)
     AcroExch.PDTextSelect.GetNumText()
     pump messages
@@ -70,10 +71,10 @@ const tests::WholeJournal journal(usual, R"(
     release AcroExch.Point
     AcroExch.Rect.Left = Integer(0)
     AcroExch.Point.x -> Integer(612)
-    AcroExch.Rect.Right = Long(6120)
+    AcroExch.Rect.Right = Integer(6120)
     AcroExch.Rect.bottom = Integer(0)
     AcroExch.Point.y -> Integer(792)
-    AcroExch.Rect.Top = Long(7920)
+    AcroExch.Rect.Top = Integer(7920)
     AcroExch.PDDoc.CreateTextSelect(Long(1), <object>)
     release AcroExch.PDTextSelect
     AcroExch.PDTextSelect.GetNumText()
@@ -125,10 +126,10 @@ const tests::WholeJournal journal_with_password(with_password, R"(
     AcroExch.PDPage.GetSize()
     AcroExch.Rect.Left = Integer(0)
     AcroExch.Point.x -> Integer(612)
-    AcroExch.Rect.Right = Long(6120)
+    AcroExch.Rect.Right = Integer(6120)
     AcroExch.Rect.bottom = Integer(0)
     AcroExch.Point.y -> Integer(792)
-    AcroExch.Rect.Top = Long(7920)
+    AcroExch.Rect.Top = Integer(7920)
     AcroExch.PDDoc.CreateTextSelect(Long(0), <object>)
     AcroExch.PDTextSelect.GetNumText()
     pump messages
@@ -214,10 +215,10 @@ const tests::MemberFaults faults({.member = "CreateTextfileFromPDF",
         raise the failure
     fails: AcroExch.Rect.Left = Integer(0)
     fails: AcroExch.Point.x
-    fails: AcroExch.Rect.Right = Long(6120)
+    fails: AcroExch.Rect.Right = Integer(6120)
     fails: AcroExch.Rect.bottom = Integer(0)
     fails: AcroExch.Point.y
-    fails: AcroExch.Rect.Top = Long(7920)
+    fails: AcroExch.Rect.Top = Integer(7920)
     fails: AcroExch.PDDoc.CreateTextSelect(Long(0), <object>)
         close C:\out\a.txt
         release AcroExch.PDDoc
@@ -289,12 +290,42 @@ TEST_F(CreateTextfileFromPDF, TakesEveryLineEndOutOfALine) {
     EXPECT_EQ(text(), "abc\r\r\n\n\r\n\r\n");
 }
 
+TEST_F(CreateTextfileFromPDF, LeavesALineEndThatComesOfTakingOthersOut) {
+    put_words(stage, 1, {"a\r\r\n\nb\r\n"});
+    call();
+    EXPECT_EQ(text(), "a\r\nb\r\n\r\n");
+}
+
+TEST_F(CreateTextfileFromPDF, TakesAPasswordOfBlanksForNone) {
+    call({named("strOpenPassword", "  ")});
+    EXPECT_EQ(line_with("Open("), R"(AcroExch.PDDoc.Open("C:\in\a.pdf"))");
+    EXPECT_EQ(stage.journal().find("start"), std::string::npos);
+}
+
 TEST_F(CreateTextfileFromPDF, SelectsTenTimesAPageHoweverLargeItIs) {
     stage.answer("AcroExch.Point.x", std::int16_t{14400});
-    stage.answer("AcroExch.Point.y", 595.28);
+    stage.answer("AcroExch.Point.y", std::int32_t{300'000'000});
     call();
     EXPECT_EQ(lines_with({"Right", "Top"}).at(0), "AcroExch.Rect.Right = Long(144000)");
-    EXPECT_EQ(lines_with({"Right", "Top"}).at(1), "AcroExch.Rect.Top = Long(5953)");
+    EXPECT_EQ(lines_with({"Right", "Top"}).at(1), "AcroExch.Rect.Top = Double(3000000000)");
+}
+
+TEST_F(CreateTextfileFromPDF, RoundsNoSizeAndKeepsTheTypeThatAcrobatGivesItIn) {
+    stage.answer("AcroExch.Point.x", 595.28);
+    stage.answer("AcroExch.Point.y", std::int32_t{842});
+    call();
+    EXPECT_EQ(lines_with({"Right", "Top"}).at(0), "AcroExch.Rect.Right = Double(5952.8)");
+    EXPECT_EQ(lines_with({"Right", "Top"}).at(1), "AcroExch.Rect.Top = Long(8420)");
+}
+
+TEST_F(CreateTextfileFromPDF, SelectsByItsRectangle) {
+    std::string given;
+    stage.when("AcroExch.PDDoc.CreateTextSelect", [&](StageObject& self, const Arguments& arguments) {
+        given = stage_name_of(arguments.at(1).value);
+        return Value(self.stage().make_object("AcroExch.PDTextSelect"));
+    });
+    call();
+    EXPECT_EQ(given, "AcroExch.Rect");
 }
 
 TEST_F(CreateTextfileFromPDF, OfADocumentWithoutPagesWritesAnEmptyFile) {

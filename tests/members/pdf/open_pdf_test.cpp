@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "members/pdf/acrobat_endings.h"
+#include "members/pdf/stage_names.h"
 #include "platform/stage/stage_object.h"
 #include "support/fault_cases.h"
 #include "support/member_cases.h"
@@ -9,8 +10,11 @@
 namespace foliant::members {
 namespace {
 
+using automation::Arguments;
 using automation::named;
+using automation::Value;
 using platform::stage::Stage;
+using platform::stage::StageObject;
 
 const tests::MemberCall usual{.member = "OpenPDF",
                               .arrange = [](Stage& stage) { stage.put_file("C:\\in\\Report.pdf"); },
@@ -215,6 +219,28 @@ TEST_F(OpenPDF, DoesNotLookAtWhetherThereIsSuchABookmark) {
     stage.answer("AcroExch.PDBookmark.GetByTitle", false);
     call({named("strBookmark", "Nowhere")});
     EXPECT_EQ(line_with("Perform"), "AcroExch.PDBookmark.Perform(<object>)");
+}
+
+TEST_F(OpenPDF, LooksForTheBookmarkInTheDocumentAndGoesThereInTheViewer) {
+    std::string looked_in;
+    std::string performed_in;
+    stage.when("AcroExch.PDBookmark.GetByTitle", [&](StageObject&, const Arguments& arguments) {
+        looked_in = stage_name_of(arguments.at(0).value);
+        return Value(true);
+    });
+    stage.when("AcroExch.PDBookmark.Perform", [&](StageObject&, const Arguments& arguments) {
+        performed_in = stage_name_of(arguments.at(0).value);
+        return Value(true);
+    });
+    call({named("strBookmark", "Summary")});
+    EXPECT_EQ(looked_in, "AcroExch.PDDoc");
+    EXPECT_EQ(performed_in, "AcroExch.AVDoc");
+}
+
+TEST_F(OpenPDF, TakesAPasswordOfBlanksForNone) {
+    call({named("strOpenPassword", "  ")});
+    EXPECT_EQ(line_with("PDDoc.Open("), R"(AcroExch.PDDoc.Open("C:\in\Report.pdf"))");
+    EXPECT_EQ(stage.journal().find("start"), std::string::npos);
 }
 
 TEST_F(OpenPDF, TitlesTheWindowOnlyInAcrobatSixPointNought) {

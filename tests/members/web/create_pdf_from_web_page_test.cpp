@@ -213,6 +213,29 @@ TEST_F(CreatePDFfromWebPage, GivesUpAfterTwoMinutesAndExitsAcrobat) {
     )");
 }
 
+TEST_F(CreatePDFfromWebPage, LooksForTheWindowForTwoMinutesExactly) {
+    stage.answer("AcroExch.App.MenuItemExecute", true);
+    stage.pump_takes = 40000;
+    call();
+    // After 40, 80 and 120 seconds, and once more when the time is over.
+    EXPECT_EQ(lines_with({"pump"}).size(), 4U);
+
+    stage.clear_journal();
+    stage.pump_takes = 121000;
+    call();
+    EXPECT_EQ(lines_with({"pump"}).size(), 1U);
+}
+
+TEST_F(CreatePDFfromWebPage, TakesANegativeNumberOfSecondsForNoneAndOneThatDoesNotFitForAnOverflow) {
+    call({named("intSecsToWaitForPDF", std::int16_t{-1})});
+    EXPECT_EQ(line_with("sleep"), "sleep 0 ms");
+
+    stage.windows.clear();
+    stage.clear_journal();
+    call({named("intSecsToWaitForPDF", std::int16_t{-33})});
+    EXPECT_EQ(last_line(), "raise 6 from Foliant: Overflow");
+}
+
 TEST_F(CreatePDFfromWebPage, SavesAtOnceWithoutASecondToWait) {
     call({named("intSecsToWaitForPDF", std::int16_t{0})});
     EXPECT_EQ(line_with("sleep"), "sleep 0 ms");

@@ -110,6 +110,24 @@ TEST(Variant, WithArrayOfNumbersBecomesOneOfAnyValues) {
     EXPECT_EQ(to_value(*variant), Value(Array{5, {std::int32_t{5}, std::int32_t{6}}, Array::Element::any}));
 }
 
+TEST(Variant, WithAnArrayLeavesWhatOneElementIsToWhoUsesIt) {
+    Variant variant;
+    variant->vt = VT_ARRAY | VT_VARIANT;
+    variant->parray = SafeArrayCreateVector(VT_VARIANT, 1, 2);
+    VARIANT element;
+    VariantInit(&element);
+    element.vt = VT_ERROR;
+    element.scode = E_FAIL;
+    LONG index = 1;
+    SafeArrayPutElement(variant->parray, &index, &element);
+    element.vt = VT_I4;
+    element.lVal = 7;
+    index = 2;
+    SafeArrayPutElement(variant->parray, &index, &element);
+    EXPECT_EQ(to_value(*variant),
+              Value(Array{1, {automation::Missing{}, std::int32_t{7}}, Array::Element::any}));
+}
+
 TEST(Variant, WithoutCounterpartRaises13) {
     VARIANT variant;
     VariantInit(&variant);
