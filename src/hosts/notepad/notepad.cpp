@@ -12,7 +12,7 @@
 #include "automation/error.h"
 #include "hosts/late_bound.h"
 #include "hosts/notepad/print_text.h"
-#include "hosts/notepad/text.h"
+#include "hosts/pages/text.h"
 #include "hosts/pdf_printer.h"
 #include "hosts/text_encoding.h"
 #include "hosts/write_failure.h"
@@ -75,11 +75,11 @@ std::string content_of(const DocumentFile& file) {
 
 std::string text_in(const DocumentFile& file) {
     const std::string content = content_of(file);
-    if (is_for_programs(content))
+    if (pages::is_for_programs(content))
         throw Error(
             not_done, program_name,
             file.path.string() + " holds no text, but what only programs read. Give a plain text file.");
-    return text_of(content, text_code_page(character_locale()));
+    return pages::text_of(content, text_code_page(character_locale()));
 }
 
 DocumentFile open_file(Machine& machine, const fs::path& path) {

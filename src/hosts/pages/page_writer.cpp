@@ -1,5 +1,6 @@
 #include "hosts/pages/page_writer.h"
 
+#include <algorithm>
 #include <new>
 #include <pango/pangocairo.h>
 #include <stdexcept>
@@ -11,16 +12,14 @@ namespace {
 
 constexpr std::size_t piece_size = std::size_t{1} << 16U;
 
-/// Letters as they are designed, and where they belong: a page is no screen.
-void set_for_paper(PangoContext* context) {
-    constexpr double points_an_inch = 72;
-    pango_cairo_context_set_resolution(context, points_an_inch);
-    pango_context_set_round_glyph_positions(context, FALSE);
-    cairo_font_options_t* options = cairo_font_options_create();
-    cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
-    cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
-    pango_cairo_context_set_font_options(context, options);
-    cairo_font_options_destroy(options);
+double red_of(std::uint32_t color) {
+    return static_cast<double>(color >> 16U & 0xFFU) / 0xFF;
+}
+double green_of(std::uint32_t color) {
+    return static_cast<double>(color >> 8U & 0xFFU) / 0xFF;
+}
+double blue_of(std::uint32_t color) {
+    return static_cast<double>(color & 0xFFU) / 0xFF;
 }
 
 }  // namespace
@@ -28,12 +27,10 @@ void set_for_paper(PangoContext* context) {
 PageWriter::PageWriter(const Paper& paper, const About& about, Sink sink)
     : sink_(std::move(sink)),
       surface_(cairo_pdf_surface_create_for_stream(take, this, paper.width, paper.height)) {
-    set(CAIRO_PDF_METADATA_TITLE, about.title);
+    if (!about.title.empty()) set(CAIRO_PDF_METADATA_TITLE, about.title);
     set(CAIRO_PDF_METADATA_CREATOR, about.creator);
     canvas_.reset(cairo_create(surface_.get()));
     cairo_set_line_width(canvas_.get(), 1);
-    context_.reset(pango_cairo_create_context(canvas_.get()));
-    set_for_paper(context_.get());
 }
 
 /// A file's name need not be UTF-8, but what cairo is told has to be.
@@ -89,6 +86,33 @@ void PageWriter::show(PangoLayout* text, double left, double top) {
 void PageWriter::show_line(PangoLayoutLine* line, double left, double baseline) {
     cairo_move_to(canvas_.get(), left, baseline);
     pango_cairo_show_layout_line(canvas_.get(), line);
+}
+
+void PageWriter::set_color(std::uint32_t color) {
+    cairo_set_source_rgb(canvas_.get(), red_of(color), green_of(color), blue_of(color));
+}
+
+/// The letters of a text that is read from right to left are told beginning with the last glyph.
+void PageWriter::show(const GlyphRun& run, double left, double baseline) {
+    glyphs_.clear();
+    clusters_.clear();
+    for (const Glyph& glyph : run.glyphs) {
+        glyphs_.push_back({glyph.index, left + glyph.right, baseline + glyph.down});
+        left += glyph.advance;
+        if (glyph.size > 0 || clusters_.empty()) clusters_.push_back({static_cast<int>(glyph.size), 0});
+        ++clusters_.back().num_glyphs;
+    }
+    if (run.is_backward) std::ranges::reverse(clusters_);
+    cairo_set_scaled_font(canvas_.get(), pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(run.font)));
+    cairo_show_text_glyphs(
+        canvas_.get(), run.text.data(), static_cast<int>(run.text.size()), glyphs_.data(),
+        static_cast<int>(glyphs_.size()), clusters_.data(), static_cast<int>(clusters_.size()),
+        run.is_backward ? CAIRO_TEXT_CLUSTER_FLAG_BACKWARD : static_cast<cairo_text_cluster_flags_t>(0));
+}
+
+void PageWriter::fill(double left, double top, double width, double height) {
+    cairo_rectangle(canvas_.get(), left, top, width, height);
+    cairo_fill(canvas_.get());
 }
 
 void PageWriter::finish() {

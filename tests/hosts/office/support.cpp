@@ -5,8 +5,8 @@
 
 namespace foliant::hosts::office::test {
 
-std::unique_ptr<TextDocument> open(const std::filesystem::path& path, const std::string& open_password,
-                                   const std::string& write_password) {
+std::unique_ptr<Document> open(const std::filesystem::path& path, const std::string& open_password,
+                               const std::string& write_password) {
     static NotingMachine machine;
     return open_document(machine, path, open_password, write_password);
 }

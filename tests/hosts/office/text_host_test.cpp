@@ -1,5 +1,6 @@
 // Text files in Word, as the members for text files set them up.
 
+#include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <utility>
@@ -221,6 +222,99 @@ TEST_F(TextHost, PrintsAMegabyteOfText) {
     const PdfReader pdf = print(document);
     EXPECT_GT(pdf.pages(), 150);
     EXPECT_NE(pdf.text(pdf.pages()).find("lazy dog"), std::string::npos);
+}
+
+TEST_F(TextHost, StartsNoOfficeForAPlainText) {
+    const auto profiles = [&] {
+        const std::filesystem::recursive_directory_iterator files(machine.private_folder());
+        return std::ranges::count_if(files,
+                                     [](const auto& file) { return file.path().filename() == "office"; });
+    };
+    const auto before = profiles();
+    print(open("words\n"));
+    EXPECT_EQ(profiles(), before);
+    word.get("Documents").call("Open", {test::document("one.docx").string()});
+    EXPECT_EQ(profiles(), before + 1);
+}
+
+TEST_F(TextHost, ReadsWhatIsNoUtf8InTheCodePageOfTheUser) {
+    EXPECT_EQ(printed("Gr\xF6\xDF"
+                      "e\r\n"),
+              "Größe");
+}
+
+TEST_F(TextHost, StrayZerosAreBlanks) {
+    const std::string lines(70000, '\n');
+    const PdfReader pdf = print(open(lines + "a" + std::string(2, '\0') + "b\n"));
+    EXPECT_EQ(pdf.text(pdf.pages()), "a / b") << "poppler parts words that are so far from each other";
+}
+
+TEST_F(TextHost, PageNumbersStandInTheMarginWhereTheyAreWished) {
+    const Value document = open("first\fsecond\n");
+    const Value section = document.get("Sections", {std::int16_t{1}});
+    const auto add = [&](const char* band, std::int16_t alignment, bool on_first) {
+        section.get(band, {std::int16_t{1}}).get("PageNumbers").call("Add", {alignment, on_first});
+    };
+    add("Footers", 2, false);
+    add("Headers", 0, true);
+    const PdfReader pdf = print(document);
+    EXPECT_EQ(pdf.text(1), "1 / first");
+    EXPECT_EQ(pdf.text(2), "2 / second / 2");
+    EXPECT_NEAR(pdf.place(2, "2").left, 56.7, 1);
+    EXPECT_NEAR(pdf.place(2, "2").top, 29, 2);
+    EXPECT_NEAR(pdf.place(2, "second").top, 56.7, 2);
+}
+
+TEST_F(TextHost, AMarginEndsWhereTheHeaderDoes) {
+    const Value document = open("words\n");
+    document.get("Sections", {std::int16_t{1}})
+        .get("Headers", {std::int16_t{1}})
+        .get("PageNumbers")
+        .call("Add", {std::int16_t{1}, true});
+    document.get("PageSetup").set("TopMargin", 10.0F);
+    EXPECT_NEAR(*document.get("PageSetup").get("TopMargin").if_holds<float>(), 31.2, 0.1);
+    EXPECT_NEAR(print(document).place(1, "words").top, 42, 2);
+}
+
+TEST_F(TextHost, APageLiesInLandscapeWithItsMargins) {
+    const Value document = open("words\n");
+    const Value setup = document.get("PageSetup");
+    setup.set("TopMargin", 100.0F);
+    setup.set("Orientation", std::int16_t{1});
+    EXPECT_EQ(setup.get("Orientation"), Value(std::int32_t{1}));
+    EXPECT_NEAR(*setup.get("LeftMargin").if_holds<float>(), 100, 0.1);
+    const PdfReader pdf = print(document);
+    EXPECT_TRUE(pdf.size(1) == "792 x 612" || pdf.size(1) == "842 x 595") << pdf.size(1);
+    EXPECT_NEAR(pdf.place(1, "words").left, 100, 1);
+}
+
+TEST_F(TextHost, PrintsTheAskedPagesInTheirOrder) {
+    const Value document = open("one\ftwo\fthree\n");
+    machine.answer = (folder / "out.pdf").string();
+    word.set("ActivePrinter", "Adobe PDF");
+    document.call("PrintOut",
+                  {automation::named("Range", std::int16_t{4}), automation::named("Pages", "3-2,1")});
+    const PdfReader pdf(folder / "out.pdf");
+    ASSERT_EQ(pdf.pages(), 3);
+    EXPECT_EQ(pdf.text(1) + pdf.text(2) + pdf.text(3), "threetwoone");
+    const auto error = tests::error_of([&] {
+        document.call("PrintOut",
+                      {automation::named("Range", std::int16_t{4}), automation::named("Pages", "4")});
+    });
+    EXPECT_EQ(error.number(), 4608);
+    EXPECT_NE(error.description().find("has 3 pages"), std::string::npos) << error.description();
+}
+
+TEST_F(TextHost, PagesHaveAsManyLinesAsInTheOffice) {
+    std::string content;
+    for (int line = 0; line < 200; ++line)
+        content += "line\n";
+    const Value document = open(content);
+    document.get("PageSetup").set("Orientation", std::int16_t{0});
+    font_of(document).set("Size", std::int16_t{8});
+    const PdfReader pdf = print(document);
+    const bool is_letter = pdf.size(1) == "612 x 792";
+    EXPECT_EQ(std::ranges::count(pdf.text(1), '/'), is_letter ? 73 : 79);
 }
 
 }  // namespace

@@ -30,6 +30,8 @@ automation::Error open_error(const std::filesystem::filesystem_error& failure,
     }
 }
 
+}  // namespace
+
 DocumentFile open_file(Machine& machine, const std::filesystem::path& path, const Application& application) {
     try {
         return machine.open_document(path);
@@ -38,14 +40,9 @@ DocumentFile open_file(Machine& machine, const std::filesystem::path& path, cons
     }
 }
 
-}  // namespace
-
-std::unique_ptr<LoadedDocument> open_in_office(Machine& machine, const std::filesystem::path& path,
+std::unique_ptr<LoadedDocument> load_in_office(Machine& machine, DocumentFile file,
                                                const Passwords& passwords, const Application& application,
                                                const ChooseFilter& choose) {
-    // In this order: a process is contained when it gets its first document, and that has to be before
-    // LibreOffice has threads.
-    DocumentFile file = open_file(machine, path, application);
     const Office& office = start_office(machine.private_folder(), application);
     const CallGuard call(office.temporary_folder);
     const StandStill from_the_beginning;
@@ -53,6 +50,15 @@ std::unique_ptr<LoadedDocument> open_in_office(Machine& machine, const std::file
     const Application& reader = filter.application == nullptr ? application : *filter.application;
     require_office(reader);
     return load_document(office, std::move(file), filter, passwords, machine, reader);
+}
+
+std::unique_ptr<LoadedDocument> open_in_office(Machine& machine, const std::filesystem::path& path,
+                                               const Passwords& passwords, const Application& application,
+                                               const ChooseFilter& choose) {
+    // In this order: a process is contained when it gets its first document, and that has to be before
+    // LibreOffice has threads.
+    DocumentFile file = open_file(machine, path, application);
+    return load_in_office(machine, std::move(file), passwords, application, choose);
 }
 
 }  // namespace foliant::hosts::office

@@ -15,7 +15,7 @@ struct LoadedDocument;
 /// A document open in LibreOffice, whichever application it belongs to. Changes live in memory only; the file
 /// is never written. Every member raises the application's command_failed when LibreOffice reports a failure,
 /// with its words.
-class OfficeDocument : public Printable {
+class OfficeDocument : public virtual Printable {
   public:
     explicit OfficeDocument(std::unique_ptr<LoadedDocument> loaded);
     OfficeDocument(const OfficeDocument&) = delete;

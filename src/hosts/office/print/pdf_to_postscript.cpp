@@ -6,23 +6,11 @@
 #include "hosts/office/print/draw_pages.h"
 #include "hosts/office/print/pdf_marks.h"
 #include "hosts/office/print/unicode_maps.h"
+#include "hosts/pages/postscript_syntax.h"
 
 namespace foliant::hosts::office {
 
 namespace {
-
-/// The title as a DSC comment: one line of at most 255 characters, in ASCII because a comment has no
-/// encoding.
-std::string title_comment(std::string_view title) {
-    constexpr std::size_t longest = 255;
-    std::string comment = "%%Title: ";
-    for (const char character : title) {
-        // Every character beyond ASCII becomes one question mark: the bytes that continue it are left out.
-        if ((static_cast<unsigned char>(character) & 0xC0U) == 0x80U) continue;
-        comment += character >= ' ' && character <= '~' ? character : '?';
-    }
-    return comment.substr(0, longest) + "\n";
-}
 
 /// Gives a font a table from glyph names to text. Fonts in PostScript know characters by glyph names only,
 /// and the names of a subset font ("c1f") mean nothing; this table, which Microsoft's printer driver writes
@@ -124,7 +112,7 @@ std::string with_marks_and_names(std::string_view postscript, std::string_view p
     std::string result = with_page_marks(postscript, marks.pages);
     insert_before(result, "\n%%EndSetup",
                   std::string(plain_text) + std::string(faster_show) + font_names(pdf) + marks.document);
-    insert_before(result, "\n%%LanguageLevel", title_comment(title));
+    insert_before(result, "\n%%LanguageLevel", pages::title_comment(title));
     return result;
 }
 

@@ -3,49 +3,15 @@
 #include <GfxFont.h>
 #include <GfxState.h>
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <utility>
 
+#include "hosts/pages/postscript_syntax.h"
+
 namespace foliant::hosts::office {
 
-namespace {
-
-void append_number(std::string& text, double number) {
-    constexpr int digits = 6;  // as poppler writes them
-    std::array<char, 32> written{};
-    const auto result =
-        std::to_chars(written.begin(), written.end(), number, std::chars_format::general, digits);
-    text.append(written.begin(), result.ptr).push_back(' ');
-}
-
-/// As a PostScript string, in lines of a length that every program takes.
-void append_string(std::string& text, std::string_view bytes) {
-    constexpr std::size_t most_in_line = 60;
-    text += '(';
-    std::size_t in_line = 0;
-    for (const char byte : bytes) {
-        if (in_line++ == most_in_line) {
-            text += "\\\n";
-            in_line = 1;
-        }
-        const auto code = static_cast<unsigned char>(byte);
-        if (byte == '(' || byte == ')' || byte == '\\') {
-            text += '\\';
-            text += byte;
-        } else if (code >= 0x20 && code < 0x7F) {
-            text += byte;
-        } else {
-            text += '\\';
-            for (const unsigned shift : {6U, 3U, 0U})
-                text += static_cast<char>('0' + ((code >> shift) & 7U));
-        }
-    }
-    text += ')';
-}
-
-}  // namespace
+using pages::append_number;
+using pages::append_string;
 
 void PostScriptDrawing::take(std::string_view bytes) {
     if (is_holding_)

@@ -4,13 +4,9 @@
 #include <com/sun/star/awt/FontUnderline.hpp>
 #include <com/sun/star/awt/FontWeight.hpp>
 #include <com/sun/star/beans/XMultiPropertyStates.hpp>
-#include <com/sun/star/container/XNameAccess.hpp>
-#include <com/sun/star/frame/XModel.hpp>
-#include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
 #include <com/sun/star/text/XTextDocument.hpp>
 
 #include "hosts/office/engine/uno_support.h"
-#include "hosts/office/word/content_kind.h"
 
 namespace foliant::hosts::office {
 
@@ -31,16 +27,6 @@ std::vector<rtl::OUString> property_names() {
     return names;
 }
 
-bool is_plain_text(const DocumentModel& document) {
-    const auto arguments = Reference<css::frame::XModel>(document, UNO_QUERY_THROW)->getArgs();
-    for (sal_Int32 i = 0; i < arguments.getLength(); ++i) {
-        const css::beans::PropertyValue& argument = arguments.getConstArray()[i];
-        if (argument.Name == to_uno("FilterName"))
-            return argument.Value == css::uno::Any(to_uno(plain_text_filter));
-    }
-    return false;
-}
-
 PageStyle everything_in(const DocumentModel& document) {
     const auto text = Reference<css::text::XTextDocument>(document, UNO_QUERY_THROW)->getText();
     const auto cursor = text->createTextCursor();
@@ -49,28 +35,9 @@ PageStyle everything_in(const DocumentModel& document) {
     return {cursor, UNO_QUERY_THROW};
 }
 
-/// The style of the first paragraph.
-PageStyle paragraph_style(const DocumentModel& document) {
-    const auto text = Reference<css::text::XTextDocument>(document, UNO_QUERY_THROW)->getText();
-    const PageStyle beginning(text->getStart(), UNO_QUERY_THROW);
-    const auto name = uno_property<rtl::OUString>(beginning, "ParaStyleName");
-    const Reference<css::style::XStyleFamiliesSupplier> supplier(document, UNO_QUERY_THROW);
-    const Reference<css::container::XNameAccess> styles(
-        supplier->getStyleFamilies()->getByName(to_uno("ParagraphStyles")), UNO_QUERY_THROW);
-    return {styles->getByName(name), UNO_QUERY_THROW};
-}
-
 }  // namespace
 
-ContentFont::ContentFont(const DocumentModel& document) : content_(everything_in(document)) {
-    if (!is_plain_text(document)) return;
-    content_ = paragraph_style(document);
-    for (const rtl::OUString& name : property_names()) {
-        former_.emplace_back();
-        former_.back().Name = name;
-        former_.back().Value = content_->getPropertyValue(name);
-    }
-}
+ContentFont::ContentFont(const DocumentModel& document) : content_(everything_in(document)) {}
 
 template <class T>
 void ContentFont::set_in_all_scripts(std::string_view property, const T& value) {
@@ -128,12 +95,8 @@ void ContentFont::set_color(std::int32_t color) {
 }
 
 void ContentFont::reset() {
-    if (former_.empty()) {
-        Reference<css::beans::XMultiPropertyStates>(content_, UNO_QUERY_THROW)
-            ->setPropertiesToDefault(uno_sequence(property_names()));
-    }
-    for (const css::beans::PropertyValue& property : former_)
-        content_->setPropertyValue(property.Name, property.Value);
+    Reference<css::beans::XMultiPropertyStates>(content_, UNO_QUERY_THROW)
+        ->setPropertiesToDefault(uno_sequence(property_names()));
 }
 
 }  // namespace foliant::hosts::office

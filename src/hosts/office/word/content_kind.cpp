@@ -85,17 +85,18 @@ ImportFilter plain_text(DocumentFile& file, std::string_view sample) {
     const std::string encoding = is_utf16(sample)  ? "UNICODE"
                                  : is_utf8(sample) ? "UTF8"
                                                    : code_page_name(text_code_page(character_locale()));
-    return {std::string(plain_text_filter), encoding + ",CR"};
+    return {"Text (encoded)", encoding + ",CR"};
 }
 
-ImportFilter markup_or_text_filter(DocumentFile& file, std::string_view bytes) {
-    const std::filesystem::path& path = file.path;
+/// How a text with marks in it is read; nothing for a plain one. Raises 5151 for marks that Word does not know, and for
+/// a name that promises more than text.
+std::optional<ImportFilter> markup_filter(const std::filesystem::path& path, std::string_view bytes) {
     const std::string extension = extension_of(path);
     const std::string_view start = skip_start(bytes);
     const bool xml = starts_with_any_case(start, "<?xml");
     const bool open_document = start.find("<office:document") != std::string_view::npos;
     if (extension != ".txt" && (xml || start.starts_with("<office:document"))) {
-        if (open_document) return {"OpenDocument Text Flat XML", ""};
+        if (open_document) return ImportFilter{"OpenDocument Text Flat XML", ""};
         if (start.find("<html") == std::string_view::npos)
             throw no_text_document(path, "it is an XML file of another kind");
     }
@@ -105,28 +106,46 @@ ImportFilter markup_or_text_filter(DocumentFile& file, std::string_view bytes) {
         throw no_text_document(path, "it holds plain text, which its name does not say");
     const bool markup = starts_with_any_case(start, "<!doctype html") || starts_with_any_case(start, "<html");
     if (markup || extension == ".html" || extension == ".htm" || extension == ".xhtml")
-        return {"HTML (StarWriter)", ""};
-    return plain_text(file, bytes);
+        return ImportFilter{"HTML (StarWriter)", ""};
+    return std::nullopt;
+}
+
+bool is_rich_text(std::string_view start) {
+    return start.starts_with("{\\rtf");
+}
+bool is_pdf(std::string_view start) {
+    return start.starts_with("%PDF-");
+}
+/// Its source would be printed.
+bool is_postscript(std::string_view start, const std::filesystem::path& path) {
+    return skip_start(start).starts_with("%!") && extension_of(path) != ".txt";
 }
 
 }  // namespace
+
+bool is_plain_text(const DocumentFile& file) {
+    const std::string bytes = sample(file, microsoft_word);
+    if (is_package(bytes) || is_compound_file(bytes) || is_rich_text(bytes) || is_pdf(bytes) ||
+        is_postscript(bytes, file.path))
+        return false;
+    return is_text(bytes) && !markup_filter(file.path, bytes);
+}
 
 ImportFilter import_filter(DocumentFile& file, const Office& office) {
     const std::string bytes = sample(file, microsoft_word);
     const std::string_view start(bytes);
     if (is_package(start)) return package_filter(file, office);
     if (is_compound_file(start)) return compound_file_filter(file, office);
-    if (start.starts_with("{\\rtf")) return {"Rich Text Format", ""};
-    if (start.starts_with("%PDF-")) throw no_text_document(file.path, "it is a PDF file");
-    // Its source would be printed.
-    if (skip_start(start).starts_with("%!") && extension_of(file.path) != ".txt") {
+    if (is_rich_text(start)) return {"Rich Text Format", ""};
+    if (is_pdf(start)) throw no_text_document(file.path, "it is a PDF file");
+    if (is_postscript(start, file.path))
         throw no_text_document(file.path, "it is a PostScript file, which CreatePDFfromPS converts");
-    }
     if (!is_text(start)) {
         if (const auto filter = old_format_filter(start, file, office)) return *filter;
         throw no_text_document(file.path, "its content is of no known kind");
     }
-    return markup_or_text_filter(file, start);
+    if (const auto filter = markup_filter(file.path, start)) return *filter;
+    return plain_text(file, start);
 }
 
 }  // namespace foliant::hosts::office

@@ -1,11 +1,9 @@
 #pragma once
 
+#include "hosts/office/word/document.h"
 #include "hosts/office/word/page_styles.h"
 
 namespace foliant::hosts::office {
-
-/// An edge of the paper.
-enum class Edge { top, left, right, bottom };
 
 /// The distances from the paper's edges to the text, in 1/100 mm. LibreOffice counts a margin up to the header
 /// or footer, Word, and these, up to the text.

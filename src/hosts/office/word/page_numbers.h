@@ -1,7 +1,7 @@
 #pragma once
 
+#include "hosts/office/word/document.h"
 #include "hosts/office/word/page_styles.h"
-#include "hosts/office/word/text_document.h"
 
 namespace foliant::hosts::office {
 

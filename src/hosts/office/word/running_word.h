@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "hosts/machine.h"
-#include "hosts/office/word/text_document.h"
+#include "hosts/office/word/document.h"
 
 namespace foliant::hosts::office {
 
@@ -15,7 +15,7 @@ struct RunningWord {
     Machine& machine;
     std::string active_printer;
     std::int32_t display_alerts = -1;  ///< kept, without effect: this Word asks nothing
-    std::vector<std::weak_ptr<TextDocument>> documents;
+    std::vector<std::weak_ptr<Document>> documents;
     bool has_quit = false;
 };
 

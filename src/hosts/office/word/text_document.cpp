@@ -2,26 +2,18 @@
 
 #include <cmath>
 
-#include "automation/coerce.h"
 #include "hosts/office/engine/translated.h"
 #include "hosts/office/word/content_font.h"
+#include "hosts/office/word/page_margins.h"
 #include "hosts/office/word/page_numbers.h"
 #include "hosts/office/word/page_orientation.h"
 #include "hosts/office/word/page_styles.h"
-#include "hosts/office/word/word_error.h"
 
 namespace foliant::hosts::office {
 
 namespace {
 
 constexpr double hundredths_of_mm_in_point = 2540.0 / 72;
-
-automation::Error no_such_margin(const std::filesystem::path& path, float points) {
-    return microsoft_word.error(microsoft_word.value_out_of_range,
-                                "A margin of " + automation::to_text(points) +
-                                    " points leaves no room for the text of " + path.string() +
-                                    ". Give 0 or more, and less than the page has.");
-}
 
 }  // namespace
 
@@ -61,7 +53,7 @@ void TextDocument::set_margin(Edge edge, float points) {
     });
 }
 
-void TextDocument::with_content_font(const std::function<void(ContentFont&)>& use) {
+void TextDocument::with_content_font(const std::function<void(TextFont&)>& use) {
     translated(loaded(), "set the font of", [&] {
         pause_layout();
         if (!content_font_) content_font_ = std::make_unique<ContentFont>(loaded().component);

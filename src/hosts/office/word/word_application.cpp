@@ -32,7 +32,7 @@ std::string given_text(const Value& argument) {
 
 Value open(const SessionPtr& session, const Bound& arguments) {
     const std::string path = to_text(arguments[0]);
-    std::shared_ptr<TextDocument> document =
+    std::shared_ptr<Document> document =
         open_document(running(session).machine, path, given_text(arguments[4]), given_text(arguments[7]));
     session->documents.push_back(document);
     return make_word_document(session, std::move(document));

@@ -4,7 +4,7 @@
 
 #include "automation/coerce.h"
 #include "hosts/late_bound.h"
-#include "hosts/office/word/content_font.h"
+#include "hosts/office/word/text_font.h"
 
 namespace foliant::hosts::office {
 
@@ -26,14 +26,14 @@ std::int32_t other_way_round(std::int32_t color) {
     return static_cast<std::int32_t>((bits & 0xFFU) << 16U | (bits & 0xFF00U) | bits >> 16U);
 }
 
-void set_points(ContentFont& font, float points) {
+void set_points(TextFont& font, float points) {
     if (!(points >= smallest_points && points <= largest_points))
         throw microsoft_word.error(microsoft_word.value_out_of_range,
                                    "A font has 1 to 1638 points, not " + automation::to_text(points) + ".");
     font.set_points(points);
 }
 
-void set_color(ContentFont& font, std::int32_t color) {
+void set_color(TextFont& font, std::int32_t color) {
     if (color == automatic_color) return font.set_color(-1);
     if (color < 0 || color > largest_color)
         throw microsoft_word.error(microsoft_word.value_out_of_range,
@@ -42,13 +42,13 @@ void set_color(ContentFont& font, std::int32_t color) {
     font.set_color(other_way_round(color));
 }
 
-std::int32_t color_of(const ContentFont& font) {
+std::int32_t color_of(const TextFont& font) {
     const std::int32_t color = font.color();
     return color < 0 ? automatic_color : other_way_round(color);
 }
 
 /// Word's number of a kind of underline; a truth value stands for none and a single one.
-void set_underline(ContentFont& font, std::int32_t kind) {
+void set_underline(TextFont& font, std::int32_t kind) {
     const bool on = kind == single_underline || kind == -1;
     if (!on && kind != no_underline)
         throw microsoft_word.error(
@@ -65,11 +65,11 @@ void add_font_property(LateBound& object, const DocumentPtr& document, std::stri
         name,
         [document, read] {
             Value value;
-            opened(document).with_content_font([&](ContentFont& font) { value = Value(read(font)); });
+            opened(document).with_content_font([&](TextFont& font) { value = Value(read(font)); });
             return value;
         },
         [document, write](const Value& value) {
-            opened(document).with_content_font([&](ContentFont& font) { write(font, value); });
+            opened(document).with_content_font([&](TextFont& font) { write(font, value); });
         });
 }
 
@@ -78,7 +78,7 @@ automation::ObjectPtr make_font(const DocumentPtr& document) {
     const auto add = [&](std::string_view name, auto read, auto write) {
         add_font_property(*object, document, name, read, write);
     };
-    using Font = ContentFont;
+    using Font = TextFont;
     add(
         "Name", [](const Font& font) { return font.name(); },
         [](Font& font, const Value& value) { font.set_name(automation::to_text(value)); });

@@ -25,7 +25,7 @@ void expect_first(const Value& index, const std::string& what) {
         throw word_error(WordError::no_such_element, "Only " + what + " 1 of a document can be reached.");
 }
 
-void add_page_number(TextDocument& document, PageBand band, const Bound& arguments) {
+void add_page_number(Document& document, PageBand band, const Bound& arguments) {
     const std::int32_t alignment =
         is_given(arguments[0]) ? to_int32(arguments[0]) : static_cast<std::int32_t>(NumberAlignment::right);
     if (alignment < 0 || alignment > 2)
@@ -66,7 +66,7 @@ ObjectPtr make_section(const DocumentPtr& document) {
     return section;
 }
 
-void close(TextDocument& document, const Value& save_changes) {
+void close(Document& document, const Value& save_changes) {
     if (is_given(save_changes) && to_int32(save_changes) != 0)
         throw microsoft_word.error(microsoft_word.command_failed,
                                    document.title() +

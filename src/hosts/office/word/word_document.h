@@ -19,6 +19,6 @@ namespace foliant::hosts::office {
 /// its other arguments: see print_job.h. Close takes False or 0 only, because this Word writes no documents;
 /// a document that is closed raises 5825 from every member.
 automation::ObjectPtr make_word_document(std::shared_ptr<RunningWord> session,
-                                         std::shared_ptr<TextDocument> document);
+                                         std::shared_ptr<Document> document);
 
 }  // namespace foliant::hosts::office

@@ -14,7 +14,7 @@ namespace {
 constexpr std::int32_t portrait = 0;
 constexpr std::int32_t landscape = 1;
 
-void set_orientation(TextDocument& document, std::int32_t orientation) {
+void set_orientation(Document& document, std::int32_t orientation) {
     if (orientation != portrait && orientation != landscape)
         throw microsoft_word.error(
             microsoft_word.value_out_of_range,

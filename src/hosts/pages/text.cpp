@@ -1,4 +1,4 @@
-#include "hosts/notepad/text.h"
+#include "hosts/pages/text.h"
 
 #include <algorithm>
 #include <array>
@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <type_traits>
 
-namespace foliant::hosts::notepad {
+namespace foliant::hosts::pages {
 
 namespace {
 
@@ -111,6 +111,22 @@ void blank_controls(std::string& text) {
     }
 }
 
+/// Whether that is a number of Unicode which never is a letter: for cairo a text with one is none.
+bool is_noncharacter(gunichar letter) {
+    constexpr gunichar last_of_plane = 0xFFFE;
+    return (letter & last_of_plane) == last_of_plane || (letter >= 0xFDD0 && letter <= 0xFDEF);
+}
+
+void replace_noncharacters(std::string& text) {
+    constexpr std::string_view beginnings = "\xEF\xF0\xF1\xF2\xF3\xF4";
+    for (std::size_t place = text.find_first_of(beginnings); place != std::string::npos;
+         place = text.find_first_of(beginnings, place + 1)) {
+        const char* letter = text.data() + place;
+        if (is_noncharacter(g_utf8_get_char(letter)))
+            text.replace(place, static_cast<std::size_t>(g_utf8_next_char(letter) - letter), replacement);
+    }
+}
+
 }  // namespace
 
 Encoding encoding_of(std::string_view file) {
@@ -160,7 +176,8 @@ std::string text_of(std::string_view file, int code_page) {
     };
     std::string text = decoded();
     blank_controls(text);
+    replace_noncharacters(text);
     return text;
 }
 
-}  // namespace foliant::hosts::notepad
+}  // namespace foliant::hosts::pages

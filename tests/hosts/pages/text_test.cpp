@@ -1,8 +1,8 @@
-#include "hosts/notepad/text.h"
+#include "hosts/pages/text.h"
 
 #include <gtest/gtest.h>
 
-namespace foliant::hosts::notepad {
+namespace foliant::hosts::pages {
 namespace {
 
 using namespace std::string_view_literals;
@@ -88,5 +88,9 @@ TEST(ForPrograms, IsNoTextWithZerosSeparatorsOrEscapes) {
     EXPECT_FALSE(is_for_programs(""));
 }
 
+TEST(TextFile, HasNoNumbersThatAreNoLetters) {
+    EXPECT_EQ(western("a\uFFFE\U0001FFFFb\uFDD0c\uFDCF"), "a\uFFFD\uFFFDb\uFFFDc\uFDCF");
+}
+
 }  // namespace
-}  // namespace foliant::hosts::notepad
+}  // namespace foliant::hosts::pages
