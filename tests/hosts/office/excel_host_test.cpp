@@ -104,6 +104,38 @@ TEST_F(ExcelHost, PrintsWholeColumnsAndRowsAsFarAsThereIsSomething) {
     EXPECT_EQ(print(sheet, "1:2").text(1), "Region / row 2 / North / 2 / South / 200");
 }
 
+TEST_F(ExcelHost, KnowsNamesOfSeveralAreas) {
+    const PdfReader pdf = print(open("stock.xlsx").get("Worksheets", {1}), "Ends");
+    ASSERT_EQ(pdf.pages(), 2);
+    EXPECT_EQ(pdf.text(1), "Article / nut");
+    EXPECT_EQ(pdf.text(2), "5 / 2");
+}
+
+TEST_F(ExcelHost, KnowsTablesAndTheirParts) {
+    const Value sheet = open("stock.xlsx").get("Worksheets", {1});
+    EXPECT_EQ(print(sheet, "stock").text(1), "nut / bolt / A / B / 5 / 2");
+    EXPECT_EQ(print(sheet, "Stock[#Headers]").text(1), "Article / Shelf / Pieces");
+    EXPECT_EQ(print(sheet, "Stock[pieces]").text(1), "5 / 2");
+    EXPECT_TRUE(print(sheet, "Stock[#All]").text(1).starts_with("Article / nut / bolt / Total / "));
+    EXPECT_TRUE(print(sheet, "Whole").text(1).starts_with("Article / nut / bolt / Total / "));
+    for (const auto& [range, reason] : {std::pair("Stock[Price]", "\"Stock[Price]\" is no part of a table"),
+                                        std::pair("Tax", "The name \"Tax\" does not stand for cells"),
+                                        std::pair("Stocks", "\"Stocks\" is no range of cells")}) {
+        const auto error = tests::error_of([&, range = range] { sheet.get("Range", {range}); });
+        EXPECT_NE(error.description().find(reason), std::string::npos) << error.description();
+    }
+}
+
+TEST_F(ExcelHost, PrintAreaIsWhatTheWorkbookSaysAlsoOfALaterSheet) {
+    const Value workbook = open("stock.xlsx");
+    EXPECT_EQ(print(workbook.get("Worksheets", {1}), "Print_Area").text(1), "Article / nut");
+    EXPECT_EQ(print(workbook.get("Worksheets", {1}), "A2").text(1), "nut");
+    EXPECT_EQ(print(workbook.get("Worksheets", {1}), "print_area").text(1), "Article / nut");
+    EXPECT_EQ(print(workbook.get("Worksheets", {2}), "Rest!Print_Area").text(1), "more");
+    const Value sheet = open("sales.xlsx").get("Worksheets", {"Sales"});
+    EXPECT_NE(tests::error_of([&] { sheet.get("Range", {"Print_Area"}); }).number(), 0);
+}
+
 TEST_F(ExcelHost, KnowsTheNamesThatTheWorkbookDefines) {
     const Value sheet = open("sales.xlsx").get("Worksheets", {"Sales"});
     EXPECT_EQ(print(sheet, "prices").text(1), "2 / 3 / 4 / 200 / 300 / 400");

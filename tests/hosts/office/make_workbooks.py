@@ -44,8 +44,15 @@ STYLES = (f'{HEAD}<styleSheet xmlns="{MAIN}"><fonts count="1"><font/></fonts><fi
           '<xf numFmtId="14" applyNumberFormat="1"/></cellXfs></styleSheet>')
 
 
-def write_xlsx(path, sheets, names="", styles=""):
-    """`sheets` are pairs of a name and XML."""
+# A table of three columns with a row of headings and one of totals; `setup` of the sheet that it lies on.
+TABLE = (f'{HEAD}<table xmlns="{MAIN}" id="1" name="Stock" displayName="Stock" ref="A1:C4" totalsRowCount="1">'
+         '<tableColumns count="3"><tableColumn id="1" name="Article"/><tableColumn id="2" name="Shelf"/>'
+         '<tableColumn id="3" name="Pieces"/></tableColumns></table>')
+TABLE_PART = f'<tableParts count="1"><tablePart xmlns:r="{RELATIONSHIPS}" r:id="t1"/></tableParts>'
+
+
+def write_xlsx(path, sheets, names="", styles="", table=""):
+    """`sheets` are pairs of a name and XML. The table, if there is one, is the first sheet's."""
     numbers = range(1, len(sheets) + 1)
     overrides = "".join(f'<Override PartName="/xl/worksheets/sheet{n}.xml" ContentType="{TYPE}.worksheet+xml"/>'
                         for n in numbers)
@@ -55,6 +62,8 @@ def write_xlsx(path, sheets, names="", styles=""):
     if styles:
         overrides += f'<Override PartName="/xl/styles.xml" ContentType="{TYPE}.styles+xml"/>'
         related += f'<Relationship Id="styles" Type="{RELATIONSHIPS}/styles" Target="styles.xml"/>'
+    if table:
+        overrides += f'<Override PartName="/xl/tables/table1.xml" ContentType="{TYPE}.table+xml"/>'
     with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as package:
         package.writestr("[Content_Types].xml", (
             f'{HEAD}<Types xmlns="{PACKAGE}/content-types">'
@@ -70,6 +79,11 @@ def write_xlsx(path, sheets, names="", styles=""):
                          f'{HEAD}<Relationships xmlns="{PACKAGE}/relationships">{related}</Relationships>')
         if styles:
             package.writestr("xl/styles.xml", styles)
+        if table:
+            package.writestr("xl/tables/table1.xml", table)
+            package.writestr("xl/worksheets/_rels/sheet1.xml.rels", (
+                f'{HEAD}<Relationships xmlns="{PACKAGE}/relationships"><Relationship Id="t1" '
+                f'Type="{RELATIONSHIPS}/table" Target="../tables/table1.xml"/></Relationships>'))
         for n, (_, xml) in zip(numbers, sheets):
             package.writestr(f"xl/worksheets/sheet{n}.xml", xml)
 
@@ -150,6 +164,12 @@ def main():
                 ("Blank", sheet([], letter))],
                '<definedName name="Prices">Sales!$B$2:$C$4</definedName>'
                '<definedName name="Elsewhere">\'My notes\'!$A$1</definedName>')
+    stock = [["Article", "Shelf", "Pieces"], ["nut", "A", 5], ["bolt", "B", 2], ["Total", None, 7], ["not of it", "C", 9]]
+    write_xlsx(folder / "stock.xlsx", [("Stock list", sheet(stock, TABLE_PART)), ("Rest", sheet([["rest", "more"]]))],
+               '<definedName name="_xlnm.Print_Area" localSheetId="0">\'Stock list\'!$A$1:$A$2</definedName>'
+               '<definedName name="_xlnm.Print_Area" localSheetId="1">Rest!$B$1</definedName>'
+               '<definedName name="Ends">\'Stock list\'!$A$1:$A$2,\'Stock list\'!$C$2:$C$3</definedName>'
+               '<definedName name="Whole">Stock[#All]</definedName><definedName name="Tax">0.19</definedName>', table=TABLE)
     dated = sheet([[40921]]).replace('r="A1"', 'r="A1" s="1"')
     write_xlsx(folder / "dated.xlsx", [("Dated", dated)], styles=STYLES)
     write_ods(folder / "shared.ods")

@@ -101,7 +101,8 @@ std::vector<std::string_view> split_areas(std::string_view list) {
     bool quoted = false;
     for (std::size_t i = 0; i <= list.size(); ++i) {
         if (i < list.size() && list[i] == '\'') quoted = !quoted;
-        if (i < list.size() && (quoted || (list[i] != ',' && list[i] != ';'))) continue;
+        if (i < list.size() && (quoted || std::string_view(",;~").find(list[i]) == std::string_view::npos))
+            continue;
         parts.push_back(automation::trim_blanks(list.substr(start, i - start)));
         start = i + 1;
     }

@@ -24,8 +24,8 @@ struct CellArea {
 /// 1048576 rows.
 std::optional<CellArea> parse_area(std::string_view text);
 
-/// The parts of a list of areas, "A1:B2,D4", without the blanks around them. Commas within quotation marks, as
-/// names of sheets have them, separate nothing.
+/// The parts of a list of areas, "A1:B2,D4", without the blanks around them; LibreOffice writes ";" or "~" between
+/// them. What stands within quotation marks, as names of sheets do, separates nothing.
 std::vector<std::string_view> split_areas(std::string_view list);
 
 }  // namespace foliant::hosts::office

@@ -5,14 +5,10 @@
 #include <com/sun/star/drawing/XDrawPagesSupplier.hpp>
 #include <com/sun/star/drawing/XShape.hpp>
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>
-#include <com/sun/star/sheet/XCellRangeReferrer.hpp>
-#include <com/sun/star/sheet/XNamedRange.hpp>
-#include <com/sun/star/sheet/XNamedRanges.hpp>
 #include <com/sun/star/sheet/XPrintAreas.hpp>
 #include <com/sun/star/sheet/XSheetCellCursor.hpp>
 #include <com/sun/star/sheet/XUsedAreaCursor.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
-#include <optional>
 
 #include "automation/text.h"
 
@@ -108,46 +104,39 @@ std::string_view without_sheet(std::string_view text, const std::string& sheet_n
     return text.substr(mark + 1);
 }
 
-Reference<css::sheet::XNamedRange> named_in(const css::uno::Any& names, std::string_view wanted) {
-    const Reference<css::container::XNameAccess> all(names, UNO_QUERY);
-    if (!all.is()) return {};
-    const auto known = all->getElementNames();
-    for (sal_Int32 i = 0; i < known.getLength(); ++i)
-        if (automation::equal_ignoring_case(from_uno(known.getConstArray()[i]), wanted))
-            return {all->getByName(known.getConstArray()[i]), UNO_QUERY};
-    return {};
-}
-
-/// What a defined name stands for: one of the sheet's own first, then one of the workbook's.
-std::optional<CellArea> area_named(const WorkbookModel& workbook, std::int32_t sheet, std::string_view name) {
-    const Reference<css::beans::XPropertySet> of_sheet(sheet_at(workbook, sheet), UNO_QUERY_THROW);
-    const Reference<css::beans::XPropertySet> of_workbook(workbook, UNO_QUERY_THROW);
-    Reference<css::sheet::XNamedRange> found =
-        named_in(of_sheet->getPropertyValue(to_uno("NamedRanges")), name);
-    if (!found.is()) found = named_in(of_workbook->getPropertyValue(to_uno("NamedRanges")), name);
-    const Reference<css::sheet::XCellRangeReferrer> referrer(found, UNO_QUERY);
-    if (!referrer.is()) return {};
-    const Reference<css::sheet::XCellRangeAddressable> cells(referrer->getReferredCells(), UNO_QUERY);
-    if (!cells.is()) throw NoRange("The name \"" + std::string(name) + "\" does not stand for one area");
-    const CellRangeAddress address = cells->getRangeAddress();
-    if (address.Sheet != sheet)
-        throw NoRange("The name \"" + std::string(name) + "\" stands for cells of another worksheet");
-    return CellArea{address.StartColumn, address.StartRow, address.EndColumn, address.EndRow};
+void append(std::vector<CellArea>& areas, const std::vector<CellArea>& more) {
+    areas.insert(areas.end(), more.begin(), more.end());
 }
 
 }  // namespace
 
-std::vector<CellArea> areas_of(const WorkbookModel& workbook, std::int32_t sheet, const std::string& range) {
+std::vector<CellArea> print_areas(const WorkbookModel& workbook, std::int32_t sheet) {
+    const auto addresses =
+        Reference<css::sheet::XPrintAreas>(sheet_at(workbook, sheet), UNO_QUERY_THROW)->getPrintAreas();
+    std::vector<CellArea> areas;
+    for (sal_Int32 i = 0; i < addresses.getLength(); ++i) {
+        const CellRangeAddress& address = addresses.getConstArray()[i];
+        areas.push_back({address.StartColumn, address.StartRow, address.EndColumn, address.EndRow});
+    }
+    return areas;
+}
+
+std::vector<CellArea> areas_of(const WorkbookModel& workbook, std::int32_t sheet, const std::string& range,
+                               const std::vector<CellArea>& print_area) {
     const Sheet cells = sheet_at(workbook, sheet);
     const std::string sheet_name =
         from_uno(Reference<css::container::XNamed>(cells, UNO_QUERY_THROW)->getName());
     std::vector<CellArea> areas;
     for (const std::string_view part : split_areas(range)) {
         const std::string_view text = without_sheet(part, sheet_name);
-        std::optional<CellArea> area = parse_area(text);
-        if (!area) area = area_named(workbook, sheet, text);
-        if (!area) throw NoRange("\"" + std::string(part) + "\" is no range of cells");
-        areas.push_back(clipped(*area, workbook, sheet, part));
+        const std::size_t before = areas.size();
+        if (const auto area = parse_area(text))
+            areas.push_back(clipped(*area, workbook, sheet, part));
+        else if (automation::equal_ignoring_case(text, "Print_Area"))
+            append(areas, print_area);
+        else
+            append(areas, areas_named(workbook, sheet, text));
+        if (areas.size() == before) throw NoRange("\"" + std::string(part) + "\" is no range of cells");
     }
     return areas;
 }

@@ -175,8 +175,14 @@ void Spreadsheet::set_first_page_number(std::int32_t sheet, std::int32_t number)
 
 void Spreadsheet::print_only(std::int32_t sheet, const std::string& range) {
     translated(loaded(), "choose what to print of", [&] {
+        const WorkbookModel& workbook = loaded().component;
+        if (print_areas_.empty())
+            for (std::int32_t i = 0; i < sheets_of(workbook)->getCount(); ++i)
+                print_areas_.push_back(print_areas(workbook, i));
         try {
-            set_only_print_areas(loaded().component, sheet, areas_of(loaded().component, sheet, range));
+            set_only_print_areas(
+                workbook, sheet,
+                areas_of(workbook, sheet, range, print_areas_.at(static_cast<std::size_t>(sheet))));
         } catch (const NoRange& reason) {
             throw excel_error(std::string(reason.what()) + ": worksheet \"" +
                               sheet_names().at(static_cast<std::size_t>(sheet)) + "\" of " +

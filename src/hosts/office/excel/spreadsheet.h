@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "automation/value.h"
+#include "hosts/office/excel/cell_areas.h"
 #include "hosts/office/print/office_document.h"
 
 namespace foliant::hosts::office {
@@ -55,10 +56,14 @@ class Spreadsheet : public OfficeDocument {
     /// From 1 to 32767, or -4105 for counting from 1. Raises 1004 for another.
     void set_first_page_number(std::int32_t sheet, std::int32_t number);
 
-    /// Has nothing printed but that range of the sheet: cells, columns, rows, several of these, or a name that
-    /// the workbook defines. Whole columns and rows are printed as far as there is something in the sheet.
+    /// Has nothing printed but that range of the sheet: cells, columns, rows, several of these, the name of a table, one that
+    /// the workbook defines, or Print_Area for what it says itself is to be printed of the sheet. Whole columns and rows are printed as far as there is something in the sheet.
     /// Raises 1004 for what is no range of the sheet, and for one without anything in it; says why.
     void print_only(std::int32_t sheet, const std::string& range);
+
+  private:
+    std::vector<std::vector<CellArea>>
+        print_areas_;  ///< the workbook's own, of each sheet; none before one is printed
 };
 
 }  // namespace foliant::hosts::office
