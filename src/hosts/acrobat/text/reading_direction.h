@@ -14,8 +14,9 @@ struct Glyph {
 };
 
 /// Puts the letters of a line, which come from left to right, into the order in which they are read: parts of
-/// it that are written from right to left are turned round, numbers in them are not. `mostly_to_the_left`
-/// says that the page is written from right to left, and parts to the right are the exception.
+/// it that are written from right to left are turned round, numbers in them are not, and brackets become what
+/// they are where the file says what they look like. `mostly_to_the_left` says that the page is written from right
+/// to left, and parts to the right are the exception; a line without any is read to the left on every page.
 void put_in_reading_order(std::vector<Glyph>& line, bool mostly_to_the_left);
 
 }  // namespace foliant::hosts::acrobat::text

@@ -52,6 +52,31 @@ TEST(AcrobatWords, ToTheLeftInATextToTheRightAreTurnedAlone) {
               "[The ][word ][\u05e9\u05dc\u05d5\u05dd ][means ][peace\r\n]");
 }
 
+TEST(AcrobatWords, KeepTheNumberBehindAWordToTheLeft) {
+    EXPECT_EQ(words_of(page_of({U"The word \u05dd\u05d5\u05dc\u05e9 12 is old"})),
+              "[The ][word ][\u05e9\u05dc\u05d5\u05dd ][12 ][is ][old\r\n]");
+}
+
+TEST(AcrobatWords, OfALineToTheLeftAreReadFromItsRightEndOnAnyPage) {
+    EXPECT_EQ(words_of(page_of({U"A long line of English words", U"1434 \u05dd\u05d5\u05dc\u05e9 14"})),
+              "[A ][long ][line ][of ][English ][words\r\n][14 ][\u05e9\u05dc\u05d5\u05dd ][1434\r\n]");
+}
+
+TEST(AcrobatWords, KeepNumbersBesideEachOtherInTheirOrderToTheLeft) {
+    EXPECT_EQ(words_of(page_of({U"\u05dd\u05dc\u05d5\u05e2 30 10-12 \u05dd\u05d5\u05dc\u05e9"})),
+              "[\u05e9\u05dc\u05d5\u05dd ][10-12 ][30 ][\u05e2\u05d5\u05dc\u05dd\r\n]");
+    EXPECT_EQ(words_of(page_of({U"\u0661\u0664-\u0660\u0664 \u05dd\u05d5\u05dc\u05e9"})),
+              "[\u05e9\u05dc\u05d5\u05dd ][\u0660\u0664-\u0661\u0664\r\n]");
+}
+
+TEST(AcrobatWords, HaveTheirBracketsAroundThemToTheLeft) {
+    const std::string in_brackets = "[\u05e2\u05dd ][(\u05e9\u05dc\u05d5\u05dd)\r\n]";
+    EXPECT_EQ(words_of(page_of({U"(\u05dd\u05d5\u05dc\u05e9) \u05dd\u05e2"})), in_brackets) << "as they look";
+    EXPECT_EQ(words_of(page_of({U")\u05dd\u05d5\u05dc\u05e9( \u05dd\u05e2"})), in_brackets) << "as they are";
+    EXPECT_EQ(words_of(page_of({U"(abc) \u05dd\u05d5\u05dc\u05e9 \u05dd\u05e2"})),
+              "[\u05e2\u05dd ][\u05e9\u05dc\u05d5\u05dd ][(abc)\r\n]");
+}
+
 TEST(AcrobatWords, InARectangleAreThoseWhoseMiddleLiesInIt) {
     TextReader reader(bytes_of(make_pdf({page_of({U"one two three", U"four five six"})})), "");
     const Rectangle left_half{.left = 0, .bottom = 0, .right = 110, .top = 792};
