@@ -10,6 +10,11 @@
 
 namespace foliant::hosts::acrobat::splice {
 
+/// "7 0 R", for the object of that number.
+inline std::string reference(std::int32_t number) {
+    return std::to_string(number) + " 0 R";
+}
+
 /// Objects of a file that is being made, as they will stand in it. The data of streams are not copied: they stay where
 /// they are until the file is written.
 class Body {

@@ -4,6 +4,8 @@
 #include <utility>
 #include <zlib.h>
 
+#include "hosts/acrobat/splice/strings.h"
+
 namespace foliant::hosts::acrobat::splice {
 
 using glance::Cursor;
@@ -73,7 +75,61 @@ std::int32_t Copier::number_of(const Value& reference) {
     return copy.number;
 }
 
+bool Copier::has_stand_in(const Value& reference) const {
+    if (reference.kind != Kind::reference || reference.number <= 0 ||
+        static_cast<std::uint64_t>(reference.number) >= copies_.size())
+        return false;
+    const Copy& copy = copies_[static_cast<std::size_t>(reference.number)];
+    return copy.number != 0 && copy.generation == reference.generation;
+}
+
+bool Copier::may_name_places(std::string_view text) const {
+    return changed_names_ &&
+           (text.find("/Dest") != std::string_view::npos || text.find("/GoTo") != std::string_view::npos);
+}
+
+/// Copies the entry of a dictionary that leads to a place by its name. False for any other.
+bool Copier::copy_name(const Value& dictionary, std::string_view key, const Value& value,
+                       std::string& target) {
+    const bool is_place =
+        key == "/Dest" || (key == "/D" && file_.resolved(entry(dictionary, "/S")).text == "/GoTo");
+    if (!changed_names_ || !is_place) return false;
+    const Value place = file_.resolved(value);
+    if (place.kind != Kind::name && !is_string(place)) return false;
+    // A name can be spelt in several ways.
+    require(place.kind != Kind::name || place.text.find('#') == std::string_view::npos);
+    const std::string name =
+        place.kind == Kind::name ? std::string(place.text.substr(1)) : string_bytes(place.text);
+    const auto changed = changed_names_->find(name);
+    target += string_text(changed == changed_names_->end() ? name : changed->second);
+    return true;
+}
+
 void Copier::copy(std::string_view text, std::string& target) {
+    if (may_name_places(text))
+        copy_parts(Cursor(text).value(), target);
+    else
+        copy_tokens(text, target);
+}
+
+/// With every dictionary looked into.
+void Copier::copy_parts(const Value& value, std::string& target) {
+    if (value.kind == Kind::dictionary) {
+        target += "<< ";
+        copy_entries(value, {}, target);
+        target += ">>";
+    } else if (value.kind == Kind::array) {
+        target += "[ ";
+        glance::Items items(value);
+        for (Value item; items.next(item); target += ' ')
+            copy(item.text, target);
+        target += ']';
+    } else {
+        copy_tokens(value.text, target);
+    }
+}
+
+void Copier::copy_tokens(std::string_view text, std::string& target) {
     Cursor cursor(text);
     std::size_t copied = 0;
     std::size_t tag_key = std::string_view::npos;  // where one begins that was the last thing read
@@ -105,7 +161,7 @@ void Copier::copy_entries(const Value& dictionary, std::initializer_list<std::st
         if (is_in(but, key) || (tags_ == Tags::dropped && is_tag_number(key))) continue;
         target += key;
         target += ' ';
-        copy(value.text, target);
+        if (!copy_name(dictionary, key, value, target)) copy(value.text, target);
         target += ' ';
     }
 }

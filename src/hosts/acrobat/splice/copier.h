@@ -2,8 +2,11 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <map>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "hosts/acrobat/glance/plain_file.h"
@@ -25,6 +28,11 @@ class Copier {
 
     /// What stands for an object of the file; it is not copied.
     void stand_in(const glance::Value& reference, std::int32_t number);
+    bool has_stand_in(const glance::Value& reference) const;
+
+    /// Names of places are other ones from now on, wherever links and bookmarks lead to them. All of them become texts,
+    /// as those are that a document's tree of names has.
+    void change_names(std::map<std::string, std::string> changed) { changed_names_ = std::move(changed); }
 
     /// The number of the copy of an object.
     std::int32_t number_of(const glance::Value& reference);
@@ -49,6 +57,11 @@ class Copier {
     };
 
     Copy& copy_of(const glance::Value& reference);
+    bool may_name_places(std::string_view text) const;
+    bool copy_name(const glance::Value& dictionary, std::string_view key, const glance::Value& value,
+                   std::string& target);
+    void copy_parts(const glance::Value& value, std::string& target);
+    void copy_tokens(std::string_view text, std::string& target);
     void copy_object(const Waiting& waiting);
     void copy_stream(const glance::Object& stream, std::string& target);
 
@@ -57,6 +70,8 @@ class Copier {
     Tags tags_;
     std::vector<Copy> copies_;  ///< by the number of the original
     std::vector<Waiting> waiting_;
+    std::optional<std::map<std::string, std::string>>
+        changed_names_;  ///< nothing in a file that names no places
 };
 
 }  // namespace foliant::hosts::acrobat::splice

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "hosts/acrobat/splice/strings.h"
 #include "hosts/acrobat/splice/xmp.h"
 
 namespace foliant::hosts::acrobat::splice {
@@ -18,43 +19,6 @@ namespace {
 
 constexpr std::array<std::string_view, 8> properties{"Title",   "Author",   "Subject",      "Keywords",
                                                      "Creator", "Producer", "CreationDate", "ModDate"};
-
-/// What a backslash and the characters behind it stand for; `at` is behind the backslash.
-std::string escaped(std::string_view text, std::size_t& at) {
-    constexpr std::string_view letters = "nrtbf";
-    constexpr std::string_view meanings = "\n\r\t\b\f";
-    const char c = text[at++];
-    if (const std::size_t letter = letters.find(c); letter != std::string_view::npos)
-        return {meanings[letter]};
-    if (c >= '0' && c <= '7') {
-        unsigned number = static_cast<unsigned>(c - '0');
-        for (int digits = 1; digits < 3 && text[at] >= '0' && text[at] <= '7'; ++digits)
-            number = number * 8 + static_cast<unsigned>(text[at++] - '0');
-        return {static_cast<char>(number)};
-    }
-    require(c != '\r' && c != '\n');  // a line that goes on is rare
-    return {c};
-}
-
-std::string bytes_of(std::string_view text) {
-    require(text.size() >= 2 && (text.front() == '(' || text.front() == '<'));
-    std::string bytes;
-    if (text.front() == '(') {
-        for (std::size_t at = 1; at + 1 < text.size();) {
-            const char c = text[at++];
-            require(c != '\r');
-            bytes += c == '\\' ? escaped(text, at) : std::string(1, c);
-        }
-        return bytes;
-    }
-    std::string digits;
-    for (const char c : text.substr(1, text.size() - 2))
-        if (c > ' ') digits += c;
-    if (digits.size() % 2 != 0) digits += '0';
-    for (std::size_t at = 0; at < digits.size(); at += 2)
-        bytes += static_cast<char>(std::stoi(digits.substr(at, 2), nullptr, 16));
-    return bytes;
-}
 
 void append_utf8(std::string& text, std::uint32_t letter) {
     const auto tail = [&](unsigned shift) { text += static_cast<char>(0x80U | ((letter >> shift) & 0x3FU)); };
@@ -113,7 +77,7 @@ std::string date_now() {
 
 std::string text_of(const Value& string) {
     require(string.kind == glance::Kind::other);
-    std::string bytes = bytes_of(string.text);
+    std::string bytes = string_bytes(string.text);
     if (bytes.starts_with("\xFE\xFF")) return utf8(std::string_view(bytes).substr(2));
     require(is_ascii(bytes));
     return bytes;

@@ -51,8 +51,10 @@ void Destinations::prepare(const Insertion& insertion) {
     names.merge(read_old_names(insertion.source));
     for (const auto& [name, destination] : names) {
         if (!leads_to_copied_page(destination, insertion.copier)) continue;
-        std::string chosen = tree_.name_for(name, insertion);
-        if (old_names_.contains(chosen)) chosen = insertion.unused(name, old_names_);
+        std::string chosen = splice::unused_name(name, insertion.number + 1, [&](const std::string& other) {
+            return tree_.contains(other) || old_names_.contains(other) ||
+                   (other != name && names.contains(other));
+        });
         if (chosen != name) insertion.copier.destination_names[name] = chosen;
         coming_.push_back({std::move(chosen), destination});
     }

@@ -15,7 +15,7 @@ class NamedObjects {
     std::string name_for(const std::string& wanted, const Insertion& insertion) const;
     void add(const std::string& name, QPDFObjectHandle object);
 
-    const Names& names() const noexcept { return names_; }
+    bool contains(const std::string& name) const { return names_.contains(name); }
 
     /// Writes what was added into the document.
     void settle();

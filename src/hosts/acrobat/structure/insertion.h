@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "hosts/acrobat/splice/unused_name.h"
 #include "hosts/acrobat/structure/object_copier.h"
 #include "hosts/acrobat/structure/pdf.h"
 
@@ -22,11 +23,8 @@ struct Insertion {
     /// A name like `name` that none of `taken` is.
     template <typename Taken>
     std::string unused(const std::string& name, const Taken& taken) const {
-        if (!taken.contains(name)) return name;
-        for (int suffix = number + 1;; ++suffix) {
-            const std::string other = name + "_" + std::to_string(suffix);
-            if (!taken.contains(other)) return other;
-        }
+        return splice::unused_name(name, number + 1,
+                                   [&](const std::string& other) { return taken.contains(other); });
     }
 };
 

@@ -1,13 +1,17 @@
 #include "hosts/acrobat/splice/spliced_document.h"
 
 #include <gmock/gmock.h>
+#include <qpdf/QPDFNameTreeObjectHelper.hh>
 #include <qpdf/QPDFWriter.hh>
+#include <regex>
 
 #include "hosts/acrobat/fixture.h"
+#include "hosts/acrobat/structure/name_tree.h"
 
 namespace foliant::hosts::acrobat::splice {
 namespace {
 
+using automation::Value;
 using glance::Doubt;
 using test::bookmarks;
 using test::pages;
@@ -207,13 +211,16 @@ TEST_F(Splicing, WhatTakesTheEngineIsDoubtedAndChangesNothing) {
         EXPECT_EQ(written(document).size(), size);
     };
     for (const std::string entry :
-         {"/AcroForm << >>", "/PageLabels << >>", "/StructTreeRoot << >>", "/Names << >>",
-          "/OCProperties << >>", "/Dests << >>", "/Extensions << >>"})
+         {"/AcroForm << >>", "/StructTreeRoot << >>", "/OCProperties << >>", "/Extensions << >>",
+          "/Perms << >>", "/Names << /EmbeddedFiles << >> >>",
+          "/Names << /Dests << /Names [/a [10 0 R /Fit]] >> >>", "/Names << /Dests << /Names [(a)] >> >>",
+          "/Names << /Dests 1 0 R >> /Own << /Names [(a) 3 0 R] >>", "/Names 4 0 R",
+          "/Dests << /a#20b [10 0 R /Fit] >>", "/PageLabels << /Nums [0 (a)] >>",
+          "/PageLabels << /Nums [-1 << >>] >>"})
         refused(pages(1).add_to_catalogue(entry));
     refused(pages(1, "a", "/Own 99 0 R"));
     refused(pages(1, "a", "/Own 3 1 R"));
     refused(pages(1).set_stream(11, "0", "/F (elsewhere)"));
-    refused(with_bookmarks("b").set(6, "<< /Title (a) /Dest (name) >>"));
     refused(with_bookmarks("b").set(6, "<< /Title (a) /Dest [3 0 R /Fit] >>"));
     refused(with_bookmarks("b").set(7, "<< /Title (loop) /Next 5 0 R >>"));
     refused(pages(2).set(2, "<< /Type /Pages /Kids [10 0 R 10 0 R] /Count 2 >>"));
@@ -227,9 +234,117 @@ TEST_F(Splicing, AnInformationThatOnlyTheEngineCanReadIsDoubted) {
     EXPECT_THROW(SplicedDocument(*opened(first.file())), Doubt);
 }
 
-TEST_F(Splicing, AFirstFileWithLabelsOrSignaturesIsDoubted) {
-    for (const std::string entry : {"/PageLabels << >>", "/AcroForm << >>", "/Perms << >>"})
+TEST_F(Splicing, AFirstFileWithAFormOrACertificationIsDoubted) {
+    for (const std::string entry : {"/AcroForm << >>", "/Perms << >>"})
         EXPECT_THROW(SplicedDocument(*opened(pages(1).add_to_catalogue(entry).file())), Doubt) << entry;
+}
+
+/// Two pages, and links to the second by a name of each kind, in each way to spell one; bookmarks, too.
+PdfText with_names(const std::string& label) {
+    PdfText pdf = pages(2, label, "/Annots [5 0 R 6 0 R 7 0 R]");
+    pdf.add_to_catalogue(
+        "/Names 8 0 R /Dests << /old [20 0 R /XYZ 1 2 3] /start [20 0 R /Fit] /gone [8 0 R] >>");
+    pdf.add_to_catalogue("/Outlines << /First 12 0 R /Last 12 0 R /Count 1 >>");
+    pdf.set(5, "<< /Subtype /Link /Rect [0 0 9 9] /Dest (start) >>");
+    pdf.set(6, "<< /Subtype /Link /A << /S /GoTo /D /old >> /Other [<< /S /D /St 1 /D (start) >>] >>");
+    pdf.set(7, "<< /Subtype /Link /A << /D <6e65773a21> /S /GoTo /Next << /S /GoTo /D 13 0 R >> >> >>");
+    pdf.set(
+        8, "<< /Dests << /Kids [9 0 R << /Names [(start) 14 0 R (start_2) [10 0 R /Fit]] >>] >> /Own (x) >>");
+    pdf.set(9, "<< /Limits [(a) (z)] /Names [(new:!) << /D [20 0 R /Fit] >> (none) [7 /Fit]] >>");
+    pdf.set(12, "<< /Title (by name) /Dest (start) >>");
+    pdf.set(13, "(start)");
+    pdf.set(14, "[20 0 R /FitH 700]");
+    return pdf;
+}
+
+/// What names and labels a document has, and where everything in it leads by a name.
+std::vector<std::string> names_and_labels(structure::Pdf& pdf) {
+    std::vector<std::string> lines;
+    Handle catalogue = pdf.qpdf().getRoot();
+    const auto show = [&](const std::string& text, Handle place) {
+        if (place.isDictionary()) place = place.getKey("/D");
+        lines.push_back(text + " -> ");
+        for (std::size_t page = 0; page < pdf.pages().size() && place.isArray(); ++page)
+            if (place.getArrayItem(0).isSameObjectAs(pdf.pages()[page].object))
+                lines.back() += "page " + std::to_string(page) + " " + place.getArrayItem(1).unparse();
+    };
+    if (catalogue.hasKey("/Names"))
+        for (const auto& [name, place] :
+             structure::read_name_tree(catalogue.getKey("/Names").getKey("/Dests")))
+            show(name, place);
+    if (catalogue.hasKey("/Dests"))
+        for (const auto& [name, place] : catalogue.getKey("/Dests").getDictAsMap())
+            show(name, place);
+    for (const structure::Page& page : pdf.pages())
+        for (Handle annotation : Handle(page.object).getKey("/Annots").aitems())
+            lines.push_back(annotation.getKey("/Dest").unparseResolved() +
+                            annotation.getKey("/A").unparseResolved() +
+                            annotation.getKey("/Other").unparseResolved());
+    for (Handle mark = catalogue.getKey("/Outlines").getKey("/First"); mark.isDictionary();
+         mark = mark.getKey("/Next"))
+        lines.push_back(mark.getKey("/Dest").unparseResolved());
+    for (const auto& [page, range] : structure::read_number_tree(catalogue.getKey("/PageLabels")))
+        lines.push_back(std::to_string(page) + " " + Handle(range).unparseResolved());
+    static const std::regex number("[0-9]+ 0 R");
+    for (std::string& line : lines)
+        line = std::regex_replace(line, number, "an object");
+    return lines;
+}
+
+PdfText with_labels(const std::string& ranges, int count = 3) {
+    return pages(count).add_to_catalogue("/PageLabels << /Nums [" + ranges + "] >>").set(5, "<< /S /R >>");
+}
+
+TEST_F(Splicing, NamesPlacesAndLabelsPagesAsTheEngineDoes) {
+    const std::vector<std::string> files{
+        with_names("a").file(),
+        with_names("b").file(),
+        pages(2, "c").file(),
+        with_labels("0 5 0 R 2 << /S /D /St 7 >>").file(),
+        with_labels("1 << /P (A-) >> 9 << /S /a >>").file(),
+        with_names("d").file(),
+    };
+    SplicedDocument document;
+    for (const std::string& file : files)
+        document.append(*opened(file), true);
+    const std::vector<std::string> lines = names_and_labels(*read(document));
+    EXPECT_EQ(lines, names_and_labels(*saved(merged(files))));
+    EXPECT_THAT(lines, testing::IsSupersetOf({"new:! -> page 1 /Fit", "new:!_3 -> page 3 /Fit",
+                                              "old_3 -> page 3 /XYZ", "start -> page 1 /FitH",
+                                              "start_3 -> page 3 /FitH", "start_2_3 -> page 2 /Fit",
+                                              "(start_3)nullnull", "8 << /S /D /St 7 >>", "9 << /S /D >>",
+                                              "10 << /P (A-) >>", "12 << /S /D >>"}));
+}
+
+TEST_F(Splicing, TheNamesOfTheFileThatItBeginsAsStayAndOthersGiveWay) {
+    const std::vector<std::string> files{with_names("a").file(), with_names("b").file()};
+    const auto pdf = result(files);
+    const Value first = document_on(files[0]);
+    first.call("InsertPages",
+               {std::int32_t{1}, document_on(files[1]), std::int32_t{0}, std::int32_t{2}, true});
+    EXPECT_EQ(names_and_labels(*pdf), names_and_labels(*saved(first)));
+    Handle catalogue = pdf->qpdf().getRoot();
+    EXPECT_EQ(catalogue.getKey("/Names").getKey("/Own").getStringValue(), "x");
+    EXPECT_TRUE(catalogue.getKey("/Dests").hasKey("/old"));
+}
+
+TEST_F(Splicing, AThousandNamesOfEachFileAreFoundInOneTree) {
+    const auto many = [](const std::string& label) {
+        std::string names;
+        for (int i = 1000; i < 2000; ++i)
+            names += " (" + label + std::to_string(i) + ") [10 0 R /Fit]";
+        return pages(1, label).add_to_catalogue("/Names << /Dests << /Names [" + names + "] >> >>").file();
+    };
+    const auto pdf = result({many("b"), many("a")});
+    Handle root = pdf->qpdf().getRoot().getKey("/Names").getKey("/Dests");
+    QPDFNameTreeObjectHelper tree(root, pdf->qpdf(), false);
+    Handle place;
+    ASSERT_TRUE(tree.findObject("a1500", place));
+    EXPECT_TRUE(place.getArrayItem(0).isSameObjectAs(pdf->pages()[1].object));
+    ASSERT_TRUE(tree.findObject("b1999", place));
+    EXPECT_TRUE(place.getArrayItem(0).isSameObjectAs(pdf->pages()[0].object));
+    EXPECT_EQ(structure::read_name_tree(root).size(), 2000U);
+    EXPECT_LE(root.getKey("/Kids").getArrayNItems(), 64);
 }
 
 TEST_F(Splicing, AChainOfAHundredThousandReferencesTakesNoStack) {
