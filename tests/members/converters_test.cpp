@@ -15,7 +15,6 @@
 namespace foliant::members {
 namespace {
 
-using automation::Argument;
 using automation::Arguments;
 using automation::named;
 using automation::Value;

@@ -72,8 +72,8 @@ Lines second_journal(const MemberCall& call, long k, bool on_a_new_object) {
 
 }  // namespace
 
-WholeJournal::WholeJournal(MemberCall its_call, std::string_view its_lines, std::source_location its_place)
-    : call(std::move(its_call)), expected(its_lines), place(its_place) {
+WholeJournal::WholeJournal(MemberCall its_call, std::string_view its_expected, std::source_location its_place)
+    : call(std::move(its_call)), expected(its_expected), place(its_place) {
     all<WholeJournal>().push_back(this);
 }
 
