@@ -120,6 +120,8 @@ TEST_F(Dispatch, WhatCannotBecomeTheTypeIsATypeMismatch) {
 TEST_F(Dispatch, EveryMisuseHasItsOwnError) {
     EXPECT_EQ(error_of("NoSuchMember", {}), "438 Foliant: Object doesn't support this property or method");
     EXPECT_EQ(error_of("CreatePDFfromPS", {"a.pdf"}), "449 Foliant: Argument not optional: strPSFile");
+    EXPECT_EQ(error_of("CreatePDFfromMultiPDF", {"a.pdf"}),
+              "449 Foliant: Argument not optional: varPDFFiles");
     EXPECT_EQ(error_of("PrinterName", {"x"}),
               "450 Foliant: Wrong number of arguments or invalid property assignment");
     EXPECT_EQ(error_of("CreatePDFfromPS", {"a.pdf", "b.ps", named("strPDFFile", "c.pdf")}),

@@ -194,6 +194,13 @@ TEST_F(RandomFileName, IsOneToEightDigitsWithoutLeadingZero) {
     }
 }
 
+TEST_F(RandomFileName, RunsFromOneToTheLastNumberOfEightDigitsThatASingleReaches) {
+    // Seeds of the smallest and of the largest of the numbers that are drawn, which are rare.
+    stage.seeds = {5322908, 3138459};
+    EXPECT_EQ(session().RandomFileName(), "1");
+    EXPECT_EQ(session().RandomFileName(), "99999994");
+}
+
 TEST_F(RandomFileName, ComesFromTheClockAlone) {
     stage.seeds = {7, 7, 8};
     const std::string first = session().RandomFileName();
