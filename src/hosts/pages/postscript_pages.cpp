@@ -30,6 +30,15 @@ std::string marks(const About& about, std::string_view language) {
     return text += std::string(language) + ") >> /PUT pdfmark\n";
 }
 
+/// What a part of a font is called by before the name of the whole, by which nobody takes it for that: "AAAAAA+".
+std::string subset_tag(std::size_t number) {
+    constexpr std::size_t letters = 26;
+    std::string tag = "AAAAAA+";
+    for (std::size_t place = tag.size() - 1; place > 0 && number > 0; number /= letters)
+        tag.at(--place) = static_cast<char>('A' + number % letters);
+    return tag;
+}
+
 std::string size_of(const Paper& paper) {
     std::string text;
     append_number(text, paper.width);
@@ -75,13 +84,15 @@ void PostScriptPages::fill(double left, double top, double width, double height)
 }
 
 PostScriptPages::Font PostScriptPages::made(PangoFont* font) {
-    if (!is_plain_truetype(font)) return {};
+    const LetterForm form = letter_form(font);
+    if (form == LetterForm::unknown) return {};
     hb_font_t* measures = pango_font_get_hb_font(font);
     hb_face_t* face = hb_font_get_face(measures);
-    std::unique_ptr<Source>& source = sources_[face];
+    const void* key = form == LetterForm::truetype ? static_cast<const void*>(face) : font;
+    std::unique_ptr<Source>& source = sources_[key];
     if (!source) {
         source = std::make_unique<Source>();
-        source->face = face;
+        source->font = font;
         source->name = postscript_name(font);
     }
     const FontDescriptionPtr description(pango_font_describe_with_absolute_size(font));
@@ -107,10 +118,8 @@ PostScriptPages::Code PostScriptPages::code_of(Source& source, unsigned glyph, s
             if (*code == letter) source.ascii.at(letter) = {glyph, font.get()};
             return {font.get(), *code};
         }
-    // Files may have the same name, and the fonts of one file have.
-    const std::string name =
-        ++made_fonts_ == 1 ? source.name : source.name + '.' + std::to_string(made_fonts_);
-    source.fonts.push_back(std::make_unique<Type42Font>(source.face, name));
+    source.fonts.push_back(
+        std::make_unique<PostScriptFont>(source.font, subset_tag(made_fonts_++) + source.name));
     return {source.fonts.back().get(), *source.fonts.back()->code_of(glyph, text)};
 }
 
@@ -191,7 +200,7 @@ void PostScriptPages::write_style() {
 std::string PostScriptPages::finished() {
     end_string();
     std::string file = std::move(head_);
-    for (const auto& [face, source] : sources_)
+    for (const auto& [key, source] : sources_)
         for (const auto& font : source->fonts)
             file += font->definition();
     file += "%%EndSetup\n";

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <hb.h>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -10,7 +11,7 @@
 #include "hosts/pages/glyphs.h"
 #include "hosts/pages/page_writer.h"
 #include "hosts/pages/paper.h"
-#include "hosts/pages/type42_font.h"
+#include "hosts/pages/postscript_font.h"
 
 namespace foliant::hosts::pages {
 
@@ -36,19 +37,19 @@ class PostScriptPages : public Canvas {
   private:
     /// A font as text is shown with it.
     struct Style {
-        const Type42Font* font = nullptr;
+        const PostScriptFont* font = nullptr;
         double points = 0;
         bool operator==(const Style& other) const { return font == other.font && points == other.points; }
     };
     /// A file of letters, and the fonts that are made of it: one after the other becomes full.
     struct Source {
-        hb_face_t* face = nullptr;
+        PangoFont* font = nullptr;  ///< in any size
         std::string name{};
-        std::vector<std::unique_ptr<Type42Font>> fonts{};
+        std::vector<std::unique_ptr<PostScriptFont>> fonts{};
         /// For each letter of ASCII its glyph and the font in which that has the letter's code.
         struct Known {
             unsigned glyph = 0;
-            const Type42Font* font = nullptr;
+            const PostScriptFont* font = nullptr;
         };
         std::array<Known, 128> ascii{};
     };
@@ -60,7 +61,7 @@ class PostScriptPages : public Canvas {
         std::vector<double> advances{};  ///< of its glyphs, as far as they were asked for
     };
     struct Code {
-        const Type42Font* font;
+        const PostScriptFont* font;
         unsigned char character;
     };
 
@@ -77,7 +78,8 @@ class PostScriptPages : public Canvas {
     int page_ = 0;
     bool is_complete_ = true;
     std::unordered_map<PangoFont*, Font> fonts_{};
-    std::unordered_map<hb_face_t*, std::unique_ptr<Source>> sources_{};
+    /// By the file, or by the font where that is not all.
+    std::unordered_map<const void*, std::unique_ptr<Source>> sources_{};
     std::size_t made_fonts_ = 0;
 
     std::string characters_;  ///< of the string that is being put together

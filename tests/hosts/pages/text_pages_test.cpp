@@ -148,7 +148,7 @@ TEST_F(PostScriptPagesTest, ALineIsAStringAndAPlace) {
 
 TEST_F(PostScriptPagesTest, AFontIsThereOnceWhateverPagesThereAre) {
     const std::string text = written("a\fb\fc");
-    EXPECT_EQ(count_of("%%BeginResource: font LiberationMono", text), 1U);
+    EXPECT_EQ(count_of("%%BeginResource: font AAAAAA+LiberationMono", text), 1U);
     EXPECT_EQ(count_of("\n%%Page: ", text), 3U);
     EXPECT_NE(text.find("\n%%Pages: 3\n"), std::string::npos);
 }
@@ -173,6 +173,20 @@ TEST_F(PostScriptPagesTest, MoreLettersThanAFontHasTakeAnother) {
         letters += static_cast<char>(0x80U | (letter & 0x3FU));
     }
     EXPECT_GE(count_of("%%BeginResource: font ", written(letters)), 2U);
+}
+
+TEST_F(PostScriptPagesTest, LettersOfOtherFilesThanTrueTypeAreDrawn) {
+    Shaper drawn_letters({"C059", 8});
+    PostScriptPages writer({300, 400}, {.title = "", .creator = "Test"}, "en-US");
+    TextPages pages("a fi", drawn_letters, {}, {30, 200, {20, 100}, {20, 100}});
+    writer.start_page();
+    pages.draw(1, writer);
+    const std::string text = writer.finished();
+    EXPECT_EQ(count_of("/FontName /AAAAAA+C059-Roman def", text), 1U);
+    EXPECT_EQ(count_of("/FontType 1 def", text), 1U);
+    EXPECT_EQ(count_of("/c97 <0061>\n", text), 1U);
+    EXPECT_EQ(count_of("/uni00660069.c128 put\n", text), 1U) << "for several letters a drawn one has a name";
+    EXPECT_EQ(count_of(" foliantS\n", text), 1U) << text;
 }
 
 }  // namespace

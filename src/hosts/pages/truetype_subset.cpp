@@ -1,11 +1,13 @@
-#include "hosts/pages/type42_font.h"
+#include "hosts/pages/truetype_subset.h"
 
 #include <algorithm>
-#include <fontconfig/fontconfig.h>
+#include <cstdint>
 #include <hb-subset.h>
 #include <memory>
-#include <pango/pangofc-font.h>
+#include <new>
 #include <stdexcept>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "hosts/pages/postscript_syntax.h"
@@ -34,11 +36,6 @@ std::string table(hb_face_t* face, hb_tag_t name) {
     unsigned size = 0;
     const char* bytes = hb_blob_get_data(blob.get(), &size);
     return {bytes, size};
-}
-
-bool has_table(hb_face_t* face, std::string_view name) {
-    const Blob blob(hb_face_reference_table(face, tag(name)));
-    return hb_blob_get_length(blob.get()) > 0;
 }
 
 unsigned number_at(std::string_view bytes, std::size_t place, std::size_t size) {
@@ -161,87 +158,24 @@ std::string bounding_box(hb_face_t* face) {
 
 }  // namespace
 
-bool is_plain_truetype(PangoFont* font) {
-    if (!PANGO_IS_FC_FONT(font)) return false;
-    FcPattern* pattern = pango_fc_font_get_pattern(PANGO_FC_FONT(font));
-    FcMatrix* matrix = nullptr;
-    FcBool is_emboldened = FcFalse;
-    if (FcPatternGetMatrix(pattern, FC_MATRIX, 0, &matrix) == FcResultMatch) return false;
-    if (FcPatternGetBool(pattern, FC_EMBOLDEN, 0, &is_emboldened) == FcResultMatch && is_emboldened == FcTrue)
-        return false;
-    hb_face_t* face = hb_font_get_face(pango_font_get_hb_font(font));
-    for (const std::string_view other : {"fvar", "COLR", "CBDT", "sbix", "SVG "})
-        if (has_table(face, other)) return false;
-    return has_table(face, "glyf");
-}
-
-std::string postscript_name(PangoFont* font) {
-    FcChar8* given = nullptr;
-    std::string name = "Text";
-    if (FcPatternGetString(pango_fc_font_get_pattern(PANGO_FC_FONT(font)), FC_POSTSCRIPT_NAME, 0, &given) ==
-        FcResultMatch)
-        name = reinterpret_cast<const char*>(given);
-    // Others have a meaning of their own in PostScript.
-    std::erase_if(name, [](char letter) {
-        return (letter < '0' || letter > '9') && (letter < 'A' || letter > 'Z') &&
-               (letter < 'a' || letter > 'z') && letter != '-';
-    });
-    return name;
-}
-
-std::optional<unsigned char> Type42Font::code_of(unsigned glyph, std::string_view text) {
-    const std::pair<unsigned, std::string> key(glyph, text);
-    if (const auto known = codes_.find(key); known != codes_.end()) return known->second;
-    const auto byte = text.size() == 1 ? static_cast<unsigned char>(text.front()) : 0U;
-    unsigned code = byte;
-    if (byte < 0x20 || byte > 0x7E || !is_free(byte)) {
-        const auto count = static_cast<unsigned>(characters_.size());
-        for (unsigned tries = 0; tries < count && !is_free(next_); ++tries)
-            next_ = (next_ + 1) % count;
-        if (!is_free(next_)) return std::nullopt;
-        code = next_;
-    }
-    characters_.at(code) = {glyph, std::string(text), true};
-    codes_.emplace(key, static_cast<unsigned char>(code));
-    return static_cast<unsigned char>(code);
-}
-
-std::string Type42Font::definition() const {
+TrueTypeSubset truetype_subset(hb_face_t* face, const std::set<unsigned>& glyphs) {
     const Input input(hb_subset_input_create_or_fail());
     if (!input) throw std::bad_alloc();
-    for (const Character& character : characters_)
-        if (character.is_used) hb_set_add(hb_subset_input_glyph_set(input.get()), character.glyph);
+    for (const unsigned glyph : glyphs)
+        hb_set_add(hb_subset_input_glyph_set(input.get()), glyph);
     hb_subset_input_set_flags(input.get(), HB_SUBSET_FLAGS_NOTDEF_OUTLINE);
     hb_set_t* dropped = hb_subset_input_set(input.get(), HB_SUBSET_SETS_DROP_TABLE_TAG);
     for (const std::string_view name :
          {"GSUB", "GPOS", "GDEF", "MATH", "BASE", "kern", "cmap", "name", "OS/2", "post"})
         hb_set_add(dropped, tag(name));
-    const Plan plan(hb_subset_plan_create_or_fail(face_, input.get()));
+    const Plan plan(hb_subset_plan_create_or_fail(face, input.get()));
     const Face subset(plan ? hb_subset_plan_execute_or_fail(plan.get()) : nullptr);
-    if (!subset) throw std::runtime_error("the font " + name_ + " cannot be taken apart");
+    if (!subset) throw std::runtime_error("a font cannot be taken apart");
     const hb_map_t* numbers = hb_subset_plan_old_to_new_glyph_mapping(plan.get());
-
-    std::string encoding;
-    std::string outlines = "/.notdef 0 def\n";
-    std::string meanings;
-    for (unsigned code = 1; code < characters_.size(); ++code) {
-        const Character& character = characters_.at(code);
-        if (!character.is_used) continue;
-        const std::string name = "/c" + std::to_string(code);
-        encoding += "dup " + std::to_string(code) + ' ' + name + " put\n";
-        outlines += name + ' ' + std::to_string(hb_map_get(numbers, character.glyph)) + " def\n";
-        if (character.text.empty()) continue;
-        meanings += name + " <";
-        append_utf16(meanings, character.text);
-        meanings += ">\n";
-    }
-    // The outlines are in units of the em, as every TrueType font in PostScript has them.
-    return "%%BeginResource: font " + name_ + "\n12 dict begin\n/FontType 42 def\n/FontName /" + name_ +
-           " def\n/PaintType 0 def\n/FontMatrix [1 0 0 1 0 0] def\n/FontBBox [" + bounding_box(face_) +
-           "] def\n/Encoding 256 array\n0 1 255 {1 index exch /.notdef put} for\n" + encoding +
-           "readonly def\n/CharStrings 256 dict dup begin\n" + outlines +
-           "end readonly def\n/FontInfo << /GlyphNames2Unicode <<\n" + meanings + ">> >> def\n/sfnts " +
-           file_of(subset.get()) + " def\nFontName currentdict end definefont pop\n%%EndResource\n";
+    TrueTypeSubset result{file_of(subset.get()), {}, bounding_box(face)};
+    for (const unsigned glyph : glyphs)
+        result.numbers[glyph] = hb_map_get(numbers, glyph);
+    return result;
 }
 
 }  // namespace foliant::hosts::pages

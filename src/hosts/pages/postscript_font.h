@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <hb.h>
 #include <map>
 #include <optional>
 #include <pango/pango.h>
@@ -11,27 +10,32 @@
 
 namespace foliant::hosts::pages {
 
-/// Whether what is drawn with a font is what stands in its file, and that are TrueType outlines, which PostScript knows:
-/// nothing of it is made bold or slanted for want of a file, and nothing is in colours.
-bool is_plain_truetype(PangoFont* font);
+/// How PostScript is told what the letters of a font look like.
+enum class LetterForm {
+    truetype,  ///< by a part of its file, as it stands
+    drawn,     ///< by their outlines: those of other files, and letters that are slanted for want of a file
+    unknown,   ///< not at all: letters in colours, and what is made bold for want of a file
+};
+
+LetterForm letter_form(PangoFont* font);
 
 /// The name under which PostScript knows a font: "LiberationMono-Bold".
 std::string postscript_name(PangoFont* font);
 
-/// Up to 255 letters of a TrueType file, as a font of PostScript whose characters have a byte each.
-class Type42Font {
+/// Up to 255 letters of a font, as one of PostScript whose characters have a byte each.
+class PostScriptFont {
   public:
-    /// `face` outlives this.
-    Type42Font(hb_face_t* face, std::string name) : face_(face), name_(std::move(name)) {}
+    /// `font`, whose form is known, outlives this.
+    PostScriptFont(PangoFont* font, std::string name);
 
     const std::string& name() const noexcept { return name_; }
-    hb_face_t* face() const noexcept { return face_; }
 
     /// The byte that stands for a glyph which stands for that text, UTF-8; none when the font is full. That of a letter
     /// of ASCII is the letter's, where it is free: who looks into the file can read it.
     std::optional<unsigned char> code_of(unsigned glyph, std::string_view text);
 
     /// The definition of the font. It says what its characters mean, so that a distiller's output can be searched.
+    /// Throws std::runtime_error with a reason.
     std::string definition() const;
 
   private:
@@ -41,9 +45,16 @@ class Type42Font {
         bool is_used = false;
     };
 
+    bool is_told_by_name(const Character& character) const;
+    std::string name_of(unsigned code) const;
     bool is_free(unsigned code) const { return code > 0 && !characters_.at(code).is_used; }
+    template <class Outline>
+    std::string outlines(const std::string& none, Outline outline) const;
+    std::string truetype_body() const;
+    std::string drawn_body() const;
 
-    hb_face_t* face_;
+    PangoFont* font_;
+    LetterForm form_;
     std::string name_;
     std::array<Character, 256> characters_{};
     std::map<std::pair<unsigned, std::string>, unsigned char, std::less<>> codes_{};
