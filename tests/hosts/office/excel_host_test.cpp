@@ -219,6 +219,15 @@ TEST_F(ExcelHost, LeavesTheOtherPlacesOfAHeaderAsTheyAre) {
     EXPECT_NEAR(print(sheet, "A1").place(1, "a note").top, 72, 4) << "the cells stay where they were";
 }
 
+TEST_F(ExcelHost, PutsPartsOfAHeaderWhereTheirCodesSay) {
+    const Value sheet = open("sales.xlsx").get("Worksheets", {"Blank"});
+    const Value page = sheet.get("PageSetup");
+    page.set("CenterHeader", "the middle&R&8at the right&Lat the left");
+    EXPECT_EQ(page.get("LeftHeader"), Value("at the left"));
+    EXPECT_EQ(page.get("CenterHeader"), Value("the middle"));
+    EXPECT_EQ(page.get("RightHeader"), Value("at the right"));
+}
+
 TEST_F(ExcelHost, ReadsMarginsBackAsTheyWereSet) {
     const Value page = open("sales.xlsx").get("Worksheets", {"My notes"}).get("PageSetup");
     EXPECT_NEAR(std::get<double>(page.get("TopMargin").storage()), 72, 0.1);

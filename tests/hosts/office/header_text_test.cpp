@@ -36,6 +36,15 @@ TEST(HeaderText, HasAmpersandsWrittenTwice) {
     EXPECT_EQ(parse_header("last &"), (Pieces{text("last &")}));
 }
 
+TEST(HeaderText, IsDividedWhereACodeNamesAPlace) {
+    using Sections = std::vector<HeaderSection>;
+    EXPECT_EQ(sections_of("Page &P"), (Sections{{0, "Page &P"}}));
+    EXPECT_EQ(sections_of("a&Lb&cc && d&R&\"Lucida &R,Bold\"&P"),
+              (Sections{{0, "a"}, {'l', "b"}, {'c', "c && d"}, {'r', "&\"Lucida &R,Bold\"&P"}}));
+    EXPECT_EQ(sections_of("R&&R &"), (Sections{{0, "R&&R &"}}));
+    EXPECT_EQ(sections_of("&\"open"), (Sections{{0, "&\"open"}}));
+}
+
 TEST(HeaderText, ChangesItsLookUntilTheNextCodeOfThatKind) {
     EXPECT_EQ(parse_header("a&Bb&Ic&Bd"),
               (Pieces{text("a"), text("b", {.bold = true}), text("c", {.bold = true, .italic = true}),

@@ -164,6 +164,22 @@ std::vector<HeaderPiece> parse_header(std::string_view text) {
     return HeaderReader(text).read();
 }
 
+std::vector<HeaderSection> sections_of(std::string_view text) {
+    std::vector<HeaderSection> sections(1);
+    while (!text.empty()) {
+        std::size_t length = text.front() == '&' ? std::min<std::size_t>(text.size(), 2) : 1;
+        const char code = length == 2 ? lower(text[1]) : '\0';
+        if (code == 'l' || code == 'c' || code == 'r') {
+            sections.push_back({code, ""});
+        } else {
+            if (code == '"') length = std::min(text.find('"', length), text.size() - 1) + 1;
+            sections.back().text += text.substr(0, length);
+        }
+        text.remove_prefix(length);
+    }
+    return sections;
+}
+
 double height_of(const std::vector<HeaderPiece>& pieces, double usual_size) {
     double lines_above = 0;
     double line = usual_size;  // a line is as high as the usual text at least

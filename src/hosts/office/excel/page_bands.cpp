@@ -11,6 +11,8 @@
 #include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
 #include <com/sun/star/text/FilenameDisplayFormat.hpp>
 #include <com/sun/star/text/XTextContent.hpp>
+#include <iterator>
+#include <map>
 
 #include "hosts/office/excel/header_text.h"
 
@@ -79,6 +81,20 @@ Reference<XText> slot_of(const Reference<XHeaderFooterContent>& content, BandSlo
             return content->getCenterText();
         default:
             return content->getRightText();
+    }
+}
+
+/// The place that a code names; `usual` where there is none.
+BandSlot slot_named(char code, BandSlot usual) {
+    switch (code) {
+        case 'l':
+            return BandSlot::left;
+        case 'c':
+            return BandSlot::center;
+        case 'r':
+            return BandSlot::right;
+        default:
+            return usual;
     }
 }
 
@@ -210,15 +226,23 @@ std::string band_slot_text(const PageStyle& page, Band band, BandSlot slot) {
 
 void set_band_slot(const WorkbookModel& workbook, const PageStyle& page, Band band, BandSlot slot,
                    const std::string& text) {
-    const std::vector<HeaderPiece> pieces = parse_header(text);
+    std::map<BandSlot, std::vector<HeaderPiece>> places{{slot, {}}};
+    for (const HeaderSection& section : sections_of(text)) {
+        std::vector<HeaderPiece>& place = places[slot_named(section.place, slot)];
+        std::ranges::move(parse_header(section.text), std::back_inserter(place));
+    }
     const UsualFont usual = usual_font(workbook);
-    const double points = height_of(pieces, static_cast<double>(usual.size));
+    double points = 0;
+    for (const auto& [place, pieces] : places)
+        points = std::max(points, height_of(pieces, static_cast<double>(usual.size)));
     make_room(page, band, static_cast<sal_Int32>(points * hundredth_mm_per_point));
     const Reference<XHeaderFooterContent> changed = content(page, band);
-    const Reference<XText> place = slot_of(changed, slot);
-    place->setString({});
-    for (const HeaderPiece& piece : pieces)
-        append(workbook, place, piece, usual);
+    for (const auto& [place, pieces] : places) {
+        const Reference<XText> there = slot_of(changed, place);
+        there->setString({});
+        for (const HeaderPiece& piece : pieces)
+            append(workbook, there, piece, usual);
+    }
     page->setPropertyValue(to_uno(content_of(band)), css::uno::Any(changed));
 }
 

@@ -21,8 +21,8 @@ void set_band_margin(const PageStyle& page, Band band, sal_Int32 margin);
 /// The text in one place, without codes.
 std::string band_slot_text(const PageStyle& page, Band band, BandSlot slot);
 
-/// Puts a text with Excel's codes in one place of the band, which is there from then on. `workbook` makes what
-/// is put in for each page.
+/// Puts a text with Excel's codes in one place of the band, which is there from then on; what stands behind &L, &C or &R in
+/// the place that these name. `workbook` makes what is put in for each page.
 void set_band_slot(const WorkbookModel& workbook, const PageStyle& page, Band band, BandSlot slot,
                    const std::string& text);
 
