@@ -1,5 +1,7 @@
 #include "cli/worker_call.h"
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
 #include <iostream>
 #include <unistd.h>
@@ -89,6 +91,13 @@ void watch_search(const Request& request, LocalMachine& machine, std::vector<hos
     });
 }
 
+/// Whether pages are wholes to the member: it counts them, or puts them behind others.
+bool takes_pages_whole(const core::Member& member) {
+    constexpr std::array<std::string_view, 3> names{"GetNumPagesPDF", "CreatePDFfromMultiPDF",
+                                                    "CreatePDFfromMultiPDFinDir"};
+    return std::ranges::find(names, member.name) != names.end();
+}
+
 std::string activity(const Request& request) {
     if (request.member->family == core::Family::transfer) return "Transferring";
     const auto inputs = inputs_of(*request.member, request.arguments);
@@ -132,6 +141,7 @@ int make_call(const Request& request, LocalMachine& machine, const KeptFile& kep
     const TracedPlatform traced(machine.platform(), [&log](const std::string& line) { log.line(line); });
     std::vector<hosts::FoundText> found;
     watch_search(request, machine, found);
+    if (takes_pages_whole(*request.member)) machine.leave_text_alone();
     Outcome outcome = secrets_of(request).masked(
         make(request, machine, log.is_wanted() ? traced.platform() : machine.platform(), kept, watcher,
              [](std::int32_t percent) { status.tell(std::to_string(percent) + " %"); }));

@@ -95,6 +95,9 @@ class Machine {
     /// what strangers have made elsewhere than in a document.
     virtual void be_contained() {}
 
+    /// Whether the call that uses this host may look at the text of pages, for which engines look at fonts.
+    virtual bool may_read_text() const { return true; }
+
     /// A new file that appears under that name when it is complete; also a contained host's only way to make
     /// one. Throws what PendingFile does.
     virtual std::unique_ptr<OutputFile> make_output(const std::filesystem::path& path) {

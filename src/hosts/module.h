@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "automation/object.h"
 #include "hosts/containment/policy.h"
@@ -24,6 +25,10 @@ struct Module {
     /// whoever makes the process. Null for a host that runs in the caller's process, because what it does
     /// with documents it does in contained processes of its own.
     containment::Policy (*policy)(const std::filesystem::path& folder) = nullptr;
+
+    /// What that process may read besides, in a call that may look at the text of pages (Machine::may_read_text).
+    /// Null for nothing.
+    std::vector<std::filesystem::path> (*for_text)() = nullptr;
 };
 
 /// Every module exports this function under the name `foliant_host_module`.

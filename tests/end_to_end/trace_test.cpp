@@ -151,6 +151,27 @@ TEST_F(Trace, PostScriptIsReadWithNothingBeyondThePolicy) {
     EXPECT_EQ(programs, (std::set<std::string>{"ghostscript-engine", "qpdf-protector"}));
 }
 
+TEST_F(Trace, FontsAreThereForTextAndNotForCountingPages) {
+    REQUIRE_HOST("Acrobat");
+    shop.write("a.pdf",
+               "%PDF-1.4\n1 0 obj << /Type /Catalog /Pages 2 0 R >> endobj\n"
+               "2 0 obj << /Type /Pages /Count 1 /Kids [3 0 R] >> endobj\n"
+               "3 0 obj << /Type /Page /Parent 2 0 R /MediaBox [0 0 9 9] >> endobj\n"
+               "trailer << /Size 4 /Root 1 0 R >>\n%%EOF\n");
+    const auto looks_at_fonts = [&](const std::vector<std::string>& words) {
+        contained_processes(words);
+        bool looks = false;
+        for (const std::string& name : shop.files()) {
+            if (!name.starts_with("trace.")) continue;
+            looks = looks || shop.read(name).find("\"/etc/fonts") != std::string::npos;
+            std::filesystem::remove(shop.path(name));
+        }
+        return looks;
+    };
+    EXPECT_FALSE(looks_at_fonts({"GetNumPagesPDF", "a.pdf"}));
+    EXPECT_TRUE(looks_at_fonts({"CreateTextfileFromPDF", "a.pdf", "a.txt"}));
+}
+
 /// What LibreOffice may open besides its document and its private folder.
 constexpr const char* office_resources[] = {
     "/usr/lib/libreoffice/", "/etc/libreoffice/", "/usr/share/libreoffice/", "/usr/share/liblangtag/",

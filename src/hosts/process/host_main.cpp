@@ -1,9 +1,11 @@
 #include "hosts/process/host_main.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <exception>
 #include <fcntl.h>
+#include <iterator>
 #include <memory>
 #include <new>
 #include <sys/prctl.h>
@@ -81,6 +83,8 @@ class LoadedModule {
 void contain(const HostStart& start, const Module& module, const std::filesystem::path& document) {
     containment::Policy policy = module.policy(start.folder);
     if (!document.empty()) policy.may_read.push_back(document);
+    if (start.may_read_text && module.for_text != nullptr)
+        std::ranges::move(module.for_text(), std::back_inserter(policy.may_read));
     policy.limits = {
         .memory_bytes = start.memory_limit_bytes, .file_bytes = largest_file, .open_files = most_open_files};
     containment::apply(policy);

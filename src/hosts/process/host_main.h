@@ -17,6 +17,7 @@ struct HostStart {
     const std::function<const Module&()>& load;
     std::filesystem::path folder;  ///< private to it
     std::uint64_t memory_limit_bytes;
+    bool may_read_text;          ///< the text of pages
     SharedFlag& memory_refused;  ///< set when it asks for more
     pid_t parent;                ///< it does not outlive that process
 };

@@ -49,6 +49,7 @@ class HostProcess::Child {
     Child(HostProgram program, Machine& machine)
         : program_(std::move(program)),
           memory_limit_(machine.memory_limit_bytes()),
+          may_read_text_(machine.may_read_text()),
           folder_(make_folder(machine.private_folder())),
           service_(machine, folder_, program_.save_command) {}
     Child(const Child&) = delete;
@@ -62,7 +63,8 @@ class HostProcess::Child {
         process_ = ::fork();
         if (process_ < 0) throw std::system_error(errno, std::generic_category(), "cannot start a process");
         if (process_ == 0)
-            run_host({std::move(its), program_.load, folder_, memory_limit_, memory_refused_, parent});
+            run_host({std::move(its), program_.load, folder_, memory_limit_, may_read_text_, memory_refused_,
+                      parent});
         return std::move(mine);
     }
 
@@ -112,6 +114,7 @@ class HostProcess::Child {
 
     HostProgram program_;
     std::uint64_t memory_limit_;
+    bool may_read_text_;
     std::filesystem::path folder_;
     MachineService service_;
     SharedFlag memory_refused_;

@@ -76,6 +76,9 @@ class LocalMachine : public hosts::Machine {
     /// worker whose parent was killed.
     void remove_private_folder() noexcept { private_folder_.remove(); }
 
+    /// Says that this call looks at no page's text: its hosts need no fonts then, and see none.
+    void leave_text_alone() noexcept { may_read_text_ = false; }
+
     /// What the hosts show their user; nothing for nothing.
     const std::optional<hosts::LeftOpen>& left_open() const noexcept { return left_open_; }
     /// Whom to tell what a host has found, and whether he wants to be told of the next place, too. Nobody
@@ -89,6 +92,7 @@ class LocalMachine : public hosts::Machine {
     std::filesystem::path private_folder() const override { return private_folder_.path(); }
     std::optional<std::vector<std::string>> scratch_text(const std::string& path) const override;
     std::uint64_t memory_limit_bytes() const override { return options_.memory_limit_bytes; }
+    bool may_read_text() const override { return may_read_text_; }
     bool has_printer(std::string_view name) const override { return printers_.has(name); }
     bool is_pdf_printer(std::string_view name) const override { return printers_.is_pdf_printer(name); }
     std::string default_printer() const override { return printers_.default_name(); }
@@ -133,6 +137,7 @@ class LocalMachine : public hosts::Machine {
     std::optional<hosts::HandedOver> handed_over_;
     hosts::HostWindow handed_over_window_ = 0;
     std::vector<std::string> failures_told_;
+    bool may_read_text_ = true;
 };
 
 }  // namespace foliant::platform::local

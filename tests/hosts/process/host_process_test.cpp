@@ -175,7 +175,8 @@ constexpr Module prober_module = {
     [](const fs::path& folder) {
         return containment::Policy{
             .may_read = {"/usr/lib", "/lib"}, .may_write = {folder}, .may_start = {}, .limits = {}};
-    }};
+    },
+    [] { return std::vector<fs::path>{"/etc/group"}; }};
 
 class ProbingMachine : public Machine {
   public:
@@ -183,6 +184,7 @@ class ProbingMachine : public Machine {
 
     fs::path private_folder() const override { return folder_; }
     std::uint64_t memory_limit_bytes() const override { return 256 * mebibyte; }
+    bool may_read_text() const override { return may_read; }
     bool has_printer(std::string_view name) const override { return name == "Office"; }
     bool is_pdf_printer(std::string_view name) const override { return name == "Office"; }
     std::string default_printer() const override { return "Office"; }
@@ -219,6 +221,7 @@ class ProbingMachine : public Machine {
     std::optional<HandedOver> handed_over;
     std::string typed;
     bool clicks = false;
+    bool may_read = true;
 
   private:
     fs::path folder_;
@@ -312,6 +315,16 @@ TEST_F(HostProcessTest, ReadsNothingThatWasNotNamed) {
     EXPECT_EQ(prober.call("Direct", {"/etc/passwd"}), Value("EACCES"));
     EXPECT_EQ(prober.call("Direct", {"/proc/self/environ"}), Value("EACCES"));
     EXPECT_EQ(prober.call("Direct", {path("letter")}), Value("open"));
+}
+
+TEST_F(HostProcessTest, ReadsWhatTextTakesOnlyInACallThatMayLookAtText) {
+    EXPECT_EQ(contained().call("Direct", {"/etc/group"}), Value("open"));
+    if (containment::offered().landlock == 0) return;
+    machine.may_read = false;
+    HostProcess other({"Prober", "", []() -> const Module& { return prober_module; }}, machine);
+    const Value prober = other.create("Prober");
+    EXPECT_EQ(prober.call("Document", {path("letter")}), Value("words"));
+    EXPECT_EQ(prober.call("Direct", {"/etc/group"}), Value("EACCES"));
 }
 
 TEST_F(HostProcessTest, ReadsNoFolderAndNoPipe) {

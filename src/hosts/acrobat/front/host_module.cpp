@@ -20,17 +20,22 @@ automation::ObjectPtr create(std::string_view class_name, Machine& machine) {
     return front->create(class_name);
 }
 
-/// Documents come as open files. Fonts and character maps are for reading text.
+/// Documents come as open files.
 containment::Policy policy(const std::filesystem::path& folder) {
     using namespace containment;
-    return {.may_read = system_libraries() + fonts() + locales() + Paths{"/usr/share/poppler"} +
-                        empty_devices() + files_of_parts(),
+    return {.may_read = system_libraries() + locales() + empty_devices() + files_of_parts(),
             .may_write = {folder, "/dev/null"},
             .may_start = {},
             .limits = {}};
 }
 
-constexpr Module module = {[] { return load_engine().version(); }, create, policy};
+/// Fonts and character maps.
+containment::Paths for_text() {
+    using namespace containment;
+    return fonts() + Paths{"/usr/share/poppler"};
+}
+
+constexpr Module module = {[] { return load_engine().version(); }, create, policy, for_text};
 
 }  // namespace
 }  // namespace foliant::hosts::acrobat::front
