@@ -55,7 +55,36 @@ TEST(LocaleForms, WriteNumbersWithoutTheirRoundingErrors) {
     EXPECT_EQ(in_german(0.25, {.format = "Percent", .decimals = 0}), "25%");
     EXPECT_EQ(in_german(1234.5, {.format = "Standard"}), "1.234,50");
     EXPECT_EQ(in_german(1234.5, {.format = "Fixed"}), "1234,50");
-    EXPECT_EQ(in_german(12.0, {.format = "0000.00\" kg\""}), "12") << "a format of somebody's own";
+}
+
+TEST(LocaleForms, WriteNumbersAsSomebodysOwnFormatSays) {
+    const auto by = [](double number, const char* format) { return in_german(number, {.format = format}); };
+    EXPECT_EQ(by(12.0, "0000.00\" kg\""), "0012,00 kg");
+    EXPECT_EQ(by(1234567.891, "#,##0.0#"), "1.234.567,89");
+    EXPECT_EQ(by(0.5, "#.##"), ",5");
+    EXPECT_EQ(by(3.0, "#.##"), "3");
+    EXPECT_EQ(by(-0.256, "0.0%"), "-25,6%");
+    EXPECT_EQ(by(-1.5, "0.0 \\h;(0.0)[Red];\"none\""), "(1,5)");
+    EXPECT_EQ(by(0, "0.0;(0.0);\"none\""), "none");
+    EXPECT_EQ(by(0, "0.0;(0.0)"), "0,0");
+    EXPECT_EQ(in_german(Money{15000}, {.format = "0.00 €"}), "1,50 €");
+    EXPECT_EQ(by(12.0, "0.00E+00"), "12") << "what is not understood is passed over";
+    EXPECT_EQ(by(12.0, "\"open"), "12");
+    EXPECT_EQ(in_german(Decimal{"1234567890123456789.5"}, {.format = "0"}), "1234567890123456789,5");
+}
+
+TEST(LocaleForms, WriteDatesAndTruthAsSomebodysOwnFormatSays) {
+    const auto by = [](const char* format) {
+        return in_german(make_date(1996, 7, 4, 46861), {.format = format});
+    };
+    EXPECT_EQ(by("dd/mm/yyyy"), "04/07/1996");
+    EXPECT_EQ(by("d.m.yy h:mm:ss"), "4.7.96 13:01:01");
+    EXPECT_EQ(by("dddd, d mmm yyyy \"at\" hh:nn AM/PM"), "Thursday, 4 Jul 1996 at 01:01 PM");
+    EXPECT_EQ(by("mmmm \\Qq"), "July Q3");
+    EXPECT_EQ(by("ww"), "04.07.1996 13:01:01") << "what is not understood is passed over";
+    EXPECT_EQ(in_german(true, {.format = ";\"there\";\"gone\""}), "there");
+    EXPECT_EQ(in_german(false, {.format = ";\"there\";\"gone\""}), "gone");
+    EXPECT_EQ(in_german(false, {.format = "x"}), "Nein");
 }
 
 TEST(LocaleForms, WriteTruthNullAndWhatHasNoText) {

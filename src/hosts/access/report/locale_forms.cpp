@@ -8,9 +8,11 @@
 #include <cmath>
 #include <ctime>
 #include <langinfo.h>
+#include <optional>
 #include <string_view>
 
 #include "automation/text.h"
+#include "hosts/access/report/own_formats.h"
 #include "hosts/access/sql/dates.h"
 
 namespace foliant::hosts::access {
@@ -110,15 +112,21 @@ std::string formatted(const CalendarDate& parts, const std::string& pattern) {
     return {buffer.data(), std::strftime(buffer.data(), buffer.size(), pattern.c_str(), &moment)};
 }
 
-std::string shown_date(Date date, const std::string& format, const LocaleForms& forms) {
+std::string shown_date(Date date, const std::string& own_format, const LocaleForms& forms) {
     const CalendarDate parts = calendar_date(date);
+    const std::string format = automation::to_lower(own_format);
+    const bool has_name = format.ends_with(" date") || format.ends_with(" time");
+    if (const auto text = has_name || format.empty() ? std::nullopt : date_by(own_format, parts))
+        return *text;
     if (format.ends_with(" date") && format != "general date") return formatted(parts, forms.date);
     if (format.ends_with(" time")) return formatted(parts, format == "short time" ? "%H:%M" : forms.time);
     if (!parts.has_time) return formatted(parts, forms.date);
     return formatted(parts, parts.has_day ? forms.date + " " + forms.time : forms.time);
 }
 
-std::string shown_truth(bool truth, const std::string& format, const LocaleForms& forms) {
+std::string shown_truth(bool truth, const std::string& own_format, const LocaleForms& forms) {
+    const std::string format = automation::to_lower(own_format);
+    if (const auto text = truth_by(own_format, truth)) return *text;
     if (format == "true/false") return truth ? "True" : "False";
     if (format == "on/off") return truth ? "On" : "Off";
     return truth ? forms.yes : forms.no;
@@ -142,6 +150,13 @@ std::string shown_number(const Datum& datum, const Column& column, const LocaleF
     const std::string format = automation::to_lower(column.format);
     if (std::string by_name = shown_by_name(datum, format, column.decimals, forms); !by_name.empty())
         return by_name;
+    constexpr std::size_t most_digits = 16;  // of which a double keeps count
+    const auto* decimal = std::get_if<Decimal>(&datum);
+    const bool is_own = !format.empty() && format != "general number" &&
+                        (decimal == nullptr || decimal->digits.size() <= most_digits);
+    if (const auto text =
+            is_own ? number_by(column.format, number_in(datum).value_or(0), forms) : std::nullopt)
+        return *text;
     if (std::holds_alternative<Money>(datum) && format != "general number")
         return shown_money(datum, column.decimals, forms);
     if (const auto* number = std::get_if<double>(&datum)) {
@@ -189,10 +204,8 @@ LocaleForms LocaleForms::of_process() {
 std::string shown(const Datum& datum, const Column& column, const LocaleForms& forms) {
     if (is_null(datum)) return {};
     if (const auto* text = std::get_if<std::string>(&datum)) return *text;
-    if (const auto* truth = std::get_if<bool>(&datum))
-        return shown_truth(*truth, automation::to_lower(column.format), forms);
-    if (const auto* date = std::get_if<Date>(&datum))
-        return shown_date(*date, automation::to_lower(column.format), forms);
+    if (const auto* truth = std::get_if<bool>(&datum)) return shown_truth(*truth, column.format, forms);
+    if (const auto* date = std::get_if<Date>(&datum)) return shown_date(*date, column.format, forms);
     if (const auto* opaque = std::get_if<Opaque>(&datum)) return shown_size(opaque->bytes);
     return shown_number(datum, column, forms);
 }

@@ -24,7 +24,7 @@ struct LocaleForms {
     static LocaleForms of_process();
 };
 
-/// A value as a report shows it: by its column's format where that is one of Access's own, else as the column was declared.
+/// A value as a report shows it: by its column's format where that is understood, else as the column was declared.
 /// Empty for Null.
 std::string shown(const Datum& datum, const Column& column, const LocaleForms& forms);
 
