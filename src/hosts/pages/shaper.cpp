@@ -64,6 +64,18 @@ std::vector<std::size_t> sizes_of(const PangoGlyphString& glyphs, int length) {
     return sizes;
 }
 
+/// What is drawn for a glyph of Pango's: nothing for a tab, which is one of its own, and for letters that only say how
+/// others are drawn, and the font's own box for what it does not have.
+unsigned drawn(PangoGlyph glyph, PangoFont* font) {
+    constexpr unsigned box = 0;
+    if (glyph == PANGO_GLYPH_EMPTY) {
+        hb_codepoint_t space = box;
+        hb_font_get_nominal_glyph(pango_font_get_hb_font(font), ' ', &space);
+        return space;
+    }
+    return (glyph & PANGO_GLYPH_UNKNOWN_FLAG) == 0 ? glyph : box;
+}
+
 /// A part of a line as long as Pango lays out at once: what that takes grows with the square of the length.
 std::string_view beginning_of(std::string_view line) {
     constexpr std::size_t longest = 4096;
@@ -107,7 +119,7 @@ constexpr Letters simple_letters[]{{0x20, 0x7E},     {0xA0, 0xAC},     {0xAE, 0x
 }  // namespace
 
 bool is_simple(std::string_view text) {
-    const auto is_ascii = [](char letter) { return letter >= ' ' && letter <= '~'; };
+    const auto is_ascii = [](char letter) { return letter == '\t' || (letter >= ' ' && letter <= '~'); };
     for (std::size_t i = 0; i < text.size();) {
         if (is_ascii(text[i])) {
             ++i;
@@ -169,9 +181,7 @@ TextLine Shaper::runs_of(PangoLayoutLine* line, std::string_view text) {
         const std::vector<std::size_t> sizes = sizes_of(*glyphs, part->length);
         for (std::size_t i = 0; i < sizes.size(); ++i) {
             const PangoGlyphInfo& glyph = glyphs->glyphs[i];
-            const bool is_known =
-                glyph.glyph != PANGO_GLYPH_EMPTY && (glyph.glyph & PANGO_GLYPH_UNKNOWN_FLAG) == 0;
-            run.glyphs.push_back({.index = is_known ? glyph.glyph : 0,
+            run.glyphs.push_back({.index = drawn(glyph.glyph, run.font),
                                   .advance = points(glyph.geometry.width),
                                   .right = points(glyph.geometry.x_offset),
                                   .down = points(glyph.geometry.y_offset),

@@ -77,7 +77,7 @@ class Shaper {
 };
 
 /// Whether the letters of a text, UTF-8, stand beside each other in the order in which they are read, each by itself, and
-/// lines end between words: Latin, Greek and Cyrillic ones without marks of their own.
+/// lines end between words: Latin, Greek and Cyrillic ones without marks of their own, and tabs.
 bool is_simple(std::string_view text);
 
 }  // namespace foliant::hosts::pages

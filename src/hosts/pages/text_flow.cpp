@@ -56,9 +56,7 @@ void TextFlow::read_line() {
     }
     lines_.clear();
     next_ = 0;
-    if (std::ranges::all_of(line,
-                            [](char letter) { return letter == '\t' || (letter >= ' ' && letter <= '~'); }) ||
-        is_simple(line))
+    if (is_simple(line))
         flow_simple(line);
     else
         flow_other(line);

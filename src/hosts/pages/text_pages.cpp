@@ -51,9 +51,8 @@ void TextPages::draw_line(const TextLine& line, double baseline, Canvas& canvas)
     for (const GlyphRun& run : line)
         canvas.show(run, frame_.left + run.left, baseline);
     if (!look_.is_underlined || line.empty()) return;
-    const double width = line.back().left + line.back().width - line.front().left;
-    canvas.fill(frame_.left + line.front().left, baseline + shaper_.underline_distance(), width,
-                shaper_.underline_thickness());
+    const double width = line.back().left + line.back().width;  // an indent is underlined, too
+    canvas.fill(frame_.left, baseline + shaper_.underline_distance(), width, shaper_.underline_thickness());
 }
 
 }  // namespace foliant::hosts::pages

@@ -15,6 +15,8 @@ class Notes : public Canvas {
     void show(const GlyphRun& run, double left, double baseline) override {
         note(run.text);
         lefts.push_back(left);
+        for (const Glyph& glyph : run.glyphs)
+            if (glyph.index == 0) ++boxes;
         baselines.push_back(baseline);
     }
     void fill(double /*left*/, double /*top*/, double width, double /*height*/) override {
@@ -26,6 +28,7 @@ class Notes : public Canvas {
     std::vector<double> lefts;
     std::vector<double> baselines;
     std::vector<double> widths;
+    std::size_t boxes = 0;  ///< for letters that the font does not have
 
   private:
     void note(std::string_view what) { text += (text.empty() ? "" : " ") + std::string(what); }
@@ -86,6 +89,19 @@ TEST_F(TextPagesTest, TabsStandEveryOneAndAQuarterCentimetres) {
     EXPECT_NEAR(notes.lefts.at(2), 30 + 35.45, 0.01) << "behind the end of the line it is on the next one";
 }
 
+TEST_F(TextPagesTest, TabsBesideLettersOfAnyScriptStandThereToo) {
+    EXPECT_EQ(drawn("\t\u00e4\n\t\u05d0"), "| \u00e4 \t \u05d0");
+    EXPECT_NEAR(notes.lefts.at(0), 30 + 35.45, 0.01);
+    EXPECT_NEAR(notes.lefts.at(2), 30 + 35.45, 0.01);
+}
+
+TEST_F(TextPagesTest, NothingIsDrawnForTabsAndForLettersThatJoinOthers) {
+    drawn("\t\u05d0\u200d\u05d1");
+    EXPECT_EQ(notes.boxes, 0U);
+    drawn("\U0010fffd");
+    EXPECT_EQ(notes.boxes, 1U) << "for letters that no font has";
+}
+
 TEST_F(TextPagesTest, EveryScriptIsLaidOut) {
     const std::string text = drawn("e\u0301 \u05d0\u05d1 \u65e5\u672c");
     for (const char* part : {"\u05d0\u05d1", "\u65e5\u672c"})
@@ -101,6 +117,9 @@ TEST_F(TextPagesTest, LettersOfOtherFontsDoNotMoveTheLines) {
 TEST_F(TextPagesTest, AnUnderlineIsAsLongAsItsLine) {
     EXPECT_EQ(drawn("ab cd\n\nx", {.is_underlined = true}), "| ab cd _ x _");
     EXPECT_NEAR(notes.widths.front(), 5 * shaper.space().width, 0.01);
+    notes.widths.clear();
+    EXPECT_EQ(drawn("\tab", {.is_underlined = true}), "| ab _");
+    EXPECT_NEAR(notes.widths.front(), 35.45 + 2 * shaper.space().width, 0.01) << "with its indent";
 }
 
 TEST_F(TextPagesTest, CanBeDrawnInAnyOrder) {
