@@ -98,7 +98,7 @@ bool PostScriptFont::is_told_by_name(const Character& character) const {
 }
 
 std::string PostScriptFont::name_of(unsigned code) const {
-    const std::string number = "c" + std::to_string(code);
+    std::string number = "c" + std::to_string(code);
     if (!is_told_by_name(characters_.at(code))) return number;
     std::string name = "uni";
     append_utf16(name, characters_.at(code).text);

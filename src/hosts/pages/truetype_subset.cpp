@@ -115,8 +115,8 @@ std::vector<std::string> parts_of(const Table& table, std::string_view loca, boo
     std::size_t begin = 0;
     std::size_t end = 0;
     for (std::size_t i = 0; i + width <= loca.size(); i += width) {
-        const std::size_t place =
-            std::min<std::size_t>(number_at(loca, i, width) * (has_long_places ? 1U : 2U), bytes.size());
+        const std::size_t written = number_at(loca, i, width);
+        const std::size_t place = std::min(has_long_places ? written : written * 2, bytes.size());
         if (place - begin > most && end > begin) {
             parts.push_back(bytes.substr(begin, end - begin));
             begin = end;

@@ -237,6 +237,11 @@ TEST_F(TextHost, StartsNoOfficeForAPlainText) {
     EXPECT_EQ(profiles(), before + 1);
 }
 
+TEST_F(TextHost, SaysTheLanguageThatTheOfficeTakesATextFor) {
+    print(open("words\n"));
+    EXPECT_NE(tests::read_file(folder / "out.pdf").find("/Lang (en-US)"), std::string::npos);
+}
+
 TEST_F(TextHost, ReadsWhatIsNoUtf8InTheCodePageOfTheUser) {
     EXPECT_EQ(printed("Gr\xF6\xDF"
                       "e\r\n"),

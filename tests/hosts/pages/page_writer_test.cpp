@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "hosts/office/pdf_reader.h"
+#include "hosts/pages/pdf_language.h"
 #include "support/scratch_folder.h"
 
 namespace foliant::hosts::pages {
@@ -121,6 +122,20 @@ TEST(UsualPaper, IsThatOfTheUsersLocale) {
     ::setenv("LC_ALL", "en_US.UTF-8", 1);
     EXPECT_EQ(usual_paper().width, 612);
     ::unsetenv("LC_ALL");
+}
+
+TEST_F(PageWriterTest, ALanguageCanBeSaidInTheCatalog) {
+    writer.start_page();
+    show("words", 30, 40);
+    writer.finish();
+    const std::string told = with_language(bytes, "de-AT");
+    EXPECT_NE(told.find("/Lang (de-AT)\n>>\nendobj\nxref\n"), std::string::npos);
+    EXPECT_EQ(told.substr(std::stoul(told.substr(told.rfind("startxref\n") + 10)), 5), "xref\n");
+    EXPECT_EQ(PdfReader(folder.write("told.pdf", told)).text(1), "words");
+}
+
+TEST_F(PageWriterTest, WhatIsNotLikeThisStaysAsItIs) {
+    EXPECT_EQ(with_language("%PDF-1.7", "en-US"), "%PDF-1.7");
 }
 
 }  // namespace

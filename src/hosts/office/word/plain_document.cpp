@@ -12,6 +12,7 @@
 #include "hosts/office/print/pdf_to_postscript.h"
 #include "hosts/office/word/word_error.h"
 #include "hosts/pages/page_writer.h"
+#include "hosts/pages/pdf_language.h"
 #include "hosts/pages/postscript_pages.h"
 #include "hosts/pages/text.h"
 #include "hosts/pages/text_pages.h"
@@ -178,7 +179,7 @@ std::string PlainDocument::pdf(std::string_view pages) const {
                              [&](std::string_view piece) { bytes += piece; });
     layout.draw(pages, writer, [] { return true; });
     writer.finish();
-    return bytes;
+    return pages::with_language(std::move(bytes), language);
 }
 
 std::string PlainDocument::postscript(std::string_view pages) const {
