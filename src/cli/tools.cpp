@@ -15,6 +15,11 @@ using platform::local::LocalMachine;
 
 namespace {
 
+std::string state_of(const HostStatus& host) {
+    if (host.problem.empty() || host.version.empty()) return host.version + host.problem;
+    return host.version + "; " + host.problem;
+}
+
 void print_table(const std::vector<HostStatus>& hosts) {
     std::size_t name_width = 0;
     std::size_t engine_width = 0;
@@ -25,8 +30,7 @@ void print_table(const std::vector<HostStatus>& hosts) {
     for (const HostStatus& host : hosts) {
         std::cout << std::left << std::setw(static_cast<int>(name_width) + 2) << host.name
                   << std::setw(static_cast<int>(engine_width) + 2)
-                  << (host.engine.empty() ? "-" : host.engine)
-                  << visible_line(host.problem.empty() ? host.version : host.problem) << '\n';
+                  << (host.engine.empty() ? "-" : host.engine) << visible_line(state_of(host)) << '\n';
     }
     std::cout << "\nWhat reads documents is contained by: " << LocalMachine::containment() << '\n';
 }
@@ -52,7 +56,7 @@ int show_hosts(const Request& request, LocalMachine& machine) {
     const auto hosts = machine.host_states();
     request.options.json ? print_json(hosts) : print_table(hosts);
     const bool any =
-        std::any_of(hosts.begin(), hosts.end(), [](const HostStatus& host) { return host.problem.empty(); });
+        std::any_of(hosts.begin(), hosts.end(), [](const HostStatus& host) { return !host.version.empty(); });
     return any ? exit_success : exit_missing_engine;
 }
 

@@ -52,6 +52,21 @@ Workshop::Workshop() {
     fs::create_directory(private_ / "tmp");
 }
 
+std::string Workshop::command_without(const std::string& file) const {
+    namespace fs = std::filesystem;
+    const fs::path built = fs::path(FOLIANT_COMMAND).parent_path();
+    const fs::path folder = private_ / "installed";
+    fs::create_directories(folder);
+    fs::copy_file(FOLIANT_COMMAND, folder / "foliant");
+    for (const auto& entry : fs::recursive_directory_iterator(built / "hosts")) {
+        const fs::path copy = folder / entry.path().lexically_relative(built);
+        if (entry.is_directory() || entry.path() == built / "hosts" / file) continue;
+        fs::create_directories(copy.parent_path());
+        fs::create_symlink(entry.path(), copy);
+    }
+    return folder / "foliant";
+}
+
 pid_t Workshop::start(const std::vector<std::string>& words) const {
     std::vector<std::string> all{FOLIANT_COMMAND};
     all.insert(all.end(), words.begin(), words.end());

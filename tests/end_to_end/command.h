@@ -34,6 +34,8 @@ class Workshop {
     Finished foliant(const std::vector<std::string>& words) const;
     /// Runs any program, found by PATH, and waits for it.
     Finished run(const std::vector<std::string>& words) const;
+    /// Where a copy of `foliant` is that lacks a file of its hosts, "acrobat-text.so" for example.
+    std::string command_without(const std::string& file) const;
     /// Starts `foliant` and does not wait. `finish` does.
     pid_t start(const std::vector<std::string>& words) const;
     Finished finish(pid_t process) const;

@@ -1,4 +1,5 @@
 #include <cstdlib>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -167,6 +168,22 @@ TEST_F(PostScriptToPdf, AMissingOutputFolderIsToldWithTheRemedy) {
     EXPECT_EQ(call.exit_code, 2);
     EXPECT_NE(call.errors.find("none"), std::string::npos) << call.errors;
     EXPECT_NE(call.errors.find("folder"), std::string::npos) << call.errors;
+}
+
+/// The command as it is where Ghostscript's library is not installed: its program ends as the loader ends it.
+TEST_F(PostScriptToPdf, WithoutItsEngineIsSaidToLackIt) {
+    const std::filesystem::path command = shop.command_without("distiller/ghostscript-engine");
+    const std::filesystem::path engine = command.parent_path() / "hosts/distiller/ghostscript-engine";
+    tests::write_file(engine, "#!/bin/sh\nexit 127\n");
+    std::filesystem::permissions(engine, std::filesystem::perms::owner_all);
+    shop.write("a.ps", postscript({"one"}));
+    const Finished call = shop.run({command, "CreatePDFfromPS", "a.pdf", "a.ps"});
+    EXPECT_EQ(call.exit_code, 4);
+    EXPECT_EQ(
+        call.errors,
+        "foliant: Ghostscript cannot be used: its library could not be loaded. Install or reinstall the package "
+        "libgs10.\n");
+    EXPECT_EQ(shop.files(), std::set<std::string>{"a.ps"});
 }
 
 }  // namespace

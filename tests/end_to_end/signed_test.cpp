@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "end_to_end/command.h"
+#include "end_to_end/command_test.h"
 
 namespace foliant::end_to_end {
 namespace {
 
-class SignedPdf : public testing::Test {
+class SignedPdf : public CommandTest {
   protected:
     void SetUp() override {
         REQUIRE_HOST("Acrobat");
@@ -16,8 +16,6 @@ class SignedPdf : public testing::Test {
         const Finished made = shop.run({"python3", MAKE_CERTIFIED, "."});
         ASSERT_EQ(made.exit_code, 0) << made.errors;
     }
-    void TearDown() override { EXPECT_TRUE(IsSkipped() || shop.is_clean_soon()) << shop.leftovers(); }
-
     /// Whether the bytes that were signed are those of the file still, and all of them.
     std::string signature(const std::string& file) const {
         const std::string said = shop.run({"pdfsig", "-nssdir", "sql:keys", file}).output;
@@ -36,8 +34,6 @@ class SignedPdf : public testing::Test {
         return " What was signed are the first " + std::to_string(shop.read(file).size()) +
                " bytes of the file.\n";
     }
-
-    Workshop shop;
 };
 
 TEST_F(SignedPdf, ThatIsCertifiedIsMarkedBehindWhatWasCertifiedAndSaidNotToBeItAnyMore) {

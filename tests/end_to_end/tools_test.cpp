@@ -90,6 +90,19 @@ TEST(Hosts, SayWhatContainsThem) {
     EXPECT_NE(output.find("\nWhat reads documents is contained by: "), std::string::npos) << output;
 }
 
+TEST(Hosts, SayWhichPartOfOneIsMissing) {
+    REQUIRE_HOST("Acrobat");
+    const Workshop shop;
+    const std::string command = shop.command_without("acrobat-text.so");
+    const auto acrobat = nlohmann::json::parse(shop.run({command, "hosts", "--json"}).output)["hosts"][2];
+    EXPECT_EQ(acrobat["name"], "Acrobat");
+    EXPECT_NE(acrobat["version"], "");
+    const std::string problem = acrobat["problem"];
+    EXPECT_TRUE(problem.starts_with("poppler cannot be used: ")) << problem;
+    EXPECT_TRUE(problem.ends_with(" Install or reinstall the package libpoppler126.")) << problem;
+    EXPECT_NE(shop.run({command, "hosts"}).output.find("; " + problem), std::string::npos);
+}
+
 TEST(Json, IsPrintedByToolsToo) {
     const Workshop shop;
     shop.write("a.ps", "%!PS");

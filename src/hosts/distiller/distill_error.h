@@ -18,6 +18,12 @@ class OutOfMemory : public DistillError {
     using DistillError::DistillError;
 };
 
+/// An engine's library is not there, or cannot be loaded.
+class EngineMissing : public DistillError {
+  public:
+    using DistillError::DistillError;
+};
+
 /// "Permission denied" for an errno value.
 std::string system_reason(int error_number);
 

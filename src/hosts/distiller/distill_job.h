@@ -49,6 +49,7 @@ struct DistillResult {
     bool succeeded = false;
     bool cancelled = false;
     bool out_of_memory = false;
+    bool engine_missing = false;
     int pages = 0;      ///< finished ones, also when the job failed later
     std::string error;  ///< what failed, on which file, why, what to do; empty on success
 };

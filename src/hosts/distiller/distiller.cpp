@@ -132,6 +132,7 @@ DistillResult Distiller::distill(const DistillJob& wanted, Progress& progress) c
         result.error = error.what();
         result.cancelled = dynamic_cast<const Cancelled*>(&error) != nullptr;
         result.out_of_memory = dynamic_cast<const OutOfMemory*>(&error) != nullptr;
+        result.engine_missing = dynamic_cast<const EngineMissing*>(&error) != nullptr;
     }
     if (result.succeeded) {
         progress.job_done(wanted);

@@ -118,6 +118,9 @@ std::int16_t DistillerObject::convert(const Arguments& arguments, bool with_secu
         throw Error(static_cast<std::int32_t>(RuntimeError::out_of_memory), "Acrobat Distiller",
                     result.error);
     }
+    if (result.engine_missing)
+        throw Error(static_cast<std::int32_t>(RuntimeError::cannot_create_object), "Acrobat Distiller",
+                    result.error);
     if (sinks_.empty()) throw Error(unspecified_failure, "Acrobat Distiller", result.error);
     return job_failed;
 }

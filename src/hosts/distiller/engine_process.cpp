@@ -114,17 +114,17 @@ FileDescriptor high_copy(int descriptor) {
     return FileDescriptor(::fcntl(descriptor, F_DUPFD_CLOEXEC, lowest_free_descriptor));
 }
 
-std::string describe_end(const EngineProgram& program, int status) {
+bool has_no_library(int status) {
     constexpr int loader_failed = 127;
+    return WIFEXITED(status) && WEXITSTATUS(status) == loader_failed;
+}
+
+std::string describe_end(const EngineProgram& program, int status) {
     const std::string name = std::string(program.engine) + "'s process";
     if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL)
         return name + " was killed from outside; the machine may have run out of memory";
     if (WIFSIGNALED(status)) return name + " died of " + ::strsignal(WTERMSIG(status));
     if (WEXITSTATUS(status) == 0) return {};
-    if (WEXITSTATUS(status) == loader_failed) {
-        return std::string(program.engine) + "'s library could not be loaded; install the package " +
-               program.package;
-    }
     return name + " ended with status " + std::to_string(WEXITSTATUS(status));
 }
 
@@ -155,7 +155,7 @@ EngineProcess::EngineProcess(const std::filesystem::path& engine_folder, const E
 EngineProcess::~EngineProcess() {
     if (process_ < 0) return;
     ::kill(process_, SIGKILL);
-    wait_for_end();
+    reap();
 }
 
 std::optional<EngineRecord> EngineProcess::next(const std::function<bool()>& give_up) {
@@ -192,11 +192,21 @@ void EngineProcess::read_more() {
     unfinished_.erase(0, start);
 }
 
-std::string EngineProcess::wait_for_end() {
+int EngineProcess::reap() noexcept {
     int status = 0;
     while (::waitpid(process_, &status, 0) < 0 && errno == EINTR) {
     }
     process_ = -1;
+    return status;
+}
+
+std::string EngineProcess::wait_for_end() {
+    const int status = reap();
+    if (has_no_library(status))
+        throw EngineMissing(
+            std::string(program_.engine) +
+            " cannot be used: its library could not be loaded. Install or reinstall the package " +
+            program_.package + ".");
     return describe_end(program_, status);
 }
 

@@ -49,11 +49,14 @@ class EngineProcess {
     /// times a second, returns true.
     std::optional<EngineRecord> next(const std::function<bool()>& give_up);
 
-    /// Waits for its end. Empty when it ended by itself and well, otherwise how it ended.
+    /// Waits for its end. Empty when it ended by itself and well, otherwise how it ended. Throws EngineMissing where its
+    /// library is.
     std::string wait_for_end();
 
   private:
     void read_more();
+    /// Its status, as the system has it.
+    int reap() noexcept;
 
     EngineProgram program_;
     pid_t process_ = -1;

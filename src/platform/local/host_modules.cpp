@@ -130,7 +130,9 @@ std::vector<HostStatus> HostModules::list() {
         HostStatus state{std::string(host.name), std::string(host.engine), {}, std::string(host.package), {}};
         try {
             if (host.module.empty()) throw std::runtime_error(absence(host));
-            state.version = module_of(host).engine_version();
+            const hosts::Module& module = module_of(host);
+            state.version = module.engine_version();
+            if (module.shortcomings != nullptr) state.problem = module.shortcomings();
         } catch (...) {
             state.problem = automation::current_error().description();
         }

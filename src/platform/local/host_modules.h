@@ -22,7 +22,8 @@ struct HostStatus {
     std::string engine;   ///< "LibreOffice Writer"; "" when there is no engine for it
     std::string version;  ///< "7.4.7.2"; "" unless it can be used
     std::string package;  ///< the Debian package that brings the engine; "" when installing does not help
-    std::string problem;  ///< why it cannot be used, a sentence; "" when it can
+    std::string
+        problem;  ///< why it, or with a version some of its work, cannot be done; "" when all of it can
 };
 
 /// The automation classes of the stand-in hosts. A host's module is loaded when one of its classes is first

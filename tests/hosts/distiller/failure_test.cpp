@@ -46,6 +46,20 @@ TEST_F(FailedJob, CarriesTheErrorWhateverTheDocumentHasRedefined) {
     EXPECT_NE(result.error.find("undefinedresult in div"), std::string::npos) << result.error;
 }
 
+TEST_F(FailedJob, ForWantOfTheEnginesLibraryIsNotTheDocuments) {
+    const auto engine = write("ghostscript-engine", "#!/bin/sh\nexit 127\n");  // as the loader ends
+    std::filesystem::permissions(engine, std::filesystem::perms::owner_all);
+    DistillJob job;
+    job.input_ps = write("in.ps", "%!\nshowpage\n");
+    job.output_pdf = output;
+    const DistillResult result = Distiller(folder).distill(job, journal);
+    EXPECT_TRUE(result.engine_missing);
+    expect_failure(
+        result,
+        "Ghostscript cannot be used: its library could not be loaded. Install or reinstall the package "
+        "libgs10.");
+}
+
 TEST_F(FailedJob, WritesControlCharactersOutInItsTexts) {
     const auto input = write("a\nb\x1b[2J.ps", "%!\n(x\\033]0;y\\007\\n) (x\\033[2J\\233) cvn cvx exec\n");
     const auto result = distill(input);

@@ -10,6 +10,18 @@ const Engine& load_engine() {
     return load<const Engine&()>(engine_part)();
 }
 
+std::string shortcomings() {
+    std::string sentences;
+    for (const Part& part : {text_part, tiff_part}) {
+        try {
+            load<void()>(part);
+        } catch (const automation::Error& missing) {
+            sentences += (sentences.empty() ? "" : " ") + missing.description();
+        }
+    }
+    return sentences;
+}
+
 automation::ObjectPtr create(std::string_view class_name, Machine& machine) {
     static std::weak_ptr<Front> last;
     std::shared_ptr<Front> front = last.lock();
@@ -27,19 +39,4 @@ containment::Policy policy(const std::filesystem::path& folder) {
             .may_write = {folder, "/dev/null"},
             .may_start = {},
             .limits = {}};
-}
-
-/// Fonts and character maps.
-containment::Paths for_text() {
-    using namespace containment;
-    return fonts() + Paths{"/usr/share/poppler"};
-}
-
-constexpr Module module = {[] { return load_engine().version(); }, create, policy, for_text};
-
-}  // namespace
-}  // namespace foliant::hosts::acrobat::front
-
-extern "C" __attribute__((visibility("default"))) const foliant::hosts::Module* foliant_host_module() {
-    return &foliant::hosts::acrobat::front::module;
 }
