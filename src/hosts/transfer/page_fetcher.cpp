@@ -1,5 +1,6 @@
 #include "hosts/transfer/page_fetcher.h"
 
+#include <array>
 #include <cerrno>
 #include <curl/curl.h>
 #include <new>
@@ -21,7 +22,6 @@ namespace {
 
 constexpr const char* fetcher_name = "Web capture";
 constexpr std::size_t largest_page = std::size_t{64} << 20U;  // bytes
-constexpr long longest_milliseconds = 60'000;
 constexpr long most_redirections = 20;
 constexpr long first_refusal = 400;
 
@@ -67,7 +67,11 @@ std::size_t receive(char* bytes, std::size_t size, std::size_t count, void* body
     return size * count;
 }
 
-void prepare(CURL* handle, const std::string& address, std::string& body) {
+/// What the library has to say of a failure.
+using Complaint = std::array<char, CURL_ERROR_SIZE>;
+
+void prepare(CURL* handle, const std::string& address, std::chrono::milliseconds patience, std::string& body,
+             Complaint& complaint) {
     curl_easy_setopt(handle, CURLOPT_URL, address.c_str());
     curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, "http,https");
     curl_easy_setopt(handle, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
@@ -76,23 +80,33 @@ void prepare(CURL* handle, const std::string& address, std::string& body) {
     curl_easy_setopt(handle, CURLOPT_ACCEPT_ENCODING, "");
     curl_easy_setopt(handle, CURLOPT_USERAGENT, "Mozilla/5.0 (X11; Linux) Foliant");
     curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
-    curl_easy_setopt(handle, CURLOPT_TIMEOUT_MS, longest_milliseconds);
+    curl_easy_setopt(handle, CURLOPT_TIMEOUT_MS, static_cast<long>(patience.count()));
+    curl_easy_setopt(handle, CURLOPT_ERRORBUFFER, complaint.data());
     curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, receive);
     curl_easy_setopt(handle, CURLOPT_WRITEDATA, &body);
 }
 
-FetchedPage fetched(const std::string& address) {
+/// "SSL certificate problem: self-signed certificate"
+[[noreturn]] void refuse_certificate(std::string_view complaint) {
+    const std::size_t colon = complaint.find(": ");
+    const std::string_view reason = colon == std::string_view::npos ? complaint : complaint.substr(colon + 2);
+    throw page_error("its server's certificate is not trusted (" + std::string(reason) + ")");
+}
+
+FetchedPage fetched(const std::string& address, std::chrono::milliseconds patience) {
     start_curl();
     const std::unique_ptr<CURL, CurlDeleter> handle(curl_easy_init());
     if (!handle) throw std::bad_alloc();
     FetchedPage page;
-    prepare(handle.get(), address, page.body);
+    Complaint complaint{};
+    prepare(handle.get(), address, patience, page.body, complaint);
     const CURLcode result = curl_easy_perform(handle.get());
     long status = 0;
     curl_easy_getinfo(handle.get(), CURLINFO_RESPONSE_CODE, &status);
     if (status >= first_refusal) throw page_error("the server answers with " + std::to_string(status));
     page.is_whole = result == CURLE_OK;
     if (result == CURLE_WRITE_ERROR) require_size(largest_page + 1);
+    if (result == CURLE_PEER_FAILED_VERIFICATION) refuse_certificate(complaint.data());
     if (result == CURLE_OPERATION_TIMEDOUT && page.body.empty()) throw page_error("it has not come in time");
     if (!page.is_whole && page.body.empty())
         throw page_error(std::string("the page cannot be had (") + curl_easy_strerror(result) + ")");
@@ -147,11 +161,11 @@ automation::Error page_error(const std::string& reason) {
     return {static_cast<std::int32_t>(0x80004005U), fetcher_name, reason};
 }
 
-automation::ObjectPtr make_page_fetcher(Machine& machine) {
+automation::ObjectPtr make_page_fetcher(Machine& machine, std::chrono::milliseconds patience) {
     auto fetcher = std::make_shared<LateBound>(fetcher_name);
-    fetcher->add_method("Fetch", {"Address", "File"}, [&machine](const Bound& given) {
+    fetcher->add_method("Fetch", {"Address", "File"}, [&machine, patience](const Bound& given) {
         machine.be_contained();
-        return make(machine, fetched(to_text(given[0])), to_text(given[1]));
+        return make(machine, fetched(to_text(given[0]), patience), to_text(given[1]));
     });
     fetcher->add_method("Take", {"Document", "Address", "File"}, [&machine](const Bound& given) {
         return make(machine, taken(machine, to_text(given[0]), to_text(given[1])), to_text(given[2]));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 
 #include "automation/error.h"
@@ -17,6 +18,9 @@ automation::Error page_error(const std::string& reason);
 /// `Fetch(Address, File)` gets a page by http or https and makes it `File`, `Take(Document, Address, File)` one that
 /// lies on a disk, both as documents that stand alone. They return what shows on the page and is not in it, as the end
 /// of a sentence ("without its pictures"), "" for nothing, and raise why there is no page, a sentence without its end.
-automation::ObjectPtr make_page_fetcher(Machine& machine);
+///
+/// What has not come after `patience` is not waited for.
+automation::ObjectPtr make_page_fetcher(Machine& machine,
+                                        std::chrono::milliseconds patience = std::chrono::minutes(1));
 
 }  // namespace foliant::hosts::transfer

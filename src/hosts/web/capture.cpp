@@ -56,7 +56,10 @@ class PageCapture {
         tools_.send("Network.enable", json::object());
         const json begun = tools_.call("Page.navigate", {{"url", address}}, loaded_by_);
         if (const std::string problem = begun.value("errorText", std::string()); !problem.empty())
-            throw CaptureError("the page cannot be had (" + problem + ")");
+            throw CaptureError((problem.starts_with("net::ERR_CERT_")
+                                    ? "its server's certificate is not trusted ("
+                                    : "the page cannot be had (") +
+                               problem + ")");
         loader_ = begun.value("loaderId", std::string());
         is_whole_ = is_loaded_in_time();
         if (is_whole_)

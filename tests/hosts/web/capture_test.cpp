@@ -150,7 +150,8 @@ class SecureCapture : public Capture {
 TEST_F(SecureCapture, APageOfAServerThatNobodyVouchesForIsNotCaptured) {
     REQUIRE_BROWSER();
     const PageServer server((folder / "here.pem").string());
-    EXPECT_EQ(capture(server.address("/page")), "the page cannot be had (net::ERR_CERT_AUTHORITY_INVALID)");
+    EXPECT_EQ(capture(server.address("/page")),
+              "its server's certificate is not trusted (net::ERR_CERT_AUTHORITY_INVALID)");
     EXPECT_FALSE(std::filesystem::exists(pdf));
 }
 

@@ -18,6 +18,7 @@ PAGES = {
     "/small": "<style>@page { size: 300pt 400pt }</style><h1>small</h1>",
     "/coloured": "<body style='background: red'><h1>red</h1>",
     "/poor": "<link rel='stylesheet' href='/none.css'><h1>poor</h1><img src='/none.png'><script src='/none.js'></script>",
+    "/stalls": "",
     "/half": "<h1>half</h1><img src='/never'>",
 }
 
@@ -38,6 +39,9 @@ class Pages(http.server.BaseHTTPRequestHandler):
         self.send_response(200 if self.path in PAGES else 404)
         self.send_header("Content-Type", "text/html")
         self.end_headers()
+        if self.path == "/stalls":
+            self.wfile.write(b"<h1>begun</h1>")
+            time.sleep(60)
         self.wfile.write(PAGES.get(self.path, "<h1>none</h1>").encode())
 
 
