@@ -15,8 +15,8 @@ namespace foliant::tests::clients {
 ///                                                        once that text is recorded; `window: at once`
 ///                                                        before
 ///     early-bound: yes                                   the early-bound client knows it
-///     client: vbscript                                   no other client makes it; the early-bound one is
-///                                                        "early-bound"
+///     client: VBScript                                   no other client makes it: nor JScript, LateBoundCpp,
+///                                                        EarlyBoundCpp
 ///     apart: yes                                         its hosts do not all learn which file it is about: in a
 ///                                                        process of their own they serve this call only
 ///     alone: until TEXT                                  it puts up dialogs or windows: no two at a time, until

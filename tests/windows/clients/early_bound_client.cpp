@@ -50,6 +50,33 @@ HRESULT upload(Foliant::_BuildPDF& pdf, const std::string& folder) {
     return pdf.UploadFile(&variable, &host, &reports, &in_pdf, &there, &user, &password);
 }
 
+HRESULT excel(Foliant::_BuildPDF& pdf, Text& out_ps, Text& workbook, Text& printer) {
+    Variant sheet;
+    sheet->vt = VT_BSTR;
+    sheet->bstrVal = Bstr("Sheet1").release();
+    Text range("A1:F40"), open("open"), write("write"), header("Sales"), footer("Page &P");
+    VARIANT_BOOL yes = VARIANT_TRUE;
+    long five = 5;  // none of the enumeration's
+    auto* elsewhere = reinterpret_cast<Foliant::AlignType*>(&five);
+    double two = 2, none = 0;
+    long seven = 7;
+    return pdf.CreatePSfromExcel(&out_ps, &workbook, sheet.get(), &range, &open, &write, &yes, &yes, &header,
+                                 elsewhere, &footer, elsewhere, &two, &none, &none, &none, &none, &none,
+                                 &seven, &printer, &yes, &yes);
+}
+
+HRESULT text(Foliant::_BuildPDF& pdf, Text& out_ps, Text& notes, Text& printer) {
+    Text font("Courier");
+    VARIANT_BOOL yes = VARIANT_TRUE, no = VARIANT_FALSE;
+    auto right = Foliant::qrxAlignRight;
+    // Neighbours that a wrong width would read as well.
+    short size[2]{11, -1};
+    long color = 255;
+    float top[2]{10.5F, -1}, left[2]{20, -1}, to_the_right[2]{30.25F, -1}, bottom[2]{40, -1};
+    return pdf.CreatePSfromTextFile(&out_ps, &notes, &yes, &font, &yes, size, &color, &no, &yes, &no, &yes,
+                                    &right, top, left, to_the_right, bottom, &yes, &printer);
+}
+
 HRESULT make_call(Foliant::_BuildPDF& pdf, const std::string& name, const std::string& folder,
                   Text& printer) {
     Text out_pdf(folder + "\\out.pdf"), out_ps(folder + "\\out.ps");
@@ -83,6 +110,8 @@ HRESULT make_call(Foliant::_BuildPDF& pdf, const std::string& name, const std::s
         return pdf.CreatePDFfromAutoCAD(&out_pdf, &in_doc, layout.get(), Text("Old printer").get(), nullptr);
     }
     if (name == "transfer-up") return upload(pdf, folder);
+    if (name == "excel") return excel(pdf, out_ps, in_doc, printer);
+    if (name == "text") return text(pdf, out_ps, in_doc, printer);
     if (name != "word-and-printer") return E_INVALIDARG;
     return pdf.CreatePDFfromWord2(&out_pdf, &in_doc, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
                                   nullptr, nullptr, &printer, nullptr);

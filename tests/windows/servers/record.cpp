@@ -53,6 +53,8 @@ std::string content(const VARIANT& variant) {
             return " " + std::to_string(variant.iVal);
         case VT_I4:
             return " " + std::to_string(variant.lVal);
+        case VT_R4:
+            return " " + std::to_string(variant.fltVal);
         case VT_R8:
             return " " + std::to_string(variant.dblVal);
         case VT_BSTR:
