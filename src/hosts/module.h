@@ -26,6 +26,16 @@ struct Module {
     /// with documents it does in contained processes of its own.
     containment::Policy (*policy)(const std::filesystem::path& folder) = nullptr;
 
+    /// What that process may read besides, in a call that may look at the text of pages (Machine::may_read_text).
+    /// Null for nothing.
+    std::vector<std::filesystem::path> (*for_text)() = nullptr;
+
     /// Which engines are missing that only some of its work takes, and what brings them, in sentences; "" for none. It
     /// loads them all, which no call does. May be null.
     std::string (*shortcomings)() = nullptr;
+};
+
+/// Every module exports this function under the name `foliant_host_module`.
+using ModuleEntry = const Module* (*)();
+
+}  // namespace foliant::hosts

@@ -40,3 +40,18 @@ containment::Policy policy(const std::filesystem::path& folder) {
             .may_start = {},
             .limits = {}};
 }
+
+/// Fonts and character maps.
+containment::Paths for_text() {
+    using namespace containment;
+    return fonts() + Paths{"/usr/share/poppler"};
+}
+
+constexpr Module module = {[] { return load_engine().version(); }, create, policy, for_text, shortcomings};
+
+}  // namespace
+}  // namespace foliant::hosts::acrobat::front
+
+extern "C" __attribute__((visibility("default"))) const foliant::hosts::Module* foliant_host_module() {
+    return &foliant::hosts::acrobat::front::module;
+}
