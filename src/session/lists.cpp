@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "automation/array_bounds.h"
+
 namespace foliant::session {
 
 using automation::Array;
@@ -13,6 +15,7 @@ using automation::Value;
 ArrayPtr array_of(const Value& list) {
     const auto* array = list.if_holds<ArrayPtr>();
     if (array == nullptr) throw Error(RuntimeError::type_mismatch);
+    if (!automation::has_bounds(**array)) throw Error(RuntimeError::subscript_out_of_range);
     return *array;
 }
 

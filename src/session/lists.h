@@ -16,7 +16,8 @@ namespace foliant::session {
 
 // Lists of inputs are arrays with bounds of the caller's choice; parallel arrays share one index.
 
-/// The array in `list`. Raises 13 when it holds none: a single value, an argument that was left out.
+/// The array in `list`. Raises 13 when it holds none: a single value, an argument that was left out; 9 when it
+/// has no bounds (see automation/array_bounds.h).
 automation::ArrayPtr array_of(const automation::Value& list);
 
 /// Element `index` of an array that runs beside another one. Raises 13 when `list` is no array, 9 when the
@@ -28,7 +29,7 @@ automation::Value item_at(const automation::Value& list, std::int32_t index);
 ///
 /// `Counter` is how wide the member that walks has its counter, and wide it has to stay: with
 /// `std::int16_t` more than 32767 elements, or a bound that 16 bits do not hold, raise 6 before any element
-/// is visited. Raises 13 when `list` is no array.
+/// is visited. Raises 13 when `list` is no array, 9 when it has no bounds.
 template <std::signed_integral Counter, class Action>
 void for_each_item(const automation::Value& list, Action&& action) {
     using Limits = std::numeric_limits<Counter>;

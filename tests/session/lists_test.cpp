@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "automation/array_bounds.h"
 #include "support/staged_session.h"
 
 namespace foliant::session {
@@ -56,6 +57,13 @@ std::pair<std::int32_t, int> failure_of(const Value& list) {
     const std::int32_t error =
         error_of([&] { for_each_item<Counter>(list, [&](const Value&) { ++count; }); });
     return {error, count};
+}
+
+TEST(Lists, AnArrayWithoutBoundsRaises9WhereItsBoundsAreRead) {
+    const Value list = automation::array_without_bounds();
+    EXPECT_EQ(failure_of<std::int16_t>(list), std::pair(9, 0));
+    EXPECT_EQ(failure_of<std::int32_t>(list), std::pair(9, 0));
+    EXPECT_EQ(error_of([&] { item_at(list, 0); }), 9);
 }
 
 TEST(Lists, AreWalkedFromTheLowerToTheUpperBound) {

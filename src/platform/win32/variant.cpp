@@ -5,6 +5,7 @@
 #include <memory>
 #include <type_traits>
 
+#include "automation/array_bounds.h"
 #include "automation/error.h"
 #include "platform/win32/dispatch_object.h"
 #include "platform/win32/text.h"
@@ -91,12 +92,12 @@ Value element_of(SAFEARRAY& array, VARTYPE type, LONG index) {
 }
 
 Value from_array(SAFEARRAY* array, VARTYPE type) {
-    if (array == nullptr) throw Error(RuntimeError::subscript_out_of_range);
+    if (array == nullptr || SafeArrayGetDim(array) != 1) return automation::array_without_bounds();
     // The array knows best what it holds, when it says.
     if (VARTYPE own = VT_EMPTY; SUCCEEDED(SafeArrayGetVartype(array, &own))) type = own;
     const bool fits =
         type == VT_VARIANT || type == VT_DECIMAL || SafeArrayGetElemsize(array) <= sizeof(LONGLONG);
-    if (SafeArrayGetDim(array) != 1 || !fits) mismatch();
+    if (!fits) mismatch();
     LONG lower = 0;
     LONG upper = 0;
     check(SafeArrayGetLBound(array, 1, &lower));

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "automation/array_bounds.h"
 #include "automation/coerce.h"
 #include "members/pdf/acrobat_endings.h"
 #include "members/pdf/lists_of_files.h"
@@ -231,6 +232,18 @@ TEST_F(CreateBookmarksInPDF, WithAListThatIsNoneCannotOpenTheFile) {
     call({named("varBookmarkTitles", "Summary")});
     EXPECT_EQ(last_line(), R"(raise -2147467008 from Foliant: Can't open file C:\in\Report.pdf.)");
     EXPECT_EQ(stage.journal().find("Save"), std::string::npos);
+}
+
+TEST_F(CreateBookmarksInPDF, WithAListWithoutBoundsCannotOpenTheFile) {
+    call({named("varBookmarkTitles", automation::array_without_bounds())});
+    tests::expect_text(journal_from("SetFlags"), R"(
+        AcroExch.PDDoc.SetFlags(Integer(256))
+        release AcroExch.PDBookmark
+        release AcroExch.AVDoc
+        release AcroExch.PDDoc
+        release AcroExch.App
+        raise -2147467008 from Foliant: Can't open file C:\in\Report.pdf.
+    )");
 }
 
 TEST_F(CreateBookmarksInPDF, TitlesTheWindowOnlyInAcrobatSixPointNought) {

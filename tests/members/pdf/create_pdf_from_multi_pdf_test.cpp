@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "automation/array_bounds.h"
 #include "members/pdf/acrobat_endings.h"
 #include "members/pdf/lists_of_files.h"
 #include "platform/stage/stage_object.h"
@@ -240,6 +241,16 @@ TEST_F(CreatePDFfromMultiPDF, TakesNoMoreInputsThanItsCounterHolds) {
 TEST_F(CreatePDFfromMultiPDF, TakesNothingButAList) {
     call({named("varPDFFiles", "C:\\in\\a.pdf")});
     EXPECT_EQ(last_line(), "raise 13 from Foliant: Type mismatch");
+}
+
+TEST_F(CreatePDFfromMultiPDF, ReadsTheBoundsOfTheListOnceTheOldOutputIsGone) {
+    call({named("varPDFFiles", automation::array_without_bounds())});
+    tests::expect_text(journal_from("delete"), R"(
+        delete C:\out\book.pdf
+        release AcroExch.PDDoc
+        release AcroExch.PDDoc
+        raise 9 from Foliant: Subscript out of range
+    )");
 }
 
 TEST_F(CreatePDFfromMultiPDF, DoesNotLookAtWhetherAcrobatSavedTheFile) {
