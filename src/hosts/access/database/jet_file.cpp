@@ -4,10 +4,11 @@
 #include <array>
 #include <cmath>
 #include <cstring>
-#include <initializer_list>
 
 #include "automation/text.h"
 #include "hosts/access/database/jet_table.h"
+#include "hosts/access/database/query_pieces.h"
+#include "hosts/access/database/system_table.h"
 
 namespace foliant::hosts::access {
 namespace {
@@ -72,125 +73,6 @@ enum ObjectType : std::int64_t {
     linked_table = 6,
     own_report = -32764,
 };
-
-// The fields of a piece of a query.
-enum Piece : std::size_t { attribute, expression, flag, name1, name2, object_id, order };
-
-enum Attribute : std::int64_t {
-    query_type = 1,
-    parameter = 2,
-    options = 3,
-    source = 5,
-    output = 6,
-    join = 7,
-    where = 8,
-    group = 9,
-    having = 10,
-    sorting = 11,
-};
-
-constexpr unsigned long object_id_mask = 0xFFFFFF;
-
-std::int64_t whole(const Row& row, std::size_t field) {
-    const auto* number = std::get_if<std::int64_t>(&row[field]);
-    return number == nullptr ? 0 : *number;
-}
-
-std::string text(const Row& row, std::size_t field) {
-    const auto* content = std::get_if<std::string>(&row[field]);
-    return content == nullptr ? std::string() : *content;
-}
-
-/// The records with these fields only, Null for what the table does not have.
-std::vector<Row> rows_with(const Relation& table, std::initializer_list<const char*> fields) {
-    std::vector<Row> rows;
-    for (const Row& whole_row : table.rows) {
-        Row& row = rows.emplace_back();
-        for (const char* name : fields) {
-            const auto column = std::ranges::find(table.columns, name, &Column::name);
-            const bool is_there = column != table.columns.end();
-            row.push_back(is_there ? whole_row[static_cast<std::size_t>(column - table.columns.begin())]
-                                   : Datum(Null()));
-        }
-    }
-    return rows;
-}
-
-StoredQuery::Kind kind_of(std::int64_t type) {
-    using Kind = StoredQuery::Kind;
-    switch (type) {
-        case 1:
-            return Kind::select;
-        case 6:
-            return Kind::crosstab;
-        case 8:
-            return Kind::pass_through;
-        case 9:
-            return Kind::united;
-        default:
-            return Kind::action;
-    }
-}
-
-using Role = StoredQuery::Output::Role;
-
-/// In a crosstab; elsewhere the flag is 0.
-Role role_of(std::int64_t flag) {
-    return (flag & 0x01) != 0 ? Role::above : (flag & 0x02) != 0 ? Role::beside : Role::shown;
-}
-
-void add_options(StoredQuery& query, const Row& row) {
-    const std::int64_t flags = whole(row, flag);
-    query.has_all_columns = (flags & 0x01) != 0;
-    query.is_distinct = (flags & 0x02) != 0;
-    query.is_distinct_row = (flags & 0x08) != 0;
-    if ((flags & 0x10) != 0) query.top = text(row, name1);
-    query.top_is_percent = (flags & 0x20) != 0;
-}
-
-void add_piece(StoredQuery& query, const Row& row) {
-    using Join = StoredQuery::Join;
-    switch (whole(row, attribute)) {
-        case Attribute::query_type:
-            query.kind = kind_of(whole(row, flag));
-            break;
-        case Attribute::parameter:
-            query.parameters.push_back(text(row, name1));
-            break;
-        case Attribute::options:
-            add_options(query, row);
-            break;
-        case Attribute::source:
-            query.sources.push_back({text(row, name1), text(row, name2), text(row, expression)});
-            break;
-        case Attribute::output:
-            query.outputs.push_back({text(row, expression), text(row, name1), role_of(whole(row, flag))});
-            break;
-        case Attribute::join: {
-            const std::int64_t kind = whole(row, flag);
-            query.joins.push_back({kind == 2   ? Join::Kind::left
-                                   : kind == 3 ? Join::Kind::right
-                                               : Join::Kind::inner,
-                                   text(row, name1), text(row, name2), text(row, expression)});
-            break;
-        }
-        case Attribute::where:
-            query.where = text(row, expression);
-            break;
-        case Attribute::group:
-            if (role_of(whole(row, flag)) != Role::above) query.groups.push_back(text(row, expression));
-            break;
-        case Attribute::having:
-            query.having = text(row, expression);
-            break;
-        case Attribute::sorting:
-            query.orders.push_back(
-                {text(row, expression), automation::equal_ignoring_case(text(row, name1), "D")});
-            break;
-        default:
-            break;
-    }
-}
 
 }  // namespace
 
@@ -279,27 +161,16 @@ std::optional<Relation> JetFile::table(std::string_view name) {
     }
 }
 
-/// All pieces of all queries, in their order, each with the fields above.
-const std::vector<Row>& JetFile::query_pieces() {
-    if (query_pieces_) return *query_pieces_;
-    query_pieces_.emplace();
-    if (const Object* const table = open_->find("MSysQueries", local_table))
-        query_pieces_ = rows_with(read_records(open_->handle.get(), table->place, Binary::bytes),
-                                  {"Attribute", "Expression", "Flag", "Name1", "Name2", "ObjectId", "Order"});
-    std::ranges::stable_sort(*query_pieces_, [](const Row& left, const Row& right) {
-        return text(left, Piece::order) < text(right, Piece::order);
-    });
-    return *query_pieces_;
-}
-
 std::optional<StoredQuery> JetFile::query(std::string_view name) {
     const Object* const object = open_->find(name, stored_query);
     if (object == nullptr) return std::nullopt;
-    StoredQuery query;
-    for (const Row& row : query_pieces())
-        if ((static_cast<unsigned long>(whole(row, object_id)) & object_id_mask) == object->place.page)
-            add_piece(query, row);
-    return query;
+    if (!query_pieces_) {
+        const Object* const kept = open_->find("MSysQueries", local_table);
+        query_pieces_ = kept == nullptr
+                            ? std::vector<Row>()
+                            : query_pieces(read_records(open_->handle.get(), kept->place, Binary::bytes));
+    }
+    return query_of(*query_pieces_, object->place.page);
 }
 
 std::optional<StoredQuery> JetFile::query_of_report(std::string_view report) {

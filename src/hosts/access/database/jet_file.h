@@ -53,11 +53,9 @@ class JetFile : public Catalogue {
     struct Object;
     struct Open;  ///< what the library holds
 
-    const std::vector<Row>& query_pieces();
-
     std::unique_ptr<Open> open_;
     DatabaseObjects objects_;
-    std::optional<std::vector<Row>> query_pieces_;
+    std::optional<std::vector<Row>> query_pieces_;  ///< once a query was asked for
 };
 
 }  // namespace foliant::hosts::access
