@@ -23,6 +23,7 @@
 #include "cli/status_line.h"
 #include "cli/trace.h"
 #include "cli/visible_text.h"
+#include "registered/classes.h"
 
 namespace foliant::cli {
 
@@ -98,6 +99,12 @@ bool takes_pages_whole(const core::Member& member) {
     return std::ranges::find(names, member.name) != names.end();
 }
 
+/// Loading a host takes longer than all that comes before its first object is wanted.
+void start_host_ahead(const core::Member& member, LocalMachine& machine) {
+    if (takes_pages_whole(member)) machine.leave_text_alone();
+    if (member.family == core::Family::pdf) machine.start_ahead(registered::acrobat);
+}
+
 std::string activity(const Request& request) {
     if (request.member->family == core::Family::transfer) return "Transferring";
     const auto inputs = inputs_of(*request.member, request.arguments);
@@ -126,6 +133,7 @@ int report(const Request& request, const Outcome& outcome, CallLog& log, bool ta
 
 int make_call(const Request& request, LocalMachine& machine, const KeptFile& kept, CallLog& log,
               int engine_output) {
+    start_host_ahead(*request.member, machine);
     const bool to_a_terminal = isatty(STDOUT_FILENO) == 1;
     const bool talkative = !request.options.quiet && isatty(STDERR_FILENO) == 1;
     const bool moving = talkative && !request.options.verbose;
@@ -141,7 +149,6 @@ int make_call(const Request& request, LocalMachine& machine, const KeptFile& kep
     const TracedPlatform traced(machine.platform(), [&log](const std::string& line) { log.line(line); });
     std::vector<hosts::FoundText> found;
     watch_search(request, machine, found);
-    if (takes_pages_whole(*request.member)) machine.leave_text_alone();
     Outcome outcome = secrets_of(request).masked(
         make(request, machine, log.is_wanted() ? traced.platform() : machine.platform(), kept, watcher,
              [](std::int32_t percent) { status.tell(std::to_string(percent) + " %"); }));

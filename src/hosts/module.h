@@ -33,6 +33,10 @@ struct Module {
     /// Which engines are missing that only some of its work takes, and what brings them, in sentences; "" for none. It
     /// loads them all, which no call does. May be null.
     std::string (*shortcomings)() = nullptr;
+
+    /// Whether the process is contained as soon as the module is loaded, and not when it opens its first document: for
+    /// a host that opens no document by its path.
+    bool is_contained_at_once = false;
 };
 
 /// Every module exports this function under the name `foliant_host_module`.

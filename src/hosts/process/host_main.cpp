@@ -70,6 +70,8 @@ class LoadedModule {
         }
     }
 
+    bool is_contained_at_once() const noexcept { return module_ != nullptr && module_->is_contained_at_once; }
+
     const Module& get() const {
         if (problem_) std::rethrow_exception(problem_);
         return *module_;
@@ -122,6 +124,7 @@ void run_host(HostStart start) {
         manners.lost = [](Peer::Loss, const std::string&) { ::_exit(EXIT_SUCCESS); };
         const auto peer = std::make_shared<Peer>(std::move(start.channel), std::move(manners));
         machine.connect(peer);
+        if (module.is_contained_at_once()) machine.be_contained();
         peer->serve();
     } catch (...) {
         ::_exit(EXIT_FAILURE);  // nobody is there to be told

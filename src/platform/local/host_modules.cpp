@@ -64,8 +64,8 @@ automation::ObjectPtr HostModules::create(std::string_view class_name) {
     if (host.module.empty()) throw cannot_create(host.name, absence(host));
     tell_shortcomings();
     try {
-        automation::ObjectPtr object =
-            host.contained ? create_contained(wanted) : module_of(host).create(wanted.name, machine_);
+        automation::ObjectPtr object = host.contained ? process_of(host).create(wanted.name)
+                                                      : module_of(host).create(wanted.name, machine_);
         if (object == nullptr) throw std::runtime_error("Its module made no object.");
         return object;
     } catch (const Error& error) {
@@ -75,8 +75,16 @@ automation::ObjectPtr HostModules::create(std::string_view class_name) {
     }
 }
 
-automation::ObjectPtr HostModules::create_contained(const hosts::HostClass& wanted) {
-    const hosts::Host& host = *wanted.host;
+void HostModules::start_ahead(std::string_view class_name) noexcept {
+    try {
+        const hosts::HostClass wanted = hosts::find_class(class_name);
+        if (wanted.host != nullptr && wanted.host->contained) process_of(*wanted.host);
+    } catch (...) {  // NOLINT(bugprone-empty-catch): creating the class meets it, too
+    }
+}
+
+/// Starts it where it is not running.
+hosts::process::HostProcess& HostModules::process_of(const hosts::Host& host) {
     auto& process = processes_[host.module];
     if (process == nullptr || !process->is_running()) {
         process = std::make_unique<hosts::process::HostProcess>(
@@ -85,7 +93,7 @@ automation::ObjectPtr HostModules::create_contained(const hosts::HostClass& want
                                         std::string(host.save_command)},
             machine_);
     }
-    return process->create(wanted.name);
+    return *process;
 }
 
 const hosts::Module& HostModules::module_of(const hosts::Host& host) {

@@ -41,6 +41,10 @@ class HostModules : public Servers {
     /// Raises 429, whose text names the host, what is wrong, and the package to install where that helps.
     automation::ObjectPtr create(std::string_view class_name) override;
 
+    /// Starts the process that the class will be created in, if its host has one of its own: it gets ready while the
+    /// caller does something else. Never raises: what fails here fails again when the class is created.
+    void start_ahead(std::string_view class_name) noexcept;
+
     /// Every host of the catalogue with its state. Loads the modules but starts no engine. Never raises.
     std::vector<HostStatus> list();
 
@@ -53,7 +57,7 @@ class HostModules : public Servers {
     const hosts::Module& module_of(const hosts::Host& host);
     const hosts::Module& load(const hosts::Host& host) const;
     void tell_shortcomings();
-    automation::ObjectPtr create_contained(const hosts::HostClass& wanted);
+    hosts::process::HostProcess& process_of(const hosts::Host& host);
 
     std::vector<std::filesystem::path> folders_;
     hosts::Machine& machine_;

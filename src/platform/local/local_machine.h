@@ -61,6 +61,9 @@ class LocalMachine : public hosts::Machine {
     /// Every host with its engine, version and package; starts no engine.
     std::vector<HostStatus> host_states() { return modules_.list(); }
 
+    /// Has a host get ready whose class will be created soon; see HostModules.
+    void start_ahead(std::string_view class_name) noexcept { modules_.start_ahead(class_name); }
+
     /// What keeps hosts from what is not their business: "Landlock (version 7), seccomp", or "nothing".
     static std::string containment();
 

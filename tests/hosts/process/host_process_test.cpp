@@ -327,6 +327,16 @@ TEST_F(HostProcessTest, ReadsWhatTextTakesOnlyInACallThatMayLookAtText) {
     EXPECT_EQ(prober.call("Direct", {"/etc/group"}), Value("EACCES"));
 }
 
+TEST_F(HostProcessTest, MayBeContainedBeforeItHasAnyDocument) {
+    if (containment::offered().landlock == 0) GTEST_SKIP() << "nothing guards files here";
+    static constexpr Module at_once = {
+        prober_module.engine_version, prober_module.create, prober_module.policy, nullptr, nullptr, true};
+    EXPECT_EQ(create().call("Direct", {path("secret")}), Value("open"));
+    HostProcess other({"Prober", "", []() -> const Module& { return at_once; }}, machine);
+    EXPECT_EQ(Value(other.create("Prober")).call("Direct", {path("secret")}), Value("EACCES"));
+    EXPECT_EQ(Value(other.create("Prober")).call("Document", {path("letter")}), Value("words copied words"));
+}
+
 TEST_F(HostProcessTest, ReadsNoFolderAndNoPipe) {
     ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
     for (const auto& [name, reason] :

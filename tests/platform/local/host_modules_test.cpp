@@ -55,6 +55,27 @@ TEST_F(HostModulesTest, NamesTheEngineAndThePackageWhenTheModuleDoesNotLoad) {
     EXPECT_TRUE(told.ends_with("Install the package libreoffice-writer-nogui to have it.")) << told;
 }
 
+/// Each process of a host has a folder in the private one.
+std::ptrdiff_t processes(const LocalMachine& machine) {
+    return std::ranges::count_if(fs::directory_iterator(machine.private_folder()), [](const auto& entry) {
+        return entry.path().filename().string().starts_with("host-");
+    });
+}
+
+TEST_F(HostModulesTest, AHostThatWasStartedAheadIsTheOneThatIsUsed) {
+    machine.start_ahead("Word.Application");
+    EXPECT_EQ(processes(machine), 1);
+    EXPECT_TRUE(failure([&] { servers.create("Word.Application"); }).starts_with("429 "));
+    EXPECT_EQ(processes(machine), 1);
+}
+
+TEST_F(HostModulesTest, NothingIsStartedAheadForAHostWithoutAProcess) {
+    for (const std::string_view other :
+         {distiller, std::string_view("crystal.crpe.application"), std::string_view("x")})
+        machine.start_ahead(other);
+    EXPECT_EQ(processes(machine), 0);
+}
+
 TEST_F(HostModulesTest, SaysWhatToDoInsteadOfAHostThatNoEngineStandsInFor) {
     EXPECT_EQ(failure([&] { servers.create("crystal.crpe.application"); }),
               "429 ActiveX component can't create object: Crystal Reports. There is no engine that stands in "

@@ -47,7 +47,8 @@ containment::Paths for_text() {
     return fonts() + Paths{"/usr/share/poppler"};
 }
 
-constexpr Module module = {[] { return load_engine().version(); }, create, policy, for_text, shortcomings};
+constexpr Module module = {
+    [] { return load_engine().version(); }, create, policy, for_text, shortcomings, true};
 
 }  // namespace
 }  // namespace foliant::hosts::acrobat::front
