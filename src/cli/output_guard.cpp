@@ -124,6 +124,16 @@ std::optional<std::string> output_refusal(const Request& request, const NamedFil
     return std::nullopt;
 }
 
+/// To a member, a folder is a file that does not exist.
+std::optional<std::string> input_folder_refusal(const Request& request) {
+    for (const NamedFile& input : inputs_of(*request.member, request.arguments)) {
+        struct stat status {};
+        if (::stat(input.path.c_str(), &status) == 0 && S_ISDIR(status.st_mode))
+            return input.path + " is a folder. Name the file to read." + order_of(*request.member);
+    }
+    return std::nullopt;
+}
+
 /// The member itself keeps the folder that it had when it cannot have the one it is given, and says nothing.
 std::optional<std::string> temporary_folder_refusal(const std::string& folder) {
     if (folder.empty()) return std::nullopt;
@@ -145,8 +155,10 @@ std::optional<std::string> temporary_folder_refusal(const std::string& folder) {
 
 std::optional<std::string> refusal(const Request& request) {
     if (auto refused = temporary_folder_refusal(request.options.temp_path)) return refused;
-    const auto output = output_of(*request.member, request.arguments);
-    return output ? output_refusal(request, *output) : std::nullopt;
+    if (const auto output = output_of(*request.member, request.arguments)) {
+        if (auto refused = output_refusal(request, *output)) return refused;
+    }
+    return input_folder_refusal(request);
 }
 
 }  // namespace foliant::cli

@@ -127,6 +127,16 @@ TEST_F(Guard, TheFolderOfTheOutputHasToBeThereAndWritable) {
               "/usr/new.pdf cannot be written: /usr may not be written to (Permission denied).");
 }
 
+TEST_F(Guard, AFolderIsNoInput) {
+    EXPECT_EQ(refused({"CreatePDFfromWord", "new.pdf", "."}),
+              ". is a folder. Name the file to read." + word_order);
+    fs::create_directory("many");
+    EXPECT_EQ(refused({"CreatePDFfromMultiPS", "new.pdf", "a.ps", "many"}),
+              "many is a folder. Name the file to read.\n"
+              "The order is: foliant CreatePDFfromMultiPS PDF_FILE PS_FILES ...");
+    EXPECT_EQ(refused({"CreatePDFfromMultiPDFinDir", "new.pdf", "many"}), "") << "it asks for one";
+}
+
 TEST_F(Guard, AnOutputNeedsAName) {
     EXPECT_EQ(refused({"CreatePDFfromWord", "", "letter.docx"}),
               "the name of the output is empty." + word_order);
