@@ -66,7 +66,7 @@ DocumentFile RemoteMachine::open_document(const std::filesystem::path& path, Doc
     const bool needs_place = access == DocumentAccess::place;
     if (contain_) {
         if (needs_place) document.place = document.path;
-        std::exchange(contain_, nullptr)(document.place);
+        be_contained(document.place);
     } else if (needs_place) {
         document.place = copy_of(document);
     }
@@ -74,7 +74,13 @@ DocumentFile RemoteMachine::open_document(const std::filesystem::path& path, Doc
 }
 
 void RemoteMachine::be_contained() {
-    if (contain_) std::exchange(contain_, nullptr)({});
+    if (contain_) be_contained({});
+}
+
+/// Where that fails, nothing goes on: the next document meets the same.
+void RemoteMachine::be_contained(const std::filesystem::path& document) {
+    contain_(document);
+    contain_ = nullptr;
 }
 
 /// A copy under the document's own name.
@@ -197,7 +203,7 @@ CapturedPage RemoteMachine::capture_page(const std::string& address) {
     CapturedPage page;
     page.errors = result.text();
     page.pdf = result.descriptor();
-    if (contain_) std::exchange(contain_, nullptr)({});  // it is a document like any other
+    be_contained();  // it is a document like any other
     return page;
 }
 

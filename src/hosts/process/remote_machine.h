@@ -57,11 +57,12 @@ class RemoteMachine : public Machine {
     std::optional<std::string> setting(std::string_view key, std::string_view value) const override;
 
   private:
+    void be_contained(const std::filesystem::path& document);
     std::filesystem::path copy_of(const DocumentFile& document);
 
     std::filesystem::path folder_;
     std::uint64_t memory_limit_;
-    Contain contain_;  ///< empty once it was called
+    Contain contain_;  ///< empty once it is in force
     int copies_ = 0;
     std::shared_ptr<Peer> peer_;
     Dialog* shown_ = nullptr;

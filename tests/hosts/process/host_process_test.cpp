@@ -337,6 +337,16 @@ TEST_F(HostProcessTest, MayBeContainedBeforeItHasAnyDocument) {
     EXPECT_EQ(Value(other.create("Prober")).call("Document", {path("letter")}), Value("words copied words"));
 }
 
+TEST_F(HostProcessTest, GetsNoDocumentAsLongAsItCannotBeContained) {
+    static constexpr Module unbounded = {
+        prober_module.engine_version, prober_module.create,
+        [](const fs::path&) -> containment::Policy { throw std::runtime_error("the kernel refuses"); }};
+    HostProcess other({"Prober", "", []() -> const Module& { return unbounded; }}, machine);
+    const Value prober = other.create("Prober");
+    for (int attempt = 0; attempt < 2; ++attempt)
+        EXPECT_EQ(failure_of([&] { prober.call("Document", {path("letter")}); }), "51 the kernel refuses");
+}
+
 TEST_F(HostProcessTest, ReadsNoFolderAndNoPipe) {
     ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
     for (const auto& [name, reason] :

@@ -150,7 +150,7 @@ class Search {
 
     const Whole& whole_;
     const std::vector<std::vector<Mention>>& mentions_;
-    std::vector<char> is_page_;
+    std::vector<bool> is_page_;
     std::vector<std::size_t> seen_by_;
     std::size_t asker_ = 0;
     std::size_t visits_ = 0;
