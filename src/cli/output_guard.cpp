@@ -10,6 +10,7 @@
 #include "cli/file_kind.h"
 #include "cli/named_files.h"
 #include "cli/option_names.h"
+#include "core/parameter_help.h"
 
 namespace foliant::cli {
 
@@ -124,12 +125,14 @@ std::optional<std::string> output_refusal(const Request& request, const NamedFil
     return std::nullopt;
 }
 
-/// To a member, a folder is a file that does not exist.
+/// To a member, a folder is a file that does not exist, and is left out of a list.
 std::optional<std::string> input_folder_refusal(const Request& request) {
-    for (const NamedFile& input : inputs_of(*request.member, request.arguments)) {
+    const core::Member& member = *request.member;
+    for (const NamedFile& input : inputs_of(member, request.arguments)) {
+        if (core::is_list(core::parameter_role(member, *input.parameter))) continue;
         struct stat status {};
         if (::stat(input.path.c_str(), &status) == 0 && S_ISDIR(status.st_mode))
-            return input.path + " is a folder. Name the file to read." + order_of(*request.member);
+            return input.path + " is a folder. Name the file to read." + order_of(member);
     }
     return std::nullopt;
 }
