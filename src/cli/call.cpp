@@ -116,7 +116,10 @@ void take_control_back(automation::Arguments& arguments) {
 }
 
 /// A host knows that it may have no more memory, the command how to give it more.
-Error with_remedy(Error error) {
+Error with_remedy(const Error& error) {
+    if (error.cause() != nullptr)
+        return {error.number(), error.source(), error.description(),
+                std::make_shared<const Error>(with_remedy(*error.cause()))};
     if (!error.is(automation::RuntimeError::out_of_memory)) return error;
     return {error.number(), error.source(),
             error.description() + " Give it more with --memory SIZE, or --memory none for no limit."};
@@ -139,9 +142,9 @@ std::optional<long> pages_announced(const Outcome& outcome) {
     return pages == 0 ? std::nullopt : std::optional<long>(pages);
 }
 
-void fail(Outcome& outcome, Error error) {
+void fail(Outcome& outcome, const Error& error) {
     outcome.exit_code = exit_code_for(error);
-    outcome.error = with_remedy(std::move(error));
+    outcome.error = with_remedy(error);
 }
 
 void fail_unnoticed(Outcome& outcome, Error error) {

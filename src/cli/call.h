@@ -41,7 +41,7 @@ struct Outcome {
 };
 
 /// Makes an outcome a failure, with its exit code.
-void fail(Outcome& outcome, automation::Error error);
+void fail(Outcome& outcome, const automation::Error& error);
 
 /// The same for a failure that its host did not notice.
 void fail_unnoticed(Outcome& outcome, automation::Error error);

@@ -7,14 +7,16 @@ namespace foliant::cli {
 using automation::RuntimeError;
 
 int exit_code_for(const automation::Error& error) {
-    // Some members say one sentence whatever failed; that an engine is missing, only its cause tells.
-    if (automation::root_cause(error).is(RuntimeError::cannot_create_object)) return exit_missing_engine;
+    // Some members say one sentence whatever failed; that an engine is missing, memory or room on the disk, only its
+    // cause tells.
+    const automation::Error& cause = automation::root_cause(error);
+    if (cause.is(RuntimeError::cannot_create_object)) return exit_missing_engine;
+    if (cause.is(RuntimeError::out_of_memory)) return exit_memory_limit;
+    if (cause.is(RuntimeError::disk_full)) return exit_failure;
     if (error.number() == session::component_error_number) {
         return error.description().ends_with(" does not exist.") ? exit_missing_input : exit_host_failure;
     }
     switch (static_cast<RuntimeError>(error.number())) {
-        case RuntimeError::out_of_memory:
-            return exit_memory_limit;
         case RuntimeError::no_such_member:
         case RuntimeError::named_argument_not_found:
         case RuntimeError::argument_not_optional:
@@ -22,7 +24,6 @@ int exit_code_for(const automation::Error& error) {
             return exit_usage;
         case RuntimeError::file_not_found:
         case RuntimeError::device_io_error:
-        case RuntimeError::disk_full:
         case RuntimeError::permission_denied:
         case RuntimeError::path_file_access:
         case RuntimeError::path_not_found:

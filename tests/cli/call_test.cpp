@@ -120,13 +120,15 @@ TEST_F(Call, EveryKindOfFailureHasItsExitCode) {
               exit_host_failure);
 }
 
-TEST_F(Call, BehindASentenceThatStandsForAnyFailureAMissingEngineKeepsItsExitCode) {
+TEST_F(Call, BehindASentenceThatStandsForAnyFailureWhatIsMissingKeepsItsExitCode) {
     const auto saying_the_same_about = [](automation::RuntimeError failure) {
         return automation::Error(-2147467008, "Foliant", "Can't open file a.pdf.",
                                  std::make_shared<const automation::Error>(failure));
     };
     using automation::RuntimeError;
     EXPECT_EQ(exit_code_for(saying_the_same_about(RuntimeError::cannot_create_object)), exit_missing_engine);
+    EXPECT_EQ(exit_code_for(saying_the_same_about(RuntimeError::out_of_memory)), exit_memory_limit);
+    EXPECT_EQ(exit_code_for(saying_the_same_about(RuntimeError::disk_full)), exit_failure);
     EXPECT_EQ(exit_code_for(saying_the_same_about(RuntimeError::file_not_found)), exit_host_failure);
 }
 

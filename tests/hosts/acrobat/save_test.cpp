@@ -7,6 +7,7 @@
 #include "hosts/acrobat/fixture.h"
 #include "hosts/acrobat/splice/xmp.h"
 #include "hosts/acrobat/structure/information.h"
+#include "hosts/acrobat/structure/write_pdf.h"
 
 namespace foliant::hosts::acrobat {
 namespace {
@@ -90,6 +91,26 @@ TEST_F(Saving, ADocumentTooOddToBeLinearisedIsSavedAllTheSame) {
     const auto pdf = saved(document, 5);
     EXPECT_FALSE(pdf->qpdf().isLinearized());
     EXPECT_EQ(pdf->page_count(), 1);
+}
+
+/// An output on a disk that is full.
+class FullDisk : public OutputFile {
+  public:
+    void write(std::string_view) override {
+        throw std::filesystem::filesystem_error("", std::make_error_code(std::errc::no_space_on_device));
+    }
+    void commit() override {}
+    int descriptor() const noexcept override { return -1; }
+};
+
+TEST_F(Saving, OnAFullDiskFailsHoweverTheDocumentIsWritten) {
+    const auto pdf = test::read_pdf(write("a.pdf", pages(2).file()));
+    FullDisk output;
+    EXPECT_THROW(structure::write_pdf(*pdf, {}, output), std::filesystem::filesystem_error);
+    EXPECT_THROW(structure::write_pdf(*pdf, {.is_linearised = true}, output),
+                 std::filesystem::filesystem_error);
+    pdf->protect({"sesame"});
+    EXPECT_THROW(structure::write_pdf(*pdf, {}, output), std::filesystem::filesystem_error);
 }
 
 TEST_F(Saving, AndInsertingTellPeopleWhoWait) {

@@ -1,7 +1,5 @@
 #include "hosts/acrobat/structure/output.h"
 
-#include <string_view>
-
 namespace foliant::hosts::acrobat::structure {
 
 namespace {
@@ -19,14 +17,27 @@ void Output::write(unsigned char const* data, std::size_t size) {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     if (piece_.size() + size > piece_size) finish();
     if (size > piece_size)
-        file_.write(bytes);
+        pass_on(bytes);
     else
         piece_ += bytes;
 }
 
 void Output::finish() {
-    file_.write(piece_);
+    pass_on(piece_);
     piece_.clear();
+}
+
+void Output::pass_on(std::string_view bytes) noexcept {
+    if (failure_) return;
+    try {
+        file_.write(bytes);
+    } catch (...) {
+        failure_ = std::current_exception();
+    }
+}
+
+void Output::require_success() const {
+    if (failure_) std::rethrow_exception(failure_);
 }
 
 }  // namespace foliant::hosts::acrobat::structure

@@ -65,6 +65,7 @@ void write_pdf(Pdf& pdf, const Writing& writing, OutputFile& output) {
         write(pdf, plain, pipeline);
     }
     pipeline.finish();
+    pipeline.require_success();
 }
 
 std::string written_pdf(Pdf& pdf) {
