@@ -149,7 +149,7 @@ void fail(Outcome& outcome, const Error& error) {
 
 void fail_unnoticed(Outcome& outcome, Error error) {
     outcome.host_noticed_nothing = true;
-    fail(outcome, std::move(error));
+    fail(outcome, error);
 }
 
 void add_silent_failures(Outcome& outcome, const std::vector<std::string>& sentences) {
@@ -180,7 +180,7 @@ Outcome call_member(const Request& request, const platform::Platform& platform,
         outcome.result = core::invoke(object, request.member->dispid, property ? Access::get : Access::call,
                                       outcome.arguments);
         if (auto refusal = control == nullptr ? std::nullopt : control->refusal()) {
-            fail(outcome, std::move(*refusal));
+            fail(outcome, *refusal);
         } else if (auto failure = unnoticed_failure(*request.member, outcome, platform)) {
             fail_unnoticed(outcome, std::move(*failure));
         }
