@@ -90,9 +90,13 @@ class Search {
                     target.insert(target.end(), named.begin(), named.end());
                 }
             });
-            for (const std::int32_t number : all_from(thumbnail))
+            const Numbers of_thumbnail = all_from(thumbnail);
+            for (const std::int32_t number : of_thumbnail)
                 takers_[index(number)].others = true;
             Numbers all = all_from(beginning);
+            // Whose it is what both take, writers and checkers do not agree on.
+            require(std::none_of(of_thumbnail.begin(), of_thumbnail.end(),
+                                 [&](std::int32_t number) { return seen_by_[index(number)] == asker_; }));
             all.insert(all.begin(), page);
             for (const std::int32_t number : all) {
                 Takers& takers = takers_[index(number)];

@@ -72,6 +72,15 @@ TEST_F(Linearising, TellsWhatPagesShareWithTheFirstOneAndWithEachOther) {
     EXPECT_EQ(texts(*result({first, second})).size(), 6U);
 }
 
+TEST_F(Linearising, WhatAPageSharesWithItsThumbnailIsTheEnginesToPutInOrder) {
+    PdfText sharing = pages(2, "a", "/Own 903 0 R /Thumb 902 0 R");
+    sharing.set(903, "[ /ICCBased null ]");
+    sharing.set_stream(902, "\xFF", "/Width 1 /Height 1 /ColorSpace 903 0 R /BitsPerComponent 8");
+    SplicedDocument document(*opened(sharing.file()));
+    document.append(*opened(pages(1, "b").file()), true);
+    EXPECT_THROW(document.write_linearised([](std::string_view) {}), glance::Doubt);
+}
+
 TEST_F(Linearising, WhatIsNullIsNobodysPart) {
     PdfText first = pages(2, "a", "/Own 900 0 R /Others [ 900 0 R 901 0 R ]");
     first.set(900, "null").set(901, "(there)");
