@@ -108,7 +108,7 @@ class HostProcess::Child {
 
     Error error(std::int32_t number, const std::string& what, const std::string& member) const {
         return {number, program_.name,
-                program_.engine + ", which stands in for " + program_.name + ", " + what +
+                program_.name + "'s stand-in, " + program_.engine + ", " + what +
                     (member.empty() ? "" : " during " + member) + "."};
     }
 

@@ -518,34 +518,32 @@ TEST_F(HostProcessTest, HasAPrivateFolderInsideThatOfTheMachine) {
 
 TEST_F(HostProcessTest, SaysThatItCrashed) {
     const Value prober = contained();
-    EXPECT_EQ(
-        failure_of([&] { prober.call("Die", {"crash"}); }),
-        "-2147023170 Probing engine, which stands in for Prober, crashed (Segmentation fault) during Die.");
+    EXPECT_EQ(failure_of([&] { prober.call("Die", {"crash"}); }),
+              "-2147023170 Prober's stand-in, Probing engine, crashed (Segmentation fault) during Die.");
     EXPECT_EQ(failure_of([&] { prober.get("Process"); }),
-              "462 Probing engine, which stands in for Prober, crashed (Segmentation fault).");
+              "462 Prober's stand-in, Probing engine, crashed (Segmentation fault).");
     EXPECT_FALSE(host.is_running());
 }
 
 TEST_F(HostProcessTest, SaysThatAnExceptionOfAThreadEndedIt) {
     EXPECT_EQ(failure_of([&] { create().call("Die", {"terminate"}); }),
-              "-2147023170 Probing engine, which stands in for Prober, crashed (Aborted) during Die.");
+              "-2147023170 Prober's stand-in, Probing engine, crashed (Aborted) during Die.");
 }
 
 TEST_F(HostProcessTest, SaysThatItWasKilledOrEnded) {
     EXPECT_EQ(failure_of([&] { create().call("Die", {"kill"}); }),
-              "-2147023170 Probing engine, which stands in for Prober, was killed during Die.");
+              "-2147023170 Prober's stand-in, Probing engine, was killed during Die.");
     HostProcess other({"Prober", "Probing engine", []() -> const Module& { return prober_module; }}, machine);
     EXPECT_EQ(failure_of([&] { Value(other.create("Prober")).call("Die", {"end"}); }),
-              "-2147023170 Probing engine, which stands in for Prober, ended by itself during Die.");
+              "-2147023170 Prober's stand-in, Probing engine, ended by itself during Die.");
 }
 
 #ifndef __SANITIZE_ADDRESS__  // without a limit on memory
 TEST_F(HostProcessTest, SaysThatItNeedsMoreMemoryWhateverTheEngineSays) {
     const Value prober = contained();
     EXPECT_EQ(prober.call("Hog", {std::int32_t{100}}), Value(std::int32_t{100}));
-    EXPECT_EQ(
-        failure_of([&] { prober.call("Hog", {std::int32_t{300}}); }),
-        "7 Probing engine, which stands in for Prober, needs more memory than the limit of 256 MiB during Hog.");
+    EXPECT_EQ(failure_of([&] { prober.call("Hog", {std::int32_t{300}}); }),
+              "7 Prober's stand-in, Probing engine, needs more memory than the limit of 256 MiB during Hog.");
     EXPECT_FALSE(host.is_running());
 }
 #endif

@@ -19,6 +19,9 @@ namespace {
 void require_pages(structure::Pdf& pdf, const Document& document, std::int32_t first, std::int32_t last) {
     const std::int32_t count = pdf.page_count();
     if (first >= 0 && first <= last && last < count) return;
+    if (count == 0)
+        throw acrobat_error(RuntimeError::invalid_procedure_call,
+                            document.name() + " cannot be printed: it has no pages.");
     const std::string pages =
         first == last ? "Page " + std::to_string(first + 1)
                       : "From page " + std::to_string(first + 1) + " to page " + std::to_string(last + 1);
