@@ -98,9 +98,13 @@ TEST_F(Printing, PagesThatAreNotThereAreNotPrinted) {
               "5 From page 2 to page 1 of report.pdf cannot be printed: it has 2 pages.");
     EXPECT_EQ(failure([&] { print(viewer, 6, 6); }),
               "5 Page 7 of report.pdf cannot be printed: it has 2 pages.");
-    const Value empty = viewer_on(pages(0).file());
-    EXPECT_EQ(failure([&] { print(empty, 0, -1); }), "5 report.pdf cannot be printed: it has no pages.");
     EXPECT_EQ(machine.notes, Names{});
+}
+
+TEST_F(Printing, AFileWithoutPagesIsNotPrinted) {
+    machine.printer = "Office";
+    const Value viewer = viewer_on(pages(0).file());
+    EXPECT_EQ(failure([&] { print(viewer, 0, -1); }), "5 report.pdf cannot be printed: it has no pages.");
 }
 
 TEST_F(Printing, ShrinkingIsRefusedRatherThanForgotten) {
