@@ -1,5 +1,6 @@
 #include "cli/pdf_facts.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <fcntl.h>
@@ -101,7 +102,7 @@ class Pdf {
 
 std::string Pdf::at(std::int64_t offset, std::size_t bytes) const {
     if (offset < 0 || offset >= size_) return {};
-    std::string text(bytes, '\0');
+    std::string text(std::min(bytes, static_cast<std::size_t>(size_ - offset)), '\0');
     const ssize_t got = ::pread(file_.get(), text.data(), text.size(), offset);
     text.resize(got < 0 ? 0 : static_cast<std::size_t>(got));
     return text;
