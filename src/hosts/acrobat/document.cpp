@@ -139,8 +139,10 @@ void Document::raise_unusable() const {
 DocumentText& Document::text() {
     if (!text_) {
         with_file_named(*this, [&](structure::Pdf& pdf) {
-            text_ = pdf.is_as_read() ? std::make_unique<DocumentText>(pdf.file(), password_, most_text())
-                                     : std::make_unique<DocumentText>(pdf, most_text());
+            if (pdf.is_as_read()) text_ = std::make_unique<DocumentText>(pdf.file(), password_, most_text());
+            if (text_ && text_->pages().page_count() >= pdf.page_count()) return;
+            pdf.mend_page_count();
+            text_ = std::make_unique<DocumentText>(pdf, most_text());
         });
     }
     return *text_;

@@ -77,11 +77,13 @@ TEST_F(Text, PagesOfATreeOfSeveralLevelsAreFoundInAnyOrder) {
     EXPECT_EQ(saved(document)->pages().size(), 4U);
 }
 
-TEST_F(Text, APageThatTheFileDoesNotCountHasNone) {
-    PdfText pdf = written({line("one"), line("two")});
-    const Value document =
-        document_on(pdf.set(2, "<< /Type /Pages /Kids [10 0 R 12 0 R] /Count 0 >>").file());
-    EXPECT_EQ(words_of(document, 1), "");
+TEST_F(Text, PagesOfAFileThatCountsNonsenseAreReadAndSearched) {
+    for (const char* count : {"0", "-5", "2147483647", "(two)"}) {
+        PdfText pdf = written({line("one"), line("two")});
+        const Value document = document_on(
+            pdf.set(2, std::string("<< /Type /Pages /Kids [10 0 R 12 0 R] /Count ") + count + " >>").file());
+        EXPECT_EQ(words_of(document, 1), "[two\r\n]") << count;
+    }
 }
 
 TEST_F(Text, APageThatIsNotThereRaises) {

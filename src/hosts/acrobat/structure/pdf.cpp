@@ -122,6 +122,12 @@ std::int32_t Pdf::page_count() {
     return static_cast<std::int32_t>(pages().size());
 }
 
+void Pdf::mend_page_count() {
+    const auto count = static_cast<long long>(pages().size());
+    QPDFObjectHandle root = qpdf_.getRoot().getKey("/Pages");
+    if (root.isDictionary()) root.replaceKey("/Count", QPDFObjectHandle::newInteger(count));
+}
+
 PageList& Pdf::pages() {
     find_pages(std::numeric_limits<std::size_t>::max());
     return pages_;

@@ -46,6 +46,9 @@ class Pdf : public std::enable_shared_from_this<Pdf> {
     /// takes does not grow with the pages. Throws Unreadable.
     std::int32_t page_count();
 
+    /// Has the root of the pages say how many there are, for readers that believe it whatever it says. Throws Unreadable.
+    void mend_page_count();
+
     /// Its pages in their order, found when first asked for. Throws Unreadable.
     PageList& pages();
 
