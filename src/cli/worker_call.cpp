@@ -4,6 +4,7 @@
 #include <array>
 #include <filesystem>
 #include <iostream>
+#include <sched.h>
 #include <unistd.h>
 
 #include "automation/coerce.h"
@@ -99,9 +100,23 @@ bool takes_pages_whole(const core::Member& member) {
     return std::ranges::find(names, member.name) != names.end();
 }
 
+/// For a call and a host that take turns: to wake one of them on another processor takes longer than most answers do. The
+/// host inherits it. Where it cannot be, the call takes longer.
+void stay_on_one_processor() {
+    const int here = ::sched_getcpu();
+    if (here < 0) return;
+    cpu_set_t only;
+    CPU_ZERO(&only);
+    CPU_SET(static_cast<std::size_t>(here), &only);
+    ::sched_setaffinity(0, sizeof only, &only);
+}
+
 /// Loading a host takes longer than all that comes before its first object is wanted.
 void start_host_ahead(const core::Member& member, LocalMachine& machine) {
-    if (takes_pages_whole(member)) machine.leave_text_alone();
+    if (takes_pages_whole(member)) {
+        stay_on_one_processor();
+        machine.leave_text_alone();
+    }
     if (member.family == core::Family::pdf) machine.start_ahead(registered::acrobat);
 }
 

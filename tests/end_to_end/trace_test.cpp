@@ -172,6 +172,21 @@ TEST_F(Trace, FontsAreThereForTextAndNotForCountingPages) {
     EXPECT_TRUE(looks_at_fonts({"CreateTextfileFromPDF", "a.pdf", "a.txt"}));
 }
 
+TEST_F(Trace, ACallAndAHostThatTakeTurnsDoSoOnOneProcessor) {
+    REQUIRE_HOST("Acrobat");
+    shop.run({"gs", "-q", "-sDEVICE=pdfwrite", "-o", "a.pdf", "-c", "showpage"});
+    const auto chooses_a_processor = [&](const std::vector<std::string>& words) {
+        std::vector<std::string> all = {"strace",       "-f", "-o", "asked", "-e", "trace=sched_setaffinity",
+                                        FOLIANT_COMMAND};
+        all.insert(all.end(), words.begin(), words.end());
+        EXPECT_EQ(shop.run(all).exit_code, 0);
+        const std::string asked = shop.read("asked");
+        return asked.find("sched_setaffinity(0, ") != std::string::npos;
+    };
+    EXPECT_TRUE(chooses_a_processor({"GetNumPagesPDF", "a.pdf"}));
+    EXPECT_FALSE(chooses_a_processor({"CreateTextfileFromPDF", "a.pdf", "a.txt"})) << "text is read on two";
+}
+
 /// What LibreOffice may open besides its document and its private folder.
 constexpr const char* office_resources[] = {
     "/usr/lib/libreoffice/", "/etc/libreoffice/", "/usr/share/libreoffice/", "/usr/share/liblangtag/",
