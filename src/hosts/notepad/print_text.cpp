@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "hosts/pages/paper_context.h"
+
 namespace foliant::hosts::notepad {
 
 namespace {
@@ -9,6 +11,7 @@ namespace {
 using pages::LayoutPtr;
 using pages::PageWriter;
 using pages::Paper;
+using pages::points;
 
 /// Notepad's own; elsewhere what is as wide, and then whatever is of even width.
 constexpr const char* font = "Lucida Console, DejaVu Sans Mono, monospace 10";
@@ -16,23 +19,9 @@ constexpr double side_margin = 54;  // points
 constexpr double margin = 72;       // above and below
 constexpr double blank_lines = 2;   // what head and foot take of the text, one of them to keep a distance
 
-double points(int pango_units) {
-    return static_cast<double>(pango_units) / PANGO_SCALE;
-}
-
 struct IteratorFree {
     void operator()(PangoLayoutIter* iterator) const { pango_layout_iter_free(iterator); }
 };
-
-/// A part of a line as long as Pango lays out at once: what that takes grows with the square of the length.
-std::string_view beginning_of(std::string_view line) {
-    constexpr std::size_t longest = 4096;
-    if (line.size() <= longest) return line;
-    std::size_t end = longest;
-    while (end > longest / 2 && (static_cast<unsigned char>(line[end]) & 0xC0U) == 0x80U)
-        --end;
-    return line.substr(0, end);
-}
 
 class TextPrinter {
   public:
@@ -110,7 +99,7 @@ class TextPrinter {
     /// Prints what of a line can be laid out at once; its length. The last of its lines is left for the next time
     /// where more follows.
     std::size_t put_beginning(std::string_view line) {
-        const std::string_view part = beginning_of(line);
+        const std::string_view part = pages::beginning_of(line);
         pango_layout_set_text(text_.get(), part.data(), static_cast<int>(part.size()));
         const int lines = pango_layout_get_line_count(text_.get());
         const bool leaves_last = part.size() < line.size() && lines > 1;

@@ -17,4 +17,13 @@ ContextPtr make_paper_context() {
     return context;
 }
 
+std::string_view beginning_of(std::string_view line) {
+    constexpr std::size_t longest = 4096;
+    if (line.size() <= longest) return line;
+    std::size_t end = longest;
+    while (end > longest / 2 && (static_cast<unsigned char>(line[end]) & 0xC0U) == 0x80U)
+        --end;
+    return line.substr(0, end);
+}
+
 }  // namespace foliant::hosts::pages

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <pango/pango.h>
+#include <string_view>
 
 namespace foliant::hosts::pages {
 
@@ -20,5 +21,13 @@ using FontDescriptionPtr = std::unique_ptr<PangoFontDescription, FontDescription
 /// Where texts are laid out for paper, in points: letters as they are designed, and where they belong. A page is no
 /// screen.
 ContextPtr make_paper_context();
+
+/// Lengths in Pango's units as points.
+inline double points(int pango_units) {
+    return static_cast<double>(pango_units) / PANGO_SCALE;
+}
+
+/// A part of a line, UTF-8, as long as Pango lays out at once: what that takes grows with the square of the length.
+std::string_view beginning_of(std::string_view line);
 
 }  // namespace foliant::hosts::pages

@@ -9,10 +9,6 @@ namespace foliant::hosts::pages {
 
 namespace {
 
-double points(int pango_units) {
-    return static_cast<double>(pango_units) / PANGO_SCALE;
-}
-
 /// The office counts in twentieths of a point.
 double in_twips(int pango_units) {
     constexpr double twips_a_point = 20;
@@ -74,16 +70,6 @@ unsigned drawn(PangoGlyph glyph, PangoFont* font) {
         return space;
     }
     return (glyph & PANGO_GLYPH_UNKNOWN_FLAG) == 0 ? glyph : box;
-}
-
-/// A part of a line as long as Pango lays out at once: what that takes grows with the square of the length.
-std::string_view beginning_of(std::string_view line) {
-    constexpr std::size_t longest = 4096;
-    if (line.size() <= longest) return line;
-    std::size_t end = longest;
-    while (end > longest / 2 && (static_cast<unsigned char>(line[end]) & 0xC0U) == 0x80U)
-        --end;
-    return line.substr(0, end);
 }
 
 /// Whether a line may end in that word, but at its end.
