@@ -3,12 +3,11 @@
 #include <algorithm>
 
 #include "hosts/office/engine/uno_support.h"
+#include "hosts/office/word/page_rules.h"
 
 namespace foliant::hosts::office {
 
 namespace {
-
-constexpr sal_Int32 least_room = 500;  // 1/100 mm
 
 /// The properties that tell how far from an edge the text is: the margin, and, at the top and the bottom,
 /// the header or footer behind it.

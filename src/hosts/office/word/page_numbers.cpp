@@ -11,6 +11,7 @@
 #include <com/sun/star/text/XTextContent.hpp>
 
 #include "hosts/office/engine/uno_support.h"
+#include "hosts/office/word/page_rules.h"
 
 namespace foliant::hosts::office {
 
@@ -21,9 +22,6 @@ using css::text::XText;
 using css::uno::Reference;
 using css::uno::UNO_QUERY;
 using css::uno::UNO_QUERY_THROW;
-
-constexpr sal_Int32 edge_distance = 1270;  // half an inch from the paper's edge, Word's own
-constexpr sal_Int32 least_height = 100;    // a header grows with its text; this is where it starts
 
 std::string property(PageBand band, std::string_view name) {
     return (band == PageBand::header ? "Header" : "Footer") + std::string(name);

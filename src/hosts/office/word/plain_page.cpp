@@ -3,13 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "hosts/office/word/page_rules.h"
+
 namespace foliant::hosts::office {
 
 namespace {
-
-constexpr int least_room = 500;
-constexpr int edge_distance = 1270;  // half an inch from the paper's edge, Word's own
-constexpr int least_height = 100;    // a header grows with its text; this is where it starts
 
 Edge edge_of(PageBand band) {
     return band == PageBand::header ? Edge::top : Edge::bottom;

@@ -7,8 +7,8 @@
 
 namespace foliant::hosts::office {
 
-/// The page setup of a plain text, by the rules by which a document in LibreOffice has it (see page_margins.h and
-/// page_numbers.h). Lengths are in 1/100 mm.
+/// The page setup of a plain text, by the rules by which page_margins.h and page_numbers.h have it in LibreOffice. Lengths
+/// are in 1/100 mm.
 class PlainPage {
   public:
     PlainPage(int width, int height) : width_(width), height_(height) {}
