@@ -41,6 +41,14 @@ void encode(char32_t code_point, std::string& out) {
     }
 }
 
+bool is_ascii(char c) noexcept {
+    return static_cast<std::uint8_t>(c) < 0x80;
+}
+
+char lower_ascii(char c) noexcept {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c;
+}
+
 char32_t lower(char32_t c) noexcept {
     if ((c >= 'A' && c <= 'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7)) return c + 0x20;
     if ((c >= 0x100 && c <= 0x137 && c != 0x130) || (c >= 0x14A && c <= 0x177)) return c | 1;
@@ -89,6 +97,11 @@ std::string to_lower(std::string_view text) {
     std::string result;
     result.reserve(text.size());
     while (!text.empty()) {
+        if (is_ascii(text.front())) {
+            result.push_back(lower_ascii(text.front()));
+            text.remove_prefix(1);
+            continue;
+        }
         const Decoded first = decode_first(text);
         const char32_t small = first.valid ? lower(first.code_point) : first.code_point;
         if (small != first.code_point) {
@@ -102,7 +115,16 @@ std::string to_lower(std::string_view text) {
 }
 
 bool equal_ignoring_case(std::string_view a, std::string_view b) {
-    return to_lower(a) == to_lower(b);
+    return compare_ignoring_case(a, b) == 0;
+}
+
+int compare_ignoring_case(std::string_view a, std::string_view b) {
+    for (; !a.empty() && !b.empty() && is_ascii(a.front()) && is_ascii(b.front());
+         a.remove_prefix(1), b.remove_prefix(1)) {
+        const int difference = lower_ascii(a.front()) - lower_ascii(b.front());
+        if (difference != 0) return difference;
+    }
+    return to_lower(a).compare(to_lower(b));
 }
 
 std::string_view file_name_part(std::string_view path, char separator) noexcept {

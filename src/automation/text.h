@@ -24,6 +24,9 @@ std::string to_lower(std::string_view text);
 /// Whether two texts are the same when case is ignored.
 bool equal_ignoring_case(std::string_view a, std::string_view b);
 
+/// Below 0 when the first comes first, above 0 when the second does: the order of the bytes of to_lower().
+int compare_ignoring_case(std::string_view a, std::string_view b);
+
 /// The part after the last separator, the whole path when there is none.
 std::string_view file_name_part(std::string_view path, char separator) noexcept;
 

@@ -44,6 +44,16 @@ TEST(Text, LowerCaseCoversLatinGreekAndCyrillic) {
     EXPECT_EQ(to_lower("A\xFF"), "a\xFF");
     EXPECT_TRUE(equal_ignoring_case("Save PDF File As", "save pdf file as"));
     EXPECT_FALSE(equal_ignoring_case("Save", "Save "));
+    EXPECT_TRUE(equal_ignoring_case("AÄ\xFFZ", "aä\xFFz"));
+    EXPECT_FALSE(equal_ignoring_case("aä", "aö"));
+}
+
+TEST(Text, ComesInTheOrderOfItsSmallLetters) {
+    const std::vector<std::string> sorted = {"", "_", "A", "a b", "AB", "b", "Zebra", "ä", "Äb", "Ö", "\xFF"};
+    for (std::size_t i = 0; i < sorted.size(); ++i)
+        for (std::size_t j = 0; j < sorted.size(); ++j)
+            EXPECT_EQ(compare_ignoring_case(sorted[i], sorted[j]) < 0, i < j)
+                << sorted[i] << ", " << sorted[j];
 }
 
 TEST(Text, FileNamePartIsWhatFollowsTheLastSeparator) {

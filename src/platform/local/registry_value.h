@@ -14,7 +14,7 @@ namespace foliant::platform::local {
 /// Orders names as the registry tells them apart: without regard to case.
 struct IgnoringCase {
     bool operator()(std::string_view a, std::string_view b) const {
-        return automation::to_lower(a) < automation::to_lower(b);
+        return automation::compare_ignoring_case(a, b) < 0;
     }
 };
 
