@@ -1,12 +1,15 @@
 #include "hosts/containment/system_calls.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <linux/audit.h>
 #include <linux/filter.h>
 #include <linux/seccomp.h>
 #include <sched.h>
+#include <span>
 #include <sys/ioctl.h>
 #include <sys/prctl.h>
 #include <sys/syscall.h>
@@ -179,10 +182,29 @@ class Filter {
     void end_if_above(std::uint32_t value, std::uint32_t verdict) { end_on(BPF_JGT, value, true, verdict); }
     void end_unless_set(std::uint32_t bits, std::uint32_t verdict) { end_on(BPF_JSET, bits, false, verdict); }
 
-    template <std::size_t count>
-    void refuse(const int (&calls)[count], int error) {
-        for (const int call : calls)
-            end_if(static_cast<std::uint32_t>(call), refused(error));
+    /// Refuses calls. The kernel runs a new filter for every number that there is before it takes it, so runs of numbers
+    /// are sorted into groups, and a number is compared with those of one.
+    void refuse(std::initializer_list<std::span<const int>> calls, int error) {
+        const std::vector<Run> runs = runs_of(calls);
+        std::vector<std::size_t> ends;
+        for (std::span<const Run> rest = runs; !rest.empty();) {
+            constexpr std::size_t most_in_a_group = 5;
+            const auto group = rest.first(std::min(most_in_a_group, rest.size()));
+            rest = rest.subspan(group.size());
+            constexpr std::size_t comparisons = 2;  // of a run
+            auto to_verdict = static_cast<std::uint8_t>(comparisons * group.size() + 1);
+            add(BPF_JMP | BPF_JGT | BPF_K, group.back().last, static_cast<std::uint8_t>(to_verdict + 1));
+            for (const Run& run : group) {
+                add(BPF_JMP | BPF_JGE | BPF_K, run.first, 0, 1);
+                to_verdict = static_cast<std::uint8_t>(to_verdict - comparisons);
+                add(BPF_JMP | BPF_JGT | BPF_K, run.last, 0, to_verdict);
+            }
+            ends.push_back(code_.size());
+            add(BPF_JMP | BPF_JA, 0);
+            end(refused(error));
+        }
+        for (const std::size_t leap : ends)
+            code_[leap].k = static_cast<std::uint32_t>(code_.size() - leap - 1);
     }
 
     /// Lets a call go by only when `judge` finds nothing against its arguments; those behind it then see the
@@ -203,6 +225,27 @@ class Filter {
     }
 
   private:
+    /// Numbers that follow each other.
+    struct Run {
+        std::uint32_t first;
+        std::uint32_t last;
+    };
+
+    static std::vector<Run> runs_of(std::initializer_list<std::span<const int>> calls) {
+        std::vector<std::uint32_t> numbers;
+        for (const auto list : calls)
+            numbers.insert(numbers.end(), list.begin(), list.end());
+        std::ranges::sort(numbers);
+        std::vector<Run> runs;
+        for (const std::uint32_t number : numbers) {
+            if (!runs.empty() && runs.back().last + 1 == number)
+                ++runs.back().last;
+            else
+                runs.push_back({number, number});
+        }
+        return runs;
+    }
+
     void add(int code, std::uint32_t value, std::uint8_t if_true = 0, std::uint8_t if_false = 0) {
         code_.push_back({static_cast<std::uint16_t>(code), if_true, if_false, value});
     }
@@ -267,17 +310,16 @@ void filter_calls(const Policy& policy) {
     filter.end_unless(architecture, SECCOMP_RET_KILL_PROCESS);
     filter.load(offsetof(seccomp_data, nr));
     filter.end_if_above(newest_known, refused(ENOSYS));
-    filter.refuse(absent, ENOSYS);
-    filter.refuse(about_processes, EPERM);
-    filter.refuse(about_files, EPERM);
-    filter.refuse(about_the_machine, EPERM);
-    if (!policy.may_connect) filter.refuse(about_sockets, EACCES);
-    if (policy.may_start.empty()) {
-        filter.refuse(that_start_processes, EPERM);
+    filter.refuse({absent}, ENOSYS);
+    if (!policy.may_connect) filter.refuse({about_sockets}, EACCES);
+    if (!policy.may_start.empty()) {
+        filter.refuse({about_processes, about_files, about_the_machine}, EPERM);
+    } else {
+        filter.refuse({about_processes, about_files, about_the_machine, that_start_processes}, EPERM);
         if (policy.may_make_threads)
             allow_threads_only(filter);
         else
-            filter.refuse(that_start_threads, EAGAIN);
+            filter.refuse({that_start_threads}, EAGAIN);
         allow_signals_to_itself_only(filter);
         guard_its_end(filter);
     }

@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdlib>
 #include <fcntl.h>
+#include <initializer_list>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -13,6 +15,11 @@
 
 namespace foliant::hosts::containment {
 namespace {
+
+/// Without the copies that a list of paths is made of otherwise: every contained process begins with this.
+Paths listed(std::initializer_list<std::string_view> names) {
+    return {names.begin(), names.end()};
+}
 
 /// A folder that a variable names; else `fallback` in the user's home. Empty when there is no home.
 std::filesystem::path user_folder(const char* variable, const char* fallback) {
@@ -88,8 +95,8 @@ Paths font_folders_in(const std::filesystem::path& configuration) {
 }
 
 Paths system_libraries() {
-    return {"/lib",           "/lib64",           "/usr/lib",          "/usr/lib64",
-            "/usr/local/lib", "/etc/ld.so.cache", "/etc/ld.so.preload"};
+    return listed({"/lib", "/lib64", "/usr/lib", "/usr/lib64", "/usr/local/lib", "/etc/ld.so.cache",
+                   "/etc/ld.so.preload"});
 }
 
 Paths fonts() {
@@ -113,16 +120,19 @@ Paths fonts() {
 }
 
 Paths locales() {
-    return {"/usr/share/locale", "/usr/lib/locale", "/usr/share/zoneinfo",
-            "/etc/localtime",    "/etc/timezone",   "/usr/share/i18n"};
+    return listed({"/usr/share/locale", "/usr/lib/locale", "/usr/share/i18n"}) + time_zones();
+}
+
+Paths time_zones() {
+    return listed({"/usr/share/zoneinfo", "/etc/localtime", "/etc/timezone"});
 }
 
 Paths empty_devices() {
-    return {"/dev/null", "/dev/zero", "/dev/urandom", "/dev/random"};
+    return listed({"/dev/null", "/dev/zero", "/dev/urandom", "/dev/random"});
 }
 
-Paths operator+(Paths left, const Paths& right) {
-    left.insert(left.end(), right.begin(), right.end());
+Paths operator+(Paths left, Paths right) {
+    std::ranges::move(right, std::back_inserter(left));
     return left;
 }
 

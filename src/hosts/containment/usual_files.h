@@ -22,10 +22,13 @@ Paths font_folders_in(const std::filesystem::path& configuration);
 /// Locales, time zones, and character conversions.
 Paths locales();
 
+/// What time it is here.
+Paths time_zones();
+
 /// Devices without content: /dev/null, /dev/zero, /dev/urandom.
 Paths empty_devices();
 
 /// Joins lists, so that a policy can be written in one expression.
-Paths operator+(Paths left, const Paths& right);
+Paths operator+(Paths left, Paths right);
 
 }  // namespace foliant::hosts::containment
