@@ -11,7 +11,7 @@ namespace foliant::hosts::acrobat::front {
 
 namespace {
 
-constexpr std::size_t piece_size = std::size_t{1} << 20U;
+constexpr std::size_t piece_size = std::size_t{1} << 16U;
 
 /// Fewer and larger writes than the document has pieces.
 void write_in_pieces(const splice::SplicedDocument& document, Form form, const splice::Body::Write& write) {

@@ -9,14 +9,6 @@ namespace {
 constexpr int deepest = 64;              // dictionaries in dictionaries
 constexpr std::size_t most_digits = 15;  // of a number
 
-bool is_space(char c) {
-    return c == ' ' || c == '\n' || c == '\r' || c == '\t' || c == '\f' || c == '\0';
-}
-
-bool is_delimiter(char c) {
-    return std::string_view("()<>[]{}/%").find(c) != std::string_view::npos;
-}
-
 bool is_digit(char c) {
     return c >= '0' && c <= '9';
 }
@@ -27,17 +19,6 @@ bool is_hexadecimal(char c) {
 
 }  // namespace
 
-void Cursor::skip_space() {
-    while (at_ < text_.size() && is_space(text_[at_]))
-        ++at_;
-}
-
-bool Cursor::skip(std::string_view word) {
-    if (!rest().starts_with(word)) return false;
-    at_ += word.size();
-    return true;
-}
-
 void Cursor::expect(std::string_view word) {
     skip_space();
     require(skip(word));
@@ -45,7 +26,7 @@ void Cursor::expect(std::string_view word) {
 }
 
 void Cursor::require_end_of_word() const {
-    require(is_space(here()) || is_delimiter(here()));
+    require(class_of(here()) != Class::regular);
 }
 
 std::int64_t Cursor::integer() {
@@ -146,7 +127,7 @@ Value Cursor::collection(std::string_view end, Kind kind, int depth) {
 }
 
 void Cursor::skip_regular() {
-    while (at_ < text_.size() && !is_space(text_[at_]) && !is_delimiter(text_[at_]))
+    while (at_ < text_.size() && class_of(text_[at_]) == Class::regular)
         ++at_;
 }
 

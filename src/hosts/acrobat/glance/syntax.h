@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -28,6 +29,26 @@ struct Value {
     std::int64_t generation = 0;  ///< that a reference names
 };
 
+/// What a byte is to a reader who looks for words. Files consist of little else than what is looked up here.
+enum class Class : std::uint8_t { regular, space, delimiter };
+
+inline constexpr std::array<Class, 256> classes = [] {
+    std::array<Class, 256> all{};
+    for (const char c : {' ', '\n', '\r', '\t', '\f', '\0'})
+        all[static_cast<std::uint8_t>(c)] = Class::space;
+    for (const char c : {'(', ')', '<', '>', '[', ']', '{', '}', '/', '%'})
+        all[static_cast<std::uint8_t>(c)] = Class::delimiter;
+    return all;
+}();
+
+constexpr Class class_of(char c) noexcept {
+    return classes[static_cast<std::uint8_t>(c)];
+}
+
+constexpr bool is_space(char c) noexcept {
+    return class_of(c) == Class::space;
+}
+
 /// A place in a text that is read forwards. Everything throws Doubt where something else stands there.
 class Cursor {
   public:
@@ -38,11 +59,19 @@ class Cursor {
     std::size_t position() const noexcept { return at_; }
     std::string_view rest() const noexcept { return text_.substr(at_); }
 
-    void skip_space();
+    void skip_space() noexcept {
+        while (at_ < text_.size() && is_space(text_[at_]))
+            ++at_;
+    }
     /// A word of its own, behind any space: "obj".
     void expect(std::string_view word);
     /// Passes over what stands here, if it does.
-    bool skip(std::string_view word);
+    bool skip(std::string_view word) noexcept {
+        // Most of what is looked for is not there, which the first byte says.
+        if (at_ >= text_.size() || text_[at_] != word.front() || !rest().starts_with(word)) return false;
+        at_ += word.size();
+        return true;
+    }
     /// A number without sign, behind any space.
     std::int64_t integer();
     /// The next object, behind any space.
