@@ -112,7 +112,9 @@ class CommandLine {
     void add_registry();
     void complete_set(const AskPassword& ask_password);
     void add_tools();
+    void add_other_tools();
     bool is_mentioned(std::string_view name) const;
+    bool begins_with_member() const;
     const Member* named_member() const;
     std::string problem_of(const CLI::ParseError& error) const;
     std::string advice_on(const CLI::ParseError& error) const;
@@ -137,6 +139,20 @@ bool takes_password(const Member* member) {
     });
 }
 
+/// An option of a member that is written in another case, in its own. The parser would compare each of its options with
+/// all others in small letters.
+std::string in_own_case(const Member& member, const std::string& word) {
+    if (!word.starts_with("--")) return word;
+    const std::string_view given = std::string_view(word).substr(2, word.find('=') - 2);
+    for (const core::Parameter& parameter : member.parameters()) {
+        const std::string name = option_name(parameter.name);
+        if (automation::equal_ignoring_case(given, name) ||
+            automation::equal_ignoring_case(given, parameter.name))
+            return "--" + name + word.substr(2 + given.size());
+    }
+    return word;
+}
+
 /// "help", "help MEMBER" and "-v" alone, in the words that have always been there for them.
 std::vector<std::string> in_usual_words(std::vector<std::string> words) {
     if (words == std::vector<std::string>{"-v"}) return {"--version"};
@@ -155,12 +171,27 @@ CommandLine::CommandLine(const std::vector<std::string>& words) : words_(in_usua
     app_.fallthrough();
     add_call_options(app_, request_.options);
     add_members(app_, Request::Action::call);
+    if (!begins_with_member()) add_tools();
+    const auto end_of_options = std::find(words_.begin(), words_.end(), "--");
+    for (const auto& called : member_commands_)
+        for (auto word = words_.begin(); word != end_of_options; ++word)
+            *word = in_own_case(called->member(), *word);
+}
+
+void CommandLine::add_tools() {
     auto* rehearse =
         app_.add_subcommand("rehearse", "Shows every step that a member would take, and takes none.");
     rehearse->group("Tools")->require_subcommand(1)->fallthrough();
     if (is_mentioned("rehearse")) add_members(*rehearse, Request::Action::rehearse);
     add_registry();
-    add_tools();
+    add_other_tools();
+}
+
+/// What is behind a member's name is its own, whatever it is called.
+bool CommandLine::begins_with_member() const {
+    return !words_.empty() && std::ranges::any_of(core::members, [&](const Member& member) {
+        return automation::equal_ignoring_case(words_.front(), member.name);
+    });
 }
 
 /// Whether the command line names that sub-command: only then are its options built, which keeps the start
@@ -242,7 +273,7 @@ void CommandLine::complete_set(const AskPassword& ask_password) {
     if (secret_asked_) request_.words.push_back(ask_password(request_.words.back() + ": ", deadline));
 }
 
-void CommandLine::add_tools() {
+void CommandLine::add_other_tools() {
     auto* hosts =
         app_.add_subcommand("hosts", "Lists the host programs: which engine stands in, which version.");
     hosts->group("Tools")->fallthrough()->final_callback(

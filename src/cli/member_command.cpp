@@ -144,7 +144,6 @@ void MemberCommand::add_parameter(CLI::App& command, const Parameter& parameter,
         given.option->multi_option_policy(list ? CLI::MultiOptionPolicy::TakeAll
                                                : CLI::MultiOptionPolicy::Throw);
     }
-    given.option->ignore_case();
     const ParameterRole role = core::parameter_role(member_, parameter);
     if (const ValueType type = element_type(parameter, role);
         type != ValueType::string && type != ValueType::variant) {

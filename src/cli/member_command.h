@@ -19,6 +19,8 @@ class MemberCommand {
     /// Adds the options to `command`, which outlives this object.
     MemberCommand(CLI::App& command, const core::Member& member);
 
+    const core::Member& member() const noexcept { return member_; }
+
     /// The arguments as given, named, in the member's order. Raises CLI::ParseError for what is missing or
     /// wrong, and TimeLimitReached while a password is waited for.
     automation::Arguments arguments(const AskPassword& ask_password, const Deadline& deadline) const;

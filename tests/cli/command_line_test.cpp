@@ -57,6 +57,12 @@ TEST(CommandLine, ExactNamesWorkTooInAnyCaseAndOrder) {
         "CreatePDFfromPS(strPDFFile:=\"b.pdf\", strPSFile:=\"a.ps\", blnSpoolJobs:=True)");
 }
 
+TEST(CommandLine, AFileMayBeCalledWhatAToolIsCalled) {
+    for (const char* const name : {"hosts", "registry", "rehearse", "man", "help", "completion"})
+        EXPECT_EQ(outcome_of({"GetNumPagesPDF", name}),
+                  "GetNumPagesPDF(strPDFFile:=\"" + std::string(name) + "\")");
+}
+
 TEST(CommandLine, FlagsTakeAValueBehindAnEqualsSign) {
     EXPECT_EQ(outcome_of({"CreatePDFfromPS", "b.pdf", "a.ps", "--show-window=false", "--spool-jobs=True"}),
               "CreatePDFfromPS(strPDFFile:=\"b.pdf\", strPSFile:=\"a.ps\", blnShowWindow:=False, "
