@@ -25,13 +25,16 @@ function(foliant_host name)
 endfunction()
 
 # foliant_host_part(HOST PART SOURCES sources... LINKS targets...): the library hosts/HOST-PART.so, which the module of
-# the host loads when it is needed (src/hosts/module_part.h), of the sources, one of which exports its function.
+# the host loads when it is needed (src/hosts/module_part.h), of the sources, one of which exports its function. A host
+# that is linked into the command has parts and no library of its own.
 function(foliant_host_part host part)
   cmake_parse_arguments(part "" "" "SOURCES;LINKS" ${ARGN})
   foliant_hosts_library(foliant_host_${host}_${part} ${host}-${part} ${part_SOURCES})
   target_link_libraries(foliant_host_${host}_${part} PRIVATE ${part_LINKS})
   foliant_run_path(foliant_host_${host}_${part})
-  add_dependencies(foliant_host_${host} foliant_host_${host}_${part})
+  if(TARGET foliant_host_${host})
+    add_dependencies(foliant_host_${host} foliant_host_${host}_${part})
+  endif()
 endfunction()
 
 # foliant_hosts_library(TARGET NAME sources...): the library hosts/NAME.so beside the command.

@@ -4,12 +4,12 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
-#include <random>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
 
 #include "automation/error.h"
+#include "posix/random.h"
 
 namespace foliant::cli {
 
@@ -24,7 +24,7 @@ constexpr const char* mark = ".kept-by-foliant-";
 /// One that tells a person who comes upon it what it is, after a power failure for example.
 std::string hidden_name(const std::string& name) {
     constexpr std::size_t longest_name = 255;
-    const std::string ending = mark + std::to_string(std::random_device()());
+    const std::string ending = mark + std::to_string(posix::random_number());
     return name.size() + 1 + ending.size() <= longest_name ? "." + name + ending : ending;
 }
 

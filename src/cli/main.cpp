@@ -1,6 +1,6 @@
+#include <cstdlib>
 #include <filesystem>
 #include <iostream>
-#include <memory>
 #include <span>
 #include <string>
 #include <system_error>
@@ -20,6 +20,9 @@
 #include "cli/terminal.h"
 #include "cli/tools.h"
 #include "cli/visible_text.h"
+#ifdef FOLIANT_WITH_ACROBAT
+#include "hosts/acrobat/front/front_module.h"
+#endif
 #include "platform/local/local_machine.h"
 
 namespace {
@@ -32,6 +35,9 @@ platform::local::LocalOptions local_options(const cli::CallOptions& asked) {
     platform::local::LocalOptions options;
     std::error_code none;
     options.executable = std::filesystem::read_symlink("/proc/self/exe", none);
+#ifdef FOLIANT_WITH_ACROBAT
+    options.linked_modules = {{"acrobat", hosts::acrobat::front::front_module}};
+#endif
     options.on_message_box = [](const std::string& prompt, const std::string& title, std::uint32_t) {
         std::cerr << cli::visible_line(title) << ": " << cli::visible_text(prompt) << '\n';
     };
@@ -45,18 +51,6 @@ platform::local::LocalOptions local_options(const cli::CallOptions& asked) {
     return options;
 }
 
-/// Nothing can be done without a private folder, so what is wrong with the temporary one needs a remedy.
-std::unique_ptr<LocalMachine> make_machine(const cli::CallOptions& asked) {
-    try {
-        return std::make_unique<LocalMachine>(local_options(asked));
-    } catch (const automation::Error& error) {
-        throw automation::Error(
-            error.number(), error.source(),
-            error.description() +
-                "\nFree some space there, or name another folder: TMPDIR=FOLDER foliant ...");
-    }
-}
-
 int run(const Request& request) {
     switch (request.action) {
         case Request::Action::completion:
@@ -68,8 +62,7 @@ int run(const Request& request) {
         default:
             break;
     }
-    const auto made = make_machine(request.options);
-    LocalMachine& machine = *made;
+    LocalMachine machine(local_options(request.options));
     switch (request.action) {
         case Request::Action::call:
             return cli::call_supervised(request, machine);
@@ -84,6 +77,16 @@ int run(const Request& request) {
     }
 }
 
+/// Ends the process when everything has been said, without going through what libraries have left to do then: the kernel
+/// is quicker. The sanitizers look for leaks there.
+void leave(int code) {
+#ifndef __SANITIZE_ADDRESS__
+    std::cout.flush();
+    std::cerr.flush();
+    std::_Exit(code);
+#endif
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -96,7 +99,9 @@ int main(int argc, char** argv) {
         if (parsed.request) cli::secrets_of(*parsed.request).erase_from(given);
         std::cout << parsed.output;
         std::cerr << parsed.error;
-        return parsed.request ? run(*parsed.request) : parsed.exit_code;
+        const int code = parsed.request ? run(*parsed.request) : parsed.exit_code;
+        leave(code);
+        return code;
     } catch (...) {
         const automation::Error error = automation::current_error();
         std::cerr << cli::error_text(error);

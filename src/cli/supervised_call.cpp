@@ -93,6 +93,7 @@ int supervise(const Request& request, LocalMachine& machine, CallLog& log) {
         log.is_wanted() ? engine_output_file(machine) : posix::FileDescriptor();
     Work plan;
     plan.call = [&] { return work(request, machine, kept, log, engine_output.get()); };
+    plan.start = [&] { start_host_ahead(*request.member, machine); };
     plan.prepare = [&] {
         if (const auto output = output_of(*request.member, request.arguments)) kept.keep(output->path);
     };

@@ -23,6 +23,7 @@ using Clock = std::chrono::steady_clock;
 namespace {
 
 constexpr std::chrono::milliseconds memory_look_every{100};
+constexpr std::chrono::milliseconds short_work{50};  // nothing is done beside it that could hold it up
 
 sigset_t watched_signals() {
     sigset_t set;
@@ -57,6 +58,7 @@ void watch_for_orphanhood(const std::function<void()>& when_orphaned, pid_t supe
     // An exception that nobody catches, in a thread of an engine for example, is told by the supervisor in
     // words of its own.
     std::set_terminate([] { std::abort(); });
+    if (work.start) work.start();
     watch_for_orphanhood(work.when_orphaned, supervisor);
     const int code = work.call();
     std::cout.flush();
@@ -110,8 +112,10 @@ std::optional<Ending> limit_hit(pid_t worker, const Limits& limits) {
     return std::nullopt;
 }
 
-/// Waits for one of three: the worker's end, a signal to this process, a limit.
-Ending supervise(pid_t worker, const Limits& limits) {
+/// Waits for one of three: the worker's end, a signal to this process, a limit. Does what can be done meanwhile.
+Ending supervise(pid_t worker, const Work& work, const Limits& limits) {
+    const Clock::time_point no_longer_short = Clock::now() + short_work;
+    bool to_do_meanwhile = work.meanwhile != nullptr;
     while (true) {
         int status = 0;
         if (waitpid(worker, &status, WNOHANG) == worker) {
@@ -120,8 +124,14 @@ Ending supervise(pid_t worker, const Limits& limits) {
             if (WIFSIGNALED(status)) return {Ending::Kind::crashed, WTERMSIG(status)};
             return {Ending::Kind::finished, WEXITSTATUS(status)};
         }
-        const int signal = wait_for_signal(next_look(limits));
+        const auto look = next_look(limits);
+        const int signal = wait_for_signal(
+            to_do_meanwhile ? std::min(no_longer_short, look.value_or(no_longer_short)) : look);
         if (signal == SIGCHLD) continue;
+        if (to_do_meanwhile && Clock::now() >= no_longer_short) {
+            work.meanwhile();
+            to_do_meanwhile = false;
+        }
         const auto ending =
             signal > 0 ? Ending{Ending::Kind::interrupted, signal} : limit_hit(worker, limits);
         if (!ending) continue;
@@ -173,8 +183,7 @@ Ending run_supervised(const Work& work, const Limits& limits) {
     }
     if (worker == 0) run_worker(work, held.former(), self);
     setpgid(worker, worker);
-    if (work.meanwhile) work.meanwhile();
-    const Ending ending = supervise(worker, limits);
+    const Ending ending = supervise(worker, work, limits);
     if (work.settle) work.settle(ending);
     if (ending.kind == Ending::Kind::interrupted) held.forget();
     return ending;

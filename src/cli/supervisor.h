@@ -33,8 +33,11 @@ struct Work {
     /// Runs in this process before there is a worker, when an interrupt no longer ends the command at once;
     /// what it raises is raised. May be empty.
     std::function<void()> prepare{};
-    /// Runs in this process while the work is under way, before its limits are looked after: something short. Raises
+    /// Runs in the worker before anything else, while it has one thread: starts what takes long to be ready. Raises
     /// nothing. May be empty.
+    std::function<void()> start{};
+    /// Runs in this process while the work is under way: something short. Raises nothing. Work that ends within
+    /// 50 milliseconds does without it. May be empty.
     std::function<void()> meanwhile{};
     /// Runs in this process when no process of the work is left. May be empty.
     std::function<void(const Ending&)> settle{};

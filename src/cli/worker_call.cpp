@@ -4,7 +4,6 @@
 #include <array>
 #include <filesystem>
 #include <iostream>
-#include <sched.h>
 #include <unistd.h>
 
 #include "automation/coerce.h"
@@ -75,6 +74,7 @@ Outcome make(const Request& request, LocalMachine& machine, const platform::Plat
     } catch (...) {
         fail(outcome, automation::current_error());
     }
+    machine.dismiss_hosts();
     if (!outcome.error) check_success(request, machine, kept, outcome);
     add_silent_failures(outcome, machine.failures_told());
     if (!outcome.error && !outcome.left_out.empty()) outcome.exit_code = exit_incomplete;
@@ -98,26 +98,6 @@ bool takes_pages_whole(const core::Member& member) {
     constexpr std::array<std::string_view, 3> names{"GetNumPagesPDF", "CreatePDFfromMultiPDF",
                                                     "CreatePDFfromMultiPDFinDir"};
     return std::ranges::find(names, member.name) != names.end();
-}
-
-/// For a call and a host that take turns: to wake one of them on another processor takes longer than most answers do. The
-/// host inherits it. Where it cannot be, the call takes longer.
-void stay_on_one_processor() {
-    const int here = ::sched_getcpu();
-    if (here < 0) return;
-    cpu_set_t only;
-    CPU_ZERO(&only);
-    CPU_SET(static_cast<std::size_t>(here), &only);
-    ::sched_setaffinity(0, sizeof only, &only);
-}
-
-/// Loading a host takes longer than all that comes before its first object is wanted.
-void start_host_ahead(const core::Member& member, LocalMachine& machine) {
-    if (takes_pages_whole(member)) {
-        stay_on_one_processor();
-        machine.leave_text_alone();
-    }
-    if (member.family == core::Family::pdf) machine.start_ahead(registered::acrobat);
 }
 
 std::string activity(const Request& request) {
@@ -146,9 +126,16 @@ int report(const Request& request, const Outcome& outcome, CallLog& log, bool ta
 
 }  // namespace
 
+void start_host_ahead(const core::Member& member, LocalMachine& machine) noexcept {
+    if (takes_pages_whole(member)) machine.expect({.text = false, .folders = false, .takes_turns = true});
+    if (member.family == core::Family::pdf) machine.start_ahead(registered::acrobat);
+    if (member.family != core::Family::transfer) return;
+    machine.expect({.text = false, .folders = false});
+    machine.start_ahead(registered::transfer_control);
+}
+
 int make_call(const Request& request, LocalMachine& machine, const KeptFile& kept, CallLog& log,
               int engine_output) {
-    start_host_ahead(*request.member, machine);
     const bool to_a_terminal = isatty(STDOUT_FILENO) == 1;
     const bool talkative = !request.options.quiet && isatty(STDERR_FILENO) == 1;
     const bool moving = talkative && !request.options.verbose;

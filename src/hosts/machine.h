@@ -98,6 +98,14 @@ class Machine {
     /// Whether the call that uses this host may look at the text of pages, for which engines look at fonts.
     virtual bool may_read_text() const { return true; }
 
+    /// Whether the call's hosts have private folders. Where not, those do not exist, and all that they work on comes as
+    /// open files.
+    virtual bool gives_hosts_folders() const { return true; }
+
+    /// Whether the call waits for each of many short answers, so that the thread that makes it is best on the processor
+    /// that the host is on.
+    virtual bool takes_turns() const { return false; }
+
     /// A new file that appears under that name when it is complete; also a contained host's only way to make
     /// one. Throws what PendingFile does.
     virtual std::unique_ptr<OutputFile> make_output(const std::filesystem::path& path) {

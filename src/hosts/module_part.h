@@ -2,11 +2,16 @@
 
 #include <filesystem>
 #include <string_view>
+#include <vector>
 
 namespace foliant::hosts {
 
-/// Parts of a host module: libraries beside it, loaded when their work comes up. A module is loaded for every
-/// call, and what an engine takes to load is most of what a short call takes.
+/// Where modules lie for a program at that path: beside it in the build folder, in ../lib/foliant/hosts once installed.
+std::vector<std::filesystem::path> hosts_folders(const std::filesystem::path& program);
+
+/// Parts of a host module: libraries beside it, or in the folder of modules for one that the program has in itself. They
+/// are loaded when their work comes up: a module is there for every call, and what an engine takes to load is most of
+/// what a short call takes.
 ///
 /// A part exports one variable, `foliant_part`: a constant pointer to the function that does its work. Module
 /// and parts come from one build, so C++ types may cross.

@@ -3,9 +3,10 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
-#include <random>
 #include <sys/stat.h>
 #include <system_error>
+
+#include "posix/random.h"
 
 namespace foliant::hosts {
 
@@ -79,7 +80,7 @@ std::filesystem::path PendingFile::folder() const {
 }
 
 std::filesystem::path PendingFile::hidden_sibling() const {
-    return folder() / (".foliant-" + std::to_string(std::random_device()()) + ".tmp");
+    return folder() / (".foliant-" + std::to_string(posix::random_number()) + ".tmp");
 }
 
 void PendingFile::fail(int code) const {

@@ -208,6 +208,20 @@ TEST(Supervisor, DoesSomethingElseWhileTheWorkIsUnderWay) {
         close(end);
 }
 
+TEST(Supervisor, KeepsShortWorkWaitingForNothingElse) {
+    bool did_something_else = false;
+    const Work work{.call = [] { return 3; }, .meanwhile = [&] { did_something_else = true; }};
+    EXPECT_EQ(run_supervised(work, {}).code, 3);
+    EXPECT_FALSE(did_something_else);
+}
+
+TEST(Supervisor, StartsWhatTakesLongBeforeTheWork) {
+    std::string steps;
+    const Work work{.call = [&] { return steps == "started" ? 0 : 1; }, .start = [&] { steps = "started"; }};
+    EXPECT_EQ(run_supervised(work, {}).code, 0);
+    EXPECT_EQ(steps, "") << "that is the worker's";
+}
+
 TEST(Supervisor, ASecondInterruptDoesNotStopTheSettling) {
     const std::string settled = temporary_name("settled");
     const pid_t supervisor = fork();

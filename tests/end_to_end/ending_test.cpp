@@ -88,13 +88,13 @@ TEST_F(EndlessJob, DoesNotOutliveACommandThatIsKilled) {
     expect_nothing_left();
 }
 
-TEST(Leftovers, OfAKilledCommandAndItsWorkerGoWithTheNextCall) {
-    const Workshop shop;
+TEST_F(EndlessJob, LeftoversOfAKilledCommandAndItsWorkerGoWithTheNextCallThatTakesAWhile) {
     const auto left = shop.temporary_folder() / "foliant-abcdef";
     std::filesystem::create_directory(left);
     for (const char* file : {".foliant-private", "1234.ps"})
         std::ofstream(left / file) << "x";
-    EXPECT_EQ(shop.foliant({"GetNumPagesPDF", "missing.pdf"}).exit_code, 3);
+    shop.write("loop.ps", "%!PS\n{} loop\n");
+    EXPECT_EQ(shop.foliant({"CreatePDFfromPS", "out.pdf", "loop.ps", "--timeout", "0.5"}).exit_code, 124);
     EXPECT_EQ(shop.leftovers(), "");
 }
 

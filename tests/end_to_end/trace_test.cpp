@@ -44,6 +44,15 @@ class Trace : public testing::Test {
             GTEST_SKIP() << "Nothing may be traced here.";
     }
 
+    /// Runs `foliant` with these words; what it asks of the system, in strace's words.
+    std::string asked_of_the_system(const std::string& call, const std::vector<std::string>& words) {
+        std::vector<std::string> all = {"strace",        "-f",           "-o", "asked", "-e",
+                                        "trace=" + call, FOLIANT_COMMAND};
+        all.insert(all.end(), words.begin(), words.end());
+        EXPECT_EQ(shop.run(all).exit_code, 0);
+        return shop.read("asked");
+    }
+
     /// Runs `foliant` with these words; every process that was contained meanwhile.
     std::vector<Contained> contained_processes(const std::vector<std::string>& words) {
         std::vector<std::string> all = {"strace",       "-ff",
@@ -176,15 +185,23 @@ TEST_F(Trace, ACallAndAHostThatTakeTurnsDoSoOnOneProcessor) {
     REQUIRE_HOST("Acrobat");
     shop.run({"gs", "-q", "-sDEVICE=pdfwrite", "-o", "a.pdf", "-c", "showpage"});
     const auto chooses_a_processor = [&](const std::vector<std::string>& words) {
-        std::vector<std::string> all = {"strace",       "-f", "-o", "asked", "-e", "trace=sched_setaffinity",
-                                        FOLIANT_COMMAND};
-        all.insert(all.end(), words.begin(), words.end());
-        EXPECT_EQ(shop.run(all).exit_code, 0);
-        const std::string asked = shop.read("asked");
-        return asked.find("sched_setaffinity(0, ") != std::string::npos;
+        return asked_of_the_system("sched_setaffinity", words).find("sched_setaffinity(0, ") !=
+               std::string::npos;
     };
     EXPECT_TRUE(chooses_a_processor({"GetNumPagesPDF", "a.pdf"}));
     EXPECT_FALSE(chooses_a_processor({"CreateTextfileFromPDF", "a.pdf", "a.txt"})) << "text is read on two";
+}
+
+TEST_F(Trace, ACallThatNeedsNoFolderMakesNone) {
+    REQUIRE_HOST("Acrobat");
+    for (const char* const file : {"a.pdf", "b.pdf"})
+        shop.run({"gs", "-q", "-sDEVICE=pdfwrite", "-o", file, "-c", "showpage"});
+    EXPECT_EQ(asked_of_the_system("mkdir", {"GetNumPagesPDF", "a.pdf"}).find("mkdir("), std::string::npos);
+    EXPECT_EQ(
+        asked_of_the_system("mkdir", {"CreatePDFfromMultiPDF", "c.pdf", "a.pdf", "b.pdf"}).find("mkdir("),
+        std::string::npos);
+    EXPECT_NE(asked_of_the_system("mkdir", {"CreateTextfileFromPDF", "a.pdf", "a.txt"}).find("mkdir("),
+              std::string::npos);
 }
 
 /// What LibreOffice may open besides its document and its private folder.

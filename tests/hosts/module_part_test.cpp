@@ -1,5 +1,6 @@
 #include "hosts/module_part.h"
 
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <stdexcept>
 
@@ -8,9 +9,15 @@ namespace {
 
 constexpr char inside = 0;
 
-TEST(ModuleParts, LieBesideWhatNeedsThem) {
+TEST(ModuleParts, OfAProgramLieAmongItsModules) {
     const auto program = std::filesystem::read_symlink("/proc/self/exe");
-    EXPECT_TRUE(std::filesystem::equivalent(ModuleParts(&inside).file(program.filename().string()), program));
+    EXPECT_EQ(ModuleParts(&inside).file("part.so"), program.parent_path() / "hosts/part.so");
+}
+
+TEST(ModuleParts, OfALibraryLieBesideIt) {
+    const void* const in_the_c_library = ::dlsym(RTLD_DEFAULT, "environ");
+    const auto file = ModuleParts(in_the_c_library).file("libm.so.6");
+    EXPECT_TRUE(std::filesystem::exists(file)) << file;
 }
 
 TEST(ModuleParts, ThatAreNotThereAreNamed) {

@@ -17,6 +17,7 @@
 #include "hosts/process/machine_calls.h"
 #include "hosts/process/peer.h"
 #include "hosts/process/remote_machine.h"
+#include "posix/processor.h"
 
 namespace foliant::hosts::process {
 
@@ -25,11 +26,11 @@ namespace {
 constexpr std::uint64_t largest_file = std::uint64_t{4} << 30U;  // bytes; no PDF of LibreOffice's comes near
 constexpr std::uint64_t most_open_files = 1024;
 
-SharedFlag* memory_refused = nullptr;
+HostNotes* notes = nullptr;
 
 /// Notes that the limit was hit, for the parent to say so, whatever the engine makes of it.
 void refuse_memory() {
-    memory_refused->set();
+    notes->memory_refused = true;
     throw std::bad_alloc();
 }
 
@@ -57,6 +58,14 @@ void forget_the_parent(Channel& channel) {
     const auto kept = static_cast<unsigned>(channel.descriptor());
     if (kept > STDERR_FILENO + 1U) ::close_range(STDERR_FILENO + 1U, kept - 1, 0);
     ::close_range(kept + 1, ~0U, 0);
+}
+
+/// Stays on the processor that it is on, and says which.
+void settle_down() {
+    const auto here = posix::current_processor();
+    if (!here) return;
+    posix::stay_on(*here);
+    notes->processor = *here;
 }
 
 /// The host's module, or why it cannot be had.
@@ -109,7 +118,7 @@ void answer(const LoadedModule& module, RemoteMachine& machine, Peer& peer, Read
 
 void run_host(HostStart start) {
     end_with(start.parent);
-    memory_refused = &start.memory_refused;
+    notes = &start.notes;
     std::set_new_handler(refuse_memory);
     forget_the_parent(start.channel);
     try {
@@ -124,6 +133,7 @@ void run_host(HostStart start) {
         manners.lost = [](Peer::Loss, const std::string&) { ::_exit(EXIT_SUCCESS); };
         const auto peer = std::make_shared<Peer>(std::move(start.channel), std::move(manners));
         machine.connect(peer);
+        if (start.takes_turns) settle_down();
         if (module.is_contained_at_once()) machine.be_contained();
         peer->serve();
     } catch (...) {

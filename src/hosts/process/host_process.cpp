@@ -15,7 +15,8 @@
 #include "hosts/process/machine_calls.h"
 #include "hosts/process/machine_service.h"
 #include "hosts/process/peer.h"
-#include "hosts/process/shared_flag.h"
+#include "hosts/process/shared_notes.h"
+#include "posix/processor.h"
 
 namespace foliant::hosts::process {
 
@@ -25,6 +26,8 @@ namespace {
 
 constexpr auto call_failed = static_cast<std::int32_t>(0x800706BEU);  // RPC_S_CALL_FAILED
 constexpr std::int32_t not_running = 462;
+
+constexpr const char* no_folder = "/nonexistent";
 
 std::filesystem::path make_folder(const std::filesystem::path& parent) {
     std::string name = (parent / "host-XXXXXX").string();
@@ -50,7 +53,8 @@ class HostProcess::Child {
         : program_(std::move(program)),
           memory_limit_(machine.memory_limit_bytes()),
           may_read_text_(machine.may_read_text()),
-          folder_(make_folder(machine.private_folder())),
+          takes_turns_(machine.takes_turns()),
+          folder_(machine.gives_hosts_folders() ? make_folder(machine.private_folder()) : no_folder),
           service_(machine, folder_, program_.save_command) {}
     Child(const Child&) = delete;
     Child& operator=(const Child&) = delete;
@@ -63,12 +67,27 @@ class HostProcess::Child {
         process_ = ::fork();
         if (process_ < 0) throw std::system_error(errno, std::generic_category(), "cannot start a process");
         if (process_ == 0)
-            run_host({std::move(its), program_.load, folder_, memory_limit_, may_read_text_, memory_refused_,
-                      parent});
+            run_host({std::move(its), program_.load, folder_, memory_limit_, may_read_text_, takes_turns_,
+                      *notes_, parent});
+        if (takes_turns_) posix::have_run_elsewhere(process_);
         return std::move(mine);
     }
 
+    /// Has this thread join the host where it is, if they take turns: to wake one of them on another processor takes
+    /// longer than most answers of the other. Each gets ready on a processor of its own.
+    void join() noexcept {
+        if (!takes_turns_ || notes_->processor < 0) return;
+        posix::stay_on(notes_->processor);
+        takes_turns_ = false;
+    }
+
     bool is_running() const noexcept { return process_ > 0; }
+    /// What a process leaves behind takes the kernel a while to clear away, for which another processor will do.
+    void dismiss() noexcept {
+        if (process_ <= 0) return;
+        posix::have_run_elsewhere(process_);
+        ::kill(process_, SIGKILL);
+    }
     MachineService& service() noexcept { return service_; }
 
     /// The other side cannot go on: raises why.
@@ -84,7 +103,7 @@ class HostProcess::Child {
     /// refused some memory cannot be relied on any more.
     void raise_lack_of_memory(const std::string& member) {
         const auto peak = static_cast<std::uint64_t>(usage_.ru_maxrss) * 1024;
-        if (memory_limit_ == 0 || (!memory_refused_.is_set() && peak <= memory_limit_ / 4 * 3)) return;
+        if (memory_limit_ == 0 || (!notes_->memory_refused && peak <= memory_limit_ / 4 * 3)) return;
         end();
         ending_ = "needs more memory than the limit of " + readable(memory_limit_);
         throw error(static_cast<std::int32_t>(automation::RuntimeError::out_of_memory), ending_, member);
@@ -115,9 +134,10 @@ class HostProcess::Child {
     HostProgram program_;
     std::uint64_t memory_limit_;
     bool may_read_text_;
+    bool takes_turns_;  ///< and has not joined the host yet
     std::filesystem::path folder_;
     MachineService service_;
-    SharedFlag memory_refused_;
+    SharedNotes notes_;
     pid_t process_ = 0;
     int status_ = 0;
     rusage usage_{};
@@ -141,8 +161,13 @@ HostProcess::HostProcess(HostProgram program, Machine& machine)
 HostProcess::~HostProcess() = default;
 
 automation::ObjectPtr HostProcess::create(std::string_view class_name) {
+    child_->join();
     const automation::Value object = peer_->call_for_value(Writer().put(HostCall::create).put(class_name));
     return object.if_holds<automation::ObjectPtr>() ? *object.if_holds<automation::ObjectPtr>() : nullptr;
+}
+
+void HostProcess::dismiss() noexcept {
+    child_->dismiss();
 }
 
 bool HostProcess::is_running() const noexcept {

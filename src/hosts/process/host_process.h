@@ -41,6 +41,9 @@ class HostProcess {
     /// Creates a class of the module. Raises what the module does.
     automation::ObjectPtr create(std::string_view class_name);
 
+    /// Ends it, and does not wait for it to be gone.
+    void dismiss() noexcept;
+
     /// False once it has ended; another one can take its place.
     bool is_running() const noexcept;
 

@@ -47,8 +47,12 @@ std::string absence(const hosts::Host& host) {
 
 }  // namespace
 
-HostModules::HostModules(std::vector<fs::path> folders, hosts::Machine& machine, Trouble on_trouble)
-    : folders_(std::move(folders)), machine_(machine), on_trouble_(std::move(on_trouble)) {}
+HostModules::HostModules(std::vector<fs::path> folders, LinkedModules linked, hosts::Machine& machine,
+                         Trouble on_trouble)
+    : folders_(std::move(folders)),
+      linked_(std::move(linked)),
+      machine_(machine),
+      on_trouble_(std::move(on_trouble)) {}
 
 void HostModules::tell_shortcomings() {
     if (!on_trouble_) return;
@@ -63,6 +67,8 @@ automation::ObjectPtr HostModules::create(std::string_view class_name) {
     const hosts::Host& host = *wanted.host;
     if (host.module.empty()) throw cannot_create(host.name, absence(host));
     tell_shortcomings();
+    // What is wrong with it is not said to be the host's fault.
+    if (host.contained && machine_.gives_hosts_folders()) machine_.private_folder();
     try {
         automation::ObjectPtr object = host.contained ? process_of(host).create(wanted.name)
                                                       : module_of(host).create(wanted.name, machine_);
@@ -81,6 +87,11 @@ void HostModules::start_ahead(std::string_view class_name) noexcept {
         if (wanted.host != nullptr && wanted.host->contained) process_of(*wanted.host);
     } catch (...) {  // NOLINT(bugprone-empty-catch): creating the class meets it, too
     }
+}
+
+void HostModules::dismiss_all() noexcept {
+    for (const auto& [module, process] : processes_)
+        process->dismiss();
 }
 
 /// Starts it where it is not running.
@@ -103,6 +114,7 @@ const hosts::Module& HostModules::module_of(const hosts::Host& host) {
 }
 
 const hosts::Module& HostModules::load(const hosts::Host& host) const {
+    if (const auto linked = linked_.find(host.module); linked != linked_.end()) return *linked->second();
     const fs::path file = std::string(host.module) + ".so";
     const auto folder = std::find_if(folders_.begin(), folders_.end(), [&](const fs::path& candidate) {
         std::error_code ignored;
@@ -113,7 +125,7 @@ const hosts::Module& HostModules::load(const hosts::Host& host) const {
                                  " is not there: this installation was built without " +
                                  std::string(host.engine) + ".");
     }
-    void* library = ::dlopen((*folder / file).c_str(), RTLD_NOW | RTLD_LOCAL);
+    void* library = ::dlopen((*folder / file).c_str(), RTLD_LAZY | RTLD_LOCAL);
     if (library == nullptr) {
         // Said once: asking clears it.
         const std::string reason = ::dlerror();
@@ -147,11 +159,6 @@ std::vector<HostStatus> HostModules::list() {
         states.push_back(std::move(state));
     }
     return states;
-}
-
-std::vector<fs::path> HostModules::usual_folders(const fs::path& executable) {
-    const fs::path folder = executable.parent_path();
-    return {folder / "hosts", (folder / "../lib/foliant/hosts").lexically_normal()};
 }
 
 }  // namespace foliant::platform::local

@@ -26,6 +26,9 @@ struct HostStatus {
         problem;  ///< why it, or with a version some of its work, cannot be done; "" when all of it can
 };
 
+/// Modules that the program has in itself, by the names that the catalogue has for them.
+using LinkedModules = std::map<std::string_view, hosts::ModuleEntry>;
+
 /// The automation classes of the stand-in hosts. A host's module is loaded when one of its classes is first
 /// created, and stays loaded: engines do not survive being unloaded. A host that is contained has a process
 /// of its own, which is started then, and again when it is wanted after it has died.
@@ -34,9 +37,10 @@ class HostModules : public Servers {
     /// Told, in a sentence, what the kernel cannot keep hosts from.
     using Trouble = std::function<void(const std::string&)>;
 
-    /// Modules are looked for in `folders`, in this order. `machine` outlives this and every object created.
+    /// Modules that are not linked are looked for in `folders`, in this order. `machine` outlives this and every object created.
     /// `on_trouble` (may be empty) is told once, before the first host is created.
-    HostModules(std::vector<std::filesystem::path> folders, hosts::Machine& machine, Trouble on_trouble = {});
+    HostModules(std::vector<std::filesystem::path> folders, LinkedModules linked, hosts::Machine& machine,
+                Trouble on_trouble = {});
 
     /// Raises 429, whose text names the host, what is wrong, and the package to install where that helps.
     automation::ObjectPtr create(std::string_view class_name) override;
@@ -45,12 +49,11 @@ class HostModules : public Servers {
     /// caller does something else. Never raises: what fails here fails again when the class is created.
     void start_ahead(std::string_view class_name) noexcept;
 
+    /// Ends all processes of hosts, and does not wait for them to be gone.
+    void dismiss_all() noexcept;
+
     /// Every host of the catalogue with its state. Loads the modules but starts no engine. Never raises.
     std::vector<HostStatus> list();
-
-    /// Where modules lie for a program at that path: beside it in the build folder, in ../lib/foliant/hosts
-    /// once installed.
-    static std::vector<std::filesystem::path> usual_folders(const std::filesystem::path& executable);
 
   private:
     /// Throws std::runtime_error with the reason when the module is not there or does not load.
@@ -60,6 +63,7 @@ class HostModules : public Servers {
     hosts::process::HostProcess& process_of(const hosts::Host& host);
 
     std::vector<std::filesystem::path> folders_;
+    LinkedModules linked_;
     hosts::Machine& machine_;
     Trouble on_trouble_;  ///< empty once it was told
     std::map<std::string_view, const hosts::Module*> loaded_;

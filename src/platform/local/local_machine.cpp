@@ -10,6 +10,7 @@
 #include "automation/text.h"
 #include "automation/value.h"
 #include "hosts/containment/containment.h"
+#include "hosts/module_part.h"
 #include "hosts/viewer.h"
 #include "hosts/web/address.h"
 #include "hosts/web/browser.h"
@@ -48,7 +49,7 @@ LocalOptions completed(LocalOptions options) {
 
 std::vector<fs::path> module_folders(const LocalOptions& options) {
     if (!options.hosts_folder.empty()) return {options.hosts_folder};
-    return HostModules::usual_folders(options.executable);
+    return hosts::hosts_folders(options.executable);
 }
 
 /// What follows `/p `, without the quotation marks around it; "" for anything else.
@@ -69,16 +70,21 @@ LocalMachine::LocalMachine(LocalOptions options)
       printers_(store_),
       registry_(store_, options_.on_trouble),
       desktop_(options_.on_message_box),
-      shell_(private_folder_.path(), [this] { return make_system_folder(); }),
-      modules_(module_folders(options_), *this, options_.on_trouble),
+      shell_([this] { return library_folder(); }, [this] { return make_system_folder(); }),
+      modules_(module_folders(options_), options_.linked_modules, *this, options_.on_trouble),
       printer_control_(printers_, store_, options_.on_trouble) {
-    programs_.install((private_folder_.path() / "system" / sender_program).string(),
+    programs_.install((private_folder_.place() / "system" / sender_program).string(),
                       [this](std::string_view tail) { run_sender(tail); });
     programs_.install(std::string(registered::notepad), [this](std::string_view tail) { run_notepad(tail); });
 }
 
 Platform LocalMachine::platform() {
     return {registry_, files_, clock_, desktop_, programs_, shell_, modules_, printer_control_};
+}
+
+/// Temporary files are made in it; a call that makes none does without.
+fs::path LocalMachine::library_folder() {
+    return needs_.folders ? private_folder_.path() : private_folder_.place();
 }
 
 fs::path LocalMachine::make_system_folder() {

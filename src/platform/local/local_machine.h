@@ -27,12 +27,13 @@ namespace foliant::platform::local {
 
 /// Where a local machine keeps things and whom it tells. What is left empty has its usual value.
 struct LocalOptions {
-    std::filesystem::path temporary_folder{};  ///< The private folder is made in it; `$TMPDIR`, else /tmp.
+    std::filesystem::path temporary_folder{};  ///< For the private folder; `$TMPDIR`, else /tmp.
     /// Holds registry.json; `$XDG_CONFIG_HOME/foliant`, else `~/.config/foliant`.
     std::filesystem::path configuration_folder{};
     std::filesystem::path executable{};  ///< The running program.
     std::filesystem::path
-        hosts_folder{};  ///< Modules are looked for there only; else where the program's own lie.
+        hosts_folder{};              ///< Modules are looked for there only; else where the program's own lie.
+    LinkedModules linked_modules{};  ///< Hosts that need no file.
     /// How much each host may allocate, in bytes.
     std::uint64_t memory_limit_bytes = hosts::usual_memory_limit;
     /// Shows a message box; nobody sees it when empty.
@@ -41,14 +42,20 @@ struct LocalOptions {
     std::function<void(const std::string&)> on_trouble{};
 };
 
+/// What a call needs of its machine.
+struct CallNeeds {
+    bool text = true;          ///< the text of pages, for which hosts see fonts
+    bool folders = true;       ///< private ones, for temporary files and for hosts
+    bool takes_turns = false;  ///< with a host that has many short answers
+};
+
 /// The local machine, as the library sees it (`platform`) and as its hosts see it (`hosts::Machine`).
 ///
-/// Making one makes the private folder and nothing else: settings are read when something asks for them,
+/// Making one makes nothing else: the private folder is made and settings are read when something asks for them,
 /// engines are loaded when one of their classes is created. Everything that was got from it has to be gone
 /// before it goes.
 class LocalMachine : public hosts::Machine {
   public:
-    /// Raises an automation error when the private folder cannot be made.
     explicit LocalMachine(LocalOptions options = {});
 
     /// The ports. They live as long as the machine.
@@ -63,6 +70,9 @@ class LocalMachine : public hosts::Machine {
 
     /// Has a host get ready whose class will be created soon; see HostModules.
     void start_ahead(std::string_view class_name) noexcept { modules_.start_ahead(class_name); }
+
+    /// Ends all hosts, and does not wait for it. Their objects are of no use any more.
+    void dismiss_hosts() noexcept { modules_.dismiss_all(); }
 
     /// What keeps hosts from what is not their business: "Landlock (version 7), seccomp", or "nothing".
     static std::string containment();
@@ -79,8 +89,8 @@ class LocalMachine : public hosts::Machine {
     /// worker whose parent was killed.
     void remove_private_folder() noexcept { private_folder_.remove(); }
 
-    /// Says that this call looks at no page's text: its hosts need no fonts then, and see none.
-    void leave_text_alone() noexcept { may_read_text_ = false; }
+    /// Says what this call can do without; it has it all otherwise.
+    void expect(const CallNeeds& needs) noexcept { needs_ = needs; }
 
     /// What the hosts show their user; nothing for nothing.
     const std::optional<hosts::LeftOpen>& left_open() const noexcept { return left_open_; }
@@ -95,7 +105,9 @@ class LocalMachine : public hosts::Machine {
     std::filesystem::path private_folder() const override { return private_folder_.path(); }
     std::optional<std::vector<std::string>> scratch_text(const std::string& path) const override;
     std::uint64_t memory_limit_bytes() const override { return options_.memory_limit_bytes; }
-    bool may_read_text() const override { return may_read_text_; }
+    bool may_read_text() const override { return needs_.text; }
+    bool gives_hosts_folders() const override { return needs_.folders; }
+    bool takes_turns() const override { return needs_.takes_turns; }
     bool has_printer(std::string_view name) const override { return printers_.has(name); }
     bool is_pdf_printer(std::string_view name) const override { return printers_.is_pdf_printer(name); }
     std::string default_printer() const override { return printers_.default_name(); }
@@ -116,6 +128,7 @@ class LocalMachine : public hosts::Machine {
     std::optional<std::string> setting(std::string_view key, std::string_view value) const override;
 
   private:
+    std::filesystem::path library_folder();
     std::filesystem::path make_system_folder();
     hosts::CapturedPage capture_in_browser(const std::string& address);
     void run_sender(std::string_view tail);
@@ -124,8 +137,8 @@ class LocalMachine : public hosts::Machine {
     LocalOptions options_;
     std::function<void(std::string_view, int)> on_progress_;
     std::function<bool(const hosts::FoundText&)> on_found_;
-    PrivateFolder private_folder_;
-    // Asking these fills what they remember, which is not a change that a host could see.
+    // Asking these makes it, or fills what they remember, which is not a change that a host could see.
+    mutable PrivateFolder private_folder_;
     mutable RegistryStore store_;
     mutable Printers printers_;
     LocalRegistry registry_;
@@ -140,7 +153,7 @@ class LocalMachine : public hosts::Machine {
     std::optional<hosts::HandedOver> handed_over_;
     hosts::HostWindow handed_over_window_ = 0;
     std::vector<std::string> failures_told_;
-    bool may_read_text_ = true;
+    CallNeeds needs_;
 };
 
 }  // namespace foliant::platform::local

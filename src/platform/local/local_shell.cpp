@@ -8,8 +8,7 @@ namespace {
 constexpr std::int32_t system_folder_number = 37;
 }
 
-LocalShell::LocalShell(std::filesystem::path library_folder,
-                       std::function<std::filesystem::path()> system_folder)
+LocalShell::LocalShell(Folder library_folder, Folder system_folder)
     : library_folder_(std::move(library_folder)), system_folder_(std::move(system_folder)) {}
 
 std::optional<std::string> LocalShell::special_folder(std::intptr_t, std::int32_t folder) {
@@ -18,7 +17,7 @@ std::optional<std::string> LocalShell::special_folder(std::intptr_t, std::int32_
 }
 
 std::string LocalShell::library_folder() {
-    return library_folder_.string();
+    return library_folder_().string();
 }
 
 }  // namespace foliant::platform::local

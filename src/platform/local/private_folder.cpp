@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "platform/local/system_error.h"
+#include "posix/random.h"
 
 namespace foliant::platform::local {
 
@@ -52,6 +53,21 @@ void remove_with_lock_last(const fs::path& folder) {
     if (emptied) fs::remove_all(folder);
 }
 
+/// One that nobody else can have taken, because nobody can guess it.
+std::string new_name() {
+    constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
+    std::string name(name_prefix);
+    while (name.size() < name_length)
+        name += letters[posix::random_number() % letters.size()];
+    return name;
+}
+
+automation::Error with_remedy(const automation::Error& error) {
+    return {
+        error.number(), error.source(),
+        error.description() + "\nFree some space there, or name another folder: TMPDIR=FOLDER foliant ..."};
+}
+
 void remove_if_dead(const fs::path& path) {
     const FileDescriptor folder = open_folder(path);
     struct stat status {};
@@ -62,43 +78,48 @@ void remove_if_dead(const fs::path& path) {
 
 }  // namespace
 
-PrivateFolder::PrivateFolder(const fs::path& parent) : owner_(::getpid()) {
+PrivateFolder::PrivateFolder(const fs::path& parent)
+    : path_(fs::absolute(parent) / new_name()), owner_(::getpid()) {}
+
+const fs::path& PrivateFolder::path() {
+    if (lock_) return path_;
     try {
-        make(parent);
+        make();
     } catch (const automation::Error& error) {
         if (!error.is(automation::RuntimeError::disk_full)) throw;
-        sweep(parent);
-        make(parent);
+        sweep(path_.parent_path());
+        make();
+    }
+    return path_;
+}
+
+void PrivateFolder::make() {
+    // A sweeper may take a folder for dead in the instant before its lock is held; then it is made again.
+    while (!try_to_make()) {
     }
 }
 
-void PrivateFolder::make(const fs::path& parent) {
-    // A sweeper may take a folder for dead in the instant before its lock is held; then there is another.
-    while (!try_to_make(fs::absolute(parent))) {
-    }
-}
-
-bool PrivateFolder::try_to_make(const fs::path& parent) {
-    std::string made = (parent / (std::string(name_prefix) + "XXXXXX")).string();
-    if (::mkdtemp(made.data()) == nullptr) {
+bool PrivateFolder::try_to_make() {
+    if (::mkdir(path_.c_str(), 0700) != 0) {
         const auto number = errno == ENOSPC || errno == EDQUOT ? automation::RuntimeError::disk_full
                             : errno == ENOENT || errno == ENOTDIR
                                 ? automation::RuntimeError::path_not_found
                                 : automation::RuntimeError::permission_denied;
-        throw system_error(number, "make a temporary folder in", parent.string(), errno);
+        throw with_remedy(
+            system_error(number, "make a temporary folder in", path_.parent_path().string(), errno));
     }
-    const FileDescriptor folder = open_folder(made);
+    const FileDescriptor folder = open_folder(path_);
     lock_ = lock_in(folder.get(), O_CREAT);
     if (!lock_) {
         const int code = errno;
         std::error_code ignored;
-        fs::remove_all(made, ignored);
+        fs::remove_all(path_, ignored);
         if (code == ENOSPC || code == EDQUOT || code == EMFILE || code == ENFILE) {
-            throw system_error(automation::RuntimeError::disk_full, "use the temporary folder", made, code);
+            throw with_remedy(system_error(automation::RuntimeError::disk_full, "use the temporary folder",
+                                           path_.string(), code));
         }
         return false;
     }
-    path_ = made;
     return true;
 }
 

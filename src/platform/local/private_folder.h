@@ -7,21 +7,25 @@
 
 namespace foliant::platform::local {
 
-/// A folder of this process alone, `foliant-XXXXXX` with mode 0700, removed with everything in it when its
-/// owner ends. A file in it is locked as long as the owner lives; the system lets go of that lock however the
-/// process ends, so a later call finds the folders of killed processes and removes them (`sweep`).
+/// A folder of this process and its children alone, `foliant-XXXXXX` with mode 0700, made when somebody asks for it and
+/// removed with everything in it when its owner ends. A file in it is locked as long as the process that made it lives;
+/// the system lets go of that lock however the process ends, so a later call finds the folders of killed processes and
+/// removes them (`sweep`).
 class PrivateFolder {
   public:
-    /// Makes the folder in `parent`; where there is no room for it, after a sweep.
-    /// Raises an automation error that names `parent` when it cannot be made.
+    /// Chooses where in `parent` it will be. This process, and not a child that makes it, is its owner.
     explicit PrivateFolder(const std::filesystem::path& parent);
     PrivateFolder(const PrivateFolder&) = delete;
     PrivateFolder& operator=(const PrivateFolder&) = delete;
     /// Removes the folder, but not in a forked child, which inherits the object and not the folder.
     ~PrivateFolder();
 
-    /// Absolute.
-    const std::filesystem::path& path() const noexcept { return path_; }
+    /// Where it is, absolute. Makes it, unless it was made; where there is no room for it, after a sweep.
+    /// Raises an automation error that names its parent when it cannot be made.
+    const std::filesystem::path& path();
+
+    /// Where it is or will be, absolute.
+    const std::filesystem::path& place() const noexcept { return path_; }
 
     /// Removes the folder before its time, for a process that is about to end without unwinding, or for a
     /// forked child whose parent was killed. What another thread writes meanwhile may stay; the next sweep
@@ -36,11 +40,11 @@ class PrivateFolder {
     static void sweep(const std::filesystem::path& parent) noexcept;
 
   private:
-    void make(const std::filesystem::path& parent);
-    bool try_to_make(const std::filesystem::path& parent);
+    void make();
+    bool try_to_make();
 
     std::filesystem::path path_;
-    posix::FileDescriptor lock_;
+    posix::FileDescriptor lock_;  ///< once it was made
     pid_t owner_;
 };
 

@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "automation/value.h"
+#include "hosts/acrobat/front/front_module.h"
 #include "hosts/acrobat/noting_machine.h"
 #include "hosts/acrobat/pdf_text.h"
-#include "hosts/built_module.h"
 #include "hosts/process/host_process.h"
 #include "support/error_of.h"
 #include "support/scratch_folder.h"
@@ -15,8 +15,7 @@ namespace {
 using automation::Value;
 
 const Module& acrobat_module() {
-    static const Module& module = tests::built_module(ACROBAT_MODULE);
-    return module;
+    return *front::front_module();
 }
 
 /// Acrobat as the command has it.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+#include "hosts/module_part.h"
 #include "platform/local/local_machine.h"
 #include "registered/classes.h"
 #include "support/error_of.h"
@@ -91,7 +92,7 @@ TEST_F(HostModulesTest, SaysThatNoHostHasTheClass) {
 }
 
 TEST_F(HostModulesTest, SaysThatAModuleIsMissing) {
-    HostModules modules({folder.path()}, machine);
+    HostModules modules({folder.path()}, {}, machine);
     EXPECT_EQ(failure([&] { modules.create(distiller); }),
               "429 ActiveX component can't create object: Acrobat Distiller. Its module hosts/distiller.so "
               "is not there: "
@@ -100,7 +101,7 @@ TEST_F(HostModulesTest, SaysThatAModuleIsMissing) {
 
 TEST_F(HostModulesTest, SaysThatAFileIsNoModule) {
     fs::copy(module_folder / "no_host.so", folder.path() / "distiller.so");
-    HostModules modules({folder.path()}, machine);
+    HostModules modules({folder.path()}, {}, machine);
     EXPECT_EQ(failure([&] { modules.create(distiller); }),
               "429 ActiveX component can't create object: Acrobat Distiller. " +
                   (folder / "distiller.so").string() + " is no host module.");
@@ -109,7 +110,7 @@ TEST_F(HostModulesTest, SaysThatAFileIsNoModule) {
 }
 
 TEST_F(HostModulesTest, TakesTheFirstFolderThatHasTheModule) {
-    HostModules modules({folder.path(), module_folder}, machine);
+    HostModules modules({folder.path(), module_folder}, {}, machine);
     EXPECT_NE(modules.create(distiller), nullptr);
 }
 
@@ -133,7 +134,7 @@ TEST_F(HostModulesTest, ListsEveryHostWithItsVersionOrWhatIsMissing) {
 }
 
 TEST(HostModules, LieBesideTheProgramOrInItsLibraryFolder) {
-    const auto folders = HostModules::usual_folders("/usr/bin/foliant");
+    const auto folders = hosts::hosts_folders("/usr/bin/foliant");
     EXPECT_EQ(folders, (std::vector<fs::path>{"/usr/bin/hosts", "/usr/lib/foliant/hosts"}));
 }
 

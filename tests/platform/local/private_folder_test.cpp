@@ -45,7 +45,7 @@ TEST(PrivateFolder, IsForItsOwnerAloneAndGoesWithEverythingInIt) {
     const tests::ScratchFolder parent;
     fs::path path;
     {
-        const PrivateFolder folder(parent.path());
+        PrivateFolder folder(parent.path());
         path = folder.path();
         struct stat status {};
         ASSERT_EQ(::stat(path.c_str(), &status), 0);
@@ -66,7 +66,7 @@ TEST(PrivateFolder, OfAKilledProcessIsSweptAway) {
         return folder->path();
     });
     ASSERT_TRUE(fs::exists(left / "1234.ps"));
-    const PrivateFolder next(parent.path());
+    PrivateFolder next(parent.path());
     PrivateFolder::sweep(parent.path());
     EXPECT_FALSE(fs::exists(left));
     EXPECT_TRUE(fs::exists(next.path()));
@@ -89,8 +89,9 @@ TEST(PrivateFolder, TakesTheRoomThatTheDeadHaveLeftNone) {
         const fs::path left =
             in_killed_process([&] { return (new PrivateFolder(parent.path()))->path(); });  // 2 of 3
         const bool was_left = fs::exists(left);
-        const PrivateFolder next(parent.path());
-        ::_exit(was_left && !fs::exists(left) && fs::exists(next.path()) ? 0 : 1);
+        PrivateFolder next(parent.path());
+        const bool is_there = fs::exists(next.path());
+        ::_exit(was_left && is_there && !fs::exists(left) ? 0 : 1);
     }
     int status = 0;
     ::waitpid(child, &status, 0);
@@ -100,8 +101,8 @@ TEST(PrivateFolder, TakesTheRoomThatTheDeadHaveLeftNone) {
 
 TEST(PrivateFolder, OfALivingProcessIsLeftAlone) {
     const tests::ScratchFolder parent;
-    const PrivateFolder first(parent.path());
-    const PrivateFolder second(parent.path());
+    PrivateFolder first(parent.path());
+    PrivateFolder second(parent.path());
     EXPECT_NE(first.path(), second.path());
     EXPECT_TRUE(fs::exists(first.path()));
 }
@@ -140,7 +141,7 @@ TEST(PrivateFolder, ManyProcessesThatStartAtOnceLeaveEachOtherAlone) {
         const pid_t child = ::fork();
         if (child == 0) {
             for (int round = 0; round < 40; ++round) {
-                const PrivateFolder folder(parent.path());
+                PrivateFolder folder(parent.path());
                 for (int look = 0; look < 3; ++look) {
                     PrivateFolder::sweep(parent.path());
                     if (!fs::exists(folder.path() / ".foliant-private")) ::_exit(1);
@@ -191,7 +192,32 @@ TEST(PrivateFolder, IsRemovedByAChildThatIsToldTo) {
     } else {
         ::waitpid(child, nullptr, 0);
     }
-    EXPECT_FALSE(fs::exists(folder.path()));
+    EXPECT_FALSE(fs::exists(folder.place()));
+}
+
+TEST(PrivateFolder, IsMadeWhenSomebodyAsksForIt) {
+    const tests::ScratchFolder parent;
+    {
+        PrivateFolder folder(parent.path());
+        EXPECT_TRUE(fs::is_empty(parent.path()));
+        EXPECT_EQ(folder.path(), folder.place());
+        EXPECT_TRUE(fs::exists(folder.place()));
+    }
+    EXPECT_TRUE(fs::is_empty(parent.path()));
+}
+
+TEST(PrivateFolder, ThatAChildHasMadeIsRemovedByItsOwner) {
+    const tests::ScratchFolder parent;
+    PrivateFolder folder(parent.path());
+    if (const pid_t child = ::fork(); child == 0) {
+        folder.path();
+        ::_exit(0);
+    } else {
+        ::waitpid(child, nullptr, 0);
+    }
+    EXPECT_TRUE(fs::exists(folder.place()));
+    folder.remove();
+    EXPECT_FALSE(fs::exists(folder.place()));
 }
 
 // An engine may write while its folder is removed; what is left has to be known as something to remove.
@@ -223,12 +249,14 @@ TEST(PrivateFolder, ThatCouldNotBeRemovedWholeIsSweptAway) {
 TEST(PrivateFolder, SaysWhereItCouldNotBeMade) {
     const tests::ScratchFolder parent;
     try {
-        const PrivateFolder folder(parent.path() / "missing");
+        PrivateFolder folder(parent.path() / "missing");
         FAIL() << "made " << folder.path();
     } catch (const automation::Error& error) {
         EXPECT_EQ(error.number(), 76);
-        EXPECT_EQ(error.description(), "Path not found: cannot make a temporary folder in " +
-                                           (parent / "missing").string() + " (No such file or directory).");
+        EXPECT_EQ(error.description(),
+                  "Path not found: cannot make a temporary folder in " + (parent / "missing").string() +
+                      " (No such file or directory).\nFree some space there, or name another "
+                      "folder: TMPDIR=FOLDER foliant ...");
     }
 }
 

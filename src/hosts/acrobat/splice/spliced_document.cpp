@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
-#include <random>
 #include <utility>
 
 #include "hosts/acrobat/splice/linearised_file.h"
+#include "posix/random.h"
 
 namespace foliant::hosts::acrobat::splice {
 
@@ -22,11 +22,10 @@ constexpr std::size_t header_size = 8 + behind_version.size();
 
 /// What makes a file another one than those that are like it, as hexadecimal digits.
 std::string new_identifier() {
-    std::random_device random;
     std::string digits = "<";
     for (int i = 0; i < 4; ++i) {
         char piece[16];
-        std::snprintf(piece, sizeof piece, "%08x", random());
+        std::snprintf(piece, sizeof piece, "%08x", posix::random_number());
         digits += piece;
     }
     return digits + ">";

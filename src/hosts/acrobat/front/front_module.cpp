@@ -1,7 +1,8 @@
+#include "hosts/acrobat/front/front_module.h"
+
 #include "hosts/acrobat/front/front.h"
 #include "hosts/acrobat/front/parts.h"
 #include "hosts/containment/usual_files.h"
-#include "hosts/module.h"
 
 namespace foliant::hosts::acrobat::front {
 namespace {
@@ -35,24 +36,25 @@ automation::ObjectPtr create(std::string_view class_name, Machine& machine) {
 /// Documents come as open files.
 containment::Policy policy(const std::filesystem::path& folder) {
     using namespace containment;
-    return {.may_read = system_libraries() + locales() + empty_devices() + files_of_parts(),
+    return {.may_read = system_libraries() + time_zones() + empty_devices() + files_of_parts(),
             .may_write = {folder, "/dev/null"},
             .may_start = {},
             .limits = {}};
 }
 
-/// Fonts and character maps.
+/// Fonts and character maps, and what languages do with text.
 containment::Paths for_text() {
     using namespace containment;
-    return fonts() + Paths{"/usr/share/poppler"};
+    return fonts() + locales() + Paths{"/usr/share/poppler"};
 }
 
 constexpr Module module = {
     [] { return load_engine().version(); }, create, policy, for_text, shortcomings, true};
 
 }  // namespace
-}  // namespace foliant::hosts::acrobat::front
 
-extern "C" __attribute__((visibility("default"))) const foliant::hosts::Module* foliant_host_module() {
-    return &foliant::hosts::acrobat::front::module;
+const Module* front_module() noexcept {
+    return &module;
 }
+
+}  // namespace foliant::hosts::acrobat::front
