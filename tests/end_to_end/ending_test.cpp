@@ -98,6 +98,19 @@ TEST_F(EndlessJob, LeftoversOfAKilledCommandAndItsWorkerGoWithTheNextCallThatTak
     EXPECT_EQ(shop.leftovers(), "");
 }
 
+TEST(Leftovers, ACallThatFindsNoRoomForItsFolderSaysWhatToDo) {
+    REQUIRE_HOST("Acrobat");
+    const Workshop shop;
+    shop.run({"gs", "-q", "-sDEVICE=pdfwrite", "-o", "a.pdf", "-c", "showpage"});
+    const Finished call =
+        shop.run({"env", "TMPDIR=/proc", FOLIANT_COMMAND, "CreateTextfileFromPDF", "a.pdf", "a.txt"});
+    EXPECT_EQ(call.exit_code, 1);
+    EXPECT_EQ(
+        call.errors,
+        "foliant: Path not found: cannot make a temporary folder in /proc (No such file or directory).\n"
+        "Free some space there, or name another folder: TMPDIR=FOLDER foliant ...\n");
+}
+
 TEST_F(EndlessJob, TellsTheTimeLimitInJsonToo) {
     shop.write("loop.ps", "%!PS\n{} loop\n");
     const Finished call =

@@ -91,7 +91,7 @@ void HostModules::start_ahead(std::string_view class_name) noexcept {
 
 void HostModules::dismiss_all() noexcept {
     for (const auto& [module, process] : processes_)
-        process->dismiss();
+        if (process != nullptr) process->dismiss();  // one that could not be started is null
 }
 
 /// Starts it where it is not running.

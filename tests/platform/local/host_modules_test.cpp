@@ -77,6 +77,17 @@ TEST_F(HostModulesTest, NothingIsStartedAheadForAHostWithoutAProcess) {
     EXPECT_EQ(processes(machine), 0);
 }
 
+TEST_F(HostModulesTest, WhatCouldNotBeStartedNeedNotBeDismissed) {
+    LocalMachine without_room{{.temporary_folder = folder / "missing",
+                               .configuration_folder = folder.path(),
+                               .hosts_folder = module_folder}};
+    without_room.start_ahead("Word.Application");
+    EXPECT_TRUE(failure([&] {
+                    without_room.platform().servers.create("Word.Application");
+                }).starts_with("76 Path not found: cannot make a temporary folder in "));
+    without_room.dismiss_hosts();
+}
+
 TEST_F(HostModulesTest, SaysWhatToDoInsteadOfAHostThatNoEngineStandsInFor) {
     EXPECT_EQ(failure([&] { servers.create("crystal.crpe.application"); }),
               "429 ActiveX component can't create object: Crystal Reports. There is no engine that stands in "
