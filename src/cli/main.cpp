@@ -79,7 +79,7 @@ int run(const Request& request) {
 
 /// Ends the process when everything has been said, without going through what libraries have left to do then: the kernel
 /// is quicker. The sanitizers look for leaks there.
-void leave(int code) {
+void leave([[maybe_unused]] int code) {
 #ifndef __SANITIZE_ADDRESS__
     std::cout.flush();
     std::cerr.flush();
