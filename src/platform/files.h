@@ -8,7 +8,8 @@
 
 namespace foliant::platform {
 
-/// A text file being written line by line. Destroying it closes it, with errors passed over.
+/// A text file being written line by line. Destroying one that was not closed lets go of it, with errors passed
+/// over; whether what was written stays is the system's to say.
 class TextFile {
   public:
     virtual ~TextFile() = default;

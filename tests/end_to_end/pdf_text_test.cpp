@@ -72,6 +72,11 @@ TEST_F(PdfText, LeavesATextFileThatIsThereWhereThePdfIsNone) {
     EXPECT_EQ(shop.read("a.txt"), "something else");
 }
 
+TEST_F(PdfText, LeavesNoTextFileWhereThePdfIsNone) {
+    EXPECT_EQ(shop.foliant({"CreateTextfileFromPDF", "a.ps", "a.txt"}).exit_code, 5);
+    EXPECT_FALSE(shop.files().contains("a.txt"));
+}
+
 TEST_F(PdfText, ThatIsFoundIsPrintedWithItsPlace) {
     const Finished call = find({"a.pdf", "second PAGE"});
     EXPECT_EQ(call.exit_code, 0) << call.errors;

@@ -4,11 +4,13 @@
 #include <cerrno>
 #include <dirent.h>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 #include <vector>
 
+#include "hosts/pending_file.h"
 #include "platform/local/system_error.h"
 #include "platform/name_pattern.h"
 #include "posix/file_descriptor.h"
@@ -61,14 +63,34 @@ std::int64_t length_of(const ScratchTexts::Lines& lines) {
     return static_cast<std::int64_t>(bytes);
 }
 
+/// A device or a pipe, which cannot change from nothing to complete: it is written as it is.
+class Device : public hosts::OutputFile {
+  public:
+    explicit Device(const std::string& path)
+        : path_(path), file_(::open(path.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC)) {
+        if (!file_) throw std::filesystem::filesystem_error("", path_, {errno, std::generic_category()});
+    }
+
+    int descriptor() const noexcept override { return file_.get(); }
+    void write(std::string_view bytes) override { hosts::write_all(file_.get(), bytes, path_); }
+    void commit() override { hosts::close_written(file_, path_); }
+
+  private:
+    std::filesystem::path path_;
+    FileDescriptor file_;
+};
+
+std::unique_ptr<hosts::OutputFile> open_output(const std::string& path) {
+    std::error_code none;
+    if (std::filesystem::is_other(std::filesystem::status(path, none))) return std::make_unique<Device>(path);
+    return std::make_unique<hosts::PendingFile>(path);
+}
+
+/// What was not closed, because the call failed or was ended, leaves what stood under the name.
 class LocalText : public TextFile {
   public:
-    LocalText(FileDescriptor file, std::string path) : file_(std::move(file)), path_(std::move(path)) {}
-    ~LocalText() override {
-        try {
-            close();
-        } catch (...) {  // NOLINT(bugprone-empty-catch): nobody is left to tell
-        }
+    explicit LocalText(const std::string& path) : path_(path) {
+        in_own_words(of_new_entry, [&] { file_ = open_output(path); });
     }
 
     void write_line(std::string_view line) override {
@@ -80,26 +102,30 @@ class LocalText : public TextFile {
     void close() override {
         if (!file_) return;
         write_waiting();
-        if (::close(file_.release()) != 0 && errno != EINTR) fail();
+        const auto file = std::move(file_);
+        in_own_words(of_storage, [&] { file->commit(); });
     }
 
   private:
     void write_waiting() {
         // Lines that cannot be written are not tried again.
         const std::string text = std::exchange(waiting_, {});
-        for (std::string_view rest = text; !rest.empty();) {
-            const ssize_t written = ::write(file_.get(), rest.data(), rest.size());
-            if (written < 0 && errno == EINTR) continue;
-            if (written < 0) fail();
-            rest.remove_prefix(static_cast<std::size_t>(written));
+        in_own_words(of_storage, [&] { file_->write(text); });
+    }
+
+    template <typename Work>
+    void in_own_words(RuntimeError (*number_of)(int code) noexcept, Work work) const {
+        try {
+            work();
+        } catch (const std::filesystem::filesystem_error& failure) {
+            const int code = failure.code().value();
+            throw system_error(number_of(code), "write", path_, code);
         }
     }
 
-    [[noreturn]] void fail() const { throw system_error(of_storage(errno), "write", path_, errno); }
-
-    FileDescriptor file_;
     std::string path_;
     std::string waiting_;
+    std::unique_ptr<hosts::OutputFile> file_;
 };
 
 class LocalListing : public Listing {
@@ -176,26 +202,11 @@ void LocalFiles::make_folder(const std::string& path) {
     }
 }
 
-namespace {
-
-/// A file that is there goes, and is not written over: it may have another name, under which somebody keeps
-/// it until the new one is complete. Where it cannot go, it is emptied.
-void make_way(const std::string& path) {
-    struct stat status {};
-    const bool is_there = ::lstat(path.c_str(), &status) == 0;
-    if (is_there && (S_ISREG(status.st_mode) || S_ISLNK(status.st_mode))) ::unlink(path.c_str());
-}
-
-}  // namespace
-
 std::unique_ptr<TextFile> LocalFiles::create_text(const std::string& path, TextPurpose purpose) {
     if (path.empty() || holds_nul(path))
         throw system_error(RuntimeError::path_file_access, "write", path, EINVAL);
     if (purpose == TextPurpose::scratch) return scratch_texts_.create(path);
-    make_way(path);
-    FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
-    if (!file) throw system_error(of_new_entry(errno), "write", path, errno);
-    return std::make_unique<LocalText>(std::move(file), path);
+    return std::make_unique<LocalText>(path);
 }
 
 std::unique_ptr<Listing> LocalFiles::list(const std::string& pattern) {

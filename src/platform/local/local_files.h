@@ -25,7 +25,8 @@ class LocalFiles : public Files {
 
     /// A result raises 76 when the folder is missing, 75 for a folder or an empty path, 70 when it may not be
     /// written, 61 when the disk is full. Lines are kept back and written in larger pieces, so a full disk
-    /// may show at `close` only. A scratch text touches nothing on the disk.
+    /// may show at `close` only. A result takes its name when it is closed, in place of what had it; one that
+    /// is never closed leaves nothing. A scratch text touches nothing on the disk.
     std::unique_ptr<TextFile> create_text(const std::string& path, TextPurpose purpose) override;
 
     /// What `create_text` was asked for under that path as scratch, line by line; null when it was not.

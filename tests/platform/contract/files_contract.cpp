@@ -45,8 +45,11 @@ TEST_P(PortContract, ATextFileHoldsItsLinesEachWithCarriageReturnAndLineFeed) {
 }
 
 TEST_P(PortContract, ATextFileIsEmptiedWhenItIsMadeAgain) {
-    ports.files.create_text(world->path("a.txt"), TextPurpose::result)->write_line("long first content");
-    ports.files.create_text(world->path("a.txt"), TextPurpose::result)->write_line("b");
+    for (const char* line : {"long first content", "b"}) {
+        const auto file = ports.files.create_text(world->path("a.txt"), TextPurpose::result);
+        file->write_line(line);
+        file->close();
+    }
     EXPECT_EQ(world->content("a.txt"), "b\r\n");
 }
 

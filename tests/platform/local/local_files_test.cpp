@@ -121,6 +121,14 @@ TEST_F(LocalFilesTest, ATextThatIsMadeAgainLeavesTheOldOneItsOtherNames) {
     EXPECT_EQ(tests::read_file(kept), "what was there");
 }
 
+TEST_F(LocalFilesTest, ATextThatIsNeverClosedLeavesWhatWasThere) {
+    const std::string old = folder.write("old.txt", "what was there").string();
+    for (const std::string& path : {old, (folder / "new.txt").string()})
+        files.create_text(path, TextPurpose::result)->write_line(std::string(100'000, 'x'));
+    EXPECT_EQ(tests::read_file(old), "what was there");
+    EXPECT_EQ(tests::names_in(folder.path()), std::vector<std::string>{"old.txt"});
+}
+
 TEST_F(LocalFilesTest, AFullDiskShowsWhileALongTextIsWritten) {
     const auto file = files.create_text("/dev/full", TextPurpose::result);
     EXPECT_TRUE(failure([&] {
