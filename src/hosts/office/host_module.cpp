@@ -36,9 +36,9 @@ automation::ObjectPtr create(std::string_view class_name, Machine& machine) {
 /// LibreOffice's own files, what its libraries read everywhere, and the profile.
 containment::Policy policy(const std::filesystem::path& folder) {
     using namespace containment;
-    const Paths office{office_folder(),         "/etc/libreoffice",    "/usr/share/libreoffice",
-                       "/usr/share/liblangtag", "/usr/share/hunspell", "/usr/share/hyphen",
-                       "/usr/share/mythes",     "/etc/papersize"};
+    const Paths office{office_folder(),         "/etc/libreoffice",         "/usr/share/libreoffice",
+                       "/usr/share/liblangtag", "/usr/share/libnumbertext", "/usr/share/hunspell",
+                       "/usr/share/hyphen",     "/usr/share/mythes",        "/etc/papersize"};
     return {.may_read = office + system_libraries() + fonts() + locales() + empty_devices(),
             .may_write = {folder, "/dev/null"},
             .may_start = {},
