@@ -4,7 +4,6 @@
 
 #include "hosts/office/pdf_reader.h"
 #include "hosts/office/print/flattening.h"
-#include "hosts/office/print/form_fields.h"
 #include "hosts/office/print/pdf_to_postscript.h"
 #include "hosts/office/support.h"
 #include "support/scratch_folder.h"
@@ -116,31 +115,6 @@ std::string page_with(const std::string& drawing) {
 TEST(PostScript, HasTheUsualMiterLimitWhereOneIsBeyondAllNumbers) {
     EXPECT_TRUE(has_line(pdf_to_postscript(page_with("-92233720368547758.08 M"), "title"), "10 M"));
     EXPECT_TRUE(has_line(pdf_to_postscript(page_with("3 M"), "title"), "3 M"));
-}
-
-TEST(FormFields, BecomePartsOfTheirPagesAndLinksStay) {
-    const tests::ScratchFolder folder;
-    const std::string look = "/F 9 Tf 0 g (tick) Tj";
-    const std::string drawn = with_fields_drawn(
-        "%PDF-1.4\n"
-        "1 0 obj <</Type/Catalog/Pages 2 0 R/AcroForm<</Fields[4 0 R]/NeedAppearances true"
-        "/DR<</Font<</F<</Type/Font/Subtype/Type1/BaseFont/Helvetica>>>>>>>>>> endobj\n"
-        "2 0 obj <</Type/Pages/Kids[3 0 R]/Count 1>> endobj\n"
-        "3 0 obj <</Type/Page/Parent 2 0 R/MediaBox[0 0 200 200]/Annots[4 0 R 6 0 R]>> endobj\n"
-        "4 0 obj <</Type/Annot/Subtype/Widget/FT/Tx/T(a)/F 4/Rect[20 20 120 40]/AP<</N 5 0 R>>>> endobj\n"
-        "5 0 obj <</Type/XObject/Subtype/Form/BBox[0 0 100 20]/Resources<<>>/Length " +
-        std::to_string(look.size() + 6) + ">> stream\nBT " + look +
-        " ET\nendstream endobj\n"
-        "6 0 obj <</Type/Annot/Subtype/Link/Rect[20 80 120 90]/A<</S/URI/URI(http://a.example/)>>>> endobj\n"
-        "trailer <</Root 1 0 R/Size 7>>\n%%EOF\n");
-    folder.write("drawn.pdf", drawn);
-    EXPECT_EQ(test::PdfReader(folder / "drawn.pdf").text(1), "tick") << "in a font of the form's";
-    EXPECT_EQ(drawn.find("/Widget"), std::string::npos);
-    EXPECT_NE(drawn.find("/Link"), std::string::npos);
-}
-
-TEST(FormFields, APdfWithoutAnyStaysAsItIs) {
-    EXPECT_EQ(with_fields_drawn(page_with("")), page_with(""));
 }
 
 TEST(Flattening, IsMendedWhereItLosesText) {

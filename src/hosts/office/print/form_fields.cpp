@@ -5,6 +5,7 @@
 #include <qpdf/QPDFPageObjectHelper.hh>
 #include <vector>
 
+#include "hosts/office/print/field_texts.h"
 #include "hosts/office/print/written_pdf.h"
 
 namespace foliant::hosts::office {
@@ -49,6 +50,8 @@ std::string with_fields_drawn(std::string pdf) {
     if (!form.isDictionary()) return pdf;
     // LibreOffice asks viewers to draw the fields anew, and yet says how they look.
     form.removeKey("/NeedAppearances");
+    QPDF looks;
+    draw_field_texts(document, looks);
     draw_fields(document);
     return written_pdf(document);
 }
