@@ -58,6 +58,19 @@ TEST_F(PdfMakerHost, HasAcrobatShowWhatItMakesUnderTheNameUpToTheFirstDot) {
     EXPECT_EQ(tests::names_in(folder.path()), (tests::Names{"Letter.first.DOCX", "README"}));
 }
 
+/// LibreOffice reads how to count so from files that lie outside of its own folders.
+TEST_F(PdfMakerHost, CountsInNativeNumbers) {
+    folder.write("list.fodt", R"(<?xml version="1.0" encoding="UTF-8"?>
+<office:document xmlns:office="urn:oasis:names:tc:opendocument:xmlns:office:1.0"
+ xmlns:text="urn:oasis:names:tc:opendocument:xmlns:text:1.0" xmlns:style="urn:oasis:names:tc:opendocument:xmlns:style:1.0"
+ office:version="1.2" office:mimetype="application/vnd.oasis.opendocument.text"><office:automatic-styles>
+<text:list-style style:name="L"><text:list-level-style-number text:level="1" style:num-suffix=":"
+ style:num-format="一, 二, 三, ..."/></text:list-style></office:automatic-styles><office:body><office:text>
+<text:list text:style-name="L"><text:list-item><text:p>one</text:p></text:list-item><text:list-item><text:p>two</text:p>
+</text:list-item></text:list></office:text></office:body></office:document>)");
+    EXPECT_EQ(made_of(folder / "list.fodt"), "一:one / 二:two");
+}
+
 TEST_F(PdfMakerHost, ConvertsDocumentsOfEveryApplication) {
     EXPECT_NE(made_of(test::document("one.docx")), "");
     EXPECT_NE(made_of(test::document("sales.xlsx")), "");
