@@ -88,8 +88,10 @@ TEST_F(OfficeToPdf, SlidesBothWays) {
     expect_success({"CreatePDFfromPowerPoint", "a.pdf", "talk.fodp", "--start-slide", "2"});
     EXPECT_EQ(shop.pages("a.pdf"), 1);
     EXPECT_NE(shop.text("a.pdf").find("second"), std::string::npos);
+    EXPECT_EQ(shop.page_size("a.pdf"), "447 x 794") << "upright";
     expect_success({"CreatePDFfromPowerPoint2", "b.pdf", "talk.fodp", "--horizontal-orientation"});
     EXPECT_EQ(shop.pages("b.pdf"), 2);
+    EXPECT_EQ(shop.page_size("b.pdf"), "793.701 x 446.457") << "lying";
     expect_failure({"CreatePDFfromPowerPoint2", "c.pdf", "talk.fodp", "--start-slide", "3"},
                    {"slides 1 to 2, and no slide 3"});
 }

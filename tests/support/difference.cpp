@@ -40,6 +40,12 @@ Lines difference(const Lines& expected, const Lines& actual) {
     return shown;
 }
 
+Lines changes(const Lines& expected, const Lines& actual) {
+    Lines shown = difference(expected, actual);
+    std::erase_if(shown, [](const std::string& line) { return line.starts_with("  "); });
+    return shown;
+}
+
 void expect_lines(const Lines& actual, const Lines& expected, std::source_location place) {
     if (expected == actual) return;
     ADD_FAILURE_AT(place.file_name(), static_cast<int>(place.line()))

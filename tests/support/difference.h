@@ -11,6 +11,9 @@ namespace foliant::tests {
 /// has, two blanks before the others.
 Lines difference(const Lines& expected, const Lines& actual);
 
+/// The same without the lines that both have.
+Lines changes(const Lines& expected, const Lines& actual);
+
 /// Compares lines with the expected ones as a whole; a failure shows both in one, line by line, at the place
 /// of the call.
 void expect_lines(const Lines& actual, const Lines& expected,

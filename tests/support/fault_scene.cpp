@@ -61,8 +61,7 @@ End end_of(const Lines& failed, const Lines& undisturbed) {
         end.lines.back() = "raise the failure";
     } else if (!failed.back().starts_with("raise ")) {
         const Lines usual(undisturbed.begin() + (action - failed.begin()) + 1, undisturbed.end());
-        Lines other = difference(usual, end.lines);
-        std::erase_if(other, [](const std::string& line) { return line.starts_with("  "); });
+        const Lines other = changes(usual, end.lines);
         end.lines = {other.empty() ? "go on" : "go on, but"};
         end.lines.insert(end.lines.end(), other.begin(), other.end());
     }

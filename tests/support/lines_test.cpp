@@ -24,6 +24,11 @@ TEST(Difference, ShowsEveryLineOfBothOnce) {
     EXPECT_EQ(difference({}, {}), Lines());
 }
 
+TEST(Changes, AreTheLinesThatOnlyOneHas) {
+    EXPECT_EQ(changes({"a", "b", "c"}, {"a", "x", "c", "d"}), (Lines{"- b", "+ x", "+ d"}));
+    EXPECT_EQ(changes({"a", "b"}, {"a", "b"}), Lines());
+}
+
 const Lines journal{"open a", "print a", "close a", "open b", "print b", "close b"};
 
 TEST(Slices, AreFoundByWhatTheirLinesSay) {

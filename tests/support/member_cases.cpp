@@ -111,6 +111,38 @@ TEST_P(WholeJournals, AreThoseOfANewObjectAfterOtherCallsWhateverBecameOfThem) {
 INSTANTIATE_TEST_SUITE_P(Members, WholeJournals, testing::ValuesIn(all<WholeJournal>()),
                          [](const auto& test) { return test.param->call.name(); });
 
+namespace {
+
+/// The lines that the probe looks at, of the journal of that call: all when it names none.
+Lines traces_of(const MemberCall& call, const ParameterProbe& probe) {
+    const Lines journal = make(call).journal;
+    const auto& texts = probe.traces.lines_with;
+    return texts.empty() ? journal : lines_with(journal, texts, probe.place);
+}
+
+/// Of each flag of the probe's call, by its name: what turning it round, and nothing else, does to the traces.
+std::vector<std::pair<std::string, Lines>> changes_by_flag(const ParameterProbe& probe) {
+    const Lines traces = traces_of(probe.call, probe);
+    std::vector<std::pair<std::string, Lines>> all_changes;
+    for (std::size_t i = 0; i < probe.call.arguments.size(); ++i) {
+        const auto& [name, value] = probe.call.arguments[i];
+        const bool* const flag = value.if_holds<bool>();
+        if (flag == nullptr) continue;
+        MemberCall turned = probe.call;
+        turned.arguments[i].value = !*flag;
+        all_changes.emplace_back(name, changes(traces, traces_of(turned, probe)));
+    }
+    return all_changes;
+}
+
+std::vector<const ParameterProbe*> probes_that_state_flags() {
+    std::vector<const ParameterProbe*> probes = all<ParameterProbe>();
+    std::erase_if(probes, [](const ParameterProbe* probe) { return probe->traces.flags.empty(); });
+    return probes;
+}
+
+}  // namespace
+
 class Parameters : public testing::TestWithParam<const ParameterProbe*> {
   protected:
     const ParameterProbe& probe = *GetParam();
@@ -128,12 +160,7 @@ TEST_P(Parameters, AreAllNamed) {
 }
 
 TEST_P(Parameters, ReachTheirPlacesOutside) {
-    const Lines journal = make(probe.call).journal;
-    if (probe.traces.lines_with.empty())
-        expect_text(journal, "", probe.place);
-    else
-        expect_text(lines_with(journal, probe.traces.lines_with, probe.place), probe.traces.expected,
-                    probe.place);
+    expect_text(traces_of(probe.call, probe), probe.traces.expected, probe.place);
 }
 
 TEST_P(Parameters, AreWrittenBackWhereTheProbeSaysAndNowhereElse) {
@@ -148,6 +175,20 @@ TEST_P(Parameters, AreWrittenBackWhereTheProbeSaysAndNowhereElse) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Members, Parameters, testing::ValuesIn(all<ParameterProbe>()),
+                         [](const auto& test) { return test.param->call.name(); });
+
+class Flags : public Parameters {};
+
+TEST_P(Flags, ChangeTheirOwnLinesAndNoOthers) {
+    Lines report;
+    for (const auto& [flag, changed] : changes_by_flag(probe)) {
+        report.push_back(flag + ":");
+        report.insert(report.end(), changed.begin(), changed.end());
+    }
+    expect_text(report, probe.traces.flags, probe.place);
+}
+
+INSTANTIATE_TEST_SUITE_P(Members, Flags, testing::ValuesIn(probes_that_state_flags()),
                          [](const auto& test) { return test.param->call.name(); });
 
 namespace {
@@ -169,6 +210,20 @@ std::string missing_cases(const core::Member& member) {
     note(has<ParameterProbe>(member), "parameter probe");
     note(has_fault_scene(member), "fault scene");
     return missing;
+}
+
+std::string unseen_flags(const core::Member& member) {
+    std::set<std::string> unseen;
+    std::set<std::string> seen;
+    for (const ParameterProbe* probe : all<ParameterProbe>()) {
+        if (probe->call.row() != &member) continue;
+        for (const auto& [flag, changed] : changes_by_flag(*probe))
+            (changed.empty() && probe->traces.flags.empty() ? unseen : seen).insert(flag);
+    }
+    std::string names;
+    for (const std::string& flag : unseen)
+        if (!seen.contains(flag)) names += (names.empty() ? "" : ", ") + flag;
+    return names;
 }
 
 }  // namespace foliant::tests

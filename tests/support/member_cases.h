@@ -30,7 +30,11 @@ class WholeJournal {
 struct Traces {
     std::vector<std::string_view> lines_with{};  ///< the lines of the journal that contain one of these
     std::string_view expected{};                 ///< ... and what they say, indented as you like
-    automation::Value result{};                  ///< of the call
+    /// What becomes of those lines when one flag of the call is turned round and nothing else: each flag's name
+    /// and a colon, then the lines that are gone after "- " and the new ones after "+ ". It tells the flags of a
+    /// member apart, of which several have the same value in one call. "" leaves it open.
+    std::string_view flags{};
+    automation::Value result{};  ///< of the call
     /// What the caller's variables hold afterwards, by the parameter's name. All others are as they were.
     std::map<std::string_view, automation::Value> written{};
 };
@@ -54,5 +58,9 @@ void PrintTo(const ParameterProbe* probe, std::ostream* out);
 /// What this program's files do not state about that member: "whole journal, fault scene", "" when they state
 /// everything.
 std::string missing_cases(const core::Member& member);
+
+/// The flags of that member that no probe sees: turned round, they change none of its lines, and it does not say
+/// that they should not. "" when there are none.
+std::string unseen_flags(const core::Member& member);
 
 }  // namespace foliant::tests

@@ -93,6 +93,16 @@ const tests::ParameterProbe parameters({.member = "CreatePDFfromExcel2",
         Excel.Range.PrintOut(ActivePrinter:="Adobe PDF")
         send WM_CLOSE (0, "0") to "Adobe Acrobat Professional - [sales.pdf]"
     )",
+                                        .flags = R"(
+        blnUseGrid:
+            - Excel.PageSetup.PrintGridlines = False
+            + Excel.PageSetup.PrintGridlines = True
+        blnLandscape:
+            - Excel.PageSetup.Orientation = Integer(2)
+            + Excel.PageSetup.Orientation = Integer(1)
+        blnCloseAcrobat:
+            - send WM_CLOSE (0, "0") to "Adobe Acrobat Professional - [sales.pdf]"
+    )",
                                         .written = {{"strDistiller", "Adobe PDF"}}});
 
 class CreatePDFfromExcel2 : public ExcelMember {

@@ -108,6 +108,27 @@ const tests::ParameterProbe parameters({.member = "CreatePDFfromExcel",
         SecureDistiller.bSpoolJobs = True
         SecureDistiller.FileToPDF2("C:\Temp\13387663.ps", "C:\out\sales.pdf", "C:\x.joboptions", True)
     )",
+                                        .flags = R"(
+        blnUseGrid:
+            - Excel.PageSetup.PrintGridlines = True
+            + Excel.PageSetup.PrintGridlines = False
+        blnLandscape:
+            - Excel.PageSetup.Orientation = Integer(1)
+            + Excel.PageSetup.Orientation = Integer(2)
+        blnShowWindow:
+            - SecureDistiller.bShowWindow = False
+            + SecureDistiller.bShowWindow = True
+        blnSpoolJobs:
+            - SecureDistiller.bSpoolJobs = True
+            + SecureDistiller.bSpoolJobs = False
+        blnApplySecurity:
+            - SecureDistiller.bShowWindow = False
+            - SecureDistiller.bSpoolJobs = True
+            - SecureDistiller.FileToPDF2("C:\Temp\13387663.ps", "C:\out\sales.pdf", "C:\x.joboptions", True)
+            + Distiller.bShowWindow = False
+            + Distiller.bSpoolJobs = True
+            + Distiller.FileToPDF("C:\Temp\13387663.ps", "C:\out\sales.pdf", "C:\x.joboptions")
+    )",
                                         .written = {{"strDistiller", "Adobe PDF"}}});
 
 class CreatePDFfromExcel : public ExcelMember {

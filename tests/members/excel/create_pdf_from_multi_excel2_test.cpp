@@ -155,6 +155,16 @@ const tests::ParameterProbe parameters({.member = "CreatePDFfromMultiExcel2",
         find window "adobe acrobat professional - [sales.pdf]" -> none
         AcroExch.PDDoc.Save(Integer(5), "C:\out\sales.pdf")
     )",
+                                        .flags = R"(
+        blnUseGrid:
+            - Excel.PageSetup.PrintGridlines = True
+            + Excel.PageSetup.PrintGridlines = False
+        blnCloseAcrobat:
+            - find window "adobe acrobat - [sales.pdf]" -> none
+            - find window "adobe acrobat professional - [sales.pdf]" -> none
+            - find window "adobe acrobat - [sales.pdf]" -> none
+            - find window "adobe acrobat professional - [sales.pdf]" -> none
+    )",
                                         .written = {{"strDistiller", "Adobe PDF"}}});
 
 class CreatePDFfromMultiExcel2 : public ExcelMember {

@@ -142,6 +142,24 @@ const tests::ParameterProbe parameters({.member = "CreatePDFfromMultiExcel",
         SecureDistiller.bSpoolJobs = False
         SecureDistiller.FileToPDF2("C:\out\sales.ps", "C:\out\sales.pdf", "", True)
     )",
+                                        .flags = R"(
+        blnUseGrid:
+            - Excel.PageSetup.PrintGridlines = True
+            + Excel.PageSetup.PrintGridlines = False
+        blnShowWindow:
+            - SecureDistiller.bShowWindow = True
+            + SecureDistiller.bShowWindow = False
+        blnSpoolJobs:
+            - SecureDistiller.bSpoolJobs = False
+            + SecureDistiller.bSpoolJobs = True
+        blnApplySecurity:
+            - SecureDistiller.bShowWindow = True
+            - SecureDistiller.bSpoolJobs = False
+            - SecureDistiller.FileToPDF2("C:\out\sales.ps", "C:\out\sales.pdf", "", True)
+            + Distiller.bShowWindow = True
+            + Distiller.bSpoolJobs = False
+            + Distiller.FileToPDF("C:\out\sales.ps", "C:\out\sales.pdf", "")
+    )",
                                         .written = {{"strDistiller", "Adobe PDF"}}});
 
 class CreatePDFfromMultiExcel : public ExcelMember {

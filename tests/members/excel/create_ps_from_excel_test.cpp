@@ -84,6 +84,16 @@ const tests::ParameterProbe parameters({.member = "CreatePSfromExcel",
         Excel.Worksheet.Range("B2:C9")
         Excel.Range.PrintOut(Copies:=Integer(1), preview:=False, PrintToFile:=True, Collate:=True, PrToFilename:="C:\out\sales.ps", ActivePrinter:="Adobe PDF")
     )",
+                                        .flags = R"(
+        blnUseGrid:
+            - Excel.PageSetup.PrintGridlines = True
+            + Excel.PageSetup.PrintGridlines = False
+        blnLandscape:
+            - Excel.PageSetup.Orientation = Integer(2)
+            + Excel.PageSetup.Orientation = Integer(1)
+        blnShowWindow:
+        blnSpoolJobs:
+    )",
                                         .written = {{"strDistiller", "Adobe PDF"}}});
 
 class CreatePSfromExcel : public ExcelMember {

@@ -78,13 +78,28 @@ const tests::ParameterProbe parameters(
      .arguments = {named("strPDFFile", "C:\\out\\book.pdf"), named("varPSFiles", list({"C:\\in\\a.ps"})),
                    named("strDistiller", ""), named("blnShowWindow", false), named("blnSpoolJobs", true),
                    named("strJobOptionsFile", "C:\\x.joboptions"), named("blnApplySecurity", true)}},
-    {.lines_with = {"prun", "SecureDistiller."},
+    {.lines_with = {"prun", "Distiller."},
      .expected = R"(
         write C:\out\book.ps: /prun { /mysave save def
         write C:\out\book.ps: (C:/in/a.ps) prun
         SecureDistiller.bShowWindow = False
         SecureDistiller.bSpoolJobs = True
         SecureDistiller.FileToPDF2("C:\out\book.ps", "C:\out\book.pdf", "C:\x.joboptions", True)
+    )",
+     .flags = R"(
+        blnShowWindow:
+            - SecureDistiller.bShowWindow = False
+            + SecureDistiller.bShowWindow = True
+        blnSpoolJobs:
+            - SecureDistiller.bSpoolJobs = True
+            + SecureDistiller.bSpoolJobs = False
+        blnApplySecurity:
+            - SecureDistiller.bShowWindow = False
+            - SecureDistiller.bSpoolJobs = True
+            - SecureDistiller.FileToPDF2("C:\out\book.ps", "C:\out\book.pdf", "C:\x.joboptions", True)
+            + Distiller.bShowWindow = False
+            + Distiller.bSpoolJobs = True
+            + Distiller.FileToPDF("C:\out\book.ps", "C:\out\book.pdf", "C:\x.joboptions")
     )",
      .written = {{"strDistiller", "Adobe PDF"}}});
 

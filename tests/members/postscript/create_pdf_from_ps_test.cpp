@@ -46,11 +46,26 @@ const tests::ParameterProbe parameters(
      .arguments = {named("strPDFFile", "C:\\out\\a.pdf"), named("strPSFile", "C:\\in\\a.ps"),
                    named("strDistiller", ""), named("blnShowWindow", true), named("blnSpoolJobs", false),
                    named("strJobOptionsFile", "C:\\x.joboptions"), named("blnApplySecurity", true)}},
-    {.lines_with = {"SecureDistiller."},
+    {.lines_with = {"Distiller."},
      .expected = R"(
         SecureDistiller.bShowWindow = True
         SecureDistiller.bSpoolJobs = False
         SecureDistiller.FileToPDF2("C:\in\a.ps", "C:\out\a.pdf", "C:\x.joboptions", True)
+    )",
+     .flags = R"(
+        blnShowWindow:
+            - SecureDistiller.bShowWindow = True
+            + SecureDistiller.bShowWindow = False
+        blnSpoolJobs:
+            - SecureDistiller.bSpoolJobs = False
+            + SecureDistiller.bSpoolJobs = True
+        blnApplySecurity:
+            - SecureDistiller.bShowWindow = True
+            - SecureDistiller.bSpoolJobs = False
+            - SecureDistiller.FileToPDF2("C:\in\a.ps", "C:\out\a.pdf", "C:\x.joboptions", True)
+            + Distiller.bShowWindow = True
+            + Distiller.bSpoolJobs = False
+            + Distiller.FileToPDF("C:\in\a.ps", "C:\out\a.pdf", "C:\x.joboptions")
     )",
      .written = {{"strDistiller", "Adobe PDF"}}});
 

@@ -66,6 +66,13 @@ const tests::ParameterProbe parameters(
         Powerpoint.Presentation.PrintOut(From:=Long(2), To:=Long(4))
         send WM_CLOSE (0, "0") to "Adobe Acrobat Professional - [talk.pdf]"
         Powerpoint.PrintOptions.ActivePrinter = "Office printer"
+    )",
+     .flags = R"(
+        blnHorizontalOrientation:
+            - Powerpoint.PageSetup.SlideOrientation = Integer(2)
+            + Powerpoint.PageSetup.SlideOrientation = Integer(1)
+        blnCloseAcrobat:
+            - send WM_CLOSE (0, "0") to "Adobe Acrobat Professional - [talk.pdf]"
     )"});
 
 class CreatePDFfromPowerPoint2 : public PowerPointMember {

@@ -68,7 +68,8 @@ const tests::ParameterProbe parameters(
                    named("blnHorizontalOrientation", true), named("strDistiller", " My printer "),
                    named("blnShowWindow", true), named("blnSpoolJobs", false),
                    named("strJobOptionsFile", "C:\\x.joboptions"), named("blnApplySecurity", true)}},
-    {.lines_with = {"Open(", "SlideOrientation", "ActivePrinter", "PrintOut", "Distiller."}, .expected = R"(
+    {.lines_with = {"Open(", "SlideOrientation", "ActivePrinter", "PrintOut", "Distiller."},
+     .expected = R"(
         Powerpoint.Presentations.Open("C:\in\talk.ppt")
         Powerpoint.PageSetup.SlideOrientation = Integer(1)
         Powerpoint.PrintOptions.ActivePrinter -> "Office printer"
@@ -78,6 +79,24 @@ const tests::ParameterProbe parameters(
         SecureDistiller.bShowWindow = True
         SecureDistiller.bSpoolJobs = False
         SecureDistiller.FileToPDF2("C:\Temp\13387663.ps", "C:\out\talk.pdf", "C:\x.joboptions", True)
+    )",
+     .flags = R"(
+        blnHorizontalOrientation:
+            - Powerpoint.PageSetup.SlideOrientation = Integer(1)
+            + Powerpoint.PageSetup.SlideOrientation = Integer(2)
+        blnShowWindow:
+            - SecureDistiller.bShowWindow = True
+            + SecureDistiller.bShowWindow = False
+        blnSpoolJobs:
+            - SecureDistiller.bSpoolJobs = False
+            + SecureDistiller.bSpoolJobs = True
+        blnApplySecurity:
+            - SecureDistiller.bShowWindow = True
+            - SecureDistiller.bSpoolJobs = False
+            - SecureDistiller.FileToPDF2("C:\Temp\13387663.ps", "C:\out\talk.pdf", "C:\x.joboptions", True)
+            + Distiller.bShowWindow = True
+            + Distiller.bSpoolJobs = False
+            + Distiller.FileToPDF("C:\Temp\13387663.ps", "C:\out\talk.pdf", "C:\x.joboptions")
     )"});
 
 class CreatePDFfromPowerPoint : public PowerPointMember {

@@ -90,6 +90,31 @@ const tests::ParameterProbe parameters(
         send WM_CLOSE (0, "0") to "Adobe Acrobat Professional - [notes.pdf]"
         Word.Application.ActivePrinter = "Office printer"
         Word.Font.Reset()
+    )",
+     .flags = R"(
+        blnLandscape:
+            - Word.PageSetup.Orientation = Integer(1)
+            + Word.PageSetup.Orientation = Integer(0)
+        blnFontBold:
+            - Word.Font.Bold = False
+            + Word.Font.Bold = True
+        blnFontItalic:
+            - Word.Font.Italic = True
+            + Word.Font.Italic = False
+        blnFontUnderline:
+            - Word.Font.Underline = False
+            + Word.Font.Underline = True
+        blnPageNumberInFooter:
+            + Word.Sections.Footers(Integer(1))
+            + Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=True)
+        blnPageNumberInHeader:
+            - Word.Sections.Headers(Integer(1))
+            - Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=True)
+        blnFirstPage:
+            - Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=True)
+            + Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=False)
+        blnCloseAcrobat:
+            - send WM_CLOSE (0, "0") to "Adobe Acrobat Professional - [notes.pdf]"
     )"});
 
 class CreatePDFfromTextFile2 : public WordMember {

@@ -110,6 +110,42 @@ const tests::ParameterProbe parameters({.member = "CreatePDFfromTextFile",
         SecureDistiller.bShowWindow = True
         SecureDistiller.bSpoolJobs = False
         SecureDistiller.FileToPDF2("C:\Temp\13387663.ps", "C:\out\notes.pdf", "C:\x.joboptions", True)
+    )",
+                                        .flags = R"(
+        blnLandscape:
+            - Word.PageSetup.Orientation = Integer(1)
+            + Word.PageSetup.Orientation = Integer(0)
+        blnFontBold:
+            - Word.Font.Bold = True
+            + Word.Font.Bold = False
+        blnFontItalic:
+            - Word.Font.Italic = False
+            + Word.Font.Italic = True
+        blnFontUnderline:
+            - Word.Font.Underline = True
+            + Word.Font.Underline = False
+        blnPageNumberInFooter:
+            - Word.Sections.Footers(Integer(1))
+            - Word.PageNumbers.Add(PageNumberAlignment:=Integer(2), FirstPage:=True)
+        blnPageNumberInHeader:
+            + Word.Sections.Headers(Integer(1))
+            + Word.PageNumbers.Add(PageNumberAlignment:=Integer(2), FirstPage:=True)
+        blnFirstPage:
+            - Word.PageNumbers.Add(PageNumberAlignment:=Integer(2), FirstPage:=True)
+            + Word.PageNumbers.Add(PageNumberAlignment:=Integer(2), FirstPage:=False)
+        blnShowWindow:
+            - SecureDistiller.bShowWindow = True
+            + SecureDistiller.bShowWindow = False
+        blnSpoolJobs:
+            - SecureDistiller.bSpoolJobs = False
+            + SecureDistiller.bSpoolJobs = True
+        blnApplySecurity:
+            - SecureDistiller.bShowWindow = True
+            - SecureDistiller.bSpoolJobs = False
+            - SecureDistiller.FileToPDF2("C:\Temp\13387663.ps", "C:\out\notes.pdf", "C:\x.joboptions", True)
+            + Distiller.bShowWindow = True
+            + Distiller.bSpoolJobs = False
+            + Distiller.FileToPDF("C:\Temp\13387663.ps", "C:\out\notes.pdf", "C:\x.joboptions")
     )"});
 
 class CreatePDFfromTextFile : public WordMember {

@@ -80,6 +80,29 @@ const tests::ParameterProbe parameters(
         Word.Document.PrintOut(Outputfilename:="C:\out\notes.ps")
         Word.Application.ActivePrinter = "Office printer"
         Word.Font.Reset()
+    )",
+     .flags = R"(
+        blnLandscape:
+            - Word.PageSetup.Orientation = Integer(1)
+            + Word.PageSetup.Orientation = Integer(0)
+        blnFontBold:
+            - Word.Font.Bold = False
+            + Word.Font.Bold = True
+        blnFontItalic:
+            - Word.Font.Italic = False
+            + Word.Font.Italic = True
+        blnFontUnderline:
+            - Word.Font.Underline = True
+            + Word.Font.Underline = False
+        blnPageNumberInFooter:
+            + Word.Sections.Footers(Integer(1))
+            + Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=True)
+        blnPageNumberInHeader:
+            - Word.Sections.Headers(Integer(1))
+            - Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=True)
+        blnFirstPage:
+            - Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=True)
+            + Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=False)
     )"});
 
 class CreatePSfromTextFile : public WordMember {

@@ -69,6 +69,22 @@ const tests::ParameterProbe parameters(
         Word.Document.PrintOut(Range:=Integer(4), Pages:="2-3")
         send WM_CLOSE (0, "0") to "Adobe Acrobat Professional - [letter.pdf]"
         Word.Application.ActivePrinter = "Office printer"
+    )",
+     .flags = R"(
+        blnLandscape:
+            - Word.PageSetup.Orientation = Integer(0)
+            + Word.PageSetup.Orientation = Integer(1)
+        blnPageNumberInFooter:
+            + Word.Sections.Footers(Integer(1))
+            + Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=False)
+        blnPageNumberInHeader:
+            - Word.Sections.Headers(Integer(1))
+            - Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=False)
+        blnFirstPage:
+            - Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=False)
+            + Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=True)
+        blnCloseAcrobat:
+            - send WM_CLOSE (0, "0") to "Adobe Acrobat Professional - [letter.pdf]"
     )"});
 
 class CreatePDFfromWord2 : public WordMember {

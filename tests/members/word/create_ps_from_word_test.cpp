@@ -48,7 +48,8 @@ const tests::ParameterProbe parameters(
                    named("blnLandscape", true), named("blnPageNumberInFooter", true),
                    named("blnPageNumberInHeader", false), named("lngPageNumberAlignment", std::int32_t{0}),
                    named("blnFirstPage", true), named("strDistiller", "My printer")}},
-    {.lines_with = {"Open", "Orientation", "ers(", ".Add", "ActivePrinter", "PrintOut"}, .expected = R"(
+    {.lines_with = {"Open", "Orientation", "ers(", ".Add", "ActivePrinter", "PrintOut"},
+     .expected = R"(
         Word.Documents.Open("C:\in\letter.doc", PasswordDocument:="open", WritePasswordDocument:="write")
         Word.PageSetup.Orientation = Integer(1)
         Word.Sections.Footers(Integer(1))
@@ -57,6 +58,20 @@ const tests::ParameterProbe parameters(
         Word.Application.ActivePrinter = "My printer"
         Word.Document.PrintOut(Outputfilename:="C:\out\letter.ps", Range:=Integer(4), Pages:="2-3")
         Word.Application.ActivePrinter = "Office printer"
+    )",
+     .flags = R"(
+        blnLandscape:
+            - Word.PageSetup.Orientation = Integer(1)
+            + Word.PageSetup.Orientation = Integer(0)
+        blnPageNumberInFooter:
+            - Word.Sections.Footers(Integer(1))
+            - Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=True)
+        blnPageNumberInHeader:
+            + Word.Sections.Headers(Integer(1))
+            + Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=True)
+        blnFirstPage:
+            - Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=True)
+            + Word.PageNumbers.Add(PageNumberAlignment:=Integer(0), FirstPage:=False)
     )"});
 
 class CreatePSfromWord : public WordMember {
