@@ -9,6 +9,8 @@
 #include <stdexcept>
 #include <type_traits>
 
+#include "hosts/pages/utf16.h"
+
 namespace foliant::hosts::pages {
 
 namespace {
@@ -21,14 +23,6 @@ constexpr std::size_t sample_size = 65536;
 
 bool is_control(unsigned char byte) {
     return byte < 0x20 || byte == 0x7F;
-}
-
-/// Zeros among the bytes at even and at odd places.
-std::array<std::size_t, 2> zeros(std::string_view bytes) {
-    std::array<std::size_t, 2> count{};
-    for (std::size_t i = 0; i < bytes.size(); ++i)
-        if (bytes[i] == '\0') ++count[i % 2];
-    return count;
 }
 
 /// Texts hold zeros, but not in the middle of their characters.
@@ -133,12 +127,8 @@ Encoding encoding_of(std::string_view file) {
     if (file.starts_with(utf16_le_mark)) return Encoding::utf16_le;
     if (file.starts_with(utf16_be_mark)) return Encoding::utf16_be;
     if (file.starts_with(utf8_mark)) return Encoding::utf8;
-    const std::string_view sample = file.substr(0, sample_size);
-    const auto [even, odd] = zeros(sample);
-    if (file.size() % 2 == 0 && even + odd > sample.size() / 4) {
-        if (even == 0) return Encoding::utf16_le;
-        if (odd == 0) return Encoding::utf16_be;
-    }
+    if (const auto order = utf16_without_mark(file))
+        return *order == ByteOrder::little_endian ? Encoding::utf16_le : Encoding::utf16_be;
     return is_utf8(file) ? Encoding::utf8 : Encoding::code_page;
 }
 

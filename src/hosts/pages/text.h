@@ -8,7 +8,7 @@ namespace foliant::hosts::pages {
 /// How the bytes of a text file are to be understood.
 enum class Encoding { utf8, utf16_le, utf16_be, code_page };
 
-/// By the mark at its beginning, else by what the bytes can be: UTF-16 where every other byte is zero, UTF-8 where
+/// By the mark at its beginning, else by what the bytes can be: UTF-16 where they can be nothing else, UTF-8 where
 /// all of it is, else a code page.
 Encoding encoding_of(std::string_view file);
 

@@ -22,10 +22,65 @@ TEST(TextFile, IsUtf16ByItsMarkInBothByteOrders) {
     EXPECT_EQ(western("\xFE\xFF\x01\x41\x00\xF3\x00\x0D\x00\x0A\x00z"sv), "Łó\r\nz");
 }
 
-TEST(TextFile, IsUtf16WithoutAMarkWhereEveryOtherByteIsZero) {
-    EXPECT_EQ(western("a\0b\0c\0"sv), "abc");
-    EXPECT_EQ(western("\0a\0b\0c"sv), "abc");
+/// As a program writes it that leaves out the mark.
+std::string utf16(std::u16string_view text, bool is_little) {
+    std::string bytes;
+    for (const char16_t unit : text) {
+        const auto high = static_cast<char>(unit >> 8U);
+        const auto low = static_cast<char>(unit & 0xFFU);
+        bytes += is_little ? low : high;
+        bytes += is_little ? high : low;
+    }
+    return bytes;
+}
+
+TEST(TextFile, IsUtf16WithoutAMarkInEveryScript) {
+    struct Text {
+        std::u16string_view utf16;
+        std::string_view utf8;
+    };
+    for (const auto& [units, letters] : {
+             Text{u"abc", "abc"},
+             Text{u"Größe 5 €\r\n", "Größe 5 €\r\n"},
+             Text{u"Привет", "Привет"},
+             Text{u"Привет, мир! Это обычный текст.\r\n", "Привет, мир! Это обычный текст.\r\n"},
+             Text{u"Καλημέρα κόσμε, ένα κείμενο.\r\n", "Καλημέρα κόσμε, ένα κείμενο.\r\n"},
+             Text{u"שלום עולם\r\n", "שלום עולם\r\n"},
+             Text{u"हिन्दी में एक पाठ\r\n", "हिन्दी में एक पाठ\r\n"},
+             Text{u"吾輩は猫である。名前はまだ無い。\r\n", "吾輩は猫である。名前はまだ無い。\r\n"},
+             Text{u"最近一个中文文本，没有标记。\r\n", "最近一个中文文本，没有标记。\r\n"},
+             Text{u"한국어로 쓴 글입니다.\r\n", "한국어로 쓴 글입니다.\r\n"},
+             Text{u"Lächeln 😀 пока\r\n", "Lächeln 😀 пока\r\n"},
+         }) {
+        EXPECT_EQ(western(utf16(units, true)), letters);
+        EXPECT_EQ(western(utf16(units, false)), letters);
+    }
     EXPECT_EQ(western("a\0b\0c"sv), "a b c") << "half a character is left";
+}
+
+TEST(TextFile, InBytesIsNoUtf16WhateverStraysInIt) {
+    struct Text {
+        std::string_view bytes;
+        int code_page;
+        std::string_view utf8;
+    };
+    for (const auto& [bytes, code_page, letters] : {
+             Text{"Bush hid the facts", 1252, "Bush hid the facts"},
+             Text{"one\0two\0three\0four\0"sv, 1252, "one two three four "},
+             Text{"8=FIX\x01"
+                  "9=61\x01"
+                  "35=A\x01"
+                  "49=BB\x01"sv,
+                  1252, "8=FIX 9=61 35=A 49=BB "},
+             Text{"Gr\xF6\xDF"
+                  "e\0Stra\xDF"
+                  "e\0\0\0"sv,
+                  1252, "Größe Straße   "},
+             Text{"\xCF\xF0\xE8\xE2\xE5\xF2\r\n\0\0"sv, 1251, "Привет\r\n  "},
+             Text{"\x8C\xE1\x94\x79\x82\xCD\x94\x4C\r\n", 932, "吾輩は猫\r\n"},
+             Text{"\xB0\xA1\xB3\xAA\xB4\xD9\r\n\x01\n"sv, 949, "가나다\r\n \n"},
+         })
+        EXPECT_EQ(text_of(bytes, code_page), letters);
 }
 
 TEST(TextFile, IsInTheCodePageOtherwise) {
