@@ -63,7 +63,7 @@ class Files {
     /// parent is missing or the path makes no sense.
     virtual void make_folder(const std::string& path) = 0;
 
-    /// Makes or empties a text file and opens it for writing. Where hosts are asked for the way to a scratch
+    /// Begins a text file in place of what stands under that path. Where hosts are asked for the way to a scratch
     /// text, it need be no file: what counts is that they find it under `path`, and that `length` and
     /// `remove` of that path mean it until it is removed.
     virtual std::unique_ptr<TextFile> create_text(const std::string& path, TextPurpose purpose) = 0;

@@ -285,6 +285,67 @@ const tests::ServiceFaults in_a_viewer_with_a_password(
         raise the failure
 )"});
 
+const tests::ServiceFaults in_a_viewer_of_the_documents_with_a_password(
+    "InAViewerOfTheDocumentsWithAPassword", name_what_the_dialogs_opened,
+    [](const Session& session) {
+        Acrobat acrobat;
+        session::with_error_trap(
+            [&] {
+                acrobat.application = new_application(session);
+                acrobat.document = new_document(session);
+                open_document(session, acrobat, secret);
+                acrobat.document.call("GetNumPages");
+            },
+            [&] { acrobat.let_go(); });
+    },
+    {.endings = {let_acrobat_go, say_that_the_sender_is_missing}, .report = R"(
+    fails: create AcroExch.App
+        raise the failure
+    fails: create AcroExch.PDDoc
+        AcroExch.App.Exit()
+        release AcroExch.App
+        raise the failure
+    fails: special folder 37 (owner 100)
+        length \quorixsend.exe -> not found
+        length C:\Program Files\Foliant\quorixsend.exe -> not found
+        release AcroExch.PDDoc
+        AcroExch.App.Exit()
+        release AcroExch.App
+        say that the sender is missing
+    fails: length C:\WINDOWS\system32\quorixsend.exe
+        length C:\Program Files\Foliant\quorixsend.exe -> not found
+        release AcroExch.PDDoc
+        AcroExch.App.Exit()
+        release AcroExch.App
+        say that the sender is missing
+    fails: start (hidden) C:\WINDOWS\system32\quorixsend.exe open~Edit~C:\in\Report.pdf~0~0~
+    fails: start (hidden) C:\WINDOWS\system32\quorixsend.exe password~Edit~ open me~0~0~
+    fails: AcroExch.App.MenuItemExecute("Open")
+    fails: create AcroExch.AVDoc
+        release AcroExch.PDDoc
+        AcroExch.App.Exit()
+        release AcroExch.App
+        raise the failure
+    fails: AcroExch.AVDoc.Open("C:\in\Report.pdf", "")
+    fails: AcroExch.App.GetActiveDoc()
+        let Acrobat go
+        raise the failure
+    fails: AcroExch.ActiveDoc.GetPDDoc()
+        AcroExch.ActiveDoc.Close(True)
+        release AcroExch.ActiveDoc
+        release AcroExch.PDDoc
+        AcroExch.App.Exit()
+        release AcroExch.App
+        raise the failure
+    fails: AcroExch.ActivePDDoc.GetNumPages()
+        AcroExch.ActiveDoc.Close(True)
+        release AcroExch.ActiveDoc
+        release AcroExch.ActivePDDoc
+        AcroExch.App.Exit()
+        release AcroExch.App
+        raise the failure
+)"});
+
 const tests::ServiceFaults with_a_viewer("WithAViewer", {},
                                          [](const Session& session) {
                                              Acrobat acrobat;

@@ -177,6 +177,21 @@ TEST_F(CreatePDFfromMultiPDFinDir, MergesAnOutputThatWasListedBeforeItIsDeleted)
     )");
 }
 
+TEST_F(CreatePDFfromMultiPDFinDir, AddsToAnOutputThatIsListedFirstAndDeletedWhileItIsOpen) {
+    call({named("strPDFFile", "C:\\in\\a.pdf")});
+    tests::expect_text(lines_with({"next", "delete", "Open", "Save("}), R"(
+        next file -> a.pdf
+        AcroExch.PDDoc.Open("C:\in\a.pdf")
+        next file -> b.pdf
+        delete C:\in\a.pdf
+        AcroExch.PDDoc.Open("C:\in\b.pdf")
+        next file -> c.pdf
+        AcroExch.PDDoc.Open("C:\in\c.pdf")
+        next file -> none
+        AcroExch.PDDoc.Save(Integer(1), "C:\in\a.pdf")
+    )");
+}
+
 TEST_F(CreatePDFfromMultiPDFinDir, DoesNotListAnOutputThatIsDeletedBeforeItsTurn) {
     call({named("strPDFFile", "C:\\in\\c.pdf")});
     tests::expect_text(lines_with({"next", "delete"}), R"(

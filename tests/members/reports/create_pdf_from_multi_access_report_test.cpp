@@ -205,6 +205,37 @@ class CreatePDFfromMultiAccessReport : public ReportMember {
     tests::Lines after_opening() const { return journal_from("OpenCurrentDatabase"); }
 };
 
+TEST_F(CreatePDFfromMultiAccessReport, BetweenAcrobatFiveAndSixWritesTheRegistryAndAnswersTheDialog) {
+    register_acrobat("5.05");
+    call({named("varReportNames", list_of({"Turnover"})), named("blnCloseAcrobat", true)});
+    tests::expect_text(lines_with({"Set ", "write value", "start", "OpenReport", "WM_CLOSE"}), R"(
+        Set Access.Application.Printer = <object>
+        write value "PDFFilename" of HKEY_CURRENT_USER\Software\Adobe\Acrobat PDFWriter: type 1 C:\Temp\13387663.pdf\0
+        start (hidden) C:\WINDOWS\system32\quorixsend.exe save pdf file as~Edit~C:\Temp\13387663.pdf~0~0~
+        Access.DoCmd.OpenReport("Turnover", View:=Integer(0), WindowMode:=Integer(1))
+        send WM_CLOSE (0, "0") to "Adobe Acrobat Professional - [13387663.pdf]"
+    )");
+}
+
+TEST_F(CreatePDFfromMultiAccessReport, UpToAcrobatFiveNobodyNeedsASenderAndNoWindowIsClosed) {
+    register_acrobat("5.0");
+    stage.files.erase("C:\\WINDOWS\\system32\\quorixsend.exe");
+    call({named("blnCloseAcrobat", true)});
+    EXPECT_EQ(last_line(), "delete C:\\Temp\\90360397.pdf");
+    EXPECT_EQ(stage.journal().find("find window"), std::string::npos);
+}
+
+TEST_F(CreatePDFfromMultiAccessReport,
+       WithAcrobatFiveThePrinterIsFoundInAnyCaseAndOneThatIsMissingLeavesAccessItsOwn) {
+    register_acrobat("5.0");
+    call({named("strPDFWriter", "OFFICE Printer")});
+    EXPECT_EQ(lines_with({"Set "}).size(), 1U);
+    stage.clear_journal();
+    call({named("strPDFWriter", "Lost printer")});
+    EXPECT_EQ(stage.journal().find("Set "), std::string::npos);
+    EXPECT_EQ(lines_with({"OpenReport"}).size(), 2U);
+}
+
 TEST_F(CreatePDFfromMultiAccessReport, AnEmptyListSaysThatThereIsNoReportAndAccessIsQuit) {
     call({named("varReportNames", list_of({}))});
     tests::expect_text(after_opening(), R"(

@@ -88,6 +88,20 @@ TEST_F(UploadFile, APasswordWithoutAUserStandsBehindAColon) {
     EXPECT_EQ(stage.journal().find("UserName"), std::string::npos);
 }
 
+TEST_F(UploadFile, WaitsWithoutEndForAServerThatNeverFinishes) {
+    stage.answer("InetCtls.Inet.StillExecuting", true);
+    stage.pump_takes = 60000;
+    int rounds = 0;
+    stage.on_pump = [&] {
+        if (++rounds == 1000)
+            throw automation::Error(automation::RuntimeError::internal_error, "the test has seen enough");
+    };
+    call();
+    EXPECT_EQ(rounds, 1000);
+    EXPECT_EQ(last_line(), "raise 51 from Foliant: the test has seen enough");
+    EXPECT_EQ(lines_with({"Execute("}).size(), 1U);
+}
+
 TEST_F(UploadFile, WaitsForEachCommandForAsLongAsItIsExecuting) {
     int asked = 0;
     stage.when("InetCtls.Inet.StillExecuting",

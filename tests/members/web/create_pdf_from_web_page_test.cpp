@@ -226,6 +226,16 @@ TEST_F(CreatePDFfromWebPage, LooksForTheWindowForTwoMinutesExactly) {
     EXPECT_EQ(lines_with({"pump"}).size(), 1U);
 }
 
+TEST_F(CreatePDFfromWebPage, CountsNoTimeThatTheCommandOfTheCaptureTakes) {
+    stage.when("AcroExch.App.MenuItemExecute", [&](StageObject&, const Arguments&) {
+        stage.now += 130000;
+        return Value(true);
+    });
+    stage.pump_takes = 40000;
+    call();
+    EXPECT_EQ(lines_with({"pump"}).size(), 4U);
+}
+
 TEST_F(CreatePDFfromWebPage, TakesANegativeNumberOfSecondsForNoneAndOneThatDoesNotFitForAnOverflow) {
     call({named("intSecsToWaitForPDF", std::int16_t{-1})});
     EXPECT_EQ(line_with("sleep"), "sleep 0 ms");
