@@ -7,6 +7,8 @@
 #include <system_error>
 #include <unistd.h>
 
+#include "automation/coerce.h"
+#include "automation/text.h"
 #include "cli/file_kind.h"
 #include "cli/named_files.h"
 #include "cli/option_names.h"
@@ -154,9 +156,23 @@ std::optional<std::string> temporary_folder_refusal(const std::string& folder) {
     return std::nullopt;
 }
 
+/// The control goes to the server and passes over who is there: it would go in as anonymous.
+std::optional<std::string> login_refusal(const Request& request) {
+    for (const automation::Argument& argument : request.arguments) {
+        if (!automation::equal_ignoring_case(argument.name, "strRemoteHost")) continue;
+        if (automation::to_text(argument.value).find('@') == std::string::npos) continue;
+        return "the address of the server holds a user name or a password, which would not be used. Give them with "
+               "--" +
+               option_name("strUsername") + " and --" + option_name("strUserPassword") +
+               ", and the server by itself." + order_of(*request.member);
+    }
+    return std::nullopt;
+}
+
 }  // namespace
 
 std::optional<std::string> refusal(const Request& request) {
+    if (auto refused = login_refusal(request)) return refused;
     if (auto refused = temporary_folder_refusal(request.options.temp_path)) return refused;
     if (const auto output = output_of(*request.member, request.arguments)) {
         if (auto refused = output_refusal(request, *output)) return refused;

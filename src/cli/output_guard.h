@@ -11,7 +11,8 @@ namespace foliant::cli {
 /// or write where it is told to; nothing when it may go on. The reasons: an output without a name, one that is an
 /// input by whatever name, one that exists and is of another kind than the member writes or is no ordinary
 /// file, a folder that is missing or may not be written to, an existing file when those are not to be
-/// replaced, a folder in place of a single input, and a folder for temporary files that is none.
+/// replaced, a folder in place of a single input, and a folder for temporary files that is none. So is an address
+/// of a server that holds who goes there, which would be passed over.
 ///
 /// An empty file may be replaced by anything: it is what `mktemp` leaves.
 std::optional<std::string> refusal(const Request& request);

@@ -97,6 +97,29 @@ TEST(Secrets, InAnAddressAreSecretToo) {
     EXPECT_EQ(secrets_of(request).masked("SECRET"), "SECRET");
 }
 
+TEST(Secrets, InAnAddressWithoutASchemeAreSecretToo) {
+    Request request;
+    request.member = core::find_member(*core::find_dispid("UploadFile"), automation::Access::call);
+    for (const char* address : {"me:SECR/ET@host:80", "ftp://me:SECR/ET@host", ":SECR/ET@host"}) {
+        request.arguments = {named("strRemoteHost", address)};
+        EXPECT_EQ(secrets_of(request).masked(":SECR/ET@"), ":***@") << address;
+        EXPECT_EQ(secrets_among({"rehearse", "uploadfile", address}).masked(":SECR/ET@"), ":***@") << address;
+    }
+    request.member = core::find_member(*core::find_dispid("CreatePDFfromWebPage"), automation::Access::call);
+    Outcome outcome;
+    outcome.arguments = request.arguments = {named("strURL", "me:SECRET@host/a:b@c")};
+    EXPECT_EQ(secrets_of(request).masked(outcome).arguments[0].value, automation::Value("me:***@host/a:b@c"));
+    EXPECT_EQ(secrets_of(request).masked("me:SECRET@host"), "me:***@host");
+    EXPECT_EQ(secrets_among({"GetNumPagesPDF", "me:SECRET@host"}).masked(":SECRET@"), ":SECRET@")
+        << "the name of a file";
+}
+
+TEST(Secrets, InAnAddressMayHoldWhatOtherwisePartsIt) {
+    const std::string odd = "S://E:C@R";
+    EXPECT_EQ(secrets_among({"UploadFile", "me:" + odd + "@host"}).masked(":" + odd + "@"), ":***@");
+    EXPECT_EQ(secrets_among({"UploadFile", "ftp://me:" + odd + "@host"}).masked(":" + odd + "@"), ":***@");
+}
+
 TEST(Secrets, AmongWordsStandBehindTheOptionsAndSettingsThatNameThem) {
     const auto shown = [](const std::vector<std::string>& words) {
         return secrets_among(words).masked("SECRET");
@@ -114,7 +137,8 @@ TEST(Secrets, AmongWordsStandBehindTheOptionsAndSettingsThatNameThem) {
 
 TEST(Secrets, AreErasedFromTheWordsOfTheProcess) {
     std::vector<std::string> words{"SetOpenPassword",   "SECRET.pdf", "SECRET", "--password=SECRET",
-                                   "ftp://a:SECRET@b/", "not SECRET", "S"};
+                                   "ftp://a:SECRET@b/", "not SECRET", "S",      "a:SECRET@b",
+                                   "--host=a:S@S"};
     std::vector<char*> places;
     for (std::string& word : words)
         places.push_back(word.data());
@@ -123,7 +147,8 @@ TEST(Secrets, AreErasedFromTheWordsOfTheProcess) {
     for (const char* place : places)
         left.emplace_back(place);
     EXPECT_EQ(left, (std::vector<std::string>{"SetOpenPassword", "SECRET.pdf", "***", "--password=***",
-                                              "ftp://a:******@b/", "not SECRET", "*"}));
+                                              "ftp://a:******@b/", "not SECRET", "*", "a:******@b",
+                                              "--host=a:*@S"}));
     EXPECT_EQ(words[2], std::string("***\0\0\0", 6)) << "something of it is left behind";
 }
 

@@ -52,5 +52,15 @@ TEST(Passwords, AreNotInTheListOfProcesses) {
     EXPECT_EQ(listed.find("SECRET"), std::string::npos) << listed;
 }
 
+TEST(Passwords, InAnAddressAreNotInTheListOfProcessesEither) {
+    const Workshop shop;
+    const std::string script = std::string("mkfifo pipe; ") + FOLIANT_COMMAND +
+                               " UploadFile anna:SECRET@127.0.0.1:1 / a.txt a.txt "
+                               "--user-password-file pipe >out 2>&1 & "
+                               "exec 3>pipe; tr '\\0' ' ' </proc/$!/cmdline; echo other >&3; wait";
+    const std::string listed = shop.run({"sh", "-c", script}).output;
+    EXPECT_NE(listed.find(" UploadFile anna:******@127.0.0.1:1 / "), std::string::npos) << listed;
+}
+
 }  // namespace
 }  // namespace foliant::end_to_end
