@@ -41,8 +41,8 @@ const ReceivedEvent* find_event(const Outcome& outcome, std::string_view name) {
     return nullptr;
 }
 
-std::optional<Value> argument_of(const Request& request, std::string_view name) {
-    for (const automation::Argument& argument : request.arguments) {
+std::optional<Value> argument_of(const automation::Arguments& arguments, std::string_view name) {
+    for (const automation::Argument& argument : arguments) {
         if (automation::equal_ignoring_case(argument.name, name)) return argument.value;
     }
     return std::nullopt;
@@ -89,6 +89,15 @@ void put_temporary_folder(core::BuildPDF& object, const std::string& folder) {
                 "The folder for temporary files cannot be had: " + folder + ".");
 }
 
+/// The files that a member which transfers one was given.
+hosts::TransferCommand transfer_meant(const core::Member& member, const automation::Arguments& arguments) {
+    const auto name = [&](std::string_view parameter) {
+        return automation::to_text(argument_of(arguments, parameter).value_or(""));
+    };
+    using Verb = hosts::TransferCommand::Verb;
+    return {member.name == "UploadFile" ? Verb::put : Verb::get, name("strLocalFile"), name("strRemoteFile")};
+}
+
 /// A script hands over the control that transfers its files. A command line has none, so the command makes it.
 /// Returns the one that can be asked what the server has refused, nullptr where nobody has to be.
 std::shared_ptr<TransferControl> hand_over_control(const core::Member& member,
@@ -100,7 +109,8 @@ std::shared_ptr<TransferControl> hand_over_control(const core::Member& member,
         if (parameter.type != core::ValueType::object) continue;
         automation::ObjectPtr control = platform.servers.create(registered::transfer_control);
         if (progress) {
-            watched = std::make_shared<TransferControl>(std::move(control), progress);
+            watched = std::make_shared<TransferControl>(std::move(control), transfer_meant(member, arguments),
+                                                        progress);
             control = watched;
         }
         arguments.emplace_back(parameter.name, std::move(control));
@@ -132,7 +142,7 @@ Error host_error(std::string description) {
 }
 
 bool wants_protection(const Request& request) {
-    const auto wish = argument_of(request, "blnApplySecurity");
+    const auto wish = argument_of(request.arguments, "blnApplySecurity");
     return wish && automation::to_bool(*wish);
 }
 

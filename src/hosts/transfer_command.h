@@ -1,8 +1,8 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace foliant::hosts {
 
@@ -15,13 +15,19 @@ struct TransferCommand {
     std::string remote_file;
 };
 
-/// Reads "PUT local remote" and "GET remote local"; nothing for any other command, and for one that does not
-/// name two files.
+/// Reads "PUT local remote" and "GET remote local": every pair of files that may be meant. None for any other
+/// command, and for one that does not name two files. Of several nobody knows which one is meant: whoever sends
+/// or makes a file refuses them.
 ///
-/// Callers do not quote names with blanks, though they may. Of the places of the text that could be the one
-/// between the two names, the one counts that leaves a file which exists (PUT, the last such place), or an
-/// absolute name, else one with a folder, whose folder exists (GET, the first such place). Where none does, it is
-/// the first blank of PUT and the last of GET.
-std::optional<TransferCommand> transfer_command(std::string_view command);
+/// Two names in quotation marks, in which two of them stand for one, are taken as they stand. Names without are
+/// parted by any blank of the text. Of these pairs, those count whose local file exists (PUT), or has an absolute
+/// name, else one with a folder, whose folder exists (GET); all of them where none does.
+std::vector<TransferCommand> transfer_readings(std::string_view command);
+
+/// The command as those write it who leave blanks in names to the reader: without quotation marks.
+std::string unquoted_text(const TransferCommand& command);
+
+/// The command so that it has one reading: with quotation marks where a name has blanks or such marks.
+std::string unmistakable_text(const TransferCommand& command);
 
 }  // namespace foliant::hosts

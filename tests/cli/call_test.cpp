@@ -64,6 +64,25 @@ TEST_F(Call, MakesTheTransferControlThatAScriptWouldHandOver) {
     EXPECT_EQ(outcome.arguments.size(), 4U);
 }
 
+TEST_F(Call, TellsTheTransferControlWhichFilesAreMeantWhateverTheirNames) {
+    const auto told = [&](const char* member, const char* local, const char* remote) {
+        stage.clear_journal();
+        stage.put_file(local);
+        request.member = core::find_member(*core::find_dispid(member), automation::Access::call);
+        request.arguments = {named("strRemoteHost", "host"), named("strRemoteDirectory", ""),
+                             named("strLocalFile", local), named("strRemoteFile", remote)};
+        call_member(request, stage.platform(), bar, [](std::int32_t) {});
+        const std::string journal = stage.journal();
+        const std::size_t begin = journal.find("Execute(\"ftp://host\", ");
+        return journal.substr(begin, journal.find('\n', begin) - begin);
+    };
+    EXPECT_EQ(told("DownloadFile", "my file.txt", "report.txt"),
+              R"(Execute("ftp://host", "GET "report.txt" "my file.txt""))");
+    EXPECT_EQ(told("UploadFile", "report", "old copy.txt"),
+              R"(Execute("ftp://host", "PUT "report" "old copy.txt""))");
+    EXPECT_EQ(told("UploadFile", "a.pdf", "b.pdf"), R"(Execute("ftp://host", "PUT a.pdf b.pdf"))");
+}
+
 TEST_F(Call, AJobThatFailedIsAFailureWithTheInterpretersWords) {
     stage.when("Distiller.FileToPDF", [](StageObject& self, const Arguments& arguments) {
         self.notify("OnJobStart", {arguments[0].value, arguments[1].value});

@@ -69,6 +69,30 @@ TEST_F(TransferWithServer, NamesMayHaveBlanksAndAnyLetter) {
     EXPECT_EQ(shop.read("č back.txt"), "some words");
 }
 
+TEST_F(TransferWithServer, NoOtherFileIsTakenForOneWithABlankInItsName) {
+    tests::write_file(server.folder() / "report.txt", "wanted");
+    tests::write_file(server.folder() / "report.txt my", "another");
+    shop.write("file.txt", "old");
+    expect_done(transfer("DownloadFile", "pub", "my file.txt", "report.txt"));
+    EXPECT_EQ(shop.read("my file.txt"), "wanted");
+    EXPECT_EQ(shop.read("file.txt"), "old");
+    shop.write("report", "public");
+    shop.write("report old", "secret");
+    expect_done(transfer("UploadFile", "pub", "report", "old copy.txt"));
+    EXPECT_EQ(tests::read_file(server.folder() / "old copy.txt"), "public");
+    EXPECT_FALSE(std::filesystem::exists(server.folder() / "copy.txt"));
+}
+
+TEST_F(TransferWithServer, NamesMayBeginAndEndWithAnything) {
+    for (const char* name : {"\"a.bin", "x\"", " lead.bin", "trail.bin ", "\"a b\"", "a\" \"b"}) {
+        shop.write(name, name);
+        expect_done(transfer("UploadFile", "pub", name, name));
+        EXPECT_EQ(tests::read_file(server.folder() / name), name);
+        expect_done(transfer("DownloadFile", "pub", std::string("back ") + name, name));
+        EXPECT_EQ(shop.read(std::string("back ") + name), name);
+    }
+}
+
 TEST_F(TransferWithServer, AnEmptyFileIsAFile) {
     shop.write("empty", "");
     expect_done(transfer("UploadFile", "pub", "empty", "empty"));
@@ -138,6 +162,12 @@ TEST_F(Transfer, ALoginInTheAddressIsRefusedAndShownNowhere) {
         }
     }
     EXPECT_EQ(shop.files(), (std::set<std::string>{"a.txt"}));
+}
+
+TEST_F(Transfer, LineEndsInAPasswordAreNoCommands) {
+    const Finished call = shop.foliant({"DownloadFile", "127.0.0.1:1", "/", "a.txt", "a.txt",
+                                        "--user-password", "sesame\r\nDELE victim.txt"});
+    expect_failed(call, {"A password must not hold line ends."});
 }
 
 TEST_F(Transfer, AServerThatIsNotThereIsAFailure) {

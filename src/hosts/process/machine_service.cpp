@@ -35,7 +35,8 @@ MachineService::~MachineService() {
 void MachineService::was_named(const std::string& text) {
     named_.insert(text);
     said_since_opening_.insert(text);
-    if (const auto command = transfer_command(text)) named_.insert(command->local_file);
+    if (const auto readings = transfer_readings(text); readings.size() == 1)
+        named_.insert(readings.front().local_file);
 }
 
 void MachineService::answer(Peer& peer, Reader& arguments, Writer& result) {

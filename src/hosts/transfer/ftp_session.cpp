@@ -65,6 +65,11 @@ bool is_refusal(CURLcode result) {
     return std::find(refusals.begin(), refusals.end(), result) != refusals.end();
 }
 
+bool is_host(const std::string& host) {
+    const bool has_control = std::ranges::any_of(host, [](unsigned char c) { return c < ' ' || c == 0x7F; });
+    return !host.empty() && !has_control && host.find_first_of(" /@?#\\\"") == std::string::npos;
+}
+
 std::string login_name(const std::string& user) {
     return user.empty() ? "anonymous" : user;
 }
@@ -91,9 +96,7 @@ FtpSession::FtpSession(FtpServer server) : server_(std::move(server)) {
     multi_.reset(curl_multi_init());
     easy_.reset(curl_easy_init());
     if (multi_ == nullptr || easy_ == nullptr) throw std::bad_alloc();
-    const bool is_host =
-        !server_.host.empty() && server_.host.find_first_of(" /@?#\\\"\t\r\n") == std::string::npos;
-    if (!is_host)
+    if (!is_host(server_.host))
         throw inet_error(InetError::malformed_url,
                          "\"" + server_.host +
                              "\" is no name of a server. Give a "

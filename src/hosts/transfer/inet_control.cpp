@@ -33,6 +33,12 @@ std::size_t read_from(int descriptor, char* to, std::size_t most) {
     }
 }
 
+/// They would begin another command of the session.
+void refuse_line_ends(std::string_view text, const std::string& what) {
+    if (text.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos)
+        throw inet_error(InetError::invalid_command, "A " + what + " must not hold line ends.");
+}
+
 /// What one control has been told, and the session that comes of it.
 class Inet {
   public:
@@ -114,15 +120,20 @@ void Inet::execute(const std::string& address, const std::string& command) {
     if (protocol != ftp_protocol)
         throw inet_error(InetError::invalid_command,
                          "Only FTP is spoken here: Protocol is 2, not " + std::to_string(protocol) + ".");
-    if (command.find_first_of(std::string_view("\r\n\0", 3)) != std::string::npos)
-        throw inet_error(InetError::invalid_command, "A name must not hold line ends.");
+    refuse_line_ends(command, "name");
+    refuse_line_ends(user, "user name");
+    refuse_line_ends(password, "password");
     if (response_code != 0) return;
     machine_.be_contained();
     FtpSession& session = session_for(address);
-    if (const auto transfer = transfer_command(command)) {
-        const bool puts = transfer->verb == TransferCommand::Verb::put;
-        const std::string what = puts ? "PUT " + transfer->remote_file : "GET " + transfer->remote_file;
-        puts ? put(session, *transfer, what) : get(session, *transfer, what);
+    if (const auto readings = transfer_readings(command); readings.size() > 1) {
+        throw inet_error(InetError::invalid_command,
+                         "Which two files are meant cannot be told: put both names in quotation marks.");
+    } else if (!readings.empty()) {
+        const TransferCommand& transfer = readings.front();
+        const bool puts = transfer.verb == TransferCommand::Verb::put;
+        const std::string what = (puts ? "PUT " : "GET ") + transfer.remote_file;
+        puts ? put(session, transfer, what) : get(session, transfer, what);
     } else if (automation::to_lower(command.substr(0, 3)) == "cd ") {
         session.change_folder(std::string(trim_blanks(std::string_view(command).substr(3))), command);
     } else {

@@ -427,6 +427,16 @@ TEST_F(HostProcessTest, WritesToTheUsualNameOfAnOutputWhenThatWasAccepted) {
     fs::current_path("/");
 }
 
+TEST_F(HostProcessTest, OfATransferThatMayMeanSeveralFilesNoneIsNamed) {
+    const Value prober = contained();
+    const auto sends = [&] { return prober.call("Joined", {path("sec"), "ond"}); };
+    std::ofstream(folder / "second old") << "another";
+    prober.call("Fail", {"PUT " + path("second") + " old copy"});
+    EXPECT_THROW(sends(), fs::filesystem_error);
+    prober.call("Fail", {"PUT \"" + path("second") + "\" \"old copy\""});
+    EXPECT_EQ(sends(), Value("more words"));
+}
+
 class SavingHostTest : public HostProcessTest {
   protected:
     HostProcess saving_host{
