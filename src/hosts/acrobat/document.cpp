@@ -117,6 +117,14 @@ void Document::show_progress(std::string_view doing, int percent) const {
     machine_.show_progress(std::string(doing) + (file.size() > longest_name ? "" : " " + file), percent);
 }
 
+void Document::tell_missing_pages() {
+    const std::size_t missing = pdf_->missing_pages();
+    if (missing == 0 || std::exchange(has_told_missing_pages_, true)) return;
+    machine_.tell_failure(path_ + " is damaged: " +
+                          (missing == 1 ? "a page of it is" : std::to_string(missing) + " of its pages are") +
+                          " missing. The others were taken.");
+}
+
 void Document::raise_unusable() const {
     const std::string file = path_.empty() ? "The new document" : path_;
     try {

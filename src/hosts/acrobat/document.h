@@ -65,6 +65,9 @@ class Document {
     /// is called. -1 per cent where nobody knows.
     void show_progress(std::string_view doing, int percent) const;
 
+    /// Tells once how many of its pages are missing, if any are, before somebody relies on what is left.
+    void tell_missing_pages();
+
     /// To be told after each change: what was read of the document before does not count any more.
     void note_change() noexcept {
         pdf_->note_change();
@@ -91,6 +94,7 @@ class Document {
     std::unique_ptr<DocumentText> text_;  ///< null before it is asked for, and after a change
     std::uint64_t saved_revision_ = 0;
     bool is_owned_ = false;
+    bool has_told_missing_pages_ = false;
 };
 
 using DocumentPtr = std::shared_ptr<Document>;

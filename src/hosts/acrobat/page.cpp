@@ -47,6 +47,7 @@ structure::Page page_of(Document& document, std::int32_t number) {
 
 ObjectPtr make_page(Document& document, std::int32_t number) {
     const structure::PageBox box = page_box(page_of(document, number));
+    document.tell_missing_pages();
     auto page = std::make_shared<SettledObject>(application_name);
     page->settle("GetSize", make_size(box));
     return page;

@@ -109,6 +109,8 @@ bool PdDocument::insert_pages(const Bound& given) {
         throw acrobat_error(RuntimeError::invalid_procedure_call,
                             "There are no such pages to insert, or to insert them after.");
     if (refuses_pages(source->opened(), target)) return false;
+    for (Document* document : {&target, &source->opened()})
+        document->tell_missing_pages();
     source->opened().show_progress("Inserting", -1);
     const bool with_bookmarks = automation::to_bool(given[4]);
     // What is damaged in the source shows while it is copied.

@@ -49,6 +49,18 @@ TEST_F(Inserting, IntoAnOpenDocumentKeepsWhatItInherits) {
     }
 }
 
+TEST_F(Inserting, TellsHowManyPagesOfADamagedFileAreMissing) {
+    PdfText damaged = pages(2, "a");
+    damaged.set(2, "<< /Type /Pages /Kids [10 0 R 99 0 R 20 0 R] /Count 3 >>");
+    const std::string file = damaged.file();
+    const Value document = merged({pages(1, "b").file(), file, file});
+    EXPECT_EQ(document.call("GetNumPages"), Value(std::int32_t{5}));
+    EXPECT_THAT(
+        machine.failures,
+        testing::Each(testing::EndsWith(" is damaged: a page of it is missing. The others were taken.")));
+    EXPECT_EQ(machine.failures.size(), 2U);
+}
+
 TEST_F(Inserting, RefusesPagesThatAreNotThere) {
     const Value target = merged({pages(1).file()});
     const Value source = document_on(pages(2).file());

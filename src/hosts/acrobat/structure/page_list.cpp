@@ -155,7 +155,10 @@ std::optional<Page> PageWalk::next() {
             continue;
         }
         QPDFObjectHandle kid = indirect_kid(pdf_, level.kids, level.next++);
-        if (!kid.isDictionary()) continue;
+        if (!kid.isDictionary()) {
+            ++missing_;
+            continue;
+        }
         if (!is_node(kid)) return Page{kid, level.inherited};
         const std::shared_ptr<const Inherited> above = level.inherited;  // which goes when levels are added
         enter(kid, above);

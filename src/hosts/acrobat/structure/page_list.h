@@ -46,6 +46,9 @@ class PageWalk {
     /// The next page; nothing behind the last.
     std::optional<Page> next();
 
+    /// How many children of nodes that it came by are no pages, and no nodes either, as in a damaged file.
+    std::size_t missing() const noexcept { return missing_; }
+
   private:
     /// A node whose children are being gone through.
     struct Level {
@@ -59,6 +62,7 @@ class PageWalk {
     QPDF& pdf_;
     std::set<QPDFObjGen> nodes_;
     std::vector<Level> levels_;
+    std::size_t missing_ = 0;
     std::optional<Page> only_page_;  ///< where the root of the tree is one
 };
 

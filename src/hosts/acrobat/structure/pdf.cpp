@@ -145,6 +145,7 @@ void Pdf::find_pages(std::size_t last) {
         std::optional<Page> page = walk_->next();
         if (!page) {
             has_all_pages_ = true;
+            missing_pages_ = walk_->missing();
             walk_.reset();
             return;
         }

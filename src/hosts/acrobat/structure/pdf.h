@@ -52,6 +52,9 @@ class Pdf : public std::enable_shared_from_this<Pdf> {
     /// Its pages in their order, found when first asked for. Throws Unreadable.
     PageList& pages();
 
+    /// How many pages are known to be missing: the file is damaged. 0 as long as not all were looked for.
+    std::size_t missing_pages() const noexcept { return missing_pages_; }
+
     /// One of them, counted from 0, without looking for those behind it; nothing where there is none of that
     /// number. Throws Unreadable.
     std::optional<Page> page(std::size_t number);
@@ -99,6 +102,7 @@ class Pdf : public std::enable_shared_from_this<Pdf> {
     PageList pages_;
     std::optional<PageWalk> walk_;  ///< finds those that are not in `pages_` yet
     bool has_all_pages_ = false;
+    std::size_t missing_pages_ = 0;
     std::unique_ptr<Assembly> assembly_;
     std::optional<Protection> protection_;
     std::uint64_t revision_ = 0;
