@@ -31,17 +31,14 @@ std::string in_capitals(std::string_view text) {
     return result;
 }
 
-bool stands_alone(const Member& member, const Parameter& parameter) {
-    return !parameter.optional && core::parameter_role(member, parameter) != core::ParameterRole::password;
-}
-
 std::string synopsis_of(const Member& member) {
     std::string text = ".B foliant " + std::string(member.name) + "\n";
     for (const Parameter& parameter : member.parameters()) {
-        if (stands_alone(member, parameter) && !is_made_by_the_command(parameter)) {
-            const bool list = core::is_list(core::parameter_role(member, parameter));
-            text += ".I " + placeholder(parameter.name) + (list ? " ...\n" : "\n");
-        }
+        if (parameter.optional || is_made_by_the_command(parameter)) continue;
+        if (is_shown_with_option(member, parameter))
+            text += ".B " + escaped("--" + option_name(parameter.name)) + "\n";
+        const bool list = core::is_list(core::parameter_role(member, parameter));
+        text += ".I " + placeholder(parameter.name) + (list ? " ...\n" : "\n");
     }
     return text;
 }

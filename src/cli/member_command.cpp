@@ -110,6 +110,23 @@ bool is_list(const core::Member& member, const Parameter& parameter) {
     return core::is_list(core::parameter_role(member, parameter));
 }
 
+/// A password that a member asks for is one that the PDF gets; those that open something may be left out.
+bool is_new_password(const Parameter& parameter, ParameterRole role) {
+    return role == ParameterRole::password && !parameter.optional;
+}
+
+/// No member could open the file again: to all of them, blanks alone are no password.
+void require_new_password(const std::string& name, const std::string& password) {
+    constexpr std::size_t longest = 127;  // bytes, of AES with 256 bits
+    if (automation::trim_blanks(password).empty())
+        throw CLI::ValidationError(
+            "--" + name, "the new password is empty or blank, which protects nothing. Nothing was done");
+    if (password.size() > longest)
+        throw CLI::ValidationError("--" + name, "the new password has " + std::to_string(password.size()) +
+                                                    " bytes in UTF-8; a PDF takes at most " +
+                                                    std::to_string(longest) + ". Nothing was done");
+}
+
 /// Of what type a word of the command line has to be.
 ValueType element_type(const Parameter& parameter, ParameterRole role) {
     return role == ParameterRole::parallel_flags ? ValueType::boolean : parameter.type;
@@ -118,25 +135,20 @@ ValueType element_type(const Parameter& parameter, ParameterRole role) {
 }  // namespace
 
 MemberCommand::MemberCommand(CLI::App& command, const core::Member& member) : member_(member) {
-    const auto parameters = member.parameters();
-    // Two lists in a row could not be told apart; then each follows its option.
-    const auto required_lists = std::count_if(
-        parameters.begin(), parameters.end(),
-        [&](const Parameter& parameter) { return !parameter.optional && is_list(member, parameter); });
-    for (const Parameter& parameter : parameters) {
-        if (!is_made_by_the_command(parameter)) add_parameter(command, parameter, required_lists == 1);
+    for (const Parameter& parameter : member.parameters()) {
+        if (!is_made_by_the_command(parameter)) add_parameter(command, parameter);
     }
 }
 
-void MemberCommand::add_parameter(CLI::App& command, const Parameter& parameter, bool positional_list) {
+void MemberCommand::add_parameter(CLI::App& command, const Parameter& parameter) {
     auto& given = *given_.emplace(parameter.name, std::make_unique<Given>()).first->second;
     const std::string names = "--" + option_name(parameter.name) + ",--" + std::string(parameter.name);
     const std::string help = help_text(member_, parameter);
     const bool list = is_list(member_, parameter);
-    const bool positional = !parameter.optional && (!list || positional_list);
     if (parameter.type == ValueType::boolean) {
         given.option = command.add_flag(names, given.texts, help);
     } else {
+        const bool positional = may_stand_in_order(member_, parameter);
         given.option = command.add_option((positional ? option_name(parameter.name) + "," : "") + names,
                                           given.texts, help);
         given.option->type_name(placeholder(parameter.name));
@@ -219,6 +231,8 @@ automation::Arguments MemberCommand::arguments(const AskPassword& ask_password,
         } else {
             value = value_of(parameter, given);
         }
+        if (is_new_password(parameter, core::parameter_role(member_, parameter)))
+            require_new_password(option_name(parameter.name), automation::to_text(value));
         arguments.push_back(automation::named(parameter.name, std::move(value)));
     }
     return arguments;

@@ -22,7 +22,7 @@ class MemberCommand {
     const core::Member& member() const noexcept { return member_; }
 
     /// The arguments as given, named, in the member's order. Raises CLI::ParseError for what is missing or
-    /// wrong, and TimeLimitReached while a password is waited for.
+    /// wrong, a new password that would open nothing too, and TimeLimitReached while a password is waited for.
     automation::Arguments arguments(const AskPassword& ask_password, const Deadline& deadline) const;
 
   private:
@@ -33,7 +33,7 @@ class MemberCommand {
         bool ask = false;
     };
 
-    void add_parameter(CLI::App& command, const core::Parameter& parameter, bool positional_list);
+    void add_parameter(CLI::App& command, const core::Parameter& parameter);
     void add_password_sources(CLI::App& command, const core::Parameter& parameter, Given& given);
     automation::Value value_of(const core::Parameter& parameter, const Given& given) const;
     bool is_given(const Given& given) const;

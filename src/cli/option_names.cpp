@@ -1,5 +1,6 @@
 #include "cli/option_names.h"
 
+#include <algorithm>
 #include <cctype>
 
 #include "core/parameter_help.h"
@@ -47,11 +48,26 @@ std::string usage_line(const core::Member& member) {
     std::string line = "foliant " + std::string(member.name);
     for (const core::Parameter& parameter : member.parameters()) {
         if (parameter.optional || is_made_by_the_command(parameter)) continue;
-        const core::ParameterRole role = core::parameter_role(member, parameter);
-        if (role == core::ParameterRole::password) continue;
-        line += " " + placeholder(parameter.name) + (core::is_list(role) ? " ..." : "");
+        line += (is_shown_with_option(member, parameter) ? " --" + option_name(parameter.name) : "") + " " +
+                placeholder(parameter.name) +
+                (core::is_list(core::parameter_role(member, parameter)) ? " ..." : "");
     }
     return line;
+}
+
+bool may_stand_in_order(const core::Member& member, const core::Parameter& parameter) {
+    const auto is_list = [&](const core::Parameter& each) {
+        return core::is_list(core::parameter_role(member, each));
+    };
+    if (parameter.optional || !is_list(parameter)) return !parameter.optional;
+    return std::ranges::count_if(member.parameters(), [&](const core::Parameter& each) {
+               return !each.optional && is_list(each);
+           }) == 1;
+}
+
+bool is_shown_with_option(const core::Member& member, const core::Parameter& parameter) {
+    return core::parameter_role(member, parameter) == core::ParameterRole::password ||
+           !may_stand_in_order(member, parameter);
 }
 
 bool is_made_by_the_command(const core::Parameter& parameter) {

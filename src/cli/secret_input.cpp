@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <poll.h>
+#include <string_view>
 #include <system_error>
 #include <unistd.h>
 
@@ -36,6 +37,13 @@ bool wait_for_input(int descriptor, const std::string& what, const Deadline& dea
     }
 }
 
+/// Some editors begin every file with the mark of UTF-8.
+std::string without_mark(std::string text) {
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    if (text.starts_with(mark)) text.erase(0, mark.size());
+    return text;
+}
+
 }  // namespace
 
 std::string read_secret(int descriptor, const std::string& what, const Deadline& deadline, int interrupted) {
@@ -61,7 +69,8 @@ std::string read_secret(int descriptor, const std::string& what, const Deadline&
 }
 
 std::string read_secret_file(const std::string& path, const Deadline& deadline) {
-    if (path == "-") return read_secret(STDIN_FILENO, "the password from standard input", deadline);
+    if (path == "-")
+        return without_mark(read_secret(STDIN_FILENO, "the password from standard input", deadline));
     const std::string what = "the password file '" + path + "'";
     // Opening a pipe would wait for its writer; reading waits, and knows for how long.
     const posix::FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
@@ -69,7 +78,7 @@ std::string read_secret_file(const std::string& path, const Deadline& deadline) 
         throw CLI::ValidationError("cannot read " + what + " (" + std::generic_category().message(errno) +
                                    ")");
     }
-    return read_secret(file.get(), what, deadline);
+    return without_mark(read_secret(file.get(), what, deadline));
 }
 
 }  // namespace foliant::cli

@@ -142,9 +142,42 @@ TEST(CommandLine, RequiredPasswordsMayComeFromAFileAsWell) {
     const PasswordFile file("secret\n");
     EXPECT_EQ(outcome_of({"SetOpenPassword", "a.pdf", "--open-password-file", file.path()}),
               "SetOpenPassword(strPDFFile:=\"a.pdf\", strOpenPassword:=\"secret\")");
-    EXPECT_EQ(outcome_of({"SetOpenPassword", "a.pdf"}),
-              "2 foliant: OPEN_PASSWORD is required\nThe order is: foliant SetOpenPassword PDF_FILE\nSee "
-              "'foliant SetOpenPassword --help'.\n");
+    EXPECT_EQ(
+        outcome_of({"SetOpenPassword", "a.pdf"}),
+        "2 foliant: OPEN_PASSWORD is required\nThe order is: foliant SetOpenPassword PDF_FILE --open-password "
+        "OPEN_PASSWORD\nSee 'foliant SetOpenPassword --help'.\n");
+}
+
+TEST(CommandLine, TheMarkInFrontOfAPasswordFileIsNoneOfThePassword) {
+    const PasswordFile file("\xEF\xBB\xBFsecret\n");
+    EXPECT_EQ(outcome_of({"GetNumPagesPDF", "a.pdf", "--open-password-file", file.path()}),
+              "GetNumPagesPDF(strPDFFile:=\"a.pdf\", strOpenPassword:=\"secret\")");
+}
+
+TEST(CommandLine, ANewPasswordIsRefusedThatWouldOpenNothing) {
+    const std::string advice = "\nSee 'foliant SetOpenPassword --help'.\n";
+    for (const char* blank : {"", " ", "   "})
+        EXPECT_EQ(
+            outcome_of({"SetOpenPassword", "a.pdf", blank}),
+            "2 foliant: --open-password: the new password is empty or blank, which protects nothing. Nothing was "
+            "done" +
+                advice);
+    const std::string longest = std::string(125, 'q') + "ß";
+    EXPECT_EQ(parse_words({"SetOpenPassword", "a.pdf", longest}).exit_code, exit_success);
+    EXPECT_EQ(
+        outcome_of({"SetOpenPassword", "a.pdf", "q" + longest}),
+        "2 foliant: --open-password: the new password has 128 bytes in UTF-8; a PDF takes at most 127. Nothing was "
+        "done" +
+            advice);
+    const PasswordFile file(" \n");
+    EXPECT_EQ(parse_words({"SetOpenPassword", "a.pdf", "--open-password-file", file.path()}).exit_code,
+              exit_usage);
+}
+
+TEST(CommandLine, APasswordThatOpensAFileMayBeBlankOrLong) {
+    EXPECT_EQ(parse_words({"GetNumPagesPDF", "a.pdf", "--open-password", " "}).exit_code, exit_success);
+    EXPECT_EQ(parse_words({"GetNumPagesPDF", "a.pdf", "--open-password", std::string(200, 'q')}).exit_code,
+              exit_success);
 }
 
 TEST(CommandLine, UnreadablePasswordFilesAreNamed) {

@@ -1,5 +1,6 @@
 #include "cli/option_names.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <set>
 
@@ -17,6 +18,18 @@ TEST(OptionNames, AreTheWordsOfTheParameterWithoutItsTypePrefix) {
     EXPECT_EQ(option_name("strURL"), "url");
     EXPECT_EQ(option_name("inet"), "inet");
     EXPECT_EQ(placeholder("strWordDocument"), "WORD_DOCUMENT");
+}
+
+TEST(OptionNames, OfTheUsageStandWhereAPlaceAloneDoesNotDo) {
+    const auto usage_of = [](std::string_view name) {
+        return usage_line(*std::ranges::find(core::members, name, &core::Member::name));
+    };
+    EXPECT_EQ(usage_of("CreatePDFfromMultiPS"), "foliant CreatePDFfromMultiPS PDF_FILE PS_FILES ...");
+    EXPECT_EQ(usage_of("SetOpenPassword"), "foliant SetOpenPassword PDF_FILE --open-password OPEN_PASSWORD");
+    EXPECT_EQ(
+        usage_of("CreatePDFfromMultiExcel"),
+        "foliant CreatePDFfromMultiExcel PDF_FILE EXCEL_WORKBOOK --excel-worksheets EXCEL_WORKSHEETS ... "
+        "--ranges RANGES ...");
 }
 
 TEST(OptionNames, DifferWithinEachMemberAndFromTheCommonOptions) {

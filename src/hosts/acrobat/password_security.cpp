@@ -12,6 +12,9 @@ using automation::RuntimeError;
 
 namespace {
 
+/// In UTF-8. AES with 256 bits takes no more: a reader would compare the beginning with the whole.
+constexpr std::size_t longest_password = 127;
+
 enum SettingsControl : std::size_t { open_option, open_password };
 
 /// What was entered; nothing when the dialog was cancelled.
@@ -65,6 +68,10 @@ bool protect_active_document(Program& program) {
     if (password->empty())
         throw document_error(view->document->path() +
                              " cannot be protected: an empty password protects nothing. Give one.");
+    if (password->size() > longest_password)
+        throw document_error(view->document->path() + " cannot be protected: the password has " +
+                             std::to_string(password->size()) + " bytes in UTF-8, and a PDF takes at most " +
+                             std::to_string(longest_password) + ". Give a shorter one.");
     if (!confirm(program.machine, *password)) return false;
     show_notice(program.machine);
     view->document->pdf().protect({*password});

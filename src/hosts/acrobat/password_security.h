@@ -11,7 +11,8 @@ namespace foliant::hosts::acrobat {
 ///     Adobe Acrobat - Confirm Open Document Password     enter it again, until it is the same
 ///     Adobe Acrobat                                      a notice that it takes effect with the next save
 ///
-/// False when one was cancelled. Raises when nobody answers, and for an empty password.
+/// False when one was cancelled. Raises when nobody answers, and for a password that is empty or
+/// longer than the 127 bytes in UTF-8 that a PDF takes.
 bool protect_active_document(Program& program);
 
 }  // namespace foliant::hosts::acrobat

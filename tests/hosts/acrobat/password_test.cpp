@@ -351,6 +351,24 @@ TEST_F(SettingAPassword, RefusesAnEmptyOne) {
               "-2147467259 " + path + " cannot be protected: an empty password protects nothing. Give one.");
 }
 
+TEST_F(SettingAPassword, TakesAsManyBytesAsAPdfDoes) {
+    const std::string longest = std::string(125, 'q') + "ß";
+    machine.answers = {longest, longest, ""};
+    EXPECT_EQ(execute("SecureApplyPwdSecurity"), Value(true));
+    execute("Save");
+    EXPECT_EQ(test::read_pdf(path, longest)->page_count(), 2);
+}
+
+TEST_F(SettingAPassword, RefusesOneOfMoreBytesAndDoesNotRepeatIt) {
+    machine.answers = {std::string(126, 'q') + "ß"};
+    EXPECT_EQ(failure([&] { execute("SecureApplyPwdSecurity"); }),
+              "-2147467259 " + path +
+                  " cannot be protected: the password has 128 bytes in UTF-8, and a PDF takes at most 127. "
+                  "Give a shorter one.");
+    execute("Save");
+    EXPECT_FALSE(test::read_pdf(path)->qpdf().isEncrypted());
+}
+
 TEST_F(SettingAPassword, ChangesNothingWhenADialogIsCancelledOrNotAnswered) {
     machine.answers = {"cancel"};
     EXPECT_EQ(execute("SecureApplyPwdSecurity"), Value(false));
