@@ -12,6 +12,7 @@
 #include "cli/manual.h"
 #include "cli/memory_use.h"
 #include "cli/output_guard.h"
+#include "cli/own_streams.h"
 #include "cli/rehearsal.h"
 #include "cli/report.h"
 #include "cli/restart.h"
@@ -77,6 +78,13 @@ int run(const Request& request) {
     }
 }
 
+/// A result that nobody gets is no success.
+int with_output_written(int code) {
+    if (std::cout.flush() || code != cli::exit_success) return code;
+    std::cerr << "foliant: the result could not be written to standard output\n";
+    return cli::exit_failure;
+}
+
 /// Ends the process when everything has been said, without going through what libraries have left to do then: the kernel
 /// is quicker. The sanitizers look for leaks there.
 void leave([[maybe_unused]] int code) {
@@ -91,6 +99,7 @@ void leave([[maybe_unused]] int code) {
 
 int main(int argc, char** argv) {
     try {
+        cli::fill_closed_streams();
         const std::span<char* const> given(argv + 1, argv + argc);
         const std::vector<std::string> words(given.begin(), given.end());
         cli::restart_for_many_objects(words, argv);
@@ -99,7 +108,7 @@ int main(int argc, char** argv) {
         if (parsed.request) cli::secrets_of(*parsed.request).erase_from(given);
         std::cout << parsed.output;
         std::cerr << parsed.error;
-        const int code = parsed.request ? run(*parsed.request) : parsed.exit_code;
+        const int code = with_output_written(parsed.request ? run(*parsed.request) : parsed.exit_code);
         leave(code);
         return code;
     } catch (...) {

@@ -7,6 +7,13 @@
 
 namespace foliant::cli {
 
+void fill_closed_streams() noexcept {
+    // A file gets the lowest number that is free.
+    for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (::fcntl(standard, F_GETFD) == -1)
+            ::open("/dev/null", standard == STDOUT_FILENO ? O_RDONLY : O_WRONLY);
+}
+
 OwnStreams::Buffer::Buffer(int standard, std::function<void()> before)
     : target_(fcntl(standard, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)), before_(std::move(before)) {}
 

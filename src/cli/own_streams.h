@@ -7,6 +7,11 @@
 
 namespace foliant::cli {
 
+/// Puts something into the place of standard streams that are closed, which the next file to be opened would take, and
+/// would have messages written into it. Reading and writing results fail as they do from and to a closed one; messages
+/// go nowhere.
+void fill_closed_streams() noexcept;
+
 /// Keeps standard output and standard error for this program: std::cout and std::cerr go on to where they
 /// went, while whatever libraries and child processes write to the two descriptors goes elsewhere. For a
 /// process that ends without unwinding: nothing is put back.

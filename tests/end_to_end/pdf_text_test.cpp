@@ -159,6 +159,21 @@ TEST_F(PdfText, OfAProtectedFileIsMarkedForWhoKnowsTheOwnersPassword) {
     }
 }
 
+TEST_F(PdfText, IsReadAndChangedWhateverStandardStreamsAreClosed) {
+    const auto call = [&](const std::string& words) {
+        return shop.run({"sh", "-c", FOLIANT_COMMAND " " + words});
+    };
+    for (const char* closed : {"<&-", "2>&-", "<&- 2>&-"}) {
+        EXPECT_EQ(call(std::string("GetNumPagesPDF a.pdf ") + closed).output, "2\n") << closed;
+        EXPECT_EQ(call(std::string("FindTextInPDF a.pdf page ") + closed).exit_code, 0) << closed;
+    }
+    const Finished unwritten = call("GetNumPagesPDF a.pdf >&-");
+    EXPECT_EQ(unwritten.exit_code, 1);
+    EXPECT_EQ(unwritten.errors, "foliant: the result could not be written to standard output\n");
+    EXPECT_EQ(call("CreateTextfileFromPDF a.pdf a.txt <&- >&- 2>&-").exit_code, 0);
+    EXPECT_NE(shop.read("a.txt").find("The second page"), std::string::npos);
+}
+
 /// With a signature of a key that is made for it.
 TEST_F(PdfText, IsMarkedWithoutHarmToASignature) {
     const bool can_sign =

@@ -62,6 +62,18 @@ TEST(Settings, PasswordsAreWrittenFromAFileAndNeverShown) {
               std::string::npos);
 }
 
+TEST(StandardOutput, ThatCannotBeWrittenToIsNoSuccess) {
+    const Workshop shop;
+    for (const char* words :
+         {" AcrobatVersion", " --help", " man", " completion bash", " registry list", " hosts"})
+        for (const char* output : {" >&-", " >/dev/full"}) {
+            const Finished call = shop.run({"sh", "-c", std::string(FOLIANT_COMMAND) + words + output});
+            EXPECT_EQ(call.exit_code, 1) << words << output;
+            EXPECT_EQ(call.errors, "foliant: the result could not be written to standard output\n")
+                << words << output;
+        }
+}
+
 TEST(Settings, WhatIsBuiltInCanBeBroughtBack) {
     const Workshop shop;
     const Finished removed = shop.foliant({"registry", "remove", version_key, ""});
