@@ -1,5 +1,10 @@
 #include "cli/preflight.h"
 
+#include <algorithm>
+#include <cerrno>
+#include <sys/stat.h>
+#include <system_error>
+
 #include "automation/coerce.h"
 #include "automation/error.h"
 #include "automation/object.h"
@@ -11,6 +16,9 @@
 #include "session/errors.h"
 
 namespace foliant::cli {
+
+using automation::Error;
+
 namespace {
 
 void require_protection(const platform::Platform& here) {
@@ -25,20 +33,55 @@ void require_protection(const platform::Platform& here) {
         "  foliant registry set 'HKLM\\SOFTWARE\\Classes\\AcroExch.App\\AcrobatVersion' '' 6.0");
 }
 
+bool is_in_list(const Request& request, const NamedFile& input) {
+    return core::is_list(core::parameter_role(*request.member, *input.parameter));
+}
+
 bool is_there(const platform::Platform& here, const std::string& path) {
     try {
         here.files.length(path);
         return true;
-    } catch (const automation::Error&) {
+    } catch (const Error&) {
         return false;
     }
 }
 
-/// The members that transfer files look for none: a server would be asked first.
-void require_file_to_send(const Request& request, const platform::Platform& here) {
-    if (request.member->family != core::Family::transfer) return;
+/// What stands in the way of reading a file, as a sentence without its end.
+struct Fault {
+    std::string sentence;
+    bool is_missing = true;  ///< rather than something else than a file, or out of reach
+};
+
+std::string kind_of(const struct stat& status) {
+    if (S_ISDIR(status.st_mode)) return "a folder";
+    if (S_ISFIFO(status.st_mode)) return "a pipe";
+    return S_ISSOCK(status.st_mode) ? "a socket" : "a device";
+}
+
+/// Why there is no file of that name to the members, to whom it is all the same.
+Fault fault_of(const std::string& path) {
+    if (path.empty()) return {"A file with an empty name does not exist"};
+    struct stat status {};
+    const int code = ::stat(path.c_str(), &status) == 0 ? 0 : errno;
+    if (code == ENOENT || code == ENOTDIR) return {path + " does not exist"};
+    if (code != 0) return {path + " cannot be looked at: " + std::generic_category().message(code), false};
+    if (S_ISREG(status.st_mode)) return {path + " does not exist"};  // any more
+    return {path + " is " + kind_of(status), false};
+}
+
+/// What a call is not made for, its exit code told by the error.
+Error error_of(const std::string& beginning, const Fault& fault) {
+    if (fault.is_missing) return session::component_error(beginning + fault.sentence + ".");
+    return {automation::RuntimeError::path_file_access, beginning + fault.sentence + "."};
+}
+
+/// Some members look for none: an engine or a server would be asked first.
+void require_files(const Request& request, const platform::Platform& here) {
     for (const NamedFile& input : inputs_of(*request.member, request.arguments)) {
-        if (!is_there(here, input.path)) throw session::missing_file_error(input.path);
+        if (is_in_list(request, input) || is_there(here, input.path)) continue;
+        const Fault fault = fault_of(input.path);
+        if (fault.is_missing && !input.path.empty()) throw session::missing_file_error(input.path);
+        throw error_of("", fault);
     }
 }
 
@@ -48,6 +91,16 @@ std::string text_of(const Request& request, std::string_view parameter) {
             return automation::to_text(argument.value);
     }
     return {};
+}
+
+/// The members wait as many milliseconds as an Integer holds, and find out when all else is done.
+void require_seconds(const Request& request) {
+    constexpr std::int32_t most = 32;
+    const std::string seconds = text_of(request, "intSecsToWaitForPDF");
+    if (seconds.empty() || automation::to_int32(seconds) <= most) return;
+    throw Error(automation::RuntimeError::overflow,
+                "Overflow: " + seconds + " seconds are more than --secs-to-wait-for-pdf takes, " +
+                    std::to_string(most) + ". Nothing was done.");
 }
 
 /// The members that take a folder do nothing without a word when no file in it matches.
@@ -61,25 +114,33 @@ void require_match_in_folder(const Request& request, const platform::Platform& h
                                    " does not exist.");
 }
 
+/// Members pass over what is no file in a list.
+std::vector<std::string> left_out_of_lists(const Request& request, const platform::Platform& here) {
+    std::vector<Fault> faults;
+    std::size_t in_lists = 0;
+    for (const NamedFile& input : inputs_of(*request.member, request.arguments)) {
+        if (!is_in_list(request, input)) continue;
+        ++in_lists;
+        if (!is_there(here, input.path)) faults.push_back(fault_of(input.path));
+    }
+    if (in_lists > 0 && faults.size() == in_lists) {
+        const auto missing = std::ranges::find(faults, true, &Fault::is_missing);
+        throw error_of("Nothing is there to convert: ", missing == faults.end() ? faults.front() : *missing);
+    }
+    std::vector<std::string> sentences;
+    for (const Fault& fault : faults)
+        sentences.push_back(fault.sentence + ", and was left out.");
+    return sentences;
+}
+
 }  // namespace
 
 std::vector<std::string> preflight(const Request& request, const platform::Platform& here) {
     if (wants_protection(request)) require_protection(here);
-    require_file_to_send(request, here);
+    require_seconds(request);
+    require_files(request, here);
     require_match_in_folder(request, here);
-    std::vector<std::string> missing;
-    std::size_t in_lists = 0;
-    for (const NamedFile& input : inputs_of(*request.member, request.arguments)) {
-        if (!core::is_list(core::parameter_role(*request.member, *input.parameter))) continue;
-        ++in_lists;
-        if (!is_there(here, input.path)) missing.push_back(input.path + " does not exist");
-    }
-    if (in_lists > 0 && missing.size() == in_lists) {
-        throw session::component_error("Nothing is there to convert: " + missing.front() + ".");
-    }
-    for (std::string& sentence : missing)
-        sentence += ", and was left out.";
-    return missing;
+    return left_out_of_lists(request, here);
 }
 
 }  // namespace foliant::cli

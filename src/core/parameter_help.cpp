@@ -67,7 +67,7 @@ constexpr std::array entries{
     Entry{"blnWholeWordsOnly", plain, "find whole words only"},
     Entry{"strURL", plain, "address of the web page"},
     Entry{"blnHideAcrobat", plain, "keep Acrobat out of sight"},
-    Entry{"intSecsToWaitForPDF", plain, "seconds to wait for the PDF"},
+    Entry{"intSecsToWaitForPDF", plain, "seconds to wait for the PDF, 32 at most"},
     Entry{"strVisioFile", input_file, "Visio drawing to convert"},
     Entry{"strSourceFile", input_file, "document to convert"},
     Entry{"varBookmarkTitles", list, "texts to find, which become the bookmarks' titles"},

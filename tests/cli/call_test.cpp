@@ -5,9 +5,12 @@
 
 #include "automation/coerce.h"
 #include "cli/exit_codes.h"
+#include "cli/preflight.h"
 #include "cli/progress.h"
 #include "cli/rehearsal.h"
 #include "core/dispatch.h"
+#include "core/members.h"
+#include "core/parameter_help.h"
 #include "platform/stage/cast/cast.h"
 #include "platform/stage/stage_object.h"
 #include "registered/classes.h"
@@ -124,6 +127,55 @@ TEST_F(Call, WhatHostsHaveNotDoneIsLeftOutOfASuccessAndNoMatterOfAnotherFailure)
     add_silent_failures(failure, {"a.png is no image."});
     EXPECT_EQ(failure.error->description(), "File none.ps does not exist.");
     EXPECT_TRUE(failure.left_out.empty());
+}
+
+/// The call of a member with files that are there, but for the one that this parameter names.
+Request without_file(const core::Member& member, const core::Parameter& missing, Stage& stage) {
+    Request request;
+    request.member = &member;
+    for (const core::Parameter& parameter : member.parameters()) {
+        const bool named_file = core::parameter_role(member, parameter) == core::ParameterRole::input_file;
+        if (!named_file) continue;
+        const std::string path = std::string(parameter.name) + (&parameter == &missing ? ".none" : ".there");
+        if (&parameter != &missing) stage.put_file(path);
+        request.arguments.push_back(named(parameter.name, path));
+    }
+    return request;
+}
+
+TEST_F(Call, OfAnyMemberDoesNotBeginWhereAFileThatItNamesIsMissing) {
+    int files = 0;
+    for (const core::Member& member : core::members) {
+        for (const core::Parameter& parameter : member.parameters()) {
+            if (core::parameter_role(member, parameter) != core::ParameterRole::input_file) continue;
+            ++files;
+            const Request wrong = without_file(member, parameter, stage);
+            try {
+                preflight(wrong, stage.platform());
+                ADD_FAILURE() << member.name << " " << parameter.name;
+            } catch (const automation::Error& error) {
+                EXPECT_EQ(error.description(),
+                          "File " + std::string(parameter.name) + ".none does not exist.");
+                EXPECT_EQ(exit_code_for(error), exit_missing_input) << member.name;
+            }
+        }
+    }
+    EXPECT_GE(files, 40);
+}
+
+TEST_F(Call, OfAMemberThatWaitsDoesNotBeginWithMoreSecondsThanItCounts) {
+    request.member = core::find_member(*core::find_dispid("CreatePDFfromWebPage"), automation::Access::call);
+    request.arguments = {named("intSecsToWaitForPDF", std::int16_t{32})};
+    EXPECT_NO_THROW(preflight(request, stage.platform()));
+    request.arguments = {named("intSecsToWaitForPDF", std::int16_t{33})};
+    try {
+        preflight(request, stage.platform());
+        FAIL();
+    } catch (const automation::Error& error) {
+        EXPECT_TRUE(error.is(automation::RuntimeError::overflow));
+        EXPECT_EQ(error.description(),
+                  "Overflow: 33 seconds are more than --secs-to-wait-for-pdf takes, 32. Nothing was done.");
+    }
 }
 
 TEST_F(Call, EveryKindOfFailureHasItsExitCode) {

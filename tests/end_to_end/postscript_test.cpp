@@ -121,12 +121,38 @@ TEST_F(PostScriptToPdf, InputsThatDoNotExistAreToldAndHaveACodeOfTheirOwn) {
     EXPECT_EQ(call.exit_code, 7);
     EXPECT_EQ(call.errors,
               "foliant: none.ps does not exist, and was left out.\n"
-              "foliant: . does not exist, and was left out.\n");
+              "foliant: . is a folder, and was left out.\n");
     EXPECT_NE(call.output.find("\"exitCode\": 7"), std::string::npos) << call.output;
     EXPECT_EQ(shop.pages("book.pdf"), 1);
     const Finished nothing = shop.foliant({"CreatePDFfromMultiPS", "new.pdf", "none.ps", "nor.ps"});
     EXPECT_EQ(nothing.exit_code, 3);
     EXPECT_EQ(nothing.errors, "foliant: Nothing is there to convert: none.ps does not exist.\n");
+}
+
+TEST_F(PostScriptToPdf, WhatIsInAListAndNoFileIsCalledWhatItIs) {
+    shop.write("a.ps", postscript({"Alpha"}));
+    ASSERT_EQ(shop.run({"mkfifo", "pipe.ps"}).exit_code, 0);
+    const Finished call =
+        shop.foliant({"CreatePDFfromMultiPS", "book.pdf", "pipe.ps", "", "/dev/null", "a.ps", "a.ps/b.ps"});
+    EXPECT_EQ(call.exit_code, 7);
+    EXPECT_EQ(call.errors,
+              "foliant: pipe.ps is a pipe, and was left out.\n"
+              "foliant: A file with an empty name does not exist, and was left out.\n"
+              "foliant: /dev/null is a device, and was left out.\n"
+              "foliant: a.ps/b.ps does not exist, and was left out.\n");
+    expect_failure({"CreatePDFfromMultiPS", "new.pdf", "pipe.ps"},
+                   {"Nothing is there to convert: pipe.ps is a pipe."}, 1);
+    expect_failure({"CreatePDFfromMultiPS", "new.pdf", "pipe.ps", "none.ps"},
+                   {"Nothing is there to convert: none.ps does not exist."}, 3);
+}
+
+TEST_F(PostScriptToPdf, AnInputThatIsNoFileIsCalledWhatItIs) {
+    ASSERT_EQ(shop.run({"mkfifo", "pipe.ps"}).exit_code, 0);
+    expect_failure({"CreatePDFfromPS", "new.pdf", "pipe.ps"}, {"foliant: pipe.ps is a pipe.\n"}, 1);
+    expect_failure({"CreatePDFfromPS", "new.pdf", std::string(300, 'a')},
+                   {" cannot be looked at: File name too long.\n"}, 1);
+    expect_failure({"CreatePDFfromPS", "new.pdf", ""},
+                   {"foliant: A file with an empty name does not exist.\n"}, 3);
 }
 
 TEST_F(PostScriptToPdf, NothingThatADocumentPrintsActsOnATerminal) {

@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "automation/error.h"
+#include "automation/text.h"
+#include "hosts/acrobat/acrobat_error.h"
 
 namespace foliant::hosts::acrobat {
 
@@ -35,6 +37,9 @@ void show_notice(Machine& machine, std::string caption) {
 
 CapturedPage capture(Machine& machine, const std::string& address) {
     try {
+        if (automation::trim_blanks(address).empty())
+            throw document_error(
+                "There is no page to capture: its address is empty. Give one, such as www.example.org.");
         return machine.capture_page(address);
     } catch (const Error&) {
         show_notice(machine, "Error: Nothing Done");

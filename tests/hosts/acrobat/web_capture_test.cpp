@@ -49,6 +49,15 @@ TEST_F(WebCapture, WhatWentWrongIsShownAndRaised) {
     EXPECT_EQ(application.call("GetActiveDoc").call("IsValid"), Value(false));
 }
 
+TEST_F(WebCapture, WithoutAnAddressSaysThatThereIsNone) {
+    for (const char* address : {"", "  "}) {
+        machine.answers = {address};
+        EXPECT_EQ(
+            failure([&] { capture(); }),
+            "-2147467259 There is no page to capture: its address is empty. Give one, such as www.example.org.");
+    }
+}
+
 TEST_F(WebCapture, NobodyHasToDismissTheErrorForItToBeRaised) {
     machine.answers = {"www.example.org"};
     EXPECT_EQ(failure([&] { capture(); }), "5 www.example.org cannot be captured: there is none.");
