@@ -16,6 +16,7 @@ namespace {
 using Text = std::u32string_view;
 
 constexpr std::size_t longest_address = 2000;
+constexpr char32_t closing_quote = U'\u2019';
 
 constexpr std::array<Text, 5> beginnings{U"http://", U"https://", U"ftp://", U"mailto:", U"www."};
 
@@ -41,6 +42,22 @@ bool begins_with(Text text, Text beginning) {
 bool may_be_in_address(char32_t letter) {
     if (letter < 0x80) return letter > U' ' && letter != 0x7F && !is_among(letter, U"<>\"{}|\\^`");
     return is_word_letter(letter) && !stands_without_blanks(letter);
+}
+/// Most fonts print an apostrophe as a closing quotation mark. Behind a host's name it belongs to the address where
+/// letters are on both sides of it; "http://example.org's page" names a host.
+bool is_apostrophe(Text address, std::size_t at) {
+    if (address[at] != closing_quote || at + 1 >= address.size()) return false;
+    const std::size_t scheme = address.find(U"://");
+    const std::size_t host = scheme < at ? scheme + 3 : 0;
+    return is_word_letter(address[at - 1]) && is_word_letter(address[at + 1]) &&
+           address.find(U'/', host) < at;
+}
+/// Where the address ends that the text begins with.
+std::size_t length_of_address(Text text) {
+    std::size_t end = 0;
+    while (end < text.size() && (may_be_in_address(text[end]) || (end > 0 && is_apostrophe(text, end))))
+        ++end;
+    return end;
 }
 bool may_be_in_mailbox(char32_t letter) {
     return is_plain_letter_or_digit(letter) || is_among(letter, U".!#$%&'*+/=?_~-");
@@ -150,8 +167,7 @@ class Scanner {
     static std::optional<std::size_t> open_address(Text text) {
         for (std::size_t at = 0; at < text.size(); ++at)
             if (begins_there(text, at)) {
-                const bool is_open = std::all_of(text.begin() + static_cast<std::ptrdiff_t>(at), text.end(),
-                                                 may_be_in_address);
+                const bool is_open = length_of_address(text.substr(at)) == text.size() - at;
                 return is_open ? std::optional(at) : std::nullopt;
             }
         std::size_t start = text.size();
@@ -170,10 +186,8 @@ class Scanner {
     std::size_t find_in(const Token& token, std::size_t at) {
         const Text text = token.text;
         if (begins_there(text, at)) {
-            std::size_t end = at;
-            while (end < text.size() && may_be_in_address(text[end]))
-                ++end;
-            const Text address = without_punctuation(text.substr(at, end - at));
+            const Text behind = text.substr(at);
+            const Text address = without_punctuation(behind.substr(0, length_of_address(behind)));
             if (is_web_address(address)) {
                 const bool has_scheme = !begins_with(address, U"www.");
                 add(token, at, address, has_scheme ? U"" : U"http://");
@@ -223,7 +237,9 @@ class Scanner {
         const std::size_t first = token.origin[start];
         const std::size_t end = token.origin[start + address.size() - 1] + std::size_t{1};
         behind_last_letter_ = end;
-        std::string target = uri(std::u32string(scheme).append(address));
+        std::u32string written = std::u32string(scheme).append(address);
+        std::ranges::replace(written, closing_quote, U'\'');
+        std::string target = uri(written);
         if (!target.empty()) found_.push_back({std::move(target), page_.places(first, end)});
     }
 

@@ -35,6 +35,16 @@ TEST(AcrobatAddresses, EndBeforeThePunctuationOfTheirSentence) {
         "http://example.org/wiki/Page_(film) (1) ");
 }
 
+TEST(AcrobatAddresses, HoldTheApostrophesThatStandBetweenTheirLetters) {
+    EXPECT_EQ(
+        found_in({U"http://a.example/x'y and http://b.example/x\u2019y, 'http://c.example/x' or",
+                  U"\u2018http://d.example/x\u2019 or http://e.example/x'. and http://f.example\u2019s"}),
+        "http://a.example/x'y (1) http://b.example/x'y (1) http://c.example/x (1) http://d.example/x (1) "
+        "http://e.example/x (1) http://f.example (1) ");
+    EXPECT_EQ(found_in({U"at http://example.org/it\u2019s/", U"/some/path"}),
+              "http://example.org/it's//some/path (2) ");
+}
+
 TEST(AcrobatAddresses, GoOnInTheNextLine) {
     EXPECT_EQ(found_in({U"It is at http://example.org/some/long/", U"path/index.html for now."}),
               "http://example.org/some/long/path/index.html (2) ");
