@@ -40,12 +40,23 @@ void require_settings(const Request& request, LocalMachine& machine) {
     }
 }
 
+/// "A", "B"; "" for none.
+std::string in_quotes(const std::vector<std::string>& names) {
+    std::string list;
+    for (const std::string& name : names)
+        list += (list.empty() ? "\"" : ", \"") + name + "\"";
+    return list;
+}
+
 void require_printer(const std::string& printer, LocalMachine& machine) {
     if (machine.has_printer(printer)) return;
-    std::string names;
-    for (const std::string& name : machine.printer_names())
-        names += (names.empty() ? "\"" : ", \"") + name + "\"";
-    throw host_error("There is no printer \"" + printer + "\". The printers are: " + names + ".");
+    throw host_error("There is no printer \"" + printer +
+                     "\". The printers are: " + in_quotes(machine.printer_names()) + ".");
+}
+
+/// The members that print a PDF answer no dialog.
+bool prints_on_paper(const Request& request) {
+    return request.member->name == "PrintPDF" || request.member->name == "PrintPDFinDir";
 }
 
 }  // namespace
@@ -56,6 +67,19 @@ void require_machine(const Request& request, LocalMachine& machine) {
     // A member that cannot switch to its printer goes on with the default one: that may be anybody's.
     if (request.member->name == set_printer || !automation::trim_blanks(printer).empty())
         require_printer(printer, machine);
+}
+
+void require_paper(const Request& request, LocalMachine& machine) {
+    if (!prints_on_paper(request)) return;
+    const std::string named = wanted_printer(request);
+    const std::string printer = automation::trim_blanks(named).empty() ? machine.default_printer() : named;
+    if (!machine.is_pdf_printer(printer)) return;
+    std::vector<std::string> names = machine.printer_names();
+    std::erase_if(names, [&](const std::string& name) { return machine.is_pdf_printer(name); });
+    throw host_error("\"" + printer + "\" prints into a file, and nobody is there to say into which. " +
+                     (names.empty()
+                          ? "There is no other printer here: set one up with CUPS, and lpstat -e lists it."
+                          : "Name another printer with --printer: " + in_quotes(names) + "."));
 }
 
 std::optional<Error> unkept_promise(const Request& request, LocalMachine& machine) {

@@ -69,6 +69,7 @@ Outcome make(const Request& request, LocalMachine& machine, const platform::Plat
     try {
         require_machine(request, machine);
         std::vector<std::string> left_out = preflight(request, machine.platform());
+        require_paper(request, machine);
         outcome = call_member(request, outside, watcher, progress);
         outcome.left_out = std::move(left_out);
     } catch (...) {

@@ -19,6 +19,24 @@ TEST(PrintPDF, RefusesAPrinterThatDoesNotExistBeforeAnythingIsPrinted) {
     EXPECT_EQ(folder.errors, refused.errors);
 }
 
+TEST(PrintPDF, SaysWithoutPrintersThatThereIsNone) {
+    REQUIRE_HOST("Acrobat");
+    const Workshop workshop;
+    workshop.write("a.pdf", "not even looked at");
+    for (const std::vector<std::string>& words :
+         std::vector<std::vector<std::string>>{{"PrintPDF", "a.pdf", "--silent"},
+                                               {"PrintPDF", "a.pdf", "--printer", "Adobe PDF"},
+                                               {"PrintPDFinDir", "."}}) {
+        const Finished refused = workshop.foliant(words);
+        EXPECT_EQ(refused.exit_code, 5);
+        EXPECT_EQ(
+            refused.errors,
+            "foliant: \"Adobe PDF\" prints into a file, and nobody is there to say into which. There is no other "
+            "printer here: set one up with CUPS, and lpstat -e lists it.\n");
+    }
+    EXPECT_EQ(workshop.foliant({"PrintPDF", "none.pdf"}).exit_code, 3);
+}
+
 /// A machine with a real spooler and a real network printer, which keeps what it gets in the folder "jobs".
 class PrintServer : public testing::Test {
   protected:
@@ -57,6 +75,17 @@ TEST_F(PrintServer, GetsThePagesThatAreAskedFor) {
     EXPECT_EQ(printed.exit_code, 0) << printed.errors;
     ASSERT_EQ(jobs(), tests::Names{"1-4_pdf.pdf"});
     EXPECT_EQ(shop.text("jobs/1-4_pdf.pdf"), "page 2\n\n\fpage 3\n\n\f");
+}
+
+TEST_F(PrintServer, IsNamedWhereTheDefaultPrinterMakesPdfs) {
+    REQUIRE_HOST("Acrobat");
+    const Finished refused = foliant({"PrintPDF", "in/1.pdf", "--printer", "Adobe PDF"});
+    REQUIRE_PRINT_SERVER(refused);
+    EXPECT_EQ(refused.exit_code, 5);
+    EXPECT_EQ(
+        refused.errors,
+        "foliant: \"Adobe PDF\" prints into a file, and nobody is there to say into which. Name another printer "
+        "with --printer: \"Paper\".\n");
 }
 
 TEST_F(PrintServer, GetsEveryFileOfAFolder) {
