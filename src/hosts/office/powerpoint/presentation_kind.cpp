@@ -25,15 +25,22 @@ ImportFilter package_filter(const DocumentFile& file, const Office& office) {
                           "it is a zip package without a PowerPoint or OpenDocument presentation in it");
 }
 
+constexpr const char* main_stream = "PowerPoint Document";
+
+/// Since PowerPoint 97 that is the first record in most presentations; 95 has none of the kind in a stream of that name.
+bool begins_with_document(std::string_view stream) {
+    return stream.substr(0, 4).ends_with("\xE8\x03");
+}
+
 ImportFilter compound_file_filter(const DocumentFile& file, const Office& office) {
     const Streams streams = compound_file_streams(file, office, microsoft_powerpoint);
     if (has_stream(streams, "EncryptedPackage")) return {"Impress MS PowerPoint 2007 XML", ""};
-    if (has_stream(streams, "PowerPoint Document")) {
-        if (is_encrypted_presentation(streams)) throw encrypted(file.path, microsoft_powerpoint);
-        return {"MS PowerPoint 97", ""};
-    }
-    if (has_stream(streams, "PP40"))
+    const ImportFilter usual{"MS PowerPoint 97", ""};
+    if (is_encrypted_presentation(streams)) throw encrypted(file.path, microsoft_powerpoint);
+    if (begins_with_document(stream_start(streams, main_stream))) return usual;
+    if (has_stream(streams, main_stream) || has_stream(streams, "PP40"))
         if (const auto kind = detect_kind(file, office)) return {kind->filter, ""};
+    if (has_stream(streams, main_stream)) return usual;
     throw no_presentation(file, "it is a compound file without a PowerPoint presentation in it");
 }
 
