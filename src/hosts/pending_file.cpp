@@ -3,7 +3,9 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <string>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <system_error>
 
 #include "posix/random.h"
@@ -15,32 +17,63 @@ using posix::FileDescriptor;
 namespace {
 
 constexpr mode_t new_file_rights = 0666;  // less the umask
+constexpr mode_t owner_only = S_IRUSR | S_IWUSR;
+constexpr const char* access_list = "system.posix_acl_access";
 
 [[noreturn]] void throw_failure(const std::filesystem::path& path, int code) {
     throw std::filesystem::filesystem_error("cannot write", path,
                                             std::error_code(code, std::generic_category()));
 }
 
+/// Whether the file belongs to the same owner and group afterwards.
+bool take_owner(int descriptor, const struct stat& now, const struct stat& former) noexcept {
+    if (now.st_uid == former.st_uid && now.st_gid == former.st_gid) return true;
+    if (::fchown(descriptor, former.st_uid, former.st_gid) == 0) return true;
+    const bool has_group =
+        now.st_gid == former.st_gid || ::fchown(descriptor, static_cast<uid_t>(-1), former.st_gid) == 0;
+    return has_group && now.st_uid == former.st_uid;
+}
+
+/// Whether the file has as good an access list as the former one, that is, the same or none either.
+bool take_access_list(int descriptor, const std::filesystem::path& former) noexcept {
+    char list[4096];
+    const ssize_t length = ::getxattr(former.c_str(), access_list, list, sizeof list);
+    if (length >= 0)
+        return ::fsetxattr(descriptor, access_list, list, static_cast<std::size_t>(length), 0) == 0;
+    if (errno == ERANGE) return false;
+    // The folder may have given it one of its own.
+    return ::fremovexattr(descriptor, access_list) == 0 || errno == ENODATA || errno == ENOTSUP;
+}
+
 }  // namespace
 
-PendingFile::PendingFile(std::filesystem::path target, Name name) : target_(std::move(target)) {
+PendingFile::PendingFile(std::filesystem::path target, Name name)
+    : named_(std::move(target)), target_(named_) {
+    namespace fs = std::filesystem;
     std::error_code ignored;
-    const std::filesystem::file_status present = std::filesystem::status(target_, ignored);
-    if (std::filesystem::is_directory(present)) fail(EISDIR);
-    if (std::filesystem::is_other(present)) fail(ENOTSUP);
+    const fs::file_status present = fs::status(named_, ignored);
+    if (fs::is_directory(present)) fail(EISDIR);
+    if (fs::is_other(present)) fail(ENOTSUP);
+    replaces_ = fs::is_regular_file(present);
+    if (replaces_ && fs::is_symlink(fs::symlink_status(named_, ignored))) {
+        std::error_code unknown;
+        target_ = fs::canonical(named_, unknown);
+        if (unknown) fail(unknown.value());
+    }
     if (name == Name::nameless) open_nameless();
     if (!file_) open_hidden();
+    if (replaces_) take_rights(file_.get(), target_);
 }
 
 void PendingFile::open_nameless() {
-    file_ = FileDescriptor(::open(folder().c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, new_file_rights));
+    file_ = FileDescriptor(::open(folder().c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, first_rights()));
     const bool unsupported = errno == EOPNOTSUPP || errno == EISDIR;  // a kernel without it opens the folder
     if (!file_ && !unsupported) fail(errno);
 }
 
 void PendingFile::open_hidden() {
     std::filesystem::path name = hidden_sibling();
-    file_ = FileDescriptor(::open(name.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, new_file_rights));
+    file_ = FileDescriptor(::open(name.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, first_rights()));
     if (!file_) fail(errno);
     hidden_ = std::move(name);
 }
@@ -57,7 +90,7 @@ std::filesystem::path PendingFile::path_in_this_process() const {
 }
 
 void PendingFile::write(std::string_view bytes) {
-    write_all(file_.get(), bytes, target_);
+    write_all(file_.get(), bytes, named_);
 }
 
 void PendingFile::commit() {
@@ -70,9 +103,13 @@ void PendingFile::commit() {
         }
         hidden_ = std::move(name);
     }
-    close_written(file_, target_);
+    close_written(file_, named_);
     if (std::rename(hidden_.c_str(), target_.c_str()) != 0) fail(errno);
     hidden_.clear();
+}
+
+mode_t PendingFile::first_rights() const noexcept {
+    return replaces_ ? owner_only : new_file_rights;
 }
 
 std::filesystem::path PendingFile::folder() const {
@@ -84,7 +121,25 @@ std::filesystem::path PendingFile::hidden_sibling() const {
 }
 
 void PendingFile::fail(int code) const {
-    throw_failure(target_, code);
+    throw_failure(named_, code);
+}
+
+void take_rights(int descriptor, const std::filesystem::path& former) noexcept {
+    struct stat now {};
+    struct stat then {};
+    if (::fstat(descriptor, &now) != 0 || ::stat(former.c_str(), &then) != 0) return;
+    static_cast<void>(::fchmod(descriptor, owner_only));
+    const mode_t owner = then.st_mode & S_IRWXU;
+    const mode_t group = then.st_mode & S_IRWXG;
+    const mode_t others = then.st_mode & S_IRWXO;
+    if (take_owner(descriptor, now, then) && take_access_list(descriptor, former)) {
+        static_cast<void>(::fchmod(descriptor, owner | group | others));
+    } else {
+        // Who was of the group may be one of the others now, and the other way round.
+        static_cast<void>(::fremovexattr(descriptor, access_list));
+        const mode_t both = (group >> 3U) & others;
+        static_cast<void>(::fchmod(descriptor, owner | both << 3U | both));
+    }
 }
 
 void write_all(int descriptor, std::string_view bytes, const std::filesystem::path& path) {

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string_view>
+#include <sys/types.h>
 
 #include "posix/file_descriptor.h"
 
@@ -27,6 +28,9 @@ class OutputFile {
 /// `commit`. What is never committed is gone with this object, and without a name also when the process is
 /// killed.
 ///
+/// One that takes the place of an ordinary file has its rights from the beginning, as `take_rights` gives them.
+/// Where the target is a link that leads to such a file, it takes the place of that file, and the link stays.
+///
 /// Failures are thrown as std::filesystem::filesystem_error with the target as its path and an errno value as
 /// its code; hosts say it in their own words.
 class PendingFile : public OutputFile {
@@ -35,8 +39,8 @@ class PendingFile : public OutputFile {
     /// cannot); `nameless` falls back on `hidden` there.
     enum class Name { nameless, hidden };
 
-    /// Makes an empty file on the file system of `target`, with the rights that a new file there would get.
-    /// Fails when the folder is missing or cannot be written, with EISDIR when `target` is a folder, and with
+    /// Makes an empty file on the file system of `target`, with the rights of the file that is there, or those
+    /// that a new one would get. Fails when the folder is missing or cannot be written, with EISDIR when `target` is a folder, and with
     /// ENOTSUP when it is a device or a pipe, which cannot change from nothing to complete.
     explicit PendingFile(std::filesystem::path target, Name name = Name::nameless);
     PendingFile(const PendingFile&) = delete;
@@ -54,14 +58,22 @@ class PendingFile : public OutputFile {
   private:
     void open_nameless();
     void open_hidden();
+    mode_t first_rights() const noexcept;
     std::filesystem::path folder() const;
     std::filesystem::path hidden_sibling() const;
     [[noreturn]] void fail(int code) const;
 
-    std::filesystem::path target_;
+    std::filesystem::path named_;   ///< as who asked for it calls it
+    std::filesystem::path target_;  ///< the same, or what the link of that name leads to
+    bool replaces_ = false;         ///< an ordinary file
     std::filesystem::path hidden_;  ///< its name so far; empty while it has none
     posix::FileDescriptor file_;
 };
+
+/// Gives an open file the rights of the one that it takes the place of: its owner, group, permission bits and
+/// access list. Where the owner or the group cannot be kept, nobody but the new owner gets more than he had.
+/// What cannot be given is left out; without a `former`, nothing changes.
+void take_rights(int descriptor, const std::filesystem::path& former) noexcept;
 
 /// Writes all of `bytes` to an open file. Throws as PendingFile does, `path` being its name.
 void write_all(int descriptor, std::string_view bytes, const std::filesystem::path& path);

@@ -101,6 +101,79 @@ TEST_F(PendingFileTest, HasTheRightsOfANewFile) {
     EXPECT_EQ(fs::status(target).permissions(), fs::perms(0644));
 }
 
+TEST_F(PendingFileTest, HasTheRightsOfTheFileThatItReplacesFromTheBeginning) {
+    for (const auto name : {PendingFile::Name::nameless, PendingFile::Name::hidden}) {
+        for (const mode_t rights : {0600U, 0640U, 0664U, 0444U}) {
+            write_file(target, "old");
+            ASSERT_EQ(::chmod(target.c_str(), rights), 0);
+            PendingFile file(target, name);
+            struct stat status {};
+            ASSERT_EQ(::fstat(file.descriptor(), &status), 0);
+            EXPECT_EQ(status.st_mode & 07777U, rights);
+            file.commit();
+            EXPECT_EQ(fs::status(target).permissions(), fs::perms(rights));
+            fs::remove(target);
+        }
+    }
+}
+
+TEST_F(PendingFileTest, BelongsToWhomTheFileThatItReplacesBelonged) {
+    if (::geteuid() != 0) GTEST_SKIP() << "only the superuser gives files away";
+    write_file(target, "old");
+    ASSERT_EQ(::chown(target.c_str(), 1000, 33), 0);
+    ASSERT_EQ(::chmod(target.c_str(), 0640), 0);
+    PendingFile(target).commit();
+    struct stat status {};
+    ASSERT_EQ(::stat(target.c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, 1000U);
+    EXPECT_EQ(status.st_gid, 33U);
+    EXPECT_EQ(status.st_mode & 07777U, 0640U);
+}
+
+TEST_F(PendingFileTest, GivesNoRightsAwayWhereTheOwnerCannotBeKept) {
+    if (::geteuid() != 0) GTEST_SKIP() << "only the superuser gives files away";
+    ASSERT_EQ(::chmod(folder.c_str(), 0777), 0);
+    const auto replaced_by_another = [&](mode_t rights) {
+        write_file(target, "old");
+        EXPECT_EQ(::chown(target.c_str(), 1000, 33), 0);
+        EXPECT_EQ(::chmod(target.c_str(), rights), 0);
+        EXPECT_EQ(::seteuid(65534), 0);
+        PendingFile(target).commit();
+        EXPECT_EQ(::seteuid(0), 0);
+        const fs::perms now = fs::status(target).permissions();
+        fs::remove(target);
+        return now;
+    };
+    EXPECT_EQ(replaced_by_another(0640), fs::perms(0600));
+    EXPECT_EQ(replaced_by_another(0664), fs::perms(0644));
+    EXPECT_EQ(replaced_by_another(0604), fs::perms(0600)) << "who was kept out is one of the others now";
+}
+
+TEST_F(PendingFileTest, TakesThePlaceOfTheFileThatALinkLeadsTo) {
+    fs::create_directory(folder / "real");
+    write_file(folder / "real" / "a.pdf", "old");
+    ASSERT_EQ(::chmod((folder / "real" / "a.pdf").c_str(), 0600), 0);
+    fs::create_symlink("real/a.pdf", folder / "middle");
+    fs::create_symlink("middle", target);
+    PendingFile file(target);
+    file.write("new");
+    file.commit();
+    EXPECT_EQ(fs::read_symlink(target), "middle");
+    EXPECT_EQ(fs::read_symlink(folder / "middle"), "real/a.pdf");
+    EXPECT_EQ(read_file(folder / "real" / "a.pdf"), "new");
+    EXPECT_EQ(fs::status(target).permissions(), fs::perms(0600));
+    EXPECT_EQ(tests::names_in(folder / "real"), Names{"a.pdf"});
+}
+
+TEST_F(PendingFileTest, TakesThePlaceOfALinkThatLeadsNowhere) {
+    fs::create_symlink("nowhere", target);
+    PendingFile file(target);
+    file.write("new");
+    file.commit();
+    EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(target)));
+    EXPECT_EQ(names(), Names{"out.pdf"});
+}
+
 TEST_F(PendingFileTest, NeedsItsFolder) {
     EXPECT_EQ(failure_to_open(folder / "missing" / "out.pdf"), ENOENT);
     write_file(folder / "file", "");
