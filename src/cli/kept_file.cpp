@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include "automation/error.h"
+#include "hosts/pending_file.h"
 #include "posix/random.h"
 
 namespace foliant::cli {
@@ -30,11 +31,33 @@ std::string hidden_name(const std::string& name) {
 
 /// Whether a call that has not ended holds that file.
 bool is_held(const std::filesystem::path& path) {
-    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     return !file || ::flock(file.get(), LOCK_EX | LOCK_NB) != 0;
 }
 
+bool is_same_file(const struct stat& a, const struct stat& b) {
+    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
+
 }  // namespace
+
+void ReplacementLock::take(const std::string& path, std::string_view advice) {
+    while (true) {
+        FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+        struct stat locked {};
+        if (!file || ::fstat(file.get(), &locked) != 0 || !S_ISREG(locked.st_mode)) return;
+        if (::flock(file.get(), LOCK_EX | LOCK_NB) != 0) {
+            if (errno != EWOULDBLOCK) return;
+            throw Error(RuntimeError::permission_denied,
+                        path + " is being replaced by another call at this moment. " + std::string(advice));
+        }
+        struct stat now {};
+        if (::stat(path.c_str(), &now) != 0) return;
+        file_ = std::move(file);
+        // Where a call has replaced it since it was opened, the file that has the name now is the one to lock.
+        if (is_same_file(locked, now)) return;
+    }
+}
 
 bool KeptFile::bring_back_lost(const std::string& path) noexcept try {
     namespace fs = std::filesystem;
@@ -54,18 +77,44 @@ bool KeptFile::bring_back_lost(const std::string& path) noexcept try {
 }
 
 void KeptFile::keep(const std::string& path) {
-    if (!open_folder_of(path)) return;
     struct stat standing {};
-    if (::fstatat(folder_.get(), name_.c_str(), &standing, AT_SYMLINK_NOFOLLOW) != 0) return;
-    if (S_ISREG(standing.st_mode)) lock_against_other_calls(path);
-    if (const int code = give_second_name(); code != 0) {
+    if (!named_.open_folder_of(path) || !named_.is_there(standing)) return;
+    lock_.take(path, "Wait for it, or give the output another name.");
+    if (const int code = named_.link_or_move(); code != 0) {
         throw Error(RuntimeError::permission_denied, path + " cannot be replaced (" +
                                                          std::generic_category().message(code) +
                                                          "). Give the output another name or folder.");
     }
+    if (S_ISLNK(standing.st_mode)) keep_what_it_leads_to(path);
 }
 
-bool KeptFile::open_folder_of(const std::string& path) {
+/// Only by a second name: a file that is moved aside could not be replaced through the link any more.
+void KeptFile::keep_what_it_leads_to(const std::string& link) {
+    namespace fs = std::filesystem;
+    std::error_code unknown;
+    const fs::path file = fs::canonical(link, unknown);
+    is_link_ = !unknown && fs::is_regular_file(file, unknown);
+    if (is_link_ && led_to_.open_folder_of(file.string())) led_to_.link();
+}
+
+void KeptFile::put_back() noexcept {
+    led_to_.put_back();
+    named_.put_back();
+    lock_.give_up();
+}
+
+void KeptFile::drop() noexcept {
+    named_.give_rights_to_new_one();
+    named_.forget();
+    led_to_.forget();
+    lock_.give_up();
+}
+
+bool KeptFile::is_in_place() const noexcept {
+    return named_.is_in_place() && (!is_link_ || led_to_.is_in_place());
+}
+
+bool KeptFile::Names::open_folder_of(const std::string& path) {
     const std::filesystem::path whole(path);
     const std::filesystem::path folder = whole.has_parent_path() ? whole.parent_path() : ".";
     name_ = whole.filename().string();
@@ -73,46 +122,56 @@ bool KeptFile::open_folder_of(const std::string& path) {
     return folder_ && !name_.empty();
 }
 
-/// The lock ends with the last process of the call, however that ends.
-void KeptFile::lock_against_other_calls(const std::string& path) {
-    lock_ = FileDescriptor(::openat(folder_.get(), name_.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
-    if (lock_ && ::flock(lock_.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
-        throw Error(RuntimeError::permission_denied,
-                    path +
-                        " is being replaced by another call at this moment. Wait for it, or give the "
-                        "output another name.");
-    }
+bool KeptFile::Names::is_there(struct stat& status) const noexcept {
+    return ::fstatat(folder_.get(), name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
-/// 0, or the reason why the file can have no other name.
-int KeptFile::give_second_name() {
-    const std::string second = hidden_name(name_);
-    const bool linked = ::linkat(folder_.get(), name_.c_str(), folder_.get(), second.c_str(), 0) == 0;
-    if (!linked && ::renameat(folder_.get(), name_.c_str(), folder_.get(), second.c_str()) != 0) return errno;
-    second_ = second;
+int KeptFile::Names::link() {
+    std::string second = hidden_name(name_);
+    if (::linkat(folder_.get(), name_.c_str(), folder_.get(), second.c_str(), 0) != 0) return errno;
+    second_ = std::move(second);
     return 0;
 }
 
-void KeptFile::put_back() noexcept {
+int KeptFile::Names::link_or_move() {
+    if (link() == 0) return 0;
+    std::string second = hidden_name(name_);
+    if (::renameat(folder_.get(), name_.c_str(), folder_.get(), second.c_str()) != 0) return errno;
+    second_ = std::move(second);
+    return 0;
+}
+
+bool KeptFile::Names::is_in_place() const noexcept {
+    struct stat now {};
+    struct stat kept {};
+    return !second_.empty() && is_there(now) &&
+           ::fstatat(folder_.get(), second_.c_str(), &kept, AT_SYMLINK_NOFOLLOW) == 0 &&
+           is_same_file(now, kept);
+}
+
+/// In place of a link, it gets those of the file that the link led to.
+void KeptFile::Names::give_rights_to_new_one() const noexcept try {
+    if (second_.empty() || is_in_place()) return;
+    const FileDescriptor made(
+        ::openat(folder_.get(), name_.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    struct stat status {};
+    if (!made || ::fstat(made.get(), &status) != 0 || !S_ISREG(status.st_mode)) return;
+    const std::string folder = "/proc/self/fd/" + std::to_string(folder_.get());
+    hosts::take_rights(made.get(), std::filesystem::path(folder) / second_);
+} catch (...) {  // no memory: it stays its owner's alone
+}
+
+void KeptFile::Names::put_back() noexcept {
     if (second_.empty()) return;
     if (::renameat(folder_.get(), second_.c_str(), folder_.get(), name_.c_str()) == 0) {
         // Two names of one file stay two when one is renamed to the other.
-        drop();
+        forget();
     }
 }
 
-void KeptFile::drop() noexcept {
+void KeptFile::Names::forget() noexcept {
     if (!second_.empty()) ::unlinkat(folder_.get(), second_.c_str(), 0);
     second_.clear();
-    lock_.reset();
-}
-
-bool KeptFile::is_in_place() const noexcept {
-    struct stat now {};
-    struct stat kept {};
-    return !second_.empty() && ::fstatat(folder_.get(), name_.c_str(), &now, AT_SYMLINK_NOFOLLOW) == 0 &&
-           ::fstatat(folder_.get(), second_.c_str(), &kept, AT_SYMLINK_NOFOLLOW) == 0 &&
-           now.st_dev == kept.st_dev && now.st_ino == kept.st_ino;
 }
 
 }  // namespace foliant::cli

@@ -1,10 +1,40 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+#include <sys/stat.h>
 
 #include "posix/file_descriptor.h"
 
 namespace foliant::cli {
+
+/// By this, of two calls that replace one file at the same time the second is refused. It ends with the last
+/// process of the call, however that ends.
+class ReplacementLock {
+  public:
+    /// Locks the ordinary file at `path`, or the one that a link there leads to; nothing to do for anything else,
+    /// nor where the file may not be read or the file system has no locks. Raises an automation error when another
+    /// call has locked it, `advice` being what to do then ("Wait for it.").
+    void take(const std::string& path, std::string_view advice);
+
+    void give_up() noexcept { file_.reset(); }
+
+  private:
+    posix::FileDescriptor file_;
+};
+
+/// While this exists, what this process makes is its user's alone. A file that takes the place of a kept one is
+/// given the rights of that one at the end, and has no others until then.
+class OwnersOnly {
+  public:
+    OwnersOnly() noexcept : former_(::umask(S_IRWXG | S_IRWXO)) {}
+    OwnersOnly(const OwnersOnly&) = delete;
+    OwnersOnly& operator=(const OwnersOnly&) = delete;
+    ~OwnersOnly() { ::umask(former_); }
+
+  private:
+    mode_t former_;
+};
 
 /// What stands under an output's name before a call: kept while the call replaces it, and put back when the
 /// call fails. Members delete the old file long before they have a new one; whoever waits for the call still
@@ -12,7 +42,8 @@ namespace foliant::cli {
 ///
 /// The second name is a hidden one in the same folder, so nothing is copied and the file that comes back is
 /// the very one that was there, with owner, rights, times and links. It is a hard link, or, where the file
-/// system has none, the file itself is moved aside.
+/// system has none, the file itself is moved aside. Of a link to an ordinary file both are kept: some members
+/// remove the link, others have what it leads to replaced.
 ///
 /// Destroying this does nothing, since a forked worker inherits it; exactly one of `put_back` and `drop`
 /// ends it. Hosts never write into a file that is there.
@@ -30,21 +61,43 @@ class KeptFile {
     /// The former file gets its name back, in place of whatever has it now.
     void put_back() noexcept;
 
-    /// The former file is not needed any more.
+    /// The former file is not needed any more: the new one gets its rights.
     void drop() noexcept;
+
+    /// Whether anything is kept.
+    explicit operator bool() const noexcept { return static_cast<bool>(named_); }
 
     /// Whether the former file still stands under its name, so that nobody has made a new one.
     bool is_in_place() const noexcept;
 
   private:
-    bool open_folder_of(const std::string& path);
-    void lock_against_other_calls(const std::string& path);
-    int give_second_name();
+    /// A file and its two names.
+    class Names {
+      public:
+        bool open_folder_of(const std::string& path);
+        bool is_there(struct stat& status) const noexcept;
+        /// Both return 0, or the reason why the file can have no other name.
+        int link();
+        int link_or_move();
 
-    posix::FileDescriptor folder_;
-    posix::FileDescriptor lock_;
-    std::string name_;    ///< in the folder
-    std::string second_;  ///< the hidden name; empty while nothing is kept
+        explicit operator bool() const noexcept { return !second_.empty(); }
+        bool is_in_place() const noexcept;
+        void give_rights_to_new_one() const noexcept;
+        void put_back() noexcept;
+        void forget() noexcept;
+
+      private:
+        posix::FileDescriptor folder_;
+        std::string name_;    ///< in the folder
+        std::string second_;  ///< the hidden name; empty while nothing is kept
+    };
+
+    void keep_what_it_leads_to(const std::string& link);
+
+    ReplacementLock lock_;
+    Names named_;
+    bool is_link_ = false;  ///< to an ordinary file
+    Names led_to_;          ///< that file
 };
 
 }  // namespace foliant::cli

@@ -1,5 +1,8 @@
 #include "cli/named_files.h"
 
+#include <algorithm>
+#include <array>
+
 #include "automation/coerce.h"
 #include "core/dispatch.h"
 #include "core/parameter_help.h"
@@ -31,6 +34,15 @@ std::optional<NamedFile> output_of(const core::Member& member, const automation:
                  if (role == ParameterRole::output_file) output = {&parameter, automation::to_text(value)};
              });
     return output;
+}
+
+std::optional<NamedFile> changed_in_place(const core::Member& member,
+                                          const automation::Arguments& arguments) {
+    constexpr std::array<std::string_view, 4> members{"CreateBookmarkInPDF", "CreateBookmarksInPDF",
+                                                      "CreateLinksInPDF", "SetOpenPassword"};
+    if (std::ranges::find(members, member.name) == members.end()) return std::nullopt;
+    const std::vector<NamedFile> inputs = inputs_of(member, arguments);
+    return inputs.empty() ? std::nullopt : std::optional(inputs.front());
 }
 
 std::vector<NamedFile> inputs_of(const core::Member& member, const automation::Arguments& arguments) {

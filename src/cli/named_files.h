@@ -18,6 +18,9 @@ struct NamedFile {
 /// The file that the member was asked to make; nothing when it makes none or was given no name for it.
 std::optional<NamedFile> output_of(const core::Member& member, const automation::Arguments& arguments);
 
+/// The file that the member was asked to change where it is; nothing when it changes none.
+std::optional<NamedFile> changed_in_place(const core::Member& member, const automation::Arguments& arguments);
+
 /// The files that the member was asked to read, in its order: single ones and those in lists. Blank optional
 /// ones are left out.
 std::vector<NamedFile> inputs_of(const core::Member& member, const automation::Arguments& arguments);

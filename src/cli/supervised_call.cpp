@@ -89,6 +89,7 @@ int work(const Request& request, LocalMachine& machine, const KeptFile& kept, Ca
 
 int supervise(const Request& request, LocalMachine& machine, CallLog& log) {
     KeptFile kept;
+    ReplacementLock lock;
     const posix::FileDescriptor engine_output =
         log.is_wanted() ? engine_output_file(machine) : posix::FileDescriptor();
     Work plan;
@@ -96,6 +97,8 @@ int supervise(const Request& request, LocalMachine& machine, CallLog& log) {
     plan.start = [&] { start_host_ahead(*request.member, machine); };
     plan.prepare = [&] {
         if (const auto output = output_of(*request.member, request.arguments)) kept.keep(output->path);
+        if (const auto file = changed_in_place(*request.member, request.arguments))
+            lock.take(file->path, "Wait for it.");
     };
     plan.meanwhile = [&] { machine.remove_folders_of_the_dead(); };
     plan.settle = [&](const Ending& ending) {

@@ -70,7 +70,11 @@ Outcome make(const Request& request, LocalMachine& machine, const platform::Plat
         require_machine(request, machine);
         std::vector<std::string> left_out = preflight(request, machine.platform());
         require_paper(request, machine);
-        outcome = call_member(request, outside, watcher, progress);
+        {
+            std::optional<OwnersOnly> until_it_has_its_rights;
+            if (kept) until_it_has_its_rights.emplace();
+            outcome = call_member(request, outside, watcher, progress);
+        }
         outcome.left_out = std::move(left_out);
     } catch (...) {
         fail(outcome, automation::current_error());

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -128,6 +129,67 @@ TEST_F(Kept, IsALinkWhenALinkStoodThere) {
     EXPECT_EQ(files(), 2);
 }
 
+TEST_F(Kept, GivesItsRightsToTheNewFile) {
+    write(output, "old");
+    fs::permissions(output, fs::perms(0664));
+    kept.keep(output);
+    {
+        const OwnersOnly meanwhile;
+        replace("new");
+    }
+    EXPECT_EQ(fs::status(output).permissions(), fs::perms(0600)) << "nobody else's meanwhile";
+    kept.drop();
+    EXPECT_EQ(read(), "new");
+    EXPECT_EQ(fs::status(output).permissions(), fs::perms(0664));
+}
+
+TEST_F(Kept, GivesItsOwnerToTheNewFile) {
+    if (geteuid() != 0) GTEST_SKIP() << "only the superuser gives files away";
+    write(output, "old");
+    ASSERT_EQ(chown(output.c_str(), 1000, 33), 0);
+    fs::permissions(output, fs::perms(0640));
+    kept.keep(output);
+    replace("new");
+    kept.drop();
+    struct stat status {};
+    ASSERT_EQ(stat(output.c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, 1000U);
+    EXPECT_EQ(status.st_gid, 33U);
+    EXPECT_EQ(status.st_mode & 07777U, 0640U);
+}
+
+TEST_F(Kept, ALinkGivesTheRightsOfItsFileToTheNewOne) {
+    write(folder / "v1.pdf", "old");
+    fs::permissions(folder / "v1.pdf", fs::perms(0600));
+    fs::create_symlink("v1.pdf", output);
+    kept.keep(output);
+    replace("new");
+    kept.drop();
+    EXPECT_EQ(fs::status(output).permissions(), fs::perms(0600));
+    EXPECT_EQ(files(), 2);
+}
+
+TEST_F(Kept, OfALinkTheFileThatItLeadsToComesBackToo) {
+    write(folder / "v1.pdf", "old");
+    fs::create_symlink("v1.pdf", output);
+    kept.keep(output);
+    EXPECT_TRUE(kept.is_in_place());
+    write(folder / "pending", "new");
+    fs::rename(folder / "pending", folder / "v1.pdf");
+    EXPECT_FALSE(kept.is_in_place()) << "a new file was made";
+    kept.put_back();
+    EXPECT_EQ(fs::read_symlink(output), "v1.pdf");
+    EXPECT_EQ(read(), "old");
+    EXPECT_EQ(files(), 2);
+}
+
+TEST_F(Kept, ThatWasALinkComesBackWithTheNextCall) {
+    write(folder / "v1.pdf", "old");
+    fs::create_symlink("v1.pdf", folder / ".out.pdf.kept-by-foliant-1");
+    EXPECT_TRUE(KeptFile::bring_back_lost(output));
+    EXPECT_EQ(fs::read_symlink(output), "v1.pdf");
+}
+
 TEST_F(Kept, IsNothingWhereNothingStood) {
     kept.keep(output);
     replace("new");
@@ -160,6 +222,37 @@ TEST_F(Kept, ASecondCallForTheSameFileIsRefusedUntilTheFirstHasEnded) {
     KeptFile third;
     third.keep(output);
     third.drop();
+}
+
+TEST_F(Kept, ACallThatChangesTheFileInPlaceIsRefusedLikewiseAlsoThroughALink) {
+    write(output, "old");
+    fs::create_symlink("out.pdf", folder / "link.pdf");
+    ReplacementLock first;
+    first.take(output, "Wait for it.");
+    for (const char* name : {"out.pdf", "link.pdf"}) {
+        ReplacementLock second;
+        try {
+            second.take(folder / name, "Wait for it.");
+            FAIL() << "two calls change one file";
+        } catch (const automation::Error& error) {
+            EXPECT_EQ(
+                error.description(),
+                (folder / name).string() + " is being replaced by another call at this moment. Wait for it.");
+        }
+        EXPECT_THROW(KeptFile().keep(folder / name), automation::Error);
+    }
+    first.give_up();
+    EXPECT_NO_THROW(ReplacementLock().take(output, "Wait for it."));
+}
+
+TEST_F(Kept, TheLockIsThatOfTheFileThatHasTheName) {
+    write(output, "old");
+    ReplacementLock first;
+    first.take(output, "");
+    replace("new");
+    ReplacementLock second;
+    second.take(output, "");
+    EXPECT_THROW(ReplacementLock().take(output, ""), automation::Error);
 }
 
 TEST_F(Kept, AFolderThatMayNotBeWrittenIsToldInTime) {

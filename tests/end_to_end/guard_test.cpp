@@ -1,9 +1,12 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <fcntl.h>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <thread>
+#include <unistd.h>
 
 #include "end_to_end/command.h"
 
@@ -89,6 +92,93 @@ TEST_F(OldOutput, GivesWayToTheNewOne) {
     EXPECT_EQ(shop.foliant({"CreatePDFfromPS", "out.pdf", "loop.ps"}).exit_code, 0);
     EXPECT_EQ(shop.pages("out.pdf"), 1);
     EXPECT_EQ(shop.files(), (std::set<std::string>{"loop.ps", "out.pdf"}));
+}
+
+/// Calls over files with rights and names of their own.
+class Standing : public testing::Test {
+  protected:
+    void SetUp() override {
+        REQUIRE_HOST("Acrobat");
+        REQUIRE_HOST("Acrobat Distiller");
+        shop.write("page.ps",
+                   "%!PS\n/Helvetica findfont 20 scalefont setfont 72 700 moveto "
+                   "(needle) show showpage\n");
+        EXPECT_EQ(shop.foliant({"CreatePDFfromPS", "a.pdf", "page.ps"}).exit_code, 0);
+    }
+
+    std::filesystem::perms rights(const std::string& name) const {
+        return std::filesystem::status(shop.path(name)).permissions();
+    }
+    void expect_success(const std::vector<std::string>& words) const {
+        const Finished call = shop.foliant(words);
+        EXPECT_EQ(call.exit_code, 0) << call.errors;
+    }
+
+    Workshop shop;
+};
+
+TEST_F(Standing, RightsAreThoseOfTheFileThatIsReplaced) {
+    for (const auto wanted : {std::filesystem::perms(0600), std::filesystem::perms(0664)}) {
+        for (const char* name : {"bookmark.pdf", "merged.pdf", "made.pdf", "text.txt"}) {
+            if (std::string(name).ends_with("pdf"))
+                std::filesystem::copy(shop.path("a.pdf"), shop.path(name));
+            else
+                shop.write(name, "old");
+            std::filesystem::permissions(shop.path(name), wanted);
+        }
+        expect_success({"CreateBookmarkInPDF", "bookmark.pdf", "needle"});
+        expect_success({"CreatePDFfromMultiPDF", "merged.pdf", "a.pdf", "a.pdf"});
+        expect_success({"CreatePDFfromPS", "made.pdf", "page.ps"});
+        expect_success({"CreateTextfileFromPDF", "a.pdf", "text.txt"});
+        for (const char* name : {"bookmark.pdf", "merged.pdf", "made.pdf", "text.txt"}) {
+            EXPECT_EQ(rights(name), wanted) << name;
+            std::filesystem::remove(shop.path(name));
+        }
+    }
+}
+
+TEST_F(Standing, ALinkLeadsToWhatIsChangedInPlace) {
+    std::filesystem::create_symlink("a.pdf", shop.path("link.pdf"));
+    expect_success({"SetOpenPassword", "link.pdf", "x"});
+    EXPECT_TRUE(std::filesystem::is_symlink(shop.path("link.pdf")));
+    EXPECT_NE(shop.read("a.pdf").find("/Encrypt"), std::string::npos);
+    EXPECT_EQ(shop.files(), (std::set<std::string>{"a.pdf", "link.pdf", "page.ps"}));
+}
+
+TEST_F(Standing, ATextIsWrittenToWhatALinkLeadsTo) {
+    shop.write("text.txt", "old");
+    std::filesystem::create_symlink("text.txt", shop.path("link.txt"));
+    expect_success({"CreateTextfileFromPDF", "a.pdf", "link.txt"});
+    EXPECT_TRUE(std::filesystem::is_symlink(shop.path("link.txt")));
+    EXPECT_NE(shop.read("text.txt").find("needle"), std::string::npos);
+    EXPECT_EQ(shop.files(), (std::set<std::string>{"a.pdf", "link.txt", "page.ps", "text.txt"}));
+}
+
+TEST_F(Standing, AnOutputTakesThePlaceOfALinkWhoseFileStays) {
+    std::filesystem::create_symlink("a.pdf", shop.path("link.pdf"));
+    const std::string before = shop.read("a.pdf");
+    expect_success({"CreatePDFfromPS", "link.pdf", "page.ps"});
+    EXPECT_FALSE(std::filesystem::is_symlink(shop.path("link.pdf")));
+    EXPECT_EQ(shop.read("a.pdf"), before);
+    EXPECT_EQ(shop.files(), (std::set<std::string>{"a.pdf", "link.pdf", "page.ps"}));
+}
+
+TEST_F(Standing, OfTwoCallsThatChangeAFileInPlaceOneIsRefused) {
+    const int file = open(shop.path("a.pdf").c_str(), O_RDONLY | O_CLOEXEC);
+    ASSERT_EQ(flock(file, LOCK_EX), 0) << "as a call holds it";
+    const std::string before = shop.read("a.pdf");
+    for (const std::vector<std::string>& words : {std::vector<std::string>{"SetOpenPassword", "a.pdf", "x"},
+                                                  {"CreateBookmarkInPDF", "a.pdf", "needle"},
+                                                  {"CreateBookmarksInPDF", "a.pdf", "needle"},
+                                                  {"CreateLinksInPDF", "a.pdf"}}) {
+        const Finished call = shop.foliant(words);
+        EXPECT_EQ(call.exit_code, 2);
+        EXPECT_EQ(call.errors,
+                  "foliant: a.pdf is being replaced by another call at this moment. Wait for it.\n");
+    }
+    EXPECT_EQ(shop.read("a.pdf"), before);
+    close(file);
+    expect_success({"SetOpenPassword", "a.pdf", "x"});
 }
 
 /// Mistakes that cost a file before there was a guard.
