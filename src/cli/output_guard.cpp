@@ -96,6 +96,13 @@ std::optional<std::string> folder_refusal(const std::string& output) {
     return std::nullopt;
 }
 
+/// Why a file that is there may not be written to, in brackets, "" when it may. Nothing but this keeps a
+/// member from replacing it: to do that, rights in its folder are enough.
+std::string write_protection(const std::string& path) {
+    if (::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0) return {};
+    return " (" + reason(errno) + ")";
+}
+
 std::optional<std::string> standing_refusal(const Request& request, const NamedFile& output,
                                             const struct stat& standing) {
     const core::Member& member = *request.member;
@@ -109,7 +116,11 @@ std::optional<std::string> standing_refusal(const Request& request, const NamedF
     }
     const auto inputs = inputs_of(member, request.arguments);
     if (auto refused = input_refusal(member, output.path, standing, inputs)) return refused;
-    return kind_refusal(member, output, inputs);
+    if (auto refused = kind_refusal(member, output, inputs)) return refused;
+    const std::string protection = write_protection(output.path);
+    if (protection.empty()) return std::nullopt;
+    return output.path + " exists and is write-protected" + protection +
+           ". Allow writing to it, or give the output another name.";
 }
 
 std::optional<std::string> output_refusal(const Request& request, const NamedFile& output) {
@@ -125,6 +136,23 @@ std::optional<std::string> output_refusal(const Request& request, const NamedFil
         return output.path + " exists, and --no-clobber keeps it. Give the output another name.";
     }
     return std::nullopt;
+}
+
+/// A new file takes the place of the one that is changed, so it has to be possible in its folder.
+std::optional<std::string> change_refusal(const Request& request, const NamedFile& file) {
+    struct stat status {};
+    if (::stat(file.path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+    const std::string protection = write_protection(file.path);
+    if (!protection.empty()) {
+        return file.path + " is write-protected" + protection + ", and " + std::string(request.member->name) +
+               " changes it. Allow writing to it, or work on a copy.";
+    }
+    std::error_code unknown;
+    const fs::path folder = fs::canonical(file.path, unknown).parent_path();
+    if (unknown || ::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0) return std::nullopt;
+    const std::string refused = reason(errno);
+    return file.path + " cannot be changed: its folder " + folder.string() + " may not be written to (" +
+           refused + "). Work on a copy elsewhere.";
 }
 
 /// To a member, a folder is a file that does not exist, and is left out of a list.
@@ -176,6 +204,9 @@ std::optional<std::string> refusal(const Request& request) {
     if (auto refused = temporary_folder_refusal(request.options.temp_path)) return refused;
     if (const auto output = output_of(*request.member, request.arguments)) {
         if (auto refused = output_refusal(request, *output)) return refused;
+    }
+    if (const auto file = changed_in_place(*request.member, request.arguments)) {
+        if (auto refused = change_refusal(request, *file)) return refused;
     }
     return input_folder_refusal(request);
 }

@@ -141,6 +141,63 @@ TEST_F(Guard, TheFolderOfTheOutputHasToBeThereAndWritable) {
               "/usr/new.pdf cannot be written: /usr may not be written to (Permission denied).");
 }
 
+/// Whom rights bind: the superuser is somebody else while this exists.
+class Bound {
+  public:
+    Bound() : was_(geteuid()) { EXPECT_EQ(seteuid(was_ == 0 ? 65534 : was_), 0); }
+    Bound(const Bound&) = delete;
+    Bound& operator=(const Bound&) = delete;
+    ~Bound() { EXPECT_EQ(seteuid(was_), 0); }
+
+  private:
+    uid_t was_;
+};
+
+TEST_F(Guard, AWriteProtectedOutputIsNotReplaced) {
+    fs::permissions(folder, fs::perms::all);
+    fs::permissions("old.pdf", fs::perms(0444));
+    write("open.pdf", "%PDF-1.4");
+    fs::permissions("open.pdf", fs::perms(0666));
+    const Bound somebody;
+    EXPECT_EQ(
+        refused({"CreatePDFfromWord", "old.pdf", "letter.docx"}),
+        "old.pdf exists and is write-protected (Permission denied). Allow writing to it, or give the output "
+        "another name.");
+    EXPECT_EQ(refused({"CreatePDFfromWord", "open.pdf", "letter.docx"}), "");
+    EXPECT_EQ(refused({"GetNumPagesPDF", "old.pdf"}), "") << "it is only read";
+}
+
+TEST_F(Guard, AWriteProtectedFileIsNotChangedInPlace) {
+    fs::permissions(folder, fs::perms::all);
+    fs::permissions("old.pdf", fs::perms(0444));
+    fs::create_symlink("old.pdf", "link.pdf");
+    write("open.pdf", "%PDF-1.4");
+    fs::permissions("open.pdf", fs::perms(0666));
+    const Bound somebody;
+    for (const std::vector<std::string>& call : {std::vector<std::string>{"SetOpenPassword", "old.pdf", "x"},
+                                                 {"CreateBookmarkInPDF", "old.pdf", "x"},
+                                                 {"CreateBookmarksInPDF", "old.pdf", "x"},
+                                                 {"CreateLinksInPDF", "old.pdf"}}) {
+        EXPECT_EQ(refused(call), "old.pdf is write-protected (Permission denied), and " + call[0] +
+                                     " changes it. Allow writing to it, or work on a copy.");
+    }
+    EXPECT_NE(refused({"CreateLinksInPDF", "link.pdf"}), "");
+    EXPECT_EQ(refused({"CreateLinksInPDF", "open.pdf"}), "");
+}
+
+TEST_F(Guard, AFileIsNotChangedInAFolderThatMayNotBeWritten) {
+    write("open.pdf", "%PDF-1.4");
+    fs::permissions("open.pdf", fs::perms(0666));
+    fs::permissions(folder, fs::perms(0555));
+    {
+        const Bound somebody;
+        EXPECT_EQ(refused({"CreateLinksInPDF", "open.pdf"}),
+                  "open.pdf cannot be changed: its folder " + fs::canonical(folder).string() +
+                      " may not be written to (Permission denied). Work on a copy elsewhere.");
+    }
+    fs::permissions(folder, fs::perms::owner_all);
+}
+
 TEST_F(Guard, AFolderIsNoInput) {
     EXPECT_EQ(refused({"CreatePDFfromWord", "new.pdf", "."}),
               ". is a folder. Name the file to read." + word_order);
