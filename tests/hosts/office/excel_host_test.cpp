@@ -211,6 +211,19 @@ TEST_F(ExcelHost, PutsHeadersAndFootersWhereExcelDoes) {
     EXPECT_GT(pdf.place(3, "Page 43").left, 450);
 }
 
+TEST_F(ExcelHost, PutsTheFolderOfTheWorkbookInAHeaderAsItsUserHasIt) {
+    const std::filesystem::path here = folder / "höhe";
+    std::filesystem::create_directory(here);
+    std::filesystem::copy_file(test::document("sales.xlsx"), here / "s.xlsx");
+    const Value sheet = open_path(here / "s.xlsx").get("Worksheets", {"Sales"});
+    const Value page = sheet.get("PageSetup");
+    page.set("CenterHeader", "&6[&Z]");
+    page.set("CenterFooter", "&6[&Z&F]");
+    const std::string text = print(sheet, "A1:A2").text(1);
+    EXPECT_NE(text.find("[" + here.string() + "/]"), std::string::npos) << text;
+    EXPECT_NE(text.find("[" + (here / "s.xlsx").string() + "]"), std::string::npos) << text;
+}
+
 TEST_F(ExcelHost, LeavesTheOtherPlacesOfAHeaderAsTheyAre) {
     const Value sheet = open("sales.xlsx").get("Worksheets", {"My notes"});
     sheet.get("PageSetup").set("CenterHeader", "new centre");

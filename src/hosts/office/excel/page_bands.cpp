@@ -162,9 +162,7 @@ Reference<css::text::XTextContent> field(const WorkbookModel& workbook, HeaderPi
             break;
         default:
             made = make("FileName");
-            set_uno_property(made, "FileFormat",
-                             sal_Int16{kind == file ? css::text::FilenameDisplayFormat::NAME_AND_EXT
-                                                    : css::text::FilenameDisplayFormat::PATH});
+            set_uno_property(made, "FileFormat", sal_Int16{css::text::FilenameDisplayFormat::NAME_AND_EXT});
     }
     return {made, UNO_QUERY_THROW};
 }
@@ -186,6 +184,13 @@ void append(const WorkbookModel& workbook, const Reference<XText>& text, const H
     cursor->gotoEnd(false);
     cursor->goLeft(static_cast<sal_Int16>(length), true);
     apply(piece.style, usual, Reference<css::beans::XPropertySet>(cursor, UNO_QUERY_THROW));
+}
+
+/// LibreOffice has no field for the folder alone, and knows the folder of its own copy of the file at most.
+void name_folder(std::vector<HeaderPiece>& pieces, const std::filesystem::path& file) {
+    const std::string folder = (file.parent_path() / "").string();
+    for (HeaderPiece& piece : pieces)
+        if (piece.kind == HeaderPiece::Kind::folder) piece = {HeaderPiece::Kind::text, folder, piece.style};
 }
 
 /// Makes room for a text of that height; a band that is there keeps its place.
@@ -225,11 +230,12 @@ std::string band_slot_text(const PageStyle& page, Band band, BandSlot slot) {
 }
 
 void set_band_slot(const WorkbookModel& workbook, const PageStyle& page, Band band, BandSlot slot,
-                   const std::string& text) {
+                   const std::string& text, const std::filesystem::path& file) {
     std::map<BandSlot, std::vector<HeaderPiece>> places{{slot, {}}};
     for (const HeaderSection& section : sections_of(text)) {
         std::vector<HeaderPiece>& place = places[slot_named(section.place, slot)];
         std::ranges::move(parse_header(section.text), std::back_inserter(place));
+        name_folder(place, file);
     }
     const UsualFont usual = usual_font(workbook);
     double points = 0;

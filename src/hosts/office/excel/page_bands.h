@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 #include "hosts/office/excel/page_style.h"
@@ -22,8 +23,8 @@ void set_band_margin(const PageStyle& page, Band band, sal_Int32 margin);
 std::string band_slot_text(const PageStyle& page, Band band, BandSlot slot);
 
 /// Puts a text with Excel's codes in one place of the band, which is there from then on; what stands behind &L, &C or &R in
-/// the place that these name. `workbook` makes what is put in for each page.
+/// the place that these name. `workbook` makes what is put in for each page; `file` is where its user has it.
 void set_band_slot(const WorkbookModel& workbook, const PageStyle& page, Band band, BandSlot slot,
-                   const std::string& text);
+                   const std::string& text, const std::filesystem::path& file);
 
 }  // namespace foliant::hosts::office

@@ -99,7 +99,8 @@ std::string Spreadsheet::band_text(std::int32_t sheet, Band band, BandSlot slot)
 
 void Spreadsheet::set_band_text(std::int32_t sheet, Band band, BandSlot slot, const std::string& text) {
     translated(loaded(), "set up the pages of", [&] {
-        set_band_slot(loaded().component, own_page_style(loaded().component, sheet), band, slot, text);
+        set_band_slot(loaded().component, own_page_style(loaded().component, sheet), band, slot, text,
+                      loaded().file.path);
     });
 }
 
