@@ -6,6 +6,7 @@
 #include "automation/text.h"
 #include "cli/exit_codes.h"
 #include "cli/named_files.h"
+#include "cli/option_names.h"
 #include "cli/visible_text.h"
 #include "core/dispatch.h"
 #include "registered/classes.h"
@@ -135,6 +136,19 @@ Error with_remedy(const Error& error) {
             error.description() + " Give it more with --memory SIZE, or --memory none for no limit."};
 }
 
+/// A host that was not told what it cannot do without says so in its words; how to say it on a command line is this.
+Error with_order(const Request& request, const Error& error) {
+    const auto is_left_out = [&](const core::Parameter& parameter) {
+        return is_needed_all_the_same(*request.member, parameter) &&
+               !argument_of(request.arguments, parameter.name);
+    };
+    if (exit_code_for(error) != exit_host_failure ||
+        std::ranges::none_of(request.member->parameters(), is_left_out))
+        return error;
+    return {error.number(), error.source(),
+            error.description() + "\nThe order is: " + usage_line(*request.member), error.cause()};
+}
+
 }  // namespace
 
 Error host_error(std::string description) {
@@ -195,7 +209,7 @@ Outcome call_member(const Request& request, const platform::Platform& platform,
             fail_unnoticed(outcome, std::move(*failure));
         }
     } catch (...) {
-        fail(outcome, automation::current_error());
+        fail(outcome, with_order(request, automation::current_error()));
     }
     take_control_back(outcome.arguments);
     return outcome;

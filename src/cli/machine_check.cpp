@@ -22,10 +22,13 @@ bool is_about_settings(const Request& request) {
     return std::find(names.begin(), names.end(), request.member->name) != names.end();
 }
 
-/// The printer that the call names; "" when it names none.
+/// The printer that the call names and will print to; "" when it names none.
 std::string wanted_printer(const Request& request) {
-    const auto named = std::ranges::find_if(request.arguments, [](const automation::Argument& argument) {
-        return automation::equal_ignoring_case(argument.name, "strPrinter");
+    // Those that convert PostScript take the name, and print nowhere.
+    const bool prints = request.member->family != core::Family::postscript;
+    const auto named = std::ranges::find_if(request.arguments, [&](const automation::Argument& argument) {
+        return automation::equal_ignoring_case(argument.name, "strPrinter") ||
+               (prints && automation::equal_ignoring_case(argument.name, "strDistiller"));
     });
     return named == request.arguments.end() ? std::string() : automation::to_text(named->value);
 }

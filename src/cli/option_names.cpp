@@ -44,9 +44,15 @@ std::string placeholder(std::string_view parameter) {
     return text;
 }
 
+bool is_needed_all_the_same(const core::Member& member, const core::Parameter& parameter) {
+    return member.name == "CreatePDFfromAutoCAD" && parameter.name == "varLayout";
+}
+
 std::string usage_line(const core::Member& member) {
     std::string line = "foliant " + std::string(member.name);
     for (const core::Parameter& parameter : member.parameters()) {
+        if (is_needed_all_the_same(member, parameter))
+            line += " --" + option_name(parameter.name) + " " + placeholder(parameter.name);
         if (parameter.optional || is_made_by_the_command(parameter)) continue;
         line += (is_shown_with_option(member, parameter) ? " --" + option_name(parameter.name) : "") + " " +
                 placeholder(parameter.name) +

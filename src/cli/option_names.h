@@ -15,6 +15,9 @@ std::string option_name(std::string_view parameter);
 /// "PDF_FILE" for "strPDFFile", as help texts show a value.
 std::string placeholder(std::string_view parameter);
 
+/// Whether a member cannot do without a parameter that may be left out all the same: the layout of a drawing.
+bool is_needed_all_the_same(const core::Member& member, const core::Parameter& parameter);
+
 /// How a member is called with what it needs: "foliant CreatePDFfromMultiPS PDF_FILE PS_FILES ...".
 std::string usage_line(const core::Member& member);
 

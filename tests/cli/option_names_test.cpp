@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <set>
 
+#include "core/dispatch.h"
 #include "core/members.h"
 
 namespace foliant::cli {
@@ -30,6 +31,16 @@ TEST(OptionNames, OfTheUsageStandWhereAPlaceAloneDoesNotDo) {
         usage_of("CreatePDFfromMultiExcel"),
         "foliant CreatePDFfromMultiExcel PDF_FILE EXCEL_WORKBOOK --excel-worksheets EXCEL_WORKSHEETS ... "
         "--ranges RANGES ...");
+}
+
+TEST(OptionNames, OfWhatAMemberCannotDoWithoutAreInItsOrder) {
+    const auto order = [](std::string_view name) {
+        return usage_line(*core::find_member(*core::find_dispid(name), automation::Access::call));
+    };
+    EXPECT_EQ(order("CreatePDFfromAutoCAD"),
+              "foliant CreatePDFfromAutoCAD PDF_FILE DWG_FILE --layout LAYOUT");
+    EXPECT_EQ(order("CreatePDFfromMultiAutoCAD"),
+              "foliant CreatePDFfromMultiAutoCAD PDF_FILE DWG_FILE LAYOUTS ...");
 }
 
 TEST(OptionNames, DifferWithinEachMemberAndFromTheCommonOptions) {

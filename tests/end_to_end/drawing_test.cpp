@@ -55,6 +55,18 @@ TEST_F(DrawingToPdf, LayoutsThatAreNotThereAreTold) {
     EXPECT_EQ(shop.pages("a.pdf"), 0) << "there is no such file";
 }
 
+TEST_F(DrawingToPdf, ALayoutThatIsNotNamedIsAskedForByItsOption) {
+    const std::string order =
+        "The order is: foliant CreatePDFfromAutoCAD PDF_FILE DWG_FILE --layout LAYOUT\n";
+    const Finished none = shop.foliant({"CreatePDFfromAutoCAD", "a.pdf", "house.dxf"});
+    EXPECT_TRUE(none.errors.ends_with("1 \"Layout1\".\n" + order)) << none.errors;
+    const Finished misplaced = shop.foliant({"CreatePDFfromAutoCAD", "a.pdf", "house.dxf", "Model"});
+    EXPECT_EQ(misplaced.exit_code, 2);
+    EXPECT_NE(misplaced.errors.find(order), std::string::npos) << misplaced.errors;
+    const Finished wrong = shop.foliant({"CreatePDFfromAutoCAD", "a.pdf", "house.dxf", "--layout", "Roof"});
+    EXPECT_EQ(wrong.errors.find(order), std::string::npos) << wrong.errors;
+}
+
 TEST_F(DrawingToPdf, ADwgIsReadWhereThatCanBeAndRefusedWithWhatItTakesElsewhere) {
     std::filesystem::copy_file(HOUSE_DWG, shop.path("real.dwg"));
     const Finished call =

@@ -37,6 +37,39 @@ TEST(PrintPDF, SaysWithoutPrintersThatThereIsNone) {
     EXPECT_EQ(workshop.foliant({"PrintPDF", "none.pdf"}).exit_code, 3);
 }
 
+TEST(Printers, ThatDoNotExistAreRefusedByEveryMemberThatPrints) {
+    const Workshop workshop;
+    workshop.write("a.txt", "not even looked at");
+    const std::vector<std::string> sheet{"Sheet", "A1:B2"};
+    for (const auto& [member, needed] : std::vector<std::pair<std::string, std::vector<std::string>>>{
+             {"CreatePDFfromTextFile", {}},
+             {"CreatePDFfromTextFile2", {}},
+             {"CreatePDFfromTextFile3", {}},
+             {"CreatePSfromTextFile", {}},
+             {"CreatePDFfromWord", {}},
+             {"CreatePDFfromWord2", {}},
+             {"CreatePSfromWord", {}},
+             {"CreatePDFfromExcel", sheet},
+             {"CreatePDFfromExcel2", sheet},
+             {"CreatePSfromExcel", sheet},
+             {"CreatePDFfromPowerPoint", {}},
+             {"CreatePDFfromPowerPoint2", {}},
+             {"CreatePSfromPowerPoint", {}},
+             {"CreatePDFfromVisio", {}},
+             {"CreatePDFfromCrystalReport", {}},
+         }) {
+        std::vector<std::string> words{member, "made", "a.txt"};
+        words.insert(words.end(), needed.begin(), needed.end());
+        words.insert(words.end(), {"--distiller", "No such printer"});
+        const Finished refused = workshop.foliant(words);
+        EXPECT_EQ(refused.exit_code, 5) << member;
+        EXPECT_EQ(refused.errors,
+                  "foliant: There is no printer \"No such printer\". The printers are: \"Adobe PDF\".\n")
+            << member;
+        EXPECT_FALSE(std::filesystem::exists(workshop.path("made"))) << member;
+    }
+}
+
 /// A machine with a real spooler and a real network printer, which keeps what it gets in the folder "jobs".
 class PrintServer : public testing::Test {
   protected:
