@@ -2,6 +2,7 @@
 
 #include <com/sun/star/drawing/XDrawPagesSupplier.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
+#include <com/sun/star/io/IOException.hpp>
 #include <com/sun/star/io/XOutputStream.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
 #include <com/sun/star/text/XTextFieldsSupplier.hpp>
@@ -78,6 +79,19 @@ bool may_be_transparent(std::string_view pdf) {
     return false;
 }
 
+/// LibreOffice collects the PDF in a temporary file.
+automation::Error cut_short(const LoadedDocument& document) {
+    return document.application.error(
+        automation::RuntimeError::disk_full,
+        "The PDF was cut short. Probably the disk of the temporary folder is full, or files may not become "
+        "that large (ulimit -f).");
+}
+
+/// Where the PDF goes to memory, only the temporary file is left to be written. The kind of an error comes as text alone.
+bool tells_of_writing(const css::io::IOException& failure) {
+    return failure.Message.indexOf("Class:Write") >= 0;
+}
+
 std::string export_once(const LoadedDocument& document, const Sequence<PropertyValue>& options) {
     const Reference<MemoryStream> stream(new MemoryStream);
     const auto arguments = uno_sequence<PropertyValue>({
@@ -88,15 +102,18 @@ std::string export_once(const LoadedDocument& document, const Sequence<PropertyV
     });
     std::optional<PrintMode> for_paper;
     if (is_made_of_draw_pages(document)) for_paper.emplace();
-    Reference<css::frame::XStorable>(document.component, css::uno::UNO_QUERY_THROW)
-        ->storeToURL(to_uno("private:stream"), arguments);
-    // LibreOffice collects the PDF in a temporary file and does not always notice when that gets full.
+    try {
+        Reference<css::frame::XStorable>(document.component, css::uno::UNO_QUERY_THROW)
+            ->storeToURL(to_uno("private:stream"), arguments);
+    } catch (const css::io::IOException& failure) {
+        if (tells_of_writing(failure)) throw cut_short(document);
+        throw;
+    }
+    // It does not always notice when that gets full.
     constexpr std::size_t tail = 32;
     const std::string& bytes = stream->bytes();
     if (bytes.size() < tail || bytes.find("%%EOF", bytes.size() - tail) == std::string::npos)
-        throw document.application.error(
-            automation::RuntimeError::disk_full,
-            "The PDF was cut short. Probably the disk of the temporary folder is full.");
+        throw cut_short(document);
     return for_paper ? with_fields_drawn(bytes) : bytes;
 }
 
