@@ -128,6 +128,7 @@ std::vector<std::string> left_out_of_lists(const Request& request, const platfor
         throw error_of("Nothing is there to convert: ", missing == faults.end() ? faults.front() : *missing);
     }
     std::vector<std::string> sentences;
+    sentences.reserve(faults.size());
     for (const Fault& fault : faults)
         sentences.push_back(fault.sentence + ", and was left out.");
     return sentences;
