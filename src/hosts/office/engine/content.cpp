@@ -114,7 +114,7 @@ bool has_stream(const Streams& streams, std::string_view name) {
     return streams->hasByName(to_uno(name));
 }
 
-std::string stream_start(const Streams& streams, std::string_view name) {
+std::string stream_start(const Streams& streams, std::string_view name) try {
     if (!has_stream(streams, name)) return {};
     const css::uno::Any entry = streams->getByName(to_uno(name));
     // Packages give what can be read, compound files what can be read and written.
@@ -122,6 +122,8 @@ std::string stream_start(const Streams& streams, std::string_view name) {
         return stream_text(both->getInputStream());
     const Reference<css::io::XInputStream> input(entry, UNO_QUERY);
     return input.is() ? stream_text(input) : std::string();
+} catch (const css::uno::Exception&) {  // of a stream that is damaged
+    return {};
 }
 
 std::string extension_of(const std::filesystem::path& path) {

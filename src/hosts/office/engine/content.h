@@ -57,7 +57,8 @@ Streams compound_file_streams(const DocumentFile& file, const Office& office, co
 
 bool has_stream(const Streams& streams, std::string_view name);
 
-/// The beginning of a stream, as much as a sample has; "" when there is none of that name.
+/// The beginning of a stream, as much as a sample has; "" when there is none of that name, or it cannot
+/// be read.
 std::string stream_start(const Streams& streams, std::string_view name);
 
 /// The extension in lower case, with its dot.
