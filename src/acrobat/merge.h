@@ -8,9 +8,8 @@
 namespace foliant::acrobat {
 
 // Both copy the bookmarks of what they merge, and write over an old output, which is deleted first. Pages are
-// counted in 16 bits: an input of more than 32,767 pages raises 6, and so does a result of more than 32,768 before its
-// last input. A file
-// that Acrobat cannot open fails when its pages are asked for.
+// counted in 16 bits: an input of more than 32,767 pages raises 6, and so does a result of more than 32,768
+// before its last input. A file that Acrobat cannot open fails when its pages are asked for.
 
 /// Merges the PDFs that a list names, in its order; those that do not exist are passed over. When none does,
 /// the output is an empty document. Raises the component's error when Acrobat makes no new document, 13 when

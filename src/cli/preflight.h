@@ -13,7 +13,8 @@ namespace foliant::cli {
 /// list that are no files, a sentence each that says what they are.
 ///
 /// Raises an automation error when nothing sensible is left to do: protection that the registered version of
-/// Acrobat does not have, more seconds to wait than a member counts, an input that is no file, or a list of inputs none of which is one.
+/// Acrobat does not have, more seconds to wait than a member counts, an input that is no file, or a list of
+/// inputs none of which is one.
 std::vector<std::string> preflight(const Request& request, const platform::Platform& here);
 
 }  // namespace foliant::cli

@@ -27,8 +27,9 @@ using AskPassword = std::function<std::string(const std::string& prompt, const D
 std::string read_secret(int descriptor, const std::string& what, const Deadline& deadline,
                         int interrupted = -1);
 
-/// The first line of a file, "-" for standard input, without a mark of UTF-8 in front of it. A pipe is waited for, but not beyond the deadline.
-/// Raises CLI::ValidationError that names the file when it cannot be read or holds no password.
+/// The first line of a file, "-" for standard input, without a mark of UTF-8 in front of it. A pipe is waited
+/// for, but not beyond the deadline. Raises CLI::ValidationError that names the file when it cannot be read
+/// or holds no password.
 std::string read_secret_file(const std::string& path, const Deadline& deadline);
 
 }  // namespace foliant::cli

@@ -39,9 +39,10 @@ class PendingFile : public OutputFile {
     /// cannot); `nameless` falls back on `hidden` there.
     enum class Name { nameless, hidden };
 
-    /// Makes an empty file on the file system of `target`, with the rights of the file that is there, or those
-    /// that a new one would get. Fails when the folder is missing or cannot be written, with EISDIR when `target` is a folder, and with
-    /// ENOTSUP when it is a device or a pipe, which cannot change from nothing to complete.
+    /// Makes an empty file on the file system of `target`, with the rights of the file that is there, or
+    /// those that a new one would get. Fails when the folder is missing or cannot be written, with EISDIR
+    /// when `target` is a folder, and with ENOTSUP when it is a device or a pipe, which cannot change from
+    /// nothing to complete.
     explicit PendingFile(std::filesystem::path target, Name name = Name::nameless);
     PendingFile(const PendingFile&) = delete;
     PendingFile& operator=(const PendingFile&) = delete;

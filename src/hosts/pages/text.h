@@ -16,9 +16,9 @@ Encoding encoding_of(std::string_view file);
 /// separators, escapes) make no text a program.
 bool is_for_programs(std::string_view file);
 
-/// The text of a file, in UTF-8. What cannot be understood, and what never is a letter, becomes U+FFFD; control characters that stand for
-/// nothing become blanks, all but tabs, line ends and form feeds. `code_page` is that of texts in no other
-/// encoding, such as 1252.
+/// The text of a file, in UTF-8. What cannot be understood, and what never is a letter, becomes U+FFFD;
+/// control characters that stand for nothing become blanks, all but tabs, line ends and form feeds.
+/// `code_page` is that of texts in no other encoding, such as 1252.
 std::string text_of(std::string_view file, int code_page);
 
 }  // namespace foliant::hosts::pages
