@@ -13,6 +13,7 @@
 #include "cli/named_files.h"
 #include "cli/option_names.h"
 #include "core/parameter_help.h"
+#include "platform/name_pattern.h"
 
 namespace foliant::cli {
 
@@ -103,6 +104,29 @@ std::string write_protection(const std::string& path) {
     return " (" + reason(errno) + ")";
 }
 
+std::string text_argument(const Request& request, std::string_view name) {
+    for (const automation::Argument& argument : request.arguments)
+        if (automation::equal_ignoring_case(argument.name, name)) return automation::to_text(argument.value);
+    return {};
+}
+
+/// A folder is merged into a file outside of it, or one that its pattern passes over: an older result would be merged into
+/// the new one, or the file that happens to come first be lost.
+std::optional<std::string> folder_of_inputs_refusal(const Request& request, const std::string& output) {
+    if (request.member->name != "CreatePDFfromMultiPDFinDir") return std::nullopt;
+    const fs::path whole(output);
+    const std::string name = whole.filename().string();
+    const std::string folder = text_argument(request, "strDirectory");
+    const std::string given = text_argument(request, "strFiles");
+    const std::string pattern = given.empty() ? "*.pdf" : given;
+    std::error_code unknown;
+    if (name.starts_with('.') || !platform::NamePattern(pattern).matches(name) ||
+        !fs::equivalent(whole.has_parent_path() ? whole.parent_path() : ".", folder, unknown))
+        return std::nullopt;
+    return output + " is one of the files of " + folder + " that are to be merged (" + pattern +
+           "). Write the output to another folder, or remove that file first." + order_of(*request.member);
+}
+
 std::optional<std::string> standing_refusal(const Request& request, const NamedFile& output,
                                             const struct stat& standing) {
     const core::Member& member = *request.member;
@@ -116,6 +140,7 @@ std::optional<std::string> standing_refusal(const Request& request, const NamedF
     }
     const auto inputs = inputs_of(member, request.arguments);
     if (auto refused = input_refusal(member, output.path, standing, inputs)) return refused;
+    if (auto refused = folder_of_inputs_refusal(request, output.path)) return refused;
     if (auto refused = kind_refusal(member, output, inputs)) return refused;
     const std::string protection = write_protection(output.path);
     if (protection.empty()) return std::nullopt;
@@ -186,15 +211,10 @@ std::optional<std::string> temporary_folder_refusal(const std::string& folder) {
 
 /// The control goes to the server and passes over who is there: it would go in as anonymous.
 std::optional<std::string> login_refusal(const Request& request) {
-    for (const automation::Argument& argument : request.arguments) {
-        if (!automation::equal_ignoring_case(argument.name, "strRemoteHost")) continue;
-        if (automation::to_text(argument.value).find('@') == std::string::npos) continue;
-        return "the address of the server holds a user name or a password, which would not be used. Give them with "
-               "--" +
-               option_name("strUsername") + " and --" + option_name("strUserPassword") +
-               ", and the server by itself." + order_of(*request.member);
-    }
-    return std::nullopt;
+    if (text_argument(request, "strRemoteHost").find('@') == std::string::npos) return std::nullopt;
+    return "the address of the server holds a user name or a password, which would not be used. Give them with --" +
+           option_name("strUsername") + " and --" + option_name("strUserPassword") +
+           ", and the server by itself." + order_of(*request.member);
 }
 
 }  // namespace

@@ -71,6 +71,17 @@ TEST_F(Guard, ALoginInTheAddressOfAServerIsRefusedWithoutRepeatingIt) {
     EXPECT_EQ(refused({"UploadFile", "host:21", "/", "a.ps", "a@b"}), "");
 }
 
+TEST_F(Guard, AnOutputAmongTheFilesOfAFolderThatAreMergedIsRefused) {
+    EXPECT_EQ(
+        refused({"CreatePDFfromMultiPDFinDir", "old.pdf", "."}),
+        "old.pdf is one of the files of . that are to be merged (*.pdf). Write the output to another folder, or "
+        "remove that file first.\nThe order is: foliant CreatePDFfromMultiPDFinDir PDF_FILE DIRECTORY");
+    EXPECT_NE(refused({"CreatePDFfromMultiPDFinDir", "old.pdf", folder, "--files", "O*"}), "");
+    EXPECT_EQ(refused({"CreatePDFfromMultiPDFinDir", "old.pdf", ".", "--files", "chapter*.pdf"}), "");
+    EXPECT_EQ(refused({"CreatePDFfromMultiPDFinDir", "new.pdf", "."}), "");
+    EXPECT_EQ(refused({"CreatePDFfromMultiPDFinDir", "old.pdf", ".."}), "");
+}
+
 TEST_F(Guard, AnOutputThatIsTheInputIsRefusedByWhateverName) {
     EXPECT_EQ(refused({"CreatePDFfromWord", "letter.docx", "letter.docx"}),
               "letter.docx is both output and input; the call would destroy it." + word_order +
