@@ -32,15 +32,18 @@ bool begins_with_document(std::string_view stream) {
     return stream.substr(0, 4).ends_with("\xE8\x03");
 }
 
+ImportFilter presentation_97() {
+    return {"MS PowerPoint 97", ""};
+}
+
 ImportFilter compound_file_filter(const DocumentFile& file, const Office& office) {
     const Streams streams = compound_file_streams(file, office, microsoft_powerpoint);
     if (has_stream(streams, "EncryptedPackage")) return {"Impress MS PowerPoint 2007 XML", ""};
-    const ImportFilter usual{"MS PowerPoint 97", ""};
     if (is_encrypted_presentation(streams)) throw encrypted(file.path, microsoft_powerpoint);
-    if (begins_with_document(stream_start(streams, main_stream))) return usual;
+    if (begins_with_document(stream_start(streams, main_stream))) return presentation_97();
     if (has_stream(streams, main_stream) || has_stream(streams, "PP40"))
         if (const auto kind = detect_kind(file, office)) return {kind->filter, ""};
-    if (has_stream(streams, main_stream)) return usual;
+    if (has_stream(streams, main_stream)) return presentation_97();
     throw no_presentation(file, "it is a compound file without a PowerPoint presentation in it");
 }
 

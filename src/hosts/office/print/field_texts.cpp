@@ -76,7 +76,7 @@ std::string text_of_choice(QPDFObjectHandle widget) {
     std::string text = text_of(inherited(widget, "/V"));
     if (!options.isArray()) return text;
     if ((whole_number(inherited(widget, "/Ff")) & combo) != 0) {
-        for (QPDFObjectHandle option : options.getArrayAsVector())
+        for (const QPDFObjectHandle& option : options.getArrayAsVector())
             if (const std::string shown = shown_for(option, text); shown != text) return shown;
         return text;
     }
@@ -91,7 +91,7 @@ std::string text_of_field(QPDFObjectHandle widget) {
     QPDFObjectHandle kind = inherited(widget, "/FT");
     if (kind.isNameAndEquals("/Ch")) return text_of_choice(widget);
     if (!kind.isNameAndEquals("/Tx")) return "";
-    const std::string text = text_of(inherited(widget, "/V"));
+    std::string text = text_of(inherited(widget, "/V"));
     if ((whole_number(inherited(widget, "/Ff")) & password) == 0) return text;
     return std::string(static_cast<std::size_t>(g_utf8_strlen(text.c_str(), -1)), '*');
 }
