@@ -42,13 +42,6 @@ const ReceivedEvent* find_event(const Outcome& outcome, std::string_view name) {
     return nullptr;
 }
 
-std::optional<Value> argument_of(const automation::Arguments& arguments, std::string_view name) {
-    for (const automation::Argument& argument : arguments) {
-        if (automation::equal_ignoring_case(argument.name, name)) return argument.value;
-    }
-    return std::nullopt;
-}
-
 /// Distiller's own words begin so when it is the output that cannot be written.
 bool tells_of_the_output(const std::string& message) {
     return message.starts_with("Cannot write the PDF ");
@@ -92,11 +85,9 @@ void put_temporary_folder(core::BuildPDF& object, const std::string& folder) {
 
 /// The files that a member which transfers one was given.
 hosts::TransferCommand transfer_meant(const core::Member& member, const automation::Arguments& arguments) {
-    const auto name = [&](std::string_view parameter) {
-        return automation::to_text(argument_of(arguments, parameter).value_or(""));
-    };
     using Verb = hosts::TransferCommand::Verb;
-    return {member.name == "UploadFile" ? Verb::put : Verb::get, name("strLocalFile"), name("strRemoteFile")};
+    return {member.name == "UploadFile" ? Verb::put : Verb::get, text_of(arguments, "strLocalFile"),
+            text_of(arguments, "strRemoteFile")};
 }
 
 /// A script hands over the control that transfers its files. A command line has none, so the command makes it.

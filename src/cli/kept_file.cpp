@@ -11,6 +11,7 @@
 #include "automation/error.h"
 #include "hosts/pending_file.h"
 #include "posix/random.h"
+#include "posix/same_file.h"
 
 namespace foliant::cli {
 
@@ -35,10 +36,6 @@ bool is_held(const std::filesystem::path& path) {
     return !file || ::flock(file.get(), LOCK_EX | LOCK_NB) != 0;
 }
 
-bool is_same_file(const struct stat& a, const struct stat& b) {
-    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
-}
-
 }  // namespace
 
 void ReplacementLock::take(const std::string& path, std::string_view advice) {
@@ -55,7 +52,7 @@ void ReplacementLock::take(const std::string& path, std::string_view advice) {
         if (::stat(path.c_str(), &now) != 0) return;
         file_ = std::move(file);
         // Where a call has replaced it since it was opened, the file that has the name now is the one to lock.
-        if (is_same_file(locked, now)) return;
+        if (posix::is_same_file(locked, now)) return;
     }
 }
 
@@ -146,7 +143,7 @@ bool KeptFile::Names::is_in_place() const noexcept {
     struct stat kept {};
     return !second_.empty() && is_there(now) &&
            ::fstatat(folder_.get(), second_.c_str(), &kept, AT_SYMLINK_NOFOLLOW) == 0 &&
-           is_same_file(now, kept);
+           posix::is_same_file(now, kept);
 }
 
 /// In place of a link, it gets those of the file that the link led to.

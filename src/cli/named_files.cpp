@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "automation/coerce.h"
+#include "automation/text.h"
 #include "core/dispatch.h"
 #include "core/parameter_help.h"
 
@@ -43,6 +45,24 @@ std::optional<NamedFile> changed_in_place(const core::Member& member,
     if (std::ranges::find(members, member.name) == members.end()) return std::nullopt;
     const std::vector<NamedFile> inputs = inputs_of(member, arguments);
     return inputs.empty() ? std::nullopt : std::optional(inputs.front());
+}
+
+std::optional<NamedFolder> folder_of_inputs(const automation::Arguments& arguments) {
+    std::string folder = text_of(arguments, "strDirectory");
+    if (folder.empty()) return std::nullopt;
+    const std::string pattern = text_of(arguments, "strFiles");
+    return NamedFolder{std::move(folder), pattern.empty() ? "*.pdf" : pattern};
+}
+
+std::optional<Value> argument_of(const automation::Arguments& arguments, std::string_view parameter) {
+    for (const automation::Argument& argument : arguments)
+        if (automation::equal_ignoring_case(argument.name, parameter)) return argument.value;
+    return std::nullopt;
+}
+
+std::string text_of(const automation::Arguments& arguments, std::string_view parameter) {
+    const auto given = argument_of(arguments, parameter);
+    return given ? automation::to_text(*given) : "";
 }
 
 std::vector<NamedFile> inputs_of(const core::Member& member, const automation::Arguments& arguments) {

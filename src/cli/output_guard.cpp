@@ -7,13 +7,12 @@
 #include <system_error>
 #include <unistd.h>
 
-#include "automation/coerce.h"
-#include "automation/text.h"
 #include "cli/file_kind.h"
 #include "cli/named_files.h"
 #include "cli/option_names.h"
 #include "core/parameter_help.h"
 #include "platform/name_pattern.h"
+#include "posix/same_file.h"
 
 namespace foliant::cli {
 
@@ -41,15 +40,11 @@ std::string pattern_advice(const std::string& output, const std::vector<NamedFil
            "output: write the output in front of it.";
 }
 
-bool is_same_file(const struct stat& a, const struct stat& b) {
-    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
-}
-
 std::optional<std::string> input_refusal(const core::Member& member, const std::string& output,
                                          const struct stat& standing, const std::vector<NamedFile>& inputs) {
     for (const NamedFile& input : inputs) {
         struct stat status {};
-        if (::stat(input.path.c_str(), &status) != 0 || !is_same_file(status, standing)) continue;
+        if (::stat(input.path.c_str(), &status) != 0 || !posix::is_same_file(status, standing)) continue;
         const std::string both = input.path == output ? output + " is both output and input"
                                                       : output + " and " + input.path + " are the same file";
         return both + "; the call would destroy it." + order_of(member) + pattern_advice(output, inputs);
@@ -104,26 +99,18 @@ std::string write_protection(const std::string& path) {
     return " (" + reason(errno) + ")";
 }
 
-std::string text_argument(const Request& request, std::string_view name) {
-    for (const automation::Argument& argument : request.arguments)
-        if (automation::equal_ignoring_case(argument.name, name)) return automation::to_text(argument.value);
-    return {};
-}
-
 /// A folder is merged into a file outside of it, or one that its pattern passes over: an older result would be merged into
 /// the new one, or the file that happens to come first be lost.
 std::optional<std::string> folder_of_inputs_refusal(const Request& request, const std::string& output) {
-    if (request.member->name != "CreatePDFfromMultiPDFinDir") return std::nullopt;
+    const auto folder = folder_of_inputs(request.arguments);
+    if (!folder) return std::nullopt;
     const fs::path whole(output);
     const std::string name = whole.filename().string();
-    const std::string folder = text_argument(request, "strDirectory");
-    const std::string given = text_argument(request, "strFiles");
-    const std::string pattern = given.empty() ? "*.pdf" : given;
     std::error_code unknown;
-    if (name.starts_with('.') || !platform::NamePattern(pattern).matches(name) ||
-        !fs::equivalent(whole.has_parent_path() ? whole.parent_path() : ".", folder, unknown))
+    if (name.starts_with('.') || !platform::NamePattern(folder->pattern).matches(name) ||
+        !fs::equivalent(whole.has_parent_path() ? whole.parent_path() : ".", folder->path, unknown))
         return std::nullopt;
-    return output + " is one of the files of " + folder + " that are to be merged (" + pattern +
+    return output + " is one of the files of " + folder->path + " that are to be merged (" + folder->pattern +
            "). Write the output to another folder, or remove that file first." + order_of(*request.member);
 }
 
@@ -211,7 +198,7 @@ std::optional<std::string> temporary_folder_refusal(const std::string& folder) {
 
 /// The control goes to the server and passes over who is there: it would go in as anonymous.
 std::optional<std::string> login_refusal(const Request& request) {
-    if (text_argument(request, "strRemoteHost").find('@') == std::string::npos) return std::nullopt;
+    if (text_of(request.arguments, "strRemoteHost").find('@') == std::string::npos) return std::nullopt;
     return "the address of the server holds a user name or a password, which would not be used. Give them with --" +
            option_name("strUsername") + " and --" + option_name("strUserPassword") +
            ", and the server by itself." + order_of(*request.member);

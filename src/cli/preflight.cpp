@@ -85,18 +85,10 @@ void require_files(const Request& request, const platform::Platform& here) {
     }
 }
 
-std::string text_of(const Request& request, std::string_view parameter) {
-    for (const automation::Argument& argument : request.arguments) {
-        if (automation::equal_ignoring_case(argument.name, parameter))
-            return automation::to_text(argument.value);
-    }
-    return {};
-}
-
 /// The members wait as many milliseconds as an Integer holds, and find out when all else is done.
 void require_seconds(const Request& request) {
     constexpr std::int32_t most = 32;
-    const std::string seconds = text_of(request, "intSecsToWaitForPDF");
+    const std::string seconds = text_of(request.arguments, "intSecsToWaitForPDF");
     if (seconds.empty() || automation::to_int32(seconds) <= most) return;
     throw Error(automation::RuntimeError::overflow,
                 "Overflow: " + seconds + " seconds are more than --secs-to-wait-for-pdf takes, " +
@@ -105,12 +97,11 @@ void require_seconds(const Request& request) {
 
 /// The members that take a folder do nothing without a word when no file in it matches.
 void require_match_in_folder(const Request& request, const platform::Platform& here) {
-    const std::string folder = text_of(request, "strDirectory");
-    if (folder.empty()) return;
-    const std::string named = text_of(request, "strFiles");
-    const std::string pattern = named.empty() ? "*.pdf" : named;
-    if (here.files.list(automation::with_separator(folder, here.files.separator()) + pattern)->next()) return;
-    throw session::component_error("Nothing was done: in " + folder + ", a file that matches " + pattern +
+    const auto folder = folder_of_inputs(request.arguments);
+    if (!folder) return;
+    const auto& [path, pattern] = *folder;
+    if (here.files.list(automation::with_separator(path, here.files.separator()) + pattern)->next()) return;
+    throw session::component_error("Nothing was done: in " + path + ", a file that matches " + pattern +
                                    " does not exist.");
 }
 
