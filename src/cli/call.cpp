@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "automation/coerce.h"
-#include "automation/text.h"
 #include "cli/exit_codes.h"
 #include "cli/named_files.h"
 #include "cli/option_names.h"
