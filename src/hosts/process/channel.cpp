@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <poll.h>
 #include <sys/socket.h>
 #include <sys/uio.h>
 #include <system_error>
@@ -49,6 +50,14 @@ std::vector<FileDescriptor> attached(msghdr& header) {
     return descriptors;
 }
 
+/// Returns when something has come, or the other end is gone, or a signal. A recvmsg that waits is woken by the other
+/// side's reading, too: two switches of processes for nothing, with every message.
+void wait_for_news(int socket) {
+    if (socket < 0) return;  // one that was closed here: poll would pass over it, and wait for ever
+    pollfd news{socket, POLLIN, 0};
+    ::poll(&news, 1, -1);
+}
+
 /// One recvmsg that is not interrupted; 0 when the other end is gone.
 ssize_t receive_some(int socket, char* target, std::size_t size, msghdr& header) {
     iovec place{target, size};
@@ -56,6 +65,7 @@ ssize_t receive_some(int socket, char* target, std::size_t size, msghdr& header)
     header.msg_iovlen = 1;
     ssize_t got = 0;
     do {
+        wait_for_news(socket);
         got = ::recvmsg(socket, &header, MSG_CMSG_CLOEXEC);
     } while (got < 0 && errno == EINTR);
     return got < 0 ? 0 : got;
