@@ -7,6 +7,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
+#include <utility>
 
 #include "automation/error.h"
 #include "hosts/pending_file.h"
@@ -38,9 +39,16 @@ bool is_held(const std::filesystem::path& path) {
 
 }  // namespace
 
+void ReplacementLock::open(const std::string& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return;
+    file_ = FileDescriptor(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+}
+
 void ReplacementLock::take(const std::string& path, std::string_view advice) {
     while (true) {
-        FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+        FileDescriptor file = std::exchange(file_, {});
+        if (!file) file = FileDescriptor(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
         struct stat locked {};
         if (!file || ::fstat(file.get(), &locked) != 0 || !S_ISREG(locked.st_mode)) return;
         if (::flock(file.get(), LOCK_EX | LOCK_NB) != 0) {
@@ -50,9 +58,10 @@ void ReplacementLock::take(const std::string& path, std::string_view advice) {
         }
         struct stat now {};
         if (::stat(path.c_str(), &now) != 0) return;
-        file_ = std::move(file);
         // Where a call has replaced it since it was opened, the file that has the name now is the one to lock.
-        if (posix::is_same_file(locked, now)) return;
+        if (!posix::is_same_file(locked, now)) continue;
+        file_ = std::move(file);
+        return;
     }
 }
 
@@ -73,25 +82,36 @@ bool KeptFile::bring_back_lost(const std::string& path) noexcept try {
     return false;
 }
 
-void KeptFile::keep(const std::string& path) {
+void KeptFile::expect(const std::string& path) {
+    namespace fs = std::filesystem;
+    path_ = path;
+    named_.look_at(path);
     struct stat standing {};
-    if (!named_.open_folder_of(path) || !named_.is_there(standing)) return;
-    lock_.take(path, "Wait for it, or give the output another name.");
+    if (!named_.is_there(standing)) return;
+    lock_.open(path);
+    if (!S_ISLNK(standing.st_mode)) return;
+    std::error_code unknown;
+    const fs::path file = fs::canonical(path, unknown);
+    is_link_ = !unknown && fs::is_regular_file(file, unknown);
+    if (is_link_) led_to_.look_at(file.string());
+}
+
+void KeptFile::keep() {
+    struct stat standing {};
+    if (!named_.is_there(standing)) return;
+    lock_.take(path_, "Wait for it, or give the output another name.");
     if (const int code = named_.link_or_move(); code != 0) {
-        throw Error(RuntimeError::permission_denied, path + " cannot be replaced (" +
+        throw Error(RuntimeError::permission_denied, path_ + " cannot be replaced (" +
                                                          std::generic_category().message(code) +
                                                          "). Give the output another name or folder.");
     }
-    if (S_ISLNK(standing.st_mode)) keep_what_it_leads_to(path);
+    // A second name only: were it moved aside, it could not be replaced through the link any more.
+    if (is_link_) led_to_.link();
 }
 
-/// Only by a second name: a file that is moved aside could not be replaced through the link any more.
-void KeptFile::keep_what_it_leads_to(const std::string& link) {
-    namespace fs = std::filesystem;
-    std::error_code unknown;
-    const fs::path file = fs::canonical(link, unknown);
-    is_link_ = !unknown && fs::is_regular_file(file, unknown);
-    if (is_link_ && led_to_.open_folder_of(file.string())) led_to_.link();
+void KeptFile::take_notice() noexcept {
+    named_.take_notice();
+    led_to_.take_notice();
 }
 
 void KeptFile::put_back() noexcept {
@@ -111,31 +131,36 @@ bool KeptFile::is_in_place() const noexcept {
     return named_.is_in_place() && (!is_link_ || led_to_.is_in_place());
 }
 
-bool KeptFile::Names::open_folder_of(const std::string& path) {
+void KeptFile::Names::look_at(const std::string& path) {
     const std::filesystem::path whole(path);
+    if (!whole.has_filename()) return;
     const std::filesystem::path folder = whole.has_parent_path() ? whole.parent_path() : ".";
-    name_ = whole.filename().string();
     folder_ = FileDescriptor(::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    return folder_ && !name_.empty();
+    name_ = whole.filename().string();
+    hidden_ = hidden_name(name_);
 }
 
 bool KeptFile::Names::is_there(struct stat& status) const noexcept {
-    return ::fstatat(folder_.get(), name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+    return folder_ && ::fstatat(folder_.get(), name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
 int KeptFile::Names::link() {
-    std::string second = hidden_name(name_);
-    if (::linkat(folder_.get(), name_.c_str(), folder_.get(), second.c_str(), 0) != 0) return errno;
-    second_ = std::move(second);
+    if (::linkat(folder_.get(), name_.c_str(), folder_.get(), hidden_.c_str(), 0) != 0) return errno;
+    second_ = hidden_;
     return 0;
 }
 
 int KeptFile::Names::link_or_move() {
     if (link() == 0) return 0;
-    std::string second = hidden_name(name_);
-    if (::renameat(folder_.get(), name_.c_str(), folder_.get(), second.c_str()) != 0) return errno;
-    second_ = std::move(second);
+    if (::renameat(folder_.get(), name_.c_str(), folder_.get(), hidden_.c_str()) != 0) return errno;
+    second_ = hidden_;
     return 0;
+}
+
+void KeptFile::Names::take_notice() noexcept {
+    struct stat status {};
+    if (folder_ && ::fstatat(folder_.get(), hidden_.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0)
+        second_.swap(hidden_);
 }
 
 bool KeptFile::Names::is_in_place() const noexcept {

@@ -12,6 +12,9 @@ namespace foliant::cli {
 /// process of the call, however that ends.
 class ReplacementLock {
   public:
+    /// Opens what is to be locked: a process that is forked between this and `take` holds the lock, too.
+    void open(const std::string& path);
+
     /// Locks the ordinary file at `path`, or the one that a link there leads to; nothing to do for anything else,
     /// nor where the file may not be read or the file system has no locks. Raises an automation error when another
     /// call has locked it, `advice` being what to do then ("Wait for it.").
@@ -45,8 +48,8 @@ class OwnersOnly {
 /// system has none, the file itself is moved aside. Of a link to an ordinary file both are kept: some members
 /// remove the link, others have what it leads to replaced.
 ///
-/// Destroying this does nothing, since a forked worker inherits it; exactly one of `put_back` and `drop`
-/// ends it. Hosts never write into a file that is there.
+/// Destroying this does nothing, since processes share it by forking; exactly one of `put_back` and `drop` ends it.
+/// Hosts never write into a file that is there.
 class KeptFile {
   public:
     /// A call that was killed together with its command, and a power failure, leave a file under its second
@@ -54,9 +57,16 @@ class KeptFile {
     /// name back. Returns whether one did.
     static bool bring_back_lost(const std::string& path) noexcept;
 
-    /// Keeps what is at `path`; nothing to do when nothing is. Raises an automation error that says why the
+    /// Looks at what stands at `path`, and changes nothing. A process that is forked between this and `keep`, and the one
+    /// that forked it, can both tell what was kept, and hold on to it.
+    void expect(const std::string& path);
+
+    /// Keeps what was expected; nothing to do when nothing stands there. Raises an automation error that says why the
     /// file cannot be replaced: it may not be touched, or another call is about to replace it.
-    void keep(const std::string& path);
+    void keep();
+
+    /// Finds out what another process has kept meanwhile.
+    void take_notice() noexcept;
 
     /// The former file gets its name back, in place of whatever has it now.
     void put_back() noexcept;
@@ -74,11 +84,12 @@ class KeptFile {
     /// A file and its two names.
     class Names {
       public:
-        bool open_folder_of(const std::string& path);
+        void look_at(const std::string& path);
         bool is_there(struct stat& status) const noexcept;
         /// Both return 0, or the reason why the file can have no other name.
         int link();
         int link_or_move();
+        void take_notice() noexcept;
 
         explicit operator bool() const noexcept { return !second_.empty(); }
         bool is_in_place() const noexcept;
@@ -89,11 +100,11 @@ class KeptFile {
       private:
         posix::FileDescriptor folder_;
         std::string name_;    ///< in the folder
-        std::string second_;  ///< the hidden name; empty while nothing is kept
+        std::string hidden_;  ///< the second name that it is to have
+        std::string second_;  ///< that name; empty while nothing is kept
     };
 
-    void keep_what_it_leads_to(const std::string& link);
-
+    std::string path_;
     ReplacementLock lock_;
     Names named_;
     bool is_link_ = false;  ///< to an ordinary file

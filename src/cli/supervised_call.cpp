@@ -3,6 +3,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <iostream>
+#include <mutex>
 #include <unistd.h>
 
 #include "automation/error.h"
@@ -22,6 +23,7 @@
 namespace foliant::cli {
 
 using automation::Error;
+using automation::RuntimeError;
 using platform::local::LocalMachine;
 
 namespace {
@@ -76,11 +78,44 @@ void clear_status_line(const Request& request, const Ending& ending) {
     if (moving && ending.kind != Ending::Kind::finished) std::cerr << "\r\x1B[K" << std::flush;
 }
 
+/// The files that a call could cost its user. The supervisor knows what to hold on to before there is a worker, so that
+/// both can put it back.
+struct GuardedFiles {
+    KeptFile output;
+    ReplacementLock changed;
+    std::mutex in_use{};  ///< by the worker, or by its thread that finds it orphaned
+
+    explicit GuardedFiles(const Request& request) {
+        if (const auto file = output_of(*request.member, request.arguments)) output.expect(file->path);
+        if (const auto file = changed_in_place(*request.member, request.arguments)) changed.open(file->path);
+    }
+};
+
+/// The first thing that the worker does. Raises why the member is not called.
+void guard(GuardedFiles& files, const Request& request) {
+    const std::lock_guard holding(files.in_use);
+    const auto output = output_of(*request.member, request.arguments);
+    if (output && KeptFile::bring_back_lost(output->path)) {
+        std::cerr << "foliant: " << visible_line(output->path)
+                  << " is back: a call that was killed had left it behind under another name.\n";
+    }
+    if (const auto refused = refusal(request)) throw Error(RuntimeError::path_file_access, *refused);
+    if (output) files.output.keep();
+    if (const auto file = changed_in_place(*request.member, request.arguments))
+        files.changed.take(file->path, "Wait for it.");
+}
+
 /// The worker's part. What fails in it beyond the call itself is a failure, too.
-int work(const Request& request, LocalMachine& machine, const KeptFile& kept, CallLog& log,
+int work(const Request& request, LocalMachine& machine, GuardedFiles& files, CallLog& log,
          int engine_output) {
     try {
-        return make_call(request, machine, kept, log, engine_output);
+        guard(files, request);
+    } catch (const Error& refused) {
+        log.file_line("refused: " + refused.description());
+        return report_failure(request, exit_usage, refused.description());
+    }
+    try {
+        return make_call(request, machine, files.output, log, engine_output);
     } catch (...) {
         return report_failure(request, failure_code(*request.member),
                               automation::current_error().description());
@@ -88,27 +123,24 @@ int work(const Request& request, LocalMachine& machine, const KeptFile& kept, Ca
 }
 
 int supervise(const Request& request, LocalMachine& machine, CallLog& log) {
-    KeptFile kept;
-    ReplacementLock lock;
+    GuardedFiles files(request);
     const posix::FileDescriptor engine_output =
         log.is_wanted() ? engine_output_file(machine) : posix::FileDescriptor();
     Work plan;
-    plan.call = [&] { return work(request, machine, kept, log, engine_output.get()); };
+    plan.call = [&] { return work(request, machine, files, log, engine_output.get()); };
     plan.start = [&] { start_host_ahead(*request.member, machine); };
-    plan.prepare = [&] {
-        if (const auto output = output_of(*request.member, request.arguments)) kept.keep(output->path);
-        if (const auto file = changed_in_place(*request.member, request.arguments))
-            lock.take(file->path, "Wait for it.");
-    };
     plan.meanwhile = [&] { machine.remove_folders_of_the_dead(); };
     plan.settle = [&](const Ending& ending) {
         const bool succeeded = ending.kind == Ending::Kind::finished &&
                                (ending.code == exit_success || ending.code == exit_incomplete);
-        succeeded ? kept.drop() : kept.put_back();
+        files.output.take_notice();
+        succeeded ? files.output.drop() : files.output.put_back();
         machine.remove_private_folder();
     };
     plan.when_orphaned = [&] {
-        kept.put_back();
+        const std::lock_guard holding(files.in_use);
+        files.output.take_notice();
+        files.output.put_back();
         machine.remove_private_folder();
     };
     const Limits limits = limits_of(request.options);
@@ -123,12 +155,6 @@ int supervise(const Request& request, LocalMachine& machine, CallLog& log) {
 }  // namespace
 
 int call_supervised(const Request& request, LocalMachine& machine) {
-    const auto output = output_of(*request.member, request.arguments);
-    if (output && KeptFile::bring_back_lost(output->path)) {
-        std::cerr << "foliant: " << visible_line(output->path)
-                  << " is back: a call that was killed had left it behind under another name.\n";
-    }
-    if (const auto refused = refusal(request)) return report_failure(request, exit_usage, *refused);
     try {
         CallLog log(request);
         return supervise(request, machine, log);

@@ -172,15 +172,10 @@ class HeldSignals {
 
 Ending run_supervised(const Work& work, const Limits& limits) {
     const HeldSignals held;
-    if (work.prepare) work.prepare();
     prctl(PR_SET_CHILD_SUBREAPER, 1);
     const pid_t self = getpid();
     const pid_t worker = fork();
-    if (worker < 0) {
-        const int error = errno;
-        if (work.settle) work.settle({Ending::Kind::crashed, 0});
-        throw std::system_error(error, std::generic_category(), "cannot start a process");
-    }
+    if (worker < 0) throw std::system_error(errno, std::generic_category(), "cannot start a process");
     if (worker == 0) run_worker(work, held.former(), self);
     setpgid(worker, worker);
     const Ending ending = supervise(worker, work, limits);

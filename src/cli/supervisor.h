@@ -30,9 +30,6 @@ struct Limits {
 struct Work {
     /// The work itself; it runs in the worker and returns the exit code, 0 to 255.
     std::function<int()> call;
-    /// Runs in this process before there is a worker, when an interrupt no longer ends the command at once;
-    /// what it raises is raised. May be empty.
-    std::function<void()> prepare{};
     /// Runs in the worker before anything else, while it has one thread: starts what takes long to be ready. Raises
     /// nothing. May be empty.
     std::function<void()> start{};

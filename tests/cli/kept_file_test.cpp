@@ -25,6 +25,25 @@ class Kept : public testing::Test {
     ~Kept() override { fs::remove_all(folder); }
 
     static void write(const fs::path& path, const std::string& content) { std::ofstream(path) << content; }
+    void keep(KeptFile& file) const {
+        file.expect(output);
+        file.keep();
+    }
+    void keep() { keep(kept); }
+    /// In another process, which ends with it kept, and what became of the file since.
+    template <class Deed>
+    void keep_elsewhere(Deed deed) {
+        kept.expect(output);
+        const pid_t other = fork();
+        if (other == 0) {
+            kept.keep();
+            deed();
+            _exit(0);
+        }
+        waitpid(other, nullptr, 0);
+        EXPECT_FALSE(kept) << "nobody has looked";
+        kept.take_notice();
+    }
     std::string read() const {
         std::ostringstream content;
         content << std::ifstream(output).rdbuf();
@@ -47,7 +66,7 @@ TEST_F(Kept, ComesBackAsTheVeryFileThatItWas) {
     write(output, "old");
     fs::permissions(output, fs::perms::owner_read);
     fs::create_hard_link(output, folder / "link");
-    kept.keep(output);
+    keep();
     replace("new");
     kept.put_back();
     EXPECT_EQ(read(), "old");
@@ -60,7 +79,7 @@ TEST_F(Kept, ThatWasLostComesBackWithTheNextCall) {
     write(output, "old");
     const pid_t killed = fork();
     if (killed == 0) {
-        kept.keep(output);
+        keep();
         fs::remove(output);
         _exit(0);
     }
@@ -74,7 +93,7 @@ TEST_F(Kept, ThatWasLostComesBackWithTheNextCall) {
 
 TEST_F(Kept, IsNotTakenFromACallThatGoesOn) {
     write(output, "old");
-    kept.keep(output);
+    keep();
     fs::remove(output);
     EXPECT_FALSE(KeptFile::bring_back_lost(output));
     kept.put_back();
@@ -93,7 +112,7 @@ TEST_F(Kept, ThatWasLostReplacesNothingAndIsNobodyElses) {
 
 TEST_F(Kept, ComesBackWhenNothingStandsInItsPlace) {
     write(output, "old");
-    kept.keep(output);
+    keep();
     fs::remove(output);
     kept.put_back();
     EXPECT_EQ(read(), "old");
@@ -102,7 +121,7 @@ TEST_F(Kept, ComesBackWhenNothingStandsInItsPlace) {
 
 TEST_F(Kept, LeavesNothingBehindWhenItWasNeverReplaced) {
     write(output, "old");
-    kept.keep(output);
+    keep();
     EXPECT_TRUE(kept.is_in_place());
     kept.put_back();
     EXPECT_EQ(read(), "old");
@@ -111,7 +130,7 @@ TEST_F(Kept, LeavesNothingBehindWhenItWasNeverReplaced) {
 
 TEST_F(Kept, MakesWayForTheNewFile) {
     write(output, "old");
-    kept.keep(output);
+    keep();
     replace("new");
     EXPECT_FALSE(kept.is_in_place());
     kept.drop();
@@ -122,7 +141,7 @@ TEST_F(Kept, MakesWayForTheNewFile) {
 TEST_F(Kept, IsALinkWhenALinkStoodThere) {
     write(folder / "v1.pdf", "old");
     fs::create_symlink("v1.pdf", output);
-    kept.keep(output);
+    keep();
     replace("new");
     kept.put_back();
     EXPECT_EQ(fs::read_symlink(output), "v1.pdf");
@@ -132,7 +151,7 @@ TEST_F(Kept, IsALinkWhenALinkStoodThere) {
 TEST_F(Kept, GivesItsRightsToTheNewFile) {
     write(output, "old");
     fs::permissions(output, fs::perms(0664));
-    kept.keep(output);
+    keep();
     {
         const OwnersOnly meanwhile;
         replace("new");
@@ -148,7 +167,7 @@ TEST_F(Kept, GivesItsOwnerToTheNewFile) {
     write(output, "old");
     ASSERT_EQ(chown(output.c_str(), 1000, 33), 0);
     fs::permissions(output, fs::perms(0640));
-    kept.keep(output);
+    keep();
     replace("new");
     kept.drop();
     struct stat status {};
@@ -162,7 +181,7 @@ TEST_F(Kept, ALinkGivesTheRightsOfItsFileToTheNewOne) {
     write(folder / "v1.pdf", "old");
     fs::permissions(folder / "v1.pdf", fs::perms(0600));
     fs::create_symlink("v1.pdf", output);
-    kept.keep(output);
+    keep();
     replace("new");
     kept.drop();
     EXPECT_EQ(fs::status(output).permissions(), fs::perms(0600));
@@ -172,7 +191,7 @@ TEST_F(Kept, ALinkGivesTheRightsOfItsFileToTheNewOne) {
 TEST_F(Kept, OfALinkTheFileThatItLeadsToComesBackToo) {
     write(folder / "v1.pdf", "old");
     fs::create_symlink("v1.pdf", output);
-    kept.keep(output);
+    keep();
     EXPECT_TRUE(kept.is_in_place());
     write(folder / "pending", "new");
     fs::rename(folder / "pending", folder / "v1.pdf");
@@ -191,7 +210,7 @@ TEST_F(Kept, ThatWasALinkComesBackWithTheNextCall) {
 }
 
 TEST_F(Kept, IsNothingWhereNothingStood) {
-    kept.keep(output);
+    keep();
     replace("new");
     kept.put_back();
     EXPECT_EQ(read(), "new");
@@ -201,7 +220,7 @@ TEST_F(Kept, IsNothingWhereNothingStood) {
 TEST_F(Kept, NamesOfAnyLengthAreKept) {
     output = folder / std::string(255, 'x');
     write(output, "old");
-    kept.keep(output);
+    keep();
     replace("new");
     kept.put_back();
     EXPECT_EQ(read(), "old");
@@ -210,17 +229,17 @@ TEST_F(Kept, NamesOfAnyLengthAreKept) {
 
 TEST_F(Kept, ASecondCallForTheSameFileIsRefusedUntilTheFirstHasEnded) {
     write(output, "old");
-    kept.keep(output);
+    keep();
     KeptFile second;
     try {
-        second.keep(output);
+        keep(second);
         FAIL() << "two calls replace one file";
     } catch (const automation::Error& error) {
         EXPECT_NE(error.description().find("is being replaced by another call"), std::string::npos);
     }
     kept.put_back();
     KeptFile third;
-    third.keep(output);
+    keep(third);
     third.drop();
 }
 
@@ -239,7 +258,9 @@ TEST_F(Kept, ACallThatChangesTheFileInPlaceIsRefusedLikewiseAlsoThroughALink) {
                 error.description(),
                 (folder / name).string() + " is being replaced by another call at this moment. Wait for it.");
         }
-        EXPECT_THROW(KeptFile().keep(folder / name), automation::Error);
+        KeptFile third;
+        third.expect(folder / name);
+        EXPECT_THROW(third.keep(), automation::Error);
     }
     first.give_up();
     EXPECT_NO_THROW(ReplacementLock().take(output, "Wait for it."));
@@ -273,11 +294,65 @@ TEST_F(Kept, TheLockIsThatOfTheFileThatHasTheNameNotOfOneThatWasReplacedMeanwhil
     EXPECT_EQ(read(), "900") << "a call has lost what another one did";
 }
 
+TEST_F(Kept, ByAForkedProcessIsPutBackByTheOneThatForkedIt) {
+    write(output, "old");
+    keep_elsewhere([&] { fs::remove(output); });
+    EXPECT_TRUE(kept);
+    kept.put_back();
+    EXPECT_EQ(read(), "old");
+    EXPECT_EQ(files(), 1);
+}
+
+TEST_F(Kept, ByAForkedProcessIsDroppedByTheOneThatForkedIt) {
+    write(output, "old");
+    fs::permissions(output, fs::perms(0640));
+    keep_elsewhere([&] { replace("new"); });
+    EXPECT_FALSE(kept.is_in_place());
+    kept.drop();
+    EXPECT_EQ(read(), "new");
+    EXPECT_EQ(fs::status(output).permissions(), fs::perms(0640));
+    EXPECT_EQ(files(), 1);
+}
+
+TEST_F(Kept, ByAForkedProcessALinkComesBackWithItsFile) {
+    write(folder / "v1.pdf", "old");
+    fs::create_symlink("v1.pdf", output);
+    keep_elsewhere([&] {
+        fs::remove(folder / "v1.pdf");
+        fs::remove(output);
+    });
+    kept.put_back();
+    EXPECT_EQ(fs::read_symlink(output), "v1.pdf");
+    EXPECT_EQ(read(), "old");
+    EXPECT_EQ(files(), 2);
+}
+
+TEST_F(Kept, ByAForkedProcessIsLockedUntilItIsSettled) {
+    write(output, "old");
+    keep_elsewhere([] {});
+    KeptFile second;
+    EXPECT_THROW(keep(second), automation::Error) << "the process that locked it has ended";
+    kept.put_back();
+    KeptFile third;
+    keep(third);
+    third.drop();
+}
+
+TEST_F(Kept, ByAForkedProcessThatKeptNothingIsNothing) {
+    write(output, "old");
+    kept.expect(output);
+    kept.take_notice();
+    EXPECT_FALSE(kept);
+    kept.put_back();
+    EXPECT_EQ(read(), "old");
+    EXPECT_EQ(files(), 1);
+}
+
 TEST_F(Kept, AFolderThatMayNotBeWrittenIsToldInTime) {
     if (geteuid() == 0) GTEST_SKIP() << "the superuser may write anywhere";
     write(output, "old");
     fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
-    EXPECT_THROW(kept.keep(output), automation::Error);
+    EXPECT_THROW(keep(), automation::Error);
     fs::permissions(folder, fs::perms::owner_all);
 }
 

@@ -137,7 +137,7 @@ TEST(Supervisor, AWorkerWhoseSupervisorIsKilledCleansUpAndEnds) {
 TEST(Supervisor, TheMemoryLimitCountsAllProcessesOfTheWork) {
     constexpr std::size_t mebibyte = 1024 * 1024;
     for (const bool in_two : {false, true}) {
-        const Work work{[in_two]() -> int { hold(200 * mebibyte, in_two); }, {}, {}, {}};
+        const Work work{.call = [in_two]() -> int { hold(200 * mebibyte, in_two); }};
         Limits limits = ending_in(std::chrono::seconds(30));
         limits.memory_bytes = 150 * mebibyte;
         EXPECT_EQ(run_supervised(work, limits).kind, Ending::Kind::out_of_memory) << in_two;
@@ -184,14 +184,11 @@ TEST(Supervisor, NothingIsLeftOfWhatTheWorkLeftBehindWhenItReturns) {
     close(ends[0]);
 }
 
-TEST(Supervisor, PreparesBeforeTheWorkAndSettlesAfterItsEnd) {
+TEST(Supervisor, SettlesAfterTheEndOfTheWork) {
     std::string steps;
-    const Work work{
-        .call = [&] { return steps == "prepared " ? 0 : 1; },
-        .prepare = [&] { steps += "prepared "; },
-        .settle = [&](const Ending& ending) { steps += "settled " + std::to_string(ending.code); }};
-    run_supervised(work, {});
-    EXPECT_EQ(steps, "prepared settled 0");
+    const auto settle = [&](const Ending& ending) { steps += "settled " + std::to_string(ending.code); };
+    run_supervised({.call = [] { return 7; }, .settle = settle}, {});
+    EXPECT_EQ(steps, "settled 7");
 }
 
 TEST(Supervisor, DoesSomethingElseWhileTheWorkIsUnderWay) {

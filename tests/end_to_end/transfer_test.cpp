@@ -161,7 +161,12 @@ TEST_F(Transfer, ALoginInTheAddressIsRefusedAndShownNowhere) {
             }
         }
     }
-    EXPECT_EQ(shop.files(), (std::set<std::string>{"a.txt"}));
+    EXPECT_EQ(shop.files(), (std::set<std::string>{"a.txt", "log.txt"}));
+    const std::string log = shop.read("log.txt");
+    EXPECT_NE(log.find("refused: the address of the server holds a user name or a password"),
+              std::string::npos)
+        << log;
+    EXPECT_EQ(log.find("geheim"), std::string::npos) << log;
 }
 
 TEST_F(Transfer, LineEndsInAPasswordAreNoCommands) {
