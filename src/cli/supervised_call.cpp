@@ -138,7 +138,7 @@ int supervise(const Request& request, LocalMachine& machine, CallLog& log) {
         machine.remove_private_folder();
     };
     plan.when_orphaned = [&] {
-        const std::lock_guard holding(files.in_use);
+        files.in_use.lock();  // for good: a worker that has not kept its output yet is not to keep it any more
         files.output.take_notice();
         files.output.put_back();
         machine.remove_private_folder();
