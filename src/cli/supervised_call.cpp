@@ -138,7 +138,7 @@ int supervise(const Request& request, LocalMachine& machine, CallLog& log) {
         machine.remove_private_folder();
     };
     plan.when_orphaned = [&] {
-        files.in_use.lock();  // for good: a worker that has not kept its output yet is not to keep it any more
+        files.in_use.lock();  // for good: what has not been kept yet is not to be kept any more
         files.output.take_notice();
         files.output.put_back();
         machine.remove_private_folder();
