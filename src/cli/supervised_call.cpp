@@ -3,8 +3,9 @@
 #include <csignal>
 #include <fcntl.h>
 #include <iostream>
-#include <mutex>
+#include <string>
 #include <unistd.h>
+#include <vector>
 
 #include "automation/error.h"
 #include "cli/call_log.h"
@@ -19,6 +20,7 @@
 #include "cli/supervisor.h"
 #include "cli/visible_text.h"
 #include "cli/worker_call.h"
+#include "hosts/pending_file.h"
 
 namespace foliant::cli {
 
@@ -83,17 +85,30 @@ void clear_status_line(const Request& request, const Ending& ending) {
 struct GuardedFiles {
     KeptFile output;
     ReplacementLock changed;
-    std::mutex in_use{};  ///< by the worker, or by its thread that finds it orphaned
+    std::vector<std::string> made;  ///< the paths of both
 
     explicit GuardedFiles(const Request& request) {
-        if (const auto file = output_of(*request.member, request.arguments)) output.expect(file->path);
-        if (const auto file = changed_in_place(*request.member, request.arguments)) changed.open(file->path);
+        if (const auto file = output_of(*request.member, request.arguments)) {
+            output.expect(file->path);
+            made.push_back(file->path);
+        }
+        if (const auto file = changed_in_place(*request.member, request.arguments)) {
+            changed.open(file->path);
+            made.push_back(file->path);
+        }
+    }
+
+    /// Nothing was made: what stood there is back, and nothing else is left of processes that were killed.
+    void put_back(pid_t group) noexcept {
+        output.take_notice();
+        output.put_back();
+        for (const std::string& path : made)
+            hosts::remove_pending_files(path, group);
     }
 };
 
 /// The first thing that the worker does. Raises why the member is not called.
 void guard(GuardedFiles& files, const Request& request) {
-    const std::lock_guard holding(files.in_use);
     const auto output = output_of(*request.member, request.arguments);
     if (output && KeptFile::bring_back_lost(output->path)) {
         std::cerr << "foliant: " << visible_line(output->path)
@@ -134,13 +149,11 @@ int supervise(const Request& request, LocalMachine& machine, CallLog& log) {
         const bool succeeded = ending.kind == Ending::Kind::finished &&
                                (ending.code == exit_success || ending.code == exit_incomplete);
         files.output.take_notice();
-        succeeded ? files.output.drop() : files.output.put_back();
+        succeeded ? files.output.drop() : files.put_back(ending.group);
         machine.remove_private_folder();
     };
     plan.when_orphaned = [&] {
-        files.in_use.lock();  // for good: what has not been kept yet is not to be kept any more
-        files.output.take_notice();
-        files.output.put_back();
+        files.put_back(::getpgrp());
         machine.remove_private_folder();
     };
     const Limits limits = limits_of(request.options);

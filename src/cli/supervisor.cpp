@@ -1,6 +1,7 @@
 #include "cli/supervisor.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -33,17 +34,41 @@ sigset_t watched_signals() {
     return set;
 }
 
+std::atomic<bool> is_halted = false;
+
+extern "C" void stay_halted(int) {
+    is_halted = true;
+    while (true)
+        ::pause();
+}
+
+/// Brings a thread of this process to a halt, wherever it is. One that the kernel is busy for is waited for, a second at
+/// most.
+void halt(pthread_t thread) {
+    constexpr int most_looks = 1000;  // one a millisecond
+    std::signal(SIGUSR1, stay_halted);
+    pthread_kill(thread, SIGUSR1);
+    for (int look = 0; !is_halted && look < most_looks; ++look)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+}
+
 /// The worker's side of the supervisor's death: its own death signal is waited for by a thread, because the
-/// thread that works may be deep inside an engine.
+/// thread that works may be deep inside an engine. That one is halted first, so that what is put back is not deleted by the
+/// next step of a member.
 void watch_for_orphanhood(const std::function<void()>& when_orphaned, pid_t supervisor) {
     sigset_t death;
     sigemptyset(&death);
     sigaddset(&death, SIGTERM);
     pthread_sigmask(SIG_BLOCK, &death, nullptr);
-    std::thread([death, when_orphaned] {
+    std::thread([death, when_orphaned, working = pthread_self()] {
+        constexpr unsigned most_seconds = 10;
         int signal = 0;
         sigwait(&death, &signal);
-        if (when_orphaned) when_orphaned();
+        if (when_orphaned) {
+            alarm(most_seconds);  // the end, should the halted thread have a lock that is needed here
+            halt(working);
+            when_orphaned();
+        }
         kill(0, SIGKILL);
     }).detach();
     prctl(PR_SET_PDEATHSIG, SIGTERM);
@@ -105,9 +130,9 @@ std::optional<Clock::time_point> next_look(const Limits& limits) {
 
 /// The limit that was hit, if one was.
 std::optional<Ending> limit_hit(pid_t worker, const Limits& limits) {
-    if (limits.deadline && Clock::now() >= *limits.deadline) return Ending{Ending::Kind::timed_out, 0};
+    if (limits.deadline && Clock::now() >= *limits.deadline) return Ending{.kind = Ending::Kind::timed_out};
     if (limits.memory_bytes > 0 && memory_use(worker, limits.memory_bytes) > limits.memory_bytes) {
-        return Ending{Ending::Kind::out_of_memory, 0};
+        return Ending{.kind = Ending::Kind::out_of_memory};
     }
     return std::nullopt;
 }
@@ -121,8 +146,8 @@ Ending supervise(pid_t worker, const Work& work, const Limits& limits) {
         if (waitpid(worker, &status, WNOHANG) == worker) {
             kill(-worker, SIGKILL);  // whatever of its group is left
             wait_for_group(worker);
-            if (WIFSIGNALED(status)) return {Ending::Kind::crashed, WTERMSIG(status)};
-            return {Ending::Kind::finished, WEXITSTATUS(status)};
+            if (WIFSIGNALED(status)) return {.kind = Ending::Kind::crashed, .code = WTERMSIG(status)};
+            return {.kind = Ending::Kind::finished, .code = WEXITSTATUS(status)};
         }
         const auto look = next_look(limits);
         const int signal = wait_for_signal(
@@ -132,8 +157,8 @@ Ending supervise(pid_t worker, const Work& work, const Limits& limits) {
             work.meanwhile();
             to_do_meanwhile = false;
         }
-        const auto ending =
-            signal > 0 ? Ending{Ending::Kind::interrupted, signal} : limit_hit(worker, limits);
+        const auto ending = signal > 0 ? Ending{.kind = Ending::Kind::interrupted, .code = signal}
+                                       : limit_hit(worker, limits);
         if (!ending) continue;
         end_group(worker);
         return *ending;
@@ -178,7 +203,8 @@ Ending run_supervised(const Work& work, const Limits& limits) {
     if (worker < 0) throw std::system_error(errno, std::generic_category(), "cannot start a process");
     if (worker == 0) run_worker(work, held.former(), self);
     setpgid(worker, worker);
-    const Ending ending = supervise(worker, work, limits);
+    Ending ending = supervise(worker, work, limits);
+    ending.group = worker;
     if (work.settle) work.settle(ending);
     if (ending.kind == Ending::Kind::interrupted) held.forget();
     return ending;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <sys/types.h>
 
 namespace foliant::cli {
 
@@ -18,6 +19,7 @@ struct Ending {
     };
     Kind kind = Kind::finished;
     int code = 0;
+    pid_t group = 0;  ///< that the processes of the work were in
 };
 
 /// What a call may use up.
@@ -38,8 +40,8 @@ struct Work {
     std::function<void()> meanwhile{};
     /// Runs in this process when no process of the work is left. May be empty.
     std::function<void(const Ending&)> settle{};
-    /// When this process is killed without a chance to settle anything, the worker calls this from a thread
-    /// of its own and ends. May be empty.
+    /// When this process is killed without a chance to settle anything, the worker halts its call, wherever that is,
+    /// calls this from a thread of its own and ends. May be empty.
     std::function<void()> when_orphaned{};
 };
 

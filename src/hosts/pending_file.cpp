@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <system_error>
+#include <unistd.h>
 
 #include "posix/random.h"
 
@@ -43,6 +44,15 @@ bool take_access_list(int descriptor, const std::filesystem::path& former) noexc
     if (errno == ERANGE) return false;
     // The folder may have given it one of its own.
     return ::fremovexattr(descriptor, access_list) == 0 || errno == ENODATA || errno == ENOTSUP;
+}
+
+/// What the hidden names of a group's files begin with, for them to be found when it was killed.
+std::string hidden_beginning(pid_t group) {
+    return ".foliant-" + std::to_string(group) + "-";
+}
+
+std::filesystem::path folder_of(const std::filesystem::path& file) {
+    return file.has_parent_path() ? file.parent_path() : std::filesystem::path(".");
 }
 
 }  // namespace
@@ -113,15 +123,29 @@ mode_t PendingFile::first_rights() const noexcept {
 }
 
 std::filesystem::path PendingFile::folder() const {
-    return target_.has_parent_path() ? target_.parent_path() : std::filesystem::path(".");
+    return folder_of(target_);
 }
 
 std::filesystem::path PendingFile::hidden_sibling() const {
-    return folder() / (".foliant-" + std::to_string(posix::random_number()) + ".tmp");
+    return folder() / (hidden_beginning(::getpgrp()) + std::to_string(posix::random_number()) + ".tmp");
 }
 
 void PendingFile::fail(int code) const {
     throw_failure(named_, code);
+}
+
+void remove_pending_files(const std::filesystem::path& target, pid_t group) noexcept try {
+    namespace fs = std::filesystem;
+    std::error_code none;
+    // Where a link leads, too: what takes the place of a file there was made beside it.
+    for (const fs::path& folder : {folder_of(target), folder_of(fs::weakly_canonical(target, none))}) {
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder, none)) {
+            const std::string name = entry.path().filename().string();
+            if (name.starts_with(hidden_beginning(group)) && name.ends_with(".tmp"))
+                fs::remove(entry.path(), none);
+        }
+    }
+} catch (...) {  // NOLINT(bugprone-empty-catch): a folder that changes, or no memory; it is only a try
 }
 
 void take_rights(int descriptor, const std::filesystem::path& former) noexcept {

@@ -71,6 +71,10 @@ class PendingFile : public OutputFile {
     posix::FileDescriptor file_;
 };
 
+/// Removes what processes of that group, which have ended, were making for `target` and had given a hidden name. Raises
+/// nothing.
+void remove_pending_files(const std::filesystem::path& target, pid_t group) noexcept;
+
 /// Gives an open file the rights of the one that it takes the place of: its owner, group, permission bits and
 /// access list. Where the owner or the group cannot be kept, nobody but the new owner gets more than he had.
 /// What cannot be given is left out; without a `former`, nothing changes.

@@ -1,6 +1,7 @@
 #include "cli/supervisor.h"
 
 #include <array>
+#include <atomic>
 #include <chrono>
 #include <csignal>
 #include <fstream>
@@ -124,6 +125,35 @@ TEST(Supervisor, AWorkerWhoseSupervisorIsKilledCleansUpAndEnds) {
     unlink(cleaned.c_str());
 }
 
+TEST(Supervisor, AWorkerWhoseSupervisorIsKilledGoesOnWithNothing) {
+    const std::string pid_file = temporary_name("busy-worker");
+    const std::string verdict = temporary_name("verdict");
+    const pid_t supervisor = fork();
+    if (supervisor == 0) {
+        std::atomic<int> done = 0;
+        const auto call = [&]() -> int {
+            write_pid(pid_file);
+            while (true)
+                ++done;
+        };
+        const auto when_orphaned = [&] {
+            const int before = done;
+            std::this_thread::sleep_for(milliseconds(100));
+            std::ofstream(verdict) << (done == before ? 1 : 2) << std::flush;
+        };
+        run_supervised({.call = call, .when_orphaned = when_orphaned}, {});
+        _exit(0);
+    }
+    const pid_t worker = read_pid(pid_file);
+    ASSERT_GT(worker, 0);
+    kill(supervisor, SIGKILL);
+    waitpid(supervisor, nullptr, 0);
+    EXPECT_EQ(read_pid(verdict), 1) << "the call goes on while things are put back";
+    EXPECT_TRUE(ends_soon(worker));
+    unlink(pid_file.c_str());
+    unlink(verdict.c_str());
+}
+
 /// Writes to that much memory, in this process or divided among two, and then waits.
 [[noreturn]] void hold(std::size_t bytes, bool in_two) {
     if (in_two) {
@@ -135,7 +165,7 @@ TEST(Supervisor, AWorkerWhoseSupervisorIsKilledCleansUpAndEnds) {
 }
 
 TEST(Supervisor, TheMemoryLimitCountsAllProcessesOfTheWork) {
-    constexpr std::size_t mebibyte = 1024 * 1024;
+    constexpr std::size_t mebibyte = std::size_t{1} << 20U;
     for (const bool in_two : {false, true}) {
         const Work work{.call = [in_two]() -> int { hold(200 * mebibyte, in_two); }};
         Limits limits = ending_in(std::chrono::seconds(30));
@@ -145,7 +175,7 @@ TEST(Supervisor, TheMemoryLimitCountsAllProcessesOfTheWork) {
 }
 
 TEST(Supervisor, MemoryThatAForkSharesCountsOnce) {
-    constexpr std::size_t mebibyte = 1024 * 1024;
+    constexpr std::size_t mebibyte = std::size_t{1} << 20U;
     const auto call = [] {
         const std::vector<char> held(100 * mebibyte, 'x');
         const pid_t child = fork();

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "support/scratch_folder.h"
 
@@ -64,6 +66,30 @@ TEST_F(PendingFileTest, HasAHiddenNameWhereItNeedsOne) {
     file.commit();
     EXPECT_EQ(read_file(target), "new");
     EXPECT_EQ(names(), Names{"out.pdf"});
+}
+
+TEST_F(PendingFileTest, OfAProcessThatWasKilledIsFoundByItsGroup) {
+    fs::create_directory(folder / "elsewhere");
+    write_file(folder / "elsewhere" / "old.pdf", "old");
+    fs::create_symlink("elsewhere/old.pdf", target);
+    for (const fs::path& made : {folder / "new.pdf", target}) {
+        const pid_t killed = ::fork();
+        if (killed == 0) {
+            ::setpgid(0, 0);
+            PendingFile file(made, PendingFile::Name::hidden);
+            file.write("half");
+            ::raise(SIGKILL);
+        }
+        ::waitpid(killed, nullptr, 0);
+        const PendingFile of_another_call(made, PendingFile::Name::hidden);
+        const fs::path beside = made == target ? folder / "elsewhere" : folder;
+        const auto there = tests::names_in(beside).size();
+        remove_pending_files(made, killed);
+        EXPECT_EQ(tests::names_in(beside).size(), there - 1);
+    }
+    EXPECT_EQ(names(), (Names{"elsewhere", "out.pdf"}));
+    EXPECT_EQ(tests::names_in(folder / "elsewhere"), Names{"old.pdf"});
+    remove_pending_files(folder / "none" / "out.pdf", 1);
 }
 
 TEST_F(PendingFileTest, OpensAgainWithinTheProcess) {
