@@ -125,9 +125,10 @@ int work(const Request& request, LocalMachine& machine, GuardedFiles& files, Cal
          int engine_output) {
     try {
         guard(files, request);
-    } catch (const Error& refused) {
-        log.file_line("refused: " + refused.description());
-        return report_failure(request, exit_usage, refused.description());
+    } catch (...) {
+        const std::string why = automation::current_error().description();
+        log.file_line("refused: " + why);
+        return report_failure(request, exit_usage, why);
     }
     try {
         return make_call(request, machine, files.output, log, engine_output);
