@@ -98,6 +98,12 @@ struct GuardedFiles {
         }
     }
 
+    /// The new output stays.
+    void drop() noexcept {
+        output.take_notice();
+        output.drop();
+    }
+
     /// Nothing was made: what stood there is back, and nothing else is left of processes that were killed.
     void put_back(pid_t group) noexcept {
         output.take_notice();
@@ -149,8 +155,7 @@ int supervise(const Request& request, LocalMachine& machine, CallLog& log) {
     plan.settle = [&](const Ending& ending) {
         const bool succeeded = ending.kind == Ending::Kind::finished &&
                                (ending.code == exit_success || ending.code == exit_incomplete);
-        files.output.take_notice();
-        succeeded ? files.output.drop() : files.put_back(ending.group);
+        succeeded ? files.drop() : files.put_back(ending.group);
         machine.remove_private_folder();
     };
     plan.when_orphaned = [&] {
